@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <AudioAnalyzer/Export.h>
+#include <AudioAnalyzer/config/Profile.h>
+
+#include <QList>
+
+/// A tempo profile that the user made, saved in the configuration file.
+///
+/// Threads: one thread; the ID counter is not guarded.
+class AUDIOANALYZER_EXPORT UserProfile : public Profile
+{
+public:
+    /// Takes the next user ID, 100 and up. Nothing is checked. [allocates one record]
+    UserProfile(const QString& name,
+                double sensibility,
+                int filterLowFrequency,
+                int filterHighFrequency,
+                double minimalBPM,
+                double maximalBPM);
+    /// Takes the given ID; later profiles without one get greater IDs. [allocates one record]
+    UserProfile(const QString& name,
+                double sensibility,
+                int filterLowFrequency,
+                int filterHighFrequency,
+                unsigned int id,
+                double minimalBPM,
+                double maximalBPM);
+    /// Shares the record.
+    UserProfile(const UserProfile& pOther);
+    /// Shares the record of pOther; nothing happens when that is a built-in profile.
+    UserProfile& operator=(const UserProfile& pOther);
+    ~UserProfile() override;
+
+    /// Numbers the user profiles 100, 101, ... in list order, for every handle on them at once, and
+    /// lets the next new one follow. Built-in profiles keep their IDs.
+    static void CompactIDs(QList<Profile>& profiles);
+
+private:
+    static unsigned int _nextID;
+};
