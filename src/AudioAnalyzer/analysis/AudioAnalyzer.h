@@ -39,8 +39,7 @@ class AUDIOANALYZER_EXPORT AudioAnalyzer : public QObject
     Q_OBJECT
 
 public:
-    // ---- Core: AudioAnalyzer.cpp
-    // ------------------------------------------------------------------
+    // ---- Core: AudioAnalyzer.cpp ----------------------------------------------------------------
 
     /// pConfiguration is not owned and must outlive the analyzer. pFormat: format of the samples
     /// given to Analyze(); a sample rate below 20 Hz gives no pulse blocks, so nothing is ever
@@ -71,8 +70,17 @@ public:
     /// remainder. [valid until the analyzer is deleted]
     AudioValues getCurrentPulseBlock() const;
 
-    // ---- Pulses: AudioAnalyzerPulses.cpp
-    // ----------------------------------------------------------
+    // ---- Instance: api/AudioAnalyzerInstance.cpp ------------------------------------------------
+
+    /// The process-wide analyzer. The first call makes it from the configuration file and the
+    /// selected input device; null when there is no such device or it cannot record, and the next
+    /// call tries again. It lives until init() replaces it; so does its configuration. [event loop]
+    static AudioAnalyzer* getInstance();
+    /// Replaces the process-wide analyzer; the arguments go to the constructor, unchecked.
+    /// [event loop]
+    static void init(Configuration* pConfiguration, const QAudioFormat& pFormat, QObject* pParent);
+
+    // ---- Pulses: AudioAnalyzerPulses.cpp --------------------------------------------------------
 
     /// Processes one pulse block of count samples whose first has the absolute index.
     /// [audio path: allocates one record per pulse and one list node per candidate]
@@ -90,8 +98,7 @@ public:
     /// profile's maximal threshold.
     qint16 getThreshold() const;
 
-    // ---- Beats: AudioAnalyzerBeats.cpp
-    // ------------------------------------------------------------
+    // ---- Beats: AudioAnalyzerBeats.cpp ----------------------------------------------------------
 
     double getFixedBPM() const;     ///< BPM within the profile's range; 0 = none
     double getComputedBPM() const;  ///< BPM within the profile's range; 0 = unknown
@@ -115,8 +122,7 @@ public:
     void
     DetectBeats(unsigned long count, unsigned long index, short averageVolume, short threshold);
 
-    // ---- Stops and volumes: AudioAnalyzerStops.cpp
-    // ------------------------------------------------
+    // ---- Stops and volumes: AudioAnalyzerStops.cpp ----------------------------------------------
 
     /// Gathers count samples into the stop block and, when it is complete, decides whether the
     /// music has stopped. [audio path: allocates when the stop block is rebuilt]
@@ -157,6 +163,8 @@ private Q_SLOTS:
     void _OnBeat();
 
 private:
+    static AudioAnalyzer* m_pInstance;
+
     double _ClampToProfile(double pBPM) const;
     std::optional<Pulse> _ChooseBeat(unsigned long pCount, short pAverageVolume, short pThreshold);
     Pulse _ChooseLoudestCandidate();

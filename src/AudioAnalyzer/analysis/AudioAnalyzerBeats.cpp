@@ -206,7 +206,7 @@ void AudioAnalyzer::_WatchAccuracy()
     }
     if (m_inaccuracyStartTime == 0)
         m_inaccuracyStartTime = HighResolutionTimer::getTime();
-    if (m_inaccuracyStartTime == 0 || getInaccuracyElapsedSeconds() < kLongestInaccuracySeconds)
+    if (getInaccuracyElapsedSeconds() < kLongestInaccuracySeconds)
         return;
     const double lastBPM = m_lastBPM;
     Reset();

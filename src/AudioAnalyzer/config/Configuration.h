@@ -9,6 +9,15 @@
 #include <QString>
 #include <QtGlobal>
 
+class QByteArray;
+class QDataStream;
+class QIODevice;
+class QtAudioInputDeviceInfo;
+
+namespace detail {
+class BoundedReader;
+}
+
 /// Every persistent analysis setting, the tempo profiles and the selected one.
 ///
 /// Setters of values return true when the value changed, which also marks the configuration
@@ -26,8 +35,7 @@ public:
     Configuration& operator=(const Configuration&) = delete;
     ~Configuration();
 
-    // ---- Values: Configuration.cpp
-    // ----------------------------------------------------------------
+    // ---- Values: Configuration.cpp --------------------------------------------------------------
 
     double getAverageVolumeCalculationDuration() const;  ///< seconds
     double getBPMCalculationDuration() const;            ///< seconds
@@ -62,8 +70,7 @@ public:
     bool setThreshold(short pThreshold);
     bool setTopMost(bool pIsTopMost);
 
-    // ---- Profiles: ConfigurationProfiles.cpp
-    // ------------------------------------------------------
+    // ---- Profiles: ConfigurationProfiles.cpp ----------------------------------------------------
 
     /// All profiles, sorted by the call: built-in ones by name, then user profiles by name.
     /// [valid until a profile is added or removed]
@@ -85,6 +92,33 @@ public:
     /// selected one, the default profile is selected, even when nothing is removed.
     bool Remove(const UserProfile& pProfile);
 
+    // ---- Selected input device: ConfigurationDevice.cpp -----------------------------------------
+
+    /// Remembers the device by its name alone, letter case included. False when that name is stored
+    /// already. [event loop]
+    bool setSelectedAudioInputDevice(const QtAudioInputDeviceInfo& pDevice);
+    bool isSelected(const QtAudioInputDeviceInfo& pDevice) const;
+    /// The device of the stored name, or null when none is stored or it is not present now. Owned
+    /// by the device watcher. [event loop] [valid until the watcher takes its next list]
+    QtAudioInputDeviceInfo* getSelectedAudioInputDevice() const;
+
+    // ---- File: ConfigurationFile.cpp ------------------------------------------------------------
+
+    /// The stored configuration, or the defaults when there is none or it is damaged. Never null,
+    /// writes nothing; owned by the caller. [event loop]
+    static Configuration* LoadOrCreate();
+    /// Replaces the stored configuration; false, and the old file whole, when that fails. Renumbers
+    /// the user profiles, keeps the modified mark. [event loop]
+    bool Save();
+
+    /// The absolute path of "AudioAnalyzer.cfg" in the folder of the executable.
+    static QString _getConfigFilePath();
+    /// The configuration in the file at path, owned by the caller; null when it is missing or
+    /// damaged.
+    static Configuration* _Load(const QString& path);
+    /// Save() to the file at path.
+    bool _Save(const QString& path);
+
 private:
     static constexpr qint16 kAutomaticThreshold = -1;
 
@@ -95,6 +129,21 @@ private:
     void _AppendUserProfiles(const QList<Profile>& pProfiles);
     void _SelectDefaultProfile();
     void _SelectEqualProfile(const Profile& pProfile);
+    void _SelectProfile(unsigned int pID);
+
+    static QtAudioInputDeviceInfo* _FindDevice(const QString& pName);
+
+    static const unsigned char _SIGNATURE[8];  ///< first bytes of every configuration file
+
+    bool _Read(QIODevice& pFile);
+    static int _ReadVersion(detail::BoundedReader& pReader);
+    void _ReadDevice(detail::BoundedReader& pReader);
+    void _ReadThresholdAndFlags(detail::BoundedReader& pReader);
+    void _ReadUserProfiles(detail::BoundedReader& pReader);
+    void _ReadDurations(detail::BoundedReader& pReader);
+    void _ReadLanguage(detail::BoundedReader& pReader);
+    QByteArray _Write() const;
+    void _WriteUserProfiles(QDataStream& pStream) const;
 
     double m_averageVolumeCalculationDuration = 2.0;  ///< seconds
     double m_bpmCalculationDuration = 10.0;           ///< seconds

@@ -62,10 +62,9 @@ bool Configuration::Remove(const UserProfile& pProfile)
 
 void Configuration::_AppendUserProfiles(const QList<Profile>& pProfiles)
 {
-    for (const Profile& profile : pProfiles) {
+    for (const Profile& profile : pProfiles)
         if (profile.isSerializable())
             m_profiles << profile;
-    }
 }
 
 void Configuration::_SelectDefaultProfile()

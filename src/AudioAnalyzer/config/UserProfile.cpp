@@ -64,8 +64,7 @@ UserProfile::~UserProfile() = default;
 void UserProfile::CompactIDs(QList<Profile>& profiles)
 {
     _nextID = kFirstUserID;
-    for (Profile& profile : profiles) {
+    for (Profile& profile : profiles)
         if (profile.isSerializable())
             profile._setID(_nextID++);
-    }
 }

@@ -6,6 +6,8 @@
 
 #include <QList>
 
+class QDataStream;
+
 /// A tempo profile that the user made, saved in the configuration file.
 ///
 /// Threads: one thread; the ID counter is not guarded.
@@ -36,6 +38,13 @@ public:
     /// Numbers the user profiles 100, 101, ... in list order, for every handle on them at once, and
     /// lets the next new one follow. Built-in profiles keep their IDs.
     static void CompactIDs(QList<Profile>& profiles);
+
+    /// Writes the file record of the profile in the stream's byte order, which must be
+    /// little-endian for the configuration file. Returns the bytes written.
+    unsigned long Serialize(QDataStream& stream) const;
+    /// Reads one record of at most size bytes: a new profile owned by the caller, with size set to
+    /// the bytes read; or null, with size set to 0, when the bytes are no such record.
+    static UserProfile* Deserialize(QDataStream& stream, unsigned long& size);
 
 private:
     static unsigned int _nextID;

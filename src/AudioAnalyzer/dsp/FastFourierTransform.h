@@ -29,8 +29,7 @@ public:
     FastFourierTransform(const FastFourierTransform&) = delete;
     FastFourierTransform& operator=(const FastFourierTransform&) = delete;
 
-    // ---- Transform: FastFourierTransform.cpp
-    // ------------------------------------------------------
+    // ---- Transform: FastFourierTransform.cpp ----------------------------------------------------
 
     /// Transforms pCount mono samples, which are only read, into the kept spectrum, and marks the
     /// amplitude spectrum stale. Any count will do.
@@ -57,7 +56,8 @@ public:
     /// Transforms pCount values of the caller; pImaginary may be null, all imaginary inputs being
     /// 0. The caller owns pOutReal and pOutImaginary, arrays of pOutCount values, and frees them
     /// with delete[]. They are replaced when N differs from pOutCount or one of them is null, else
-    /// reused. Defined for T = short and T = double. [allocates on size change]
+    /// reused; they may not overlap the inputs. Defined for T = short and T = double.
+    /// [allocates on size change]
     template <typename T>
     static void Compute(const T* pReal,
                         const T* pImaginary,
@@ -67,13 +67,13 @@ public:
                         size_t& pOutCount,
                         bool pInverse);
 
-    // ---- Filters: FastFourierTransformFilters.cpp
-    // ------------------------------------------------- Brick walls on the kept spectrum.
-    // Frequencies and sample rates in Hz. Each marks the amplitude spectrum stale, also when it
-    // zeroes nothing. A sample rate below 2 leaves the spectrum unless a bound alone already
-    // empties it. [audio path: no allocation]
+    // ---- Filters: FastFourierTransformFilters.cpp -----------------------------------------------
 
-    /// Zeroes the bins outside pLow to pHigh; all of them when pHigh < 1 or pLow is not below
+    // Brick walls on the kept spectrum. Frequencies and sample rates in Hz. Each marks the
+    // amplitude spectrum stale, also when it zeroes nothing. A sample rate below 2 leaves the
+    // spectrum unless a bound alone already empties it. [audio path: no allocation]
+
+    /// Zeroes the bins outside pLow to pHigh; all of them when pHigh < 1 or when pLow is not below
     /// Nyquist.
     void BandPassFilter(int pLow, int pHigh, int pSampleRate);
     /// Zeroes the bins below pLow; all of them when pLow is not below Nyquist, none for pLow <= 0.
@@ -81,9 +81,9 @@ public:
     /// Zeroes the bins above pHigh; all of them when pHigh < 1.
     void LowPassFilter(int pHigh, int pSampleRate);
 
-    // ---- Amplitudes: FastFourierTransformAmplitudes.cpp
-    // ------------------------------------------- With M = N/2 amplitudes and H half the sample
-    // rate, bin i covers [i H/M, (i+1) H/M) Hz.
+    // ---- Amplitudes: FastFourierTransformAmplitudes.cpp -----------------------------------------
+
+    // With M = N/2 amplitudes and H half the sample rate, bin i covers [i H/M, (i+1) H/M) Hz.
 
     /// Power of the bins 0 to N/2 - 1, divided by the greatest power in the history of maxima.
     /// Every call on a stale spectrum records that spectrum's peak in the history, once. Null
@@ -96,7 +96,8 @@ public:
     /// -1.0, and nothing stored, for a bin that does not exist or a rate that is not positive.
     double
     getAmplitude(int pIndex, double pSampleRate, double* pLowFrequency, double* pHighFrequency);
-    /// Bin of a frequency in Hz; -1 when it is negative or not below half of pSampleRate.
+    /// Bin of a frequency in Hz; -1 when it is negative or not below half of pSampleRate, 0 while
+    /// there are no amplitudes.
     int getIndex(double pFrequency, double pSampleRate);
     /// N/2 - 1; the largest size_t while N is 0.
     size_t getMaximalIndex() const;
@@ -111,8 +112,8 @@ public:
     /// maximum. True when it changed, which empties the history.
     bool setLastMaximalAmplitudesSize(size_t pSize);
     /// The same from a duration in seconds at pRate Hz with blocks of pBlockLength samples: as many
-    /// maxima as half-lengths of the transform fit into the duration. False for a block length of
-    /// 0.
+    /// maxima as half-lengths of the transform fit into the duration. False for a block
+    /// length of 0.
     bool setLastMaximalAmplitudesSize(int pRate, double pDuration, size_t pBlockLength);
 
     double _getMaximalAmplitude() const;

@@ -52,7 +52,7 @@ inline qint16 AutomaticThreshold(double pSensibility, qint16 pAverage, qint16 pM
     const double threshold = pSensibility * pAverage;
     if (!(threshold < pMaximum))
         return pMaximum;
-    const double lowest = std::numeric_limits<int>::min();
+    const double lowest = std::numeric_limits<int>::min() + 1.0;
     return static_cast<qint16>(std::min<int>(qRound(std::max(threshold, lowest)), pMaximum));
 }
 

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QByteArray;
+class QString;
+
+namespace detail {
+
+/// Puts content in the file at path, whole or not at all.
+///
+/// Writes a temporary file beside it, flushes that to disk and renames it over the old one, which
+/// may be read-only. On false the old file is as it was and no temporary file is left.
+bool writeFileAtomically(const QString& path, const QByteArray& content);
+
+}  // namespace detail
