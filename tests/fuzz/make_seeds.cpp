@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "support/FileBuilder.h"
+
+#include <QDir>
+#include <QString>
+
+#include <cstdio>
+
+// Writes the committed seeds of the fuzz targets: make_seeds tests/fuzz/seeds
+
+namespace {
+
+bool write(const QString& pFolder, const char* pName, const FileBuilder& pFile)
+{
+    QDir().mkpath(pFolder);
+    return pFile.writeTo(pFolder + QLatin1Char('/') + QLatin1String(pName));
+}
+
+FileBuilder withDevice(int pMinor)
+{
+    FileBuilder file = FileBuilder::sample(1, pMinor);
+    return file.setI16("device", 3).insert("selected ID", "Mic").reseal();
+}
+
+FileBuilder withoutProfiles()
+{
+    FileBuilder file;
+    return file.head(1, 2).settings(0).durations().language("").seal();
+}
+
+FileBuilder record(const QByteArray& pName)
+{
+    return FileBuilder().profile(100, pName, "");
+}
+
+bool writeConfigs(const QString& pFolder)
+{
+    return write(pFolder, "version-1.0", FileBuilder::sample(1, 0)) &&
+           write(pFolder, "version-1.1", FileBuilder::sample(1, 1)) &&
+           write(pFolder, "version-1.2", FileBuilder::sample(1, 2)) &&
+           write(pFolder, "version-1.7", FileBuilder::sample(1, 7)) &&
+           write(pFolder, "device-1.0", withDevice(0)) &&
+           write(pFolder, "device-1.2", withDevice(2)) &&
+           write(pFolder, "no-profiles", withoutProfiles()) &&
+           write(pFolder, "truncated", FileBuilder::sample(1, 2).truncateAt(60)) &&
+           write(pFolder, "short", FileBuilder::sample(1, 2).truncateAt(11));
+}
+
+bool writeProfiles(const QString& pFolder)
+{
+    return write(pFolder, "named", record("Acid")) && write(pFolder, "unnamed", record("")) &&
+           write(pFolder, "utf-8", record("\xc3\x89t\xc3\xa9")) &&
+           write(pFolder, "bad-utf-8", record("\xff\xc3")) &&
+           write(pFolder, "mark-only", record("\xef\xbb\xbf")) &&
+           write(pFolder, "other-version", record("Acid").setI16("record version", 2)) &&
+           write(pFolder, "long-name", record("Acid").setI16("name", 0xFFFF)) &&
+           write(pFolder, "truncated", record("Acid").truncateAt(30));
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: make_seeds FOLDER\n");
+        return 2;
+    }
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    const bool isDone = writeConfigs(folder + QStringLiteral("/config")) &&
+                        writeProfiles(folder + QStringLiteral("/profile"));
+    return isDone ? 0 : 1;
+}
