@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "PulseServer.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+
+namespace {
+
+constexpr int kTimeoutMs = 10000;
+constexpr int kPollMs = 20;
+
+QString Socket(const QTemporaryDir& pFolder)
+{
+    return pFolder.filePath(QStringLiteral("native"));
+}
+
+/// A folder that only its owner may enter, as the daemon demands.
+QByteArray PrivateFolder(const QTemporaryDir& pFolder, const char* pName)
+{
+    const QString path = pFolder.filePath(QLatin1String(pName));
+    QDir().mkpath(path);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return QFile::encodeName(path);
+}
+
+}  // namespace
+
+PulseServer::PulseServer()
+{
+    for (const char* name : {"HOME",
+                             "XDG_RUNTIME_DIR",
+                             "XDG_CONFIG_HOME",
+                             "PULSE_RUNTIME_PATH",
+                             "PULSE_STATE_PATH",
+                             "PULSE_CONFIG_PATH"})
+        qputenv(name, PrivateFolder(m_folder, name));
+    QFile clientConfiguration(m_folder.filePath(QStringLiteral("client.conf")));
+    if (clientConfiguration.open(QIODevice::WriteOnly))
+        clientConfiguration.write("autospawn = no\nenable-shm = no\n");
+    qputenv("PULSE_CLIENTCONFIG", QFile::encodeName(clientConfiguration.fileName()));
+    qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(Socket(m_folder)));
+    for (const char* name :
+         {"PULSE_COOKIE", "PULSE_SINK", "PULSE_SOURCE", "DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
+        qunsetenv(name);
+    m_daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+}
+
+PulseServer::~PulseServer()
+{
+    EndPlaying();
+    End();
+}
+
+bool PulseServer::Start()
+{
+    m_daemon.start(QStringLiteral("pulseaudio"),
+                   {QStringLiteral("-n"),
+                    QStringLiteral("--daemonize=no"),
+                    QStringLiteral("--exit-idle-time=-1"),
+                    QStringLiteral("--use-pid-file=no"),
+                    QStringLiteral("--disable-shm=yes"),
+                    QStringLiteral("--log-level=error"),
+                    QStringLiteral("-L"),
+                    QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=%1")
+                        .arg(Socket(m_folder))});
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < kTimeoutMs) {
+        if (!_Control({QStringLiteral("info")}).isEmpty())
+            return true;
+        QThread::msleep(kPollMs);
+    }
+    return false;
+}
+
+void PulseServer::End()
+{
+    _End(m_daemon);
+}
+
+QString PulseServer::LoadSink(const QString& pName)
+{
+    return _Control({QStringLiteral("load-module"),
+                     QStringLiteral("module-null-sink"),
+                     QStringLiteral("sink_name=%1").arg(pName),
+                     QStringLiteral("rate=48000"),
+                     QStringLiteral("channels=1"),
+                     QStringLiteral("format=s16le")});
+}
+
+bool PulseServer::UnloadModule(const QString& pModule)
+{
+    _Control({QStringLiteral("unload-module"), pModule});
+    return m_error.isEmpty();
+}
+
+bool PulseServer::Play(const QString& pPath, const QString& pSink)
+{
+    m_player.start(QStringLiteral("pacat"),
+                   {QStringLiteral("--playback"),
+                    QStringLiteral("--raw"),
+                    QStringLiteral("--rate=48000"),
+                    QStringLiteral("--channels=1"),
+                    QStringLiteral("--format=s16le"),
+                    QStringLiteral("--device=%1").arg(pSink),
+                    pPath});
+    return m_player.waitForStarted(kTimeoutMs);
+}
+
+void PulseServer::EndPlaying()
+{
+    _End(m_player);
+}
+
+QString PulseServer::folder() const
+{
+    return m_folder.path();
+}
+
+QString PulseServer::error() const
+{
+    return m_error;
+}
+
+/// The trimmed answer of pactl; empty on failure, and error() then says why.
+QString PulseServer::_Control(const QStringList& pArguments)
+{
+    QProcess control;
+    control.start(QStringLiteral("pactl"), pArguments);
+    const bool isDone = control.waitForFinished(kTimeoutMs) && control.exitCode() == 0 &&
+                        control.exitStatus() == QProcess::NormalExit;
+    m_error = isDone
+                  ? QString()
+                  : control.errorString() + QString::fromLocal8Bit(control.readAllStandardError());
+    return isDone ? QString::fromLocal8Bit(control.readAllStandardOutput()).trimmed() : QString();
+}
+
+void PulseServer::_End(QProcess& pProcess)
+{
+    if (pProcess.state() == QProcess::NotRunning)
+        return;
+    pProcess.terminate();
+    if (pProcess.waitForFinished(kTimeoutMs))
+        return;
+    pProcess.kill();
+    pProcess.waitForFinished(kTimeoutMs);
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// A PulseAudio daemon of our own: no hardware, no session, one unix socket in a temporary folder.
+///
+/// Its environment is this process's from the construction on, so that every client started or
+/// loaded here talks to it, and to nothing else.
+class PulseServer
+{
+public:
+    PulseServer();
+    ~PulseServer();
+    PulseServer(const PulseServer&) = delete;
+    PulseServer& operator=(const PulseServer&) = delete;
+
+    /// True once the daemon answers.
+    bool Start();
+    /// Ends the daemon by its process ID and waits for it.
+    void End();
+
+    /// Adds a mono 48000 Hz null sink, whose monitor is an input named "<name>.monitor". Returns
+    /// its module's number; empty on failure.
+    QString LoadSink(const QString& pName);
+    bool UnloadModule(const QString& pModule);
+    /// Starts playing a raw mono signed 16-bit 48000 Hz file on a sink.
+    bool Play(const QString& pPath, const QString& pSink);
+    void EndPlaying();
+
+    /// The folder that this server may fill.
+    QString folder() const;
+    /// What went wrong last, for the test's message.
+    QString error() const;
+
+private:
+    QString _Control(const QStringList& pArguments);
+    static void _End(QProcess& pProcess);
+
+    QTemporaryDir m_folder;
+    QProcess m_daemon;
+    QProcess m_player;
+    QString m_error;
+};
