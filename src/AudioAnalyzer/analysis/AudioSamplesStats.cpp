@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/AudioSamplesStats.h>
 #include <AudioAnalyzer/analysis/detail/Durations.h>
+#include <AudioAnalyzer/analysis/detail/Magnitudes.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -10,20 +12,29 @@ constexpr quint64 kMicroSecondsPerSecond = 1000000;
 constexpr quint64 kHalfSecond = 500000;
 constexpr qint16 kUnknown = -1;
 
-/// Magnitude in 16 bits: -32768 stays -32768.
-qint16 Magnitude(qint16 pSample)
+// A block of 1024 samples touches two chunks; the 87 of a window of 2 s at 44.1 kHz take about as
+// long to put together as one takes to measure.
+constexpr quint64 kChunkSize = 1024;
+
+quint64 ChunkCount(quint64 pSamples)
 {
-    return static_cast<qint16>(pSample < 0 ? -pSample : pSample);
+    return (pSamples + kChunkSize - 1) / kChunkSize;
 }
 
 }  // namespace
 
+struct AudioSamplesStats::Chunk
+{
+    detail::Magnitudes figures;
+    bool isMeasured;
+};
+
 AudioSamplesStats::AudioSamplesStats(double duration, double sampleRate)
     : m_timeScale(kMicroSecondsPerSecond), m_rounding(kHalfSecond), m_pSamples(nullptr),
       m_isFull(0), m_writePosition(0), m_capacity(detail::SampleCount(duration, sampleRate)),
-      m_average(kUnknown), m_maximum(kUnknown), m_minimum(kUnknown)
+      m_average(kUnknown), m_maximum(kUnknown), m_minimum(kUnknown), m_pChunks(nullptr)
 {
-    m_pSamples = new qint16[m_capacity];
+    _Replace(m_capacity);
 }
 
 AudioSamplesStats::AudioSamplesStats(unsigned long long durationMicroseconds,
@@ -31,13 +42,14 @@ AudioSamplesStats::AudioSamplesStats(unsigned long long durationMicroseconds,
     : m_timeScale(kMicroSecondsPerSecond), m_rounding(kHalfSecond), m_pSamples(nullptr),
       m_isFull(0), m_writePosition(0),
       m_capacity((durationMicroseconds * sampleRate + kHalfSecond) / kMicroSecondsPerSecond),
-      m_average(kUnknown), m_maximum(kUnknown), m_minimum(kUnknown)
+      m_average(kUnknown), m_maximum(kUnknown), m_minimum(kUnknown), m_pChunks(nullptr)
 {
-    m_pSamples = new qint16[m_capacity];
+    _Replace(m_capacity);
 }
 
 AudioSamplesStats::~AudioSamplesStats()
 {
+    delete[] m_pChunks;
     delete[] m_pSamples;
 }
 
@@ -62,16 +74,13 @@ bool AudioSamplesStats::_Resize(unsigned long pCapacity)
     const qint16 maximum = getMaximalVolume();
     const qint16 minimum = getMinimalVolume();
 
-    qint16* pSamples = new qint16[pCapacity];
-    delete[] m_pSamples;
-    m_pSamples = pSamples;
-    m_capacity = pCapacity;
+    _Replace(pCapacity);
     m_isFull = 0;
     m_writePosition = 0;
     if (hasSamples) {
         // The extremes stand for the old window; the cached figures stay until the next Update().
-        m_pSamples[0] = maximum;
-        m_pSamples[1] = minimum;
+        const qint16 extremes[] = {maximum, minimum};
+        _Write(0, extremes, 2);
         m_isFull = pCapacity == 2 ? 1 : 0;
         m_writePosition = pCapacity == 2 ? 0 : 2;
     }
@@ -83,13 +92,13 @@ bool AudioSamplesStats::Update(short* samples, unsigned long count)
     if (count == 0 || !samples)
         return false;
     if (count >= m_capacity) {
-        std::copy_n(samples + (count - m_capacity), m_capacity, m_pSamples);
+        _Write(0, samples + (count - m_capacity), m_capacity);
         m_isFull = 1;
         m_writePosition = 0;
     } else {
         const quint64 toEnd = std::min<quint64>(count, m_capacity - m_writePosition);
-        std::copy_n(samples, toEnd, m_pSamples + m_writePosition);
-        std::copy_n(samples + toEnd, count - toEnd, m_pSamples);
+        _Write(m_writePosition, samples, toEnd);
+        _Write(0, samples + toEnd, count - toEnd);
         m_writePosition += count;
         if (m_writePosition >= m_capacity) {
             m_isFull = 1;
@@ -128,24 +137,51 @@ bool AudioSamplesStats::_Compute() const
     const quint64 count = _getCount();
     if (count == 0)
         return false;
-    qint16 minimum = Magnitude(m_pSamples[0]);
-    qint16 maximum = minimum;
-    qint64 sum = 0;
-    for (quint64 i = 0; i < count; ++i) {
-        const qint16 magnitude = Magnitude(m_pSamples[i]);
-        minimum = std::min(minimum, magnitude);
-        maximum = std::max(maximum, magnitude);
-        sum += magnitude;
-    }
-    m_average = static_cast<qint16>(static_cast<quint64>(sum) / count);
-    m_maximum = maximum;
-    m_minimum = minimum;
+    detail::Magnitudes figures = _RefreshChunk(0, count).figures;
+    for (quint64 i = 1; i < ChunkCount(count); ++i)
+        figures = detail::Combine(figures, _RefreshChunk(i, count).figures);
+    m_average = static_cast<qint16>(static_cast<quint64>(figures.sum) / count);
+    m_maximum = figures.maximum;
+    m_minimum = figures.minimum;
     return true;
+}
+
+// The chunk at the write position is still growing and is measured every time.
+const AudioSamplesStats::Chunk& AudioSamplesStats::_RefreshChunk(quint64 pIndex,
+                                                                 quint64 pCount) const
+{
+    Chunk& chunk = m_pChunks[pIndex];
+    if (!chunk.isMeasured) {
+        const quint64 first = pIndex * kChunkSize;
+        const quint64 size = std::min(kChunkSize, pCount - first);
+        chunk.figures = detail::MeasureMagnitudes(m_pSamples + first, size);
+        chunk.isMeasured = pIndex != m_writePosition / kChunkSize;
+    }
+    return chunk;
 }
 
 quint64 AudioSamplesStats::_getCount() const
 {
     return m_isFull ? m_capacity : m_writePosition;
+}
+
+void AudioSamplesStats::_Write(quint64 pPosition, const qint16* pSamples, quint64 pCount)
+{
+    std::copy_n(pSamples, pCount, m_pSamples + pPosition);
+    for (quint64 i = pPosition / kChunkSize; i < ChunkCount(pPosition + pCount); ++i)
+        m_pChunks[i].isMeasured = false;
+}
+
+// Both arrays or none: an allocation that fails leaves the window as it is.
+void AudioSamplesStats::_Replace(quint64 pCapacity)
+{
+    std::unique_ptr<qint16[]> samples(new qint16[pCapacity]);
+    Chunk* pChunks = new Chunk[ChunkCount(pCapacity)]();
+    delete[] m_pChunks;
+    delete[] m_pSamples;
+    m_pChunks = pChunks;
+    m_pSamples = samples.release();
+    m_capacity = pCapacity;
 }
 
 void AudioSamplesStats::_Invalidate()

@@ -7,7 +7,8 @@
 
 /// Rolling window over the newest samples, with their average, greatest and smallest magnitude.
 ///
-/// The three figures are computed together, at most once after each Update(). A figure of -1 means
+/// The three figures are computed together, at most once after each Update(), from the figures of
+/// chunks of the window, of which only those written since are measured anew. A figure of -1 means
 /// that the window holds no samples.
 ///
 /// Threads: one thread at a time.
@@ -45,9 +46,14 @@ public:
     qint16 getMinimalVolume() const;
 
 private:
+    struct Chunk;
+
     bool _Resize(unsigned long pCapacity);
     bool _Compute() const;
+    const Chunk& _RefreshChunk(quint64 pIndex, quint64 pCount) const;
     quint64 _getCount() const;
+    void _Write(quint64 pPosition, const qint16* pSamples, quint64 pCount);
+    void _Replace(quint64 pCapacity);
     void _Invalidate();
 
     quint64 m_timeScale;       ///< µs per second
@@ -59,4 +65,5 @@ private:
     mutable qint16 m_average;  ///< magnitude; -1 = to be computed
     mutable qint16 m_maximum;  ///< magnitude; -1 = to be computed
     mutable qint16 m_minimum;  ///< magnitude; -1 = to be computed
+    Chunk* m_pChunks;          ///< owned figures of the ring's chunks
 };

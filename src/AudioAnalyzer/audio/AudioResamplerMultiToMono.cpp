@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/AudioResamplerMultiToMono.h>
+#include <AudioAnalyzer/audio/detail/ChannelAverage.h>
 #include <AudioAnalyzer/audio/detail/GrowingBuffer.h>
 #include <AudioAnalyzer/audio/detail/NativeSample.h>
 
@@ -24,10 +25,14 @@ qint16* AudioResamplerMultiToMono<T, Acc>::Resample(char* pData, size_t pBytes, 
     const size_t count = m_frameSize == 0 ? 0 : pBytes / m_frameSize;
     pCount = count;
     detail::EnsureCapacity(m_pBuffer, m_bufferCapacity, count);
-    qint16* const pOut = m_pBuffer;
-    for (size_t i = 0; i < count; ++i)
-        pOut[i] = m_converter(_Average(pData + i * m_frameSize));
-    return pOut;
+    // A sum of 8-bit samples is computed in an int, which is what Acc would be promoted to.
+    using Sum = std::conditional_t<sizeof(Acc) < sizeof(int), int, Acc>;
+    if (detail::IsSumExact<T>(m_channelCount))
+        detail::AverageFrames<T, Sum>(pData, count, m_channelCount, m_pBuffer);
+    else
+        for (size_t i = 0; i < count; ++i)
+            m_pBuffer[i] = m_converter(_Average(pData + i * m_frameSize));
+    return m_pBuffer;
 }
 
 template <typename T, typename Acc>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/dsp/FastFourierTransform.h>
 #include <AudioAnalyzer/dsp/detail/BitReversal.h>
-#include <AudioAnalyzer/dsp/detail/Butterflies.h>
 #include <AudioAnalyzer/dsp/detail/LengthSelection.h>
+#include <AudioAnalyzer/dsp/detail/Transform.h>
 
-#include <algorithm>
+#include <new>
 
 namespace {
 
@@ -15,13 +15,18 @@ void freeArray(T*& pArray)
     pArray = nullptr;
 }
 
-// Intended: truncated toward zero and cut to the low 16 bits. Rounding or saturating here would
-// change which blocks reach a threshold. The cast to int cannot overflow: a spectrum made by
-// Compute() and only zeroed since gives |x| <= sqrt(N) 2^15 (Parseval), below 2^31 for every N that
-// fits into memory.
-qint16 toSample(double pValue)
+// Spectra and work arrays begin at a cache line, so that no vector lies across two.
+constexpr std::align_val_t kCacheLine{64};
+
+double* newAligned(size_t pLength)
 {
-    return static_cast<qint16>(static_cast<qint32>(pValue));
+    return new (kCacheLine) double[pLength];
+}
+
+void freeAligned(double*& pArray)
+{
+    operator delete[](pArray, kCacheLine);
+    pArray = nullptr;
 }
 
 }  // namespace
@@ -46,22 +51,22 @@ void FastFourierTransform::Compute(const short* pAudioSamples, size_t pCount)
     const bool needsArrays = m_length == 0 && pCount > 0;
     if (bitCount != m_bitCount || needsArrays)
         _Allocate(bitCount);
-    if (m_length > 0) {
-        detail::scatterBitReversed(pAudioSamples, pCount, m_bitCount, m_pReal);
-        std::fill_n(m_pImaginary, m_length, 0.0);
-        detail::runButterflies(m_pReal, m_pImaginary, m_length, false);
-    }
+    if (m_length > 0)
+        detail::transform(pAudioSamples, nullptr, pCount, m_bitCount, false, m_pReal, m_pImaginary);
     m_sampleCount = pCount;
     m_isSpectrumStale = true;
 }
 
+// Intended: the samples are truncated toward zero and cut to the low 16 bits. Rounding or
+// saturating here would change which blocks reach a threshold. The step through int cannot
+// overflow: a spectrum made by Compute() and only zeroed since gives |x| <= sqrt(N) 2^15
+// (Parseval), below 2^31 for every N that fits into memory.
 void FastFourierTransform::ComputeInverse(short*& pAudioSamples, size_t& pCount)
 {
     if (m_length > 0) {
-        detail::scatterBitReversed(m_pReal, m_length, m_bitCount, m_pInverseReal);
-        detail::scatterBitReversed(m_pImaginary, m_length, m_bitCount, m_pInverseImaginary);
-        _Compute(m_pInverseReal, m_pInverseImaginary, m_length, true);
-        std::transform(m_pInverseReal, m_pInverseReal + m_sampleCount, m_pInverseSamples, toSample);
+        detail::transform(
+            m_pReal, m_pImaginary, m_length, m_bitCount, true, m_pInverseReal, m_pInverseImaginary);
+        detail::truncateToSamples(m_pInverseReal, m_sampleCount, m_pInverseSamples);
     }
     pAudioSamples = m_pInverseSamples;
     pCount = m_sampleCount;
@@ -86,14 +91,8 @@ void FastFourierTransform::_Compute(double* pReal,
                                     size_t pLength,
                                     bool pInverse)
 {
-    detail::runButterflies(pReal, pImaginary, pLength, pInverse);
-    if (!pInverse)
-        return;
-    const double divisor = static_cast<double>(pLength);
-    for (size_t i = 0; i < pLength; ++i) {
-        pReal[i] /= divisor;
-        pImaginary[i] /= divisor;
-    }
+    if (pLength > 0)
+        detail::transformReversed(pReal, pImaginary, detail::selectBitCount(pLength), pInverse);
 }
 
 size_t FastFourierTransform::_ComputeBitReversedIndex(size_t pIndex, size_t pBits)
@@ -119,9 +118,7 @@ void FastFourierTransform::Compute(const T* pReal,
         pOutReal = new double[length];
         pOutImaginary = new double[length];
     }
-    detail::scatterBitReversed(pReal, pCount, bitCount, pOutReal);
-    detail::scatterBitReversed(pImaginary, pCount, bitCount, pOutImaginary);
-    _Compute(pOutReal, pOutImaginary, length, pInverse);
+    detail::transform(pReal, pImaginary, pCount, bitCount, pInverse, pOutReal, pOutImaginary);
 }
 
 template void FastFourierTransform::Compute<short>(
@@ -135,21 +132,22 @@ void FastFourierTransform::_Allocate(size_t pBitCount)
 {
     _FreeTransform();
     const size_t length = detail::lengthOfBits(pBitCount);
-    m_pImaginary = new double[length];
-    m_pReal = new double[length];
-    m_pInverseImaginary = new double[length];
-    m_pInverseReal = new double[length];
+    m_pImaginary = newAligned(length);
+    m_pReal = newAligned(length);
+    m_pInverseImaginary = newAligned(length);
+    m_pInverseReal = newAligned(length);
     m_pInverseSamples = new qint16[length];
+    detail::prepareTransform(pBitCount);
     m_bitCount = pBitCount;
     m_length = length;
 }
 
 void FastFourierTransform::_FreeTransform()
 {
-    freeArray(m_pImaginary);
-    freeArray(m_pReal);
-    freeArray(m_pInverseImaginary);
-    freeArray(m_pInverseReal);
+    freeAligned(m_pImaginary);
+    freeAligned(m_pReal);
+    freeAligned(m_pInverseImaginary);
+    freeAligned(m_pInverseReal);
     freeArray(m_pInverseSamples);
     m_bitCount = 0;
     m_length = 0;

@@ -76,13 +76,14 @@ size_t FastFourierTransform::FindMaximalAmplitudes(size_t pMaxCount,
     _ResizeBands(capacity);
 
     detail::StrongestBands strongest(m_pBands, capacity);
-    double lower = 0.0;
     for (size_t i = 0; i < m_amplitudesCount; ++i) {
-        const double upper =
-            detail::lowerEdge(static_cast<int>(i) + 1, halfRate, m_amplitudesCount);
-        if (m_pAmplitudes[i] >= pMinimalAmplitude)
-            strongest.offer({m_pAmplitudes[i], i, detail::upperEdge(lower, upper), lower});
-        lower = upper;
+        const double amplitude = m_pAmplitudes[i];
+        if (!(amplitude >= pMinimalAmplitude) || !strongest.isWanted(amplitude))
+            continue;
+        const int index = static_cast<int>(i);
+        const double lower = detail::lowerEdge(index, halfRate, m_amplitudesCount);
+        const double next = detail::lowerEdge(index + 1, halfRate, m_amplitudesCount);
+        strongest.offer({amplitude, i, detail::upperEdge(lower, next), lower});
     }
     if (strongest.count() > 0)
         pResult = m_pBands;

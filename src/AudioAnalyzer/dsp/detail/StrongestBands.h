@@ -20,13 +20,19 @@ public:
     {
     }
 
+    /// Whether a record of this amplitude would be kept.
+    bool isWanted(double pAmplitude) const
+    {
+        return m_count < m_capacity || pAmplitude > m_pRecords[m_weakest].amplitude;
+    }
+
     void offer(const FrequencyBandAmplitude& pRecord)
     {
         if (m_count < m_capacity) {
             m_pRecords[m_count++] = pRecord;
             if (m_count == m_capacity)
                 _FindWeakest(0);
-        } else if (pRecord.amplitude > m_pRecords[m_weakest].amplitude) {
+        } else if (isWanted(pRecord.amplitude)) {
             m_pRecords[m_weakest] = pRecord;
             _FindWeakest(m_weakest);
         }

@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Prints the medians of a benchmark run, and what they mean against each goal.
+
+    script/bench_table.py out/bench.json            for a terminal
+    script/bench_table.py --markdown out/bench.json for docs/performance.md
+"""
+import json
+import sys
+
+UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
+
+
+class Run:
+    def __init__(self, path):
+        with open(path, encoding="utf-8") as file:
+            data = json.load(file)
+        self.context = data["context"]
+        self.rows = {}
+        for row in data["benchmarks"]:
+            if row.get("aggregate_name") == "median":
+                self.rows[row["run_name"]] = row
+
+    # The thread's own time: other programs on the machine count less.
+    def seconds(self, name):
+        row = self.rows[name]
+        column = "real_time" if "manual_time" in name else "cpu_time"
+        return row[column] * UNITS[row["time_unit"]]
+
+    def counter(self, name, counter):
+        return self.rows[name][counter]
+
+
+def time_text(seconds):
+    for unit, scale in (("s", 1.0), ("ms", 1e-3), ("µs", 1e-6)):
+        if seconds >= scale:
+            return f"{seconds / scale:.3g} {unit}"
+    return f"{seconds / 1e-9:.3g} ns"
+
+
+def transform_rows(run):
+    for length in (1024, 131072):
+        fftw = min(run.seconds(f"transform/fftw/{length}"),
+                   run.seconds(f"transform/fftw in place/{length}"))
+        yield f"FFTW, {length} points", time_text(fftw), "", ""
+        names = sorted(name for name in run.rows
+                       if name.startswith("transform/") and name.endswith(f"/{length}")
+                       and "fftw" not in name)
+        for name in names:
+            seconds = run.seconds(name)
+            ratio = seconds / fftw
+            # What the analysis calls on this machine is what the goal is about.
+            is_goal = "/Compute" in name or f"/{run.context.get('kernel')} " in name
+            verdict = ("yes" if ratio <= 1.2 else "no") if is_goal else ""
+            yield name, time_text(seconds), f"{ratio:.2f} x FFTW (at most 1.2)", verdict
+
+
+def ratio_row(run, name, base, text, limit):
+    ratio = run.seconds(name) / run.seconds(base)
+    return name, time_text(run.seconds(name)), f"{ratio:.2f} x {text}", \
+        "yes" if ratio <= limit else "no"
+
+
+def spectrum_rows(run):
+    for length in (1024, 131072):
+        yield ratio_row(run, f"spectrum/getAmplitudes/{length}",
+                        f"spectrum/straight passes/{length}", "straight passes (at most 1)", 1.1)
+        yield ratio_row(run, f"spectrum/FindMaximalAmplitudes/{length}",
+                        f"spectrum/straight passes/{length}", "straight passes (at most 1)", 1.1)
+        yield ratio_row(run, f"spectrum/BandPassFilter/{length}",
+                        f"spectrum/zeroing everything/{length}", "zeroing all (at most 1)", 1.1)
+
+
+def statistics_rows(run):
+    name = "statistics/block of 1024 in a window of 2 s"
+    seconds = run.seconds(name)
+    yield name, time_text(seconds), "at most 6 µs", "yes" if seconds <= 6e-6 else "no"
+
+
+def converter_rows(run):
+    for name in sorted(name for name in run.rows if name.startswith("converter/")):
+        speed = run.counter(name, "bytes_per_second") / 1e9
+        yield name + " channels", f"{speed:.1f} GB/s", "at least 4", "yes" if speed >= 4 else "no"
+
+
+def pipeline_rows(run):
+    ours = run.counter("pipeline/this library", "realtime")
+    yield "pipeline, real time", f"{ours:.0f} x", "at least 1000", "yes" if ours >= 1000 else "no"
+    for rival, factor in (("aubio tempo", 3), ("SoundTouch BPMDetect", 2)):
+        speed = run.counter(f"pipeline/{rival}", "realtime")
+        yield (f"pipeline, {rival}", f"{speed:.0f} x",
+               f"we are {ours / speed:.1f} x (at least {factor})",
+               "yes" if ours >= factor * speed else "no")
+    name = next(name for name in run.rows if name.startswith("pipeline/worst"))
+    pair = 2 * min(run.seconds("transform/fftw/131072"),
+                   run.seconds("transform/fftw in place/131072"))
+    worst = run.seconds(name)
+    yield ("worst Analyze call", time_text(worst),
+           f"{worst / pair:.2f} x an FFTW pair of 131072 (at most 0.75)",
+           "yes" if worst <= 0.75 * pair else "no")
+
+
+def start_up_rows(run):
+    for name, limit in (("start-up/--version", 0.030), ("start-up/file of 1 s", 0.060)):
+        full = next((row for row in run.rows if row.startswith(name)), None)
+        if full:
+            row = run.rows[full]
+            seconds = row["real_time"] * UNITS[row["time_unit"]]
+            yield name, time_text(seconds), f"at most {limit * 1e3:.0f} ms", \
+                "yes" if seconds <= limit else "no"
+
+
+SECTIONS = (pipeline_rows, transform_rows, spectrum_rows, statistics_rows, converter_rows,
+            start_up_rows)
+
+
+def all_rows(run):
+    for section in SECTIONS:
+        try:
+            yield from section(run)
+        except (KeyError, StopIteration):
+            yield f"({section.__name__}: not in this run)", "", "", ""
+
+
+def main():
+    arguments = [argument for argument in sys.argv[1:] if argument != "--markdown"]
+    if len(arguments) != 1:
+        sys.exit(__doc__)
+    run = Run(arguments[0])
+    host = f"{run.context['host_name']}, {run.context['num_cpus']} processors, " \
+           f"kernel {run.context.get('kernel', '?')}, {run.context['date']}"
+    header = ("what", "median", "against the goal", "met")
+    rows = list(all_rows(run))
+    if "--markdown" in sys.argv:
+        print(f"{host}\n\n| {' | '.join(header)} |\n|---|---|---|---|")
+        for row in rows:
+            print(f"| {' | '.join(row)} |")
+        return
+    widths = [max(len(row[i]) for row in [header] + rows) for i in range(4)]
+    print(host)
+    for row in [header] + rows:
+        print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
+
+
+if __name__ == "__main__":
+    main()
