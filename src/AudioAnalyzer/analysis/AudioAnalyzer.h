@@ -12,9 +12,14 @@
 
 #include <cstddef>
 #include <list>
+#include <memory>
 #include <optional>
 
 class Configuration;
+
+namespace detail {
+class BandPassThreshold;
+}
 
 /// Finds pulses, beats and the tempo in mono 16-bit samples.
 ///
@@ -220,5 +225,6 @@ private:
     quint64 m_stopBlockSize;  ///< samples
     FastFourierTransform m_stopFFT;
 
+    std::unique_ptr<detail::BandPassThreshold> m_pStopDecision;  ///< spares m_stopFFT most blocks
     std::list<quint64> m_freeBeatNodes;  ///< nodes that m_beatIndexes uses again: no allocation
 };

@@ -2,6 +2,7 @@
 #include <AudioAnalyzer/analysis/AudioAnalyzer.h>
 #include <AudioAnalyzer/analysis/detail/Durations.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/dsp/detail/BandPassThreshold.h>
 
 #include <algorithm>
 
@@ -47,16 +48,10 @@ bool AudioAnalyzer::_BuildStopBlock()
 
 void AudioAnalyzer::_DecideStop(const short* pSamples)
 {
-    m_stopFFT.Compute(pSamples, m_stopBlockSize);
-    m_stopFFT.BandPassFilter(kStopLowHz, kStopHighHz, m_sampleRate);
-    short* pFiltered = nullptr;
-    size_t count = 0;
-    m_stopFFT.ComputeInverse(pFiltered, count);
-
     // Intended: the samples are compared signed, unrectified. Only positive excursions prove music.
     const short threshold = m_pConfiguration->getStopDetectionThreshold();
-    m_isStopped = std::none_of(
-        pFiltered, pFiltered + count, [threshold](short sample) { return sample > threshold; });
+    m_isStopped = !m_pStopDecision->RisesAbove(
+        pSamples, m_stopBlockSize, {kStopLowHz, kStopHighHz, m_sampleRate, threshold}, m_stopFFT);
 }
 
 bool AudioAnalyzer::setStopDetectionDuration(double pSeconds)

@@ -1,0 +1,366 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/dsp/FastFourierTransform.h>
+#include <AudioAnalyzer/dsp/detail/BandPassThreshold.h>
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+using Samples = std::vector<qint16>;
+using detail::BandPassThreshold;
+using Question = BandPassThreshold::Question;
+
+constexpr double kPi = 3.141592653589793;
+constexpr double kUnit = std::numeric_limits<double>::epsilon() / 2.0;
+
+/// Small generator of our own, so that a seed means the same everywhere.
+class Random
+{
+public:
+    explicit Random(quint64 pSeed) : m_state(pSeed) {}
+
+    quint64 next()
+    {
+        m_state += 0x9E3779B97F4A7C15ULL;
+        quint64 z = m_state;
+        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
+        z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
+        return z ^ (z >> 31);
+    }
+    double uniform() { return static_cast<double>(next() >> 11) / 9007199254740992.0; }
+    int below(int pLimit) { return static_cast<int>(next() % static_cast<quint64>(pLimit)); }
+
+private:
+    quint64 m_state;
+};
+
+quint64 seed()
+{
+    bool isGiven = false;
+    const quint64 given = qEnvironmentVariable("AA_THRESHOLD_SEED").toULongLong(&isGiven);
+    const quint64 chosen = isGiven ? given : 20261121;
+    qInfo("AA_THRESHOLD_SEED=%llu", static_cast<unsigned long long>(chosen));
+    return chosen;
+}
+
+qint16 toSample(double pValue)
+{
+    return static_cast<qint16>(std::lround(std::min(32767.0, std::max(-32768.0, pValue))));
+}
+
+Samples sine(int pRate, std::size_t pCount, double pFrequency, double pAmplitude)
+{
+    Samples samples(pCount);
+    for (std::size_t i = 0; i < pCount; ++i)
+        samples[i] = toSample(pAmplitude *
+                              std::sin(2.0 * kPi * pFrequency * static_cast<double>(i) / pRate));
+    return samples;
+}
+
+Samples kicks(int pRate, std::size_t pCount, double pAmplitude)
+{
+    Samples samples(pCount);
+    const auto period = static_cast<std::size_t>(pRate) / 2;
+    for (std::size_t i = 0; i < pCount; ++i) {
+        const double t = static_cast<double>(i % period) / pRate;
+        samples[i] = toSample(pAmplitude * std::exp(-8.0 * t) * std::sin(2.0 * kPi * 55.0 * t));
+    }
+    return samples;
+}
+
+Samples noise(Random& pRandom, std::size_t pCount, double pAmplitude)
+{
+    Samples samples(pCount);
+    for (qint16& sample : samples)
+        sample = toSample(pAmplitude * (2.0 * pRandom.uniform() - 1.0));
+    return samples;
+}
+
+Samples anySignal(Random& pRandom, int pRate, std::size_t pCount)
+{
+    const double amplitude = std::pow(10.0, 4.6 * pRandom.uniform());
+    switch (pRandom.below(4)) {
+    case 0:
+        return sine(pRate, pCount, 20.0 + 3000.0 * pRandom.uniform(), amplitude);
+    case 1:
+        return kicks(pRate, pCount, amplitude);
+    case 2:
+        return noise(pRandom, pCount, amplitude);
+    default:
+        Samples square(pCount);
+        for (std::size_t i = 0; i < pCount; ++i)
+            square[i] = toSample(i / 100 % 2 == 0 ? amplitude : -amplitude);
+        return square;
+    }
+}
+
+/// The plain filtered values before they are truncated; 16-bit truncation undone for the test.
+std::vector<double> filteredValues(const Samples& pSamples, int pRate)
+{
+    FastFourierTransform transform;
+    transform.Compute(pSamples.data(), pSamples.size());
+    transform.BandPassFilter(50, 2000, pRate);
+    short* pFiltered = nullptr;
+    size_t count = 0;
+    transform.ComputeInverse(pFiltered, count);
+    return {transform.m_pInverseReal, transform.m_pInverseReal + count};
+}
+
+double errorBound(const BandPassThreshold& pDecision)
+{
+    const auto length = static_cast<double>(pDecision.m_length);
+    return 4.0 * length * length * kUnit * pDecision.m_norm;
+}
+
+}  // namespace
+
+class tst_BandPassThreshold : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void answer_equalsTransform_forRandomSignals();
+    void answer_equalsTransform_whenPeakSitsOnThreshold_data();
+    void answer_equalsTransform_whenPeakSitsOnThreshold();
+    void answer_equalsTransform_forWhatIsNotMadeForIt_data();
+    void answer_equalsTransform_forWhatIsNotMadeForIt();
+    void answer_isNotAbove_whenOnlyNegativeExcursionsExceed_isIntended();
+    void answer_equalsTransform_whenFilterOvershoots16Bits();
+    void filteredSample_isWithinBound_everywhere();
+    void halfTransform_isWithinBound_everywhere();
+    void twiddles_areWithinTheirBound();
+    void energy_provesFaintNoise();
+    void peaks_proveLoudMusic();
+    void sizes_mayChangeFromCallToCall();
+};
+
+void tst_BandPassThreshold::answer_equalsTransform_forRandomSignals()
+{
+    Random random(seed());
+    const int rates[] = {16000, 22050, 44100, 48000};
+    for (int i = 0; i < 80; ++i) {
+        const int rate = rates[random.below(4)];
+        const auto count = static_cast<std::size_t>(rate * (0.3 + random.uniform()));
+        const Samples samples = anySignal(random, rate, count);
+        const Question question{50, 2000, rate, static_cast<qint16>(random.below(32768))};
+        BandPassThreshold decision;
+        FastFourierTransform transform;
+        const bool expected =
+            BandPassThreshold::RisesAboveByTransform(samples.data(), count, question, transform);
+        QCOMPARE(decision.RisesAbove(samples.data(), count, question, transform), expected);
+    }
+}
+
+void tst_BandPassThreshold::answer_equalsTransform_whenPeakSitsOnThreshold_data()
+{
+    QTest::addColumn<int>("rate");
+    QTest::addColumn<double>("amplitude");
+    for (int rate : {16000, 44100, 48000})
+        for (double amplitude : {300.0, 3000.0, 12000.0, 30000.0})
+            QTest::addRow("%d Hz, %g", rate, amplitude) << rate << amplitude;
+}
+
+// The filtered peak itself is the threshold, or just beside it: within the rounding bound, where
+// only the full transform may decide, and right outside.
+void tst_BandPassThreshold::answer_equalsTransform_whenPeakSitsOnThreshold()
+{
+    QFETCH(int, rate);
+    QFETCH(double, amplitude);
+    const auto count = static_cast<std::size_t>(rate);
+    for (const Samples& samples :
+         {sine(rate, count, 440.0, amplitude), kicks(rate, count, amplitude)}) {
+        const std::vector<double> values = filteredValues(samples, rate);
+        const int peak = static_cast<int>(*std::max_element(values.begin(), values.end()));
+        for (int offset = -40; offset <= 40; offset += offset > -4 && offset < 4 ? 1 : 4) {
+            const int threshold = peak + offset;
+            if (threshold < 0 || threshold > 32767)
+                continue;
+            const Question question{50, 2000, rate, static_cast<qint16>(threshold)};
+            BandPassThreshold decision;
+            FastFourierTransform transform;
+            QCOMPARE(decision.RisesAbove(samples.data(), count, question, transform), offset < 0);
+        }
+    }
+}
+
+void tst_BandPassThreshold::answer_equalsTransform_forWhatIsNotMadeForIt_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("low");
+    QTest::addColumn<int>("high");
+    QTest::addColumn<int>("rate");
+    QTest::addColumn<int>("threshold");
+
+    QTest::addRow("short block") << 1000 << 50 << 2000 << 44100 << 100;
+    QTest::addRow("one sample") << 1 << 50 << 2000 << 44100 << 100;
+    QTest::addRow("wide band") << 20000 << 50 << 2000 << 8000 << 100;
+    QTest::addRow("band above Nyquist") << 20000 << 50 << 2000 << 90 << 100;
+    QTest::addRow("no upper edge") << 20000 << 50 << 0 << 44100 << 100;
+    QTest::addRow("no lower edge") << 20000 << 0 << 2000 << 44100 << 100;
+    QTest::addRow("rate of 0") << 20000 << 50 << 2000 << 0 << 100;
+    QTest::addRow("threshold of 0") << 20000 << 50 << 2000 << 44100 << 0;
+    QTest::addRow("threshold of -1") << 20000 << 50 << 2000 << 44100 << -1;
+    QTest::addRow("lowest threshold") << 20000 << 50 << 2000 << 44100 << -32768;
+    QTest::addRow("highest threshold") << 20000 << 50 << 2000 << 44100 << 32767;
+}
+
+void tst_BandPassThreshold::answer_equalsTransform_forWhatIsNotMadeForIt()
+{
+    QFETCH(int, count);
+    QFETCH(int, low);
+    QFETCH(int, high);
+    QFETCH(int, rate);
+    QFETCH(int, threshold);
+    const auto size = static_cast<std::size_t>(count);
+    const Question question{low, high, rate, static_cast<qint16>(threshold)};
+    for (const Samples& samples : {Samples(size, 0), sine(44100, size, 300.0, 20000.0)}) {
+        BandPassThreshold decision;
+        FastFourierTransform transform;
+        const bool expected =
+            BandPassThreshold::RisesAboveByTransform(samples.data(), size, question, transform);
+        QCOMPARE(decision.RisesAbove(samples.data(), size, question, transform), expected);
+    }
+}
+
+// A train of negative clicks: the band-passed signal falls far below zero but rises little above
+// it.
+void tst_BandPassThreshold::answer_isNotAbove_whenOnlyNegativeExcursionsExceed_isIntended()
+{
+    constexpr int kRate = 44100;
+    Samples samples(kRate, 0);
+    for (std::size_t i = 4000; i < samples.size(); i += 8000)
+        std::fill_n(samples.begin() + static_cast<std::ptrdiff_t>(i), 8, qint16(-32768));
+    const std::vector<double> values = filteredValues(samples, kRate);
+    const double highest = *std::max_element(values.begin(), values.end());
+    const double lowest = *std::min_element(values.begin(), values.end());
+    QVERIFY(-lowest > 2.0 * highest);
+    const Question question{50, 2000, kRate, static_cast<qint16>(1.5 * highest)};
+    BandPassThreshold decision;
+    FastFourierTransform transform;
+    QVERIFY(!decision.RisesAbove(samples.data(), samples.size(), question, transform));
+}
+
+// A full-scale square wave overshoots; beyond 32767 the sample wraps and is not above any
+// threshold.
+void tst_BandPassThreshold::answer_equalsTransform_whenFilterOvershoots16Bits()
+{
+    constexpr int kRate = 44100;
+    Samples samples(kRate);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = i / 150 % 2 == 0 ? 32767 : -32768;
+    const std::vector<double> values = filteredValues(samples, kRate);
+    QVERIFY(*std::max_element(values.begin(), values.end()) > 33000.0);
+    for (int threshold : {0, 3276, 30000, 32000, 32700, 32767}) {
+        const Question question{50, 2000, kRate, static_cast<qint16>(threshold)};
+        BandPassThreshold decision;
+        FastFourierTransform transform;
+        const bool expected = BandPassThreshold::RisesAboveByTransform(
+            samples.data(), samples.size(), question, transform);
+        QCOMPARE(decision.RisesAbove(samples.data(), samples.size(), question, transform),
+                 expected);
+    }
+}
+
+void tst_BandPassThreshold::filteredSample_isWithinBound_everywhere()
+{
+    Random random(seed());
+    for (int rate : {16000, 44100}) {
+        const auto count = static_cast<std::size_t>(rate) + 1;
+        const Samples samples = anySignal(random, rate, count);
+        const std::vector<double> values = filteredValues(samples, rate);
+        BandPassThreshold decision;
+        QVERIFY(decision._Prepare(count, {50, 2000, rate, 0}));
+        decision._SetLimits(samples.data(), 0);
+        for (std::size_t i = 0; i < count; i += i < 20 || i > count - 20 ? 1 : 997) {
+            const double difference = decision._FilteredSample(samples.data(), i) - values[i];
+            QVERIFY(std::fabs(difference) <= errorBound(decision));
+        }
+    }
+}
+
+void tst_BandPassThreshold::halfTransform_isWithinBound_everywhere()
+{
+    Random random(seed());
+    for (int rate : {16000, 22050, 44100}) {
+        for (std::size_t count : {std::size_t(rate), std::size_t(rate) + 1}) {
+            const Samples samples = anySignal(random, rate, count);
+            const std::vector<double> values = filteredValues(samples, rate);
+            BandPassThreshold decision;
+            QVERIFY(decision._Prepare(count, {50, 2000, rate, 32767}));
+            decision._SetLimits(samples.data(), 32767);
+            decision._DecideByHalfTransform(samples.data());
+            double greatest = 0.0;
+            for (std::size_t i = 0; i < count; ++i) {
+                const double* pHalf = i % 2 == 0 ? decision.m_pReal : decision.m_pImaginary;
+                greatest = std::max(greatest, std::fabs(pHalf[i / 2] - values[i]));
+            }
+            QVERIFY(greatest <= errorBound(decision));
+        }
+    }
+}
+
+void tst_BandPassThreshold::twiddles_areWithinTheirBound()
+{
+    for (std::size_t span = 2; span <= (std::size_t(1) << 20); span *= 2) {
+        const double angle = -2.0 * kPi / static_cast<double>(span);
+        const double factor = 2.0 * std::cos(angle);
+        double before[] = {std::cos(angle + angle), std::sin(angle + angle)};
+        double last[] = {std::cos(angle), std::sin(angle)};
+        double greatest = 0.0;
+        for (std::size_t j = 0; j < span / 2; ++j) {
+            for (int part = 0; part < 2; ++part) {
+                const double next = factor * last[part] - before[part];
+                before[part] = last[part];
+                last[part] = next;
+            }
+            const long double exact =
+                2.0L * 3.141592653589793238462643L * static_cast<long double>(j) / span;
+            greatest =
+                std::max<double>(greatest, hypotl(last[0] - cosl(exact), last[1] - sinl(exact)));
+        }
+        const auto squared = static_cast<double>(span) * static_cast<double>(span);
+        QVERIFY2(greatest <= squared * kUnit, qPrintable(QString::number(span)));
+    }
+}
+
+void tst_BandPassThreshold::energy_provesFaintNoise()
+{
+    Random random(seed());
+    const Samples samples = noise(random, 66150, 60.0);
+    BandPassThreshold decision;
+    QVERIFY(decision._Prepare(samples.size(), {50, 2000, 44100, 3276}));
+    decision._SetLimits(samples.data(), 3276);
+    QCOMPARE(decision._DecideByEnergy(), BandPassThreshold::Verdict::eNotAbove);
+}
+
+void tst_BandPassThreshold::peaks_proveLoudMusic()
+{
+    const Samples samples = kicks(44100, 66150, 25000.0);
+    BandPassThreshold decision;
+    QVERIFY(decision._Prepare(samples.size(), {50, 2000, 44100, 3276}));
+    decision._SetLimits(samples.data(), 3276);
+    QCOMPARE(decision._DecideByEnergy(), BandPassThreshold::Verdict::eOpen);
+    QCOMPARE(decision._DecideByPeaks(samples.data()), BandPassThreshold::Verdict::eAbove);
+}
+
+void tst_BandPassThreshold::sizes_mayChangeFromCallToCall()
+{
+    BandPassThreshold decision;
+    FastFourierTransform transform;
+    for (std::size_t count : {66150U, 33075U, 66150U, 5000U, 24000U}) {
+        for (double amplitude : {0.0, 100.0, 4000.0, 20000.0}) {
+            const Samples samples = sine(44100, count, 200.0, amplitude);
+            const Question question{50, 2000, 44100, 3276};
+            const bool expected = BandPassThreshold::RisesAboveByTransform(
+                samples.data(), count, question, transform);
+            QCOMPARE(decision.RisesAbove(samples.data(), count, question, transform), expected);
+        }
+    }
+}
+
+QTEST_APPLESS_MAIN(tst_BandPassThreshold)
+#include "tst_BandPassThreshold.moc"
