@@ -1,7 +1,7 @@
 # Warnings for our own targets; link with PRIVATE so that hosts never inherit them.
 add_library(aa_warnings INTERFACE)
 target_compile_options(aa_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow 
+  -Wall -Wextra -Wpedantic -Wshadow
   $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
   $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
   $<$<BOOL:${AUDIOANALYZER_WARNINGS_AS_ERRORS}>:-Werror>)
