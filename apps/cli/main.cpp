@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "AnalyzeCommand.h"
+#include "CommandLine.h"
+#include "ConfigCommand.h"
+#include "Console.h"
+#include "DevicesCommand.h"
+#include "Interrupt.h"
+#include "ListenCommand.h"
+#include "ProfilesCommand.h"
+
+#include <QCoreApplication>
+#include <QTextCodec>
+
+#include <common/OutputFile.h>
+#include <cstdlib>
+#include <fcntl.h>
+#include <initializer_list>
+#include <unistd.h>
+
+namespace {
+
+/// A standard stream that the caller closed must not be taken by the next file that is opened.
+void HoldStandardStreams()
+{
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(descriptor, F_GETFD) < 0)
+            ::open("/dev/null", O_RDWR);
+}
+
+int ShowText(const QString& pText)
+{
+    OutputFile output;
+    if (output.Open(QStringLiteral("-")) && output.Write(pText.toLocal8Bit()))
+        return eExitDone;
+    if (!output.isReaderGone())
+        console::PrintError(output.getError());
+    return output.isReaderGone() ? eExitPipeClosed : eExitFailed;
+}
+
+int Run(const CommandLine& pCommand)
+{
+    switch (pCommand.action) {
+    case CommandLine::eShowText:
+        return ShowText(pCommand.text);
+    case CommandLine::eAnalyze:
+        return AnalyzeCommand(pCommand.analyze).Run();
+    case CommandLine::eListen:
+        return ListenCommand(pCommand.listen).Run();
+    case CommandLine::eDevices:
+        return DevicesCommand(pCommand.devices).Run();
+    case CommandLine::eProfiles:
+        return ProfilesCommand(pCommand.profiles).Run();
+    case CommandLine::eConfig:
+        return ConfigCommand(pCommand.config).Run();
+    case CommandLine::eRefuse:
+        break;
+    }
+    console::PrintError(pCommand.text);
+    return eExitUsage;
+}
+
+/// Qt's plugin for PulseAudio now and then crashes when the process unloads it. Everything is
+/// written by then, so a command that used it leaves without unloading.
+bool UsesSound(const CommandLine& pCommand)
+{
+    return pCommand.action == CommandLine::eListen || pCommand.action == CommandLine::eDevices;
+}
+
+/// Sound plugins comment on devices that vanish. The commands say that in words of their own.
+void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    HoldStandardStreams();
+    interrupt::Install();
+    // File names are UTF-8 everywhere, in the C locale of containers and services as well.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("audio-analyzer"));
+    const CommandLine command = parseCommandLine(argc, argv);
+    if (UsesSound(command))
+        qInstallMessageHandler(&IgnoreMessage);
+    const int exitCode = Run(command);
+    interrupt::Finish();
+    if (UsesSound(command))
+        std::_Exit(exitCode);
+    return exitCode;
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAudioFormat>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// An input device as a person chooses one.
+struct InputDevice
+{
+    QString name;
+    bool isDefault;
+    QAudioFormat format;  ///< that would be recorded; invalid when there is none
+
+    /// Records what the machine plays itself.
+    bool isMonitor() const;
+    /// Intended: of several channels the converters leave hardly anything, so only mono inputs can
+    /// be analysed.
+    bool isUsable() const { return isUsable(format); }
+    static bool isUsable(const QAudioFormat& pFormat)
+    {
+        return pFormat.isValid() && pFormat.channelCount() == 1;
+    }
+};
+
+/// The present devices in the platform's order, each name once. Asks every device. [event loop]
+std::vector<InputDevice> listInputDevices();
+
+/// The names most like pName, the best first: three at most, none when none is near.
+QStringList findSimilarNames(const QString& pName, const QStringList& pNames);

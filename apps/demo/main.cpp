@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/Version.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <CLI/CLI.hpp>
+#include <cmath>
+#include <common/DemoTrack.h>
+#include <common/WholeFile.h>
+#include <cstdio>
+#include <exception>
+#include <sndfile.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+enum eExitCode
+{
+    eDone = 0,
+    eFailed = 1,
+    eUsage = 2
+};
+
+struct Arguments
+{
+    std::string output;
+    std::string beats;
+    DemoTrack::Options track;
+    int channels = 2;
+};
+
+constexpr std::size_t kFramesPerChunk = 4096;
+
+QString tr(const char* pText)
+{
+    return QCoreApplication::translate("audio-analyzer-demo", pText);
+}
+
+/// libsndfile's format for a file name's suffix; 0 = none that we write.
+int getFormat(const QString& pPath)
+{
+    const QString suffix = QFileInfo(pPath).suffix().toLower();
+    if (suffix == QLatin1String("wav"))
+        return SF_FORMAT_RF64 | SF_FORMAT_PCM_16;  // a plain WAV file unless it grows beyond 4 GB
+    if (suffix == QLatin1String("flac"))
+        return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
+    if (suffix == QLatin1String("ogg"))
+        return SF_FORMAT_OGG | SF_FORMAT_VORBIS;
+    if (suffix == QLatin1String("mp3"))
+        return SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
+    return 0;
+}
+
+SF_INFO getInfo(const Arguments& pArguments)
+{
+    SF_INFO info = {};
+    info.samplerate = pArguments.track.sampleRate;
+    info.channels = pArguments.channels;
+    info.format = getFormat(QFile::decodeName(pArguments.output.c_str()));
+    return info;
+}
+
+/// Makes the left channel of each frame the mean of both and closes the gaps.
+void mixToMono(std::vector<float>& pFrames, std::size_t pCount)
+{
+    for (std::size_t i = 0; i < pCount; ++i)
+        pFrames[i] = 0.5F * (pFrames[2 * i] + pFrames[2 * i + 1]);
+}
+
+/// Writes the whole track; a sentence on what failed, or an empty string.
+QString writeMusic(const Arguments& pArguments, const QString& pPath)
+{
+    SF_INFO info = getInfo(pArguments);
+    SNDFILE* file = sf_open(QFile::encodeName(pPath).constData(), SFM_WRITE, &info);
+    if (file == nullptr)
+        return QString::fromUtf8(sf_strerror(nullptr));
+    sf_command(file, SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
+    sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    DemoTrack track(pArguments.track);
+    std::vector<float> frames(2 * kFramesPerChunk);
+    bool isWritten = true;
+    for (std::size_t count = 0;
+         isWritten && (count = track.Read(frames.data(), kFramesPerChunk)) > 0;) {
+        if (pArguments.channels == 1)
+            mixToMono(frames, count);
+        isWritten = sf_writef_float(file, frames.data(), sf_count_t(count)) == sf_count_t(count);
+    }
+    const QString error = isWritten ? QString() : QString::fromUtf8(sf_strerror(file));
+    const bool isClosed = sf_close(file) == 0;
+    return isWritten && !isClosed ? tr("closing the file failed") : error;
+}
+
+/// Writes the time of every beat, one a line, in seconds.
+QString writeBeats(const Arguments& pArguments, const QString& pPath)
+{
+    const DemoTrack track(pArguments.track);
+    QFile file(pPath);
+    bool isWritten = file.open(QIODevice::WriteOnly);
+    for (const double time : track.getArrangement().getBeatTimes(track.getDuration()))
+        isWritten = isWritten && file.write(QByteArray::number(time, 'f', 6) + '\n') > 0;
+    return isWritten && file.flush() ? QString() : file.errorString();
+}
+
+int fail(const QString& pMessage, int pCode)
+{
+    std::fprintf(stderr, "audio-analyzer-demo: %s\n", pMessage.toLocal8Bit().constData());
+    return pCode;
+}
+
+int run(const Arguments& pArguments)
+{
+    const QString output = QFile::decodeName(pArguments.output.c_str());
+    const QString beats = QFile::decodeName(pArguments.beats.c_str());
+    WholeFile music;
+    WholeFile list;
+    if (!music.Create(output))
+        return fail(music.getError(), eFailed);
+    if (!beats.isEmpty() && !list.Create(beats))
+        return fail(list.getError(), eFailed);
+    QString error = writeMusic(pArguments, music.getTemporaryPath());
+    if (!error.isEmpty())
+        return fail(tr("Cannot write \"%1\": %2.").arg(output, error), eFailed);
+    error = beats.isEmpty() ? QString() : writeBeats(pArguments, list.getTemporaryPath());
+    if (!error.isEmpty())
+        return fail(tr("Cannot write \"%1\": %2.").arg(beats, error), eFailed);
+    if (!music.Commit())
+        return fail(music.getError(), eFailed);
+    return beats.isEmpty() || list.Commit() ? eDone : fail(list.getError(), eFailed);
+}
+
+/// What is wrong with arguments that are each fine alone; empty when nothing is.
+QString findConflict(const Arguments& pArguments)
+{
+    const SF_INFO info = getInfo(pArguments);
+    const QString output = QFile::decodeName(pArguments.output.c_str());
+    if (info.format == 0)
+        return tr("\"%1\" does not end in .wav, .flac, .ogg or .mp3.").arg(output);
+    // CLI11's ranges let "nan" through.
+    if (!std::isfinite(pArguments.track.bpm) || !std::isfinite(pArguments.track.duration))
+        return tr("--bpm and --seconds need a number.");
+    const bool isMp3 = (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG;
+    if (sf_format_check(&info) == SF_FALSE || (isMp3 && info.samplerate > 48000))
+        return tr("\"%1\" cannot hold %2 Hz; use .wav or .flac.").arg(output).arg(info.samplerate);
+    return pArguments.output == pArguments.beats ? tr("The music and the beats need two files.")
+                                                 : QString();
+}
+
+void addOptions(CLI::App& pApp, Arguments& pArguments)
+{
+    DemoTrack::Options& track = pArguments.track;
+    pApp.add_option("OUT", pArguments.output, "File to write: .wav, .flac, .ogg or .mp3")
+        ->required();
+    pApp.add_option("--rate", track.sampleRate, "Sample rate in Hz")
+        ->check(CLI::Range(DemoTrack::kMinimalRate, DemoTrack::kMaximalRate))
+        ->capture_default_str();
+    pApp.add_option("--bpm", track.bpm, "Tempo in beats per minute")
+        ->check(CLI::Range(DemoTrack::kMinimalBPM, DemoTrack::kMaximalBPM))
+        ->capture_default_str();
+    pApp.add_option("--channels", pArguments.channels, "1 = mono, 2 = stereo")
+        ->check(CLI::Range(1, 2))
+        ->capture_default_str();
+    pApp.add_option("--seconds", track.duration, "Length; the music repeats (default: one pass)")
+        ->check(CLI::Range(0.1, 86400.0));
+    pApp.add_option(
+        "--beats", pArguments.beats, "Also write the true beats, in seconds, one a line");
+    pApp.set_version_flag("--version", std::string("audio-analyzer-demo ") + AUDIOANALYZER_VERSION);
+    pApp.footer("Example: audio-analyzer-demo demo.flac --bpm 140 --beats demo.beats");
+}
+
+int parseAndRun(int pCount, char** pValues)
+{
+    Arguments arguments;
+    CLI::App app("Makes about a minute of electronic music whose beats are known.",
+                 "audio-analyzer-demo");
+    addOptions(app, arguments);
+    try {
+        app.parse(pCount, pValues);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? eDone : eUsage;
+    }
+    const QString conflict = findConflict(arguments);
+    return conflict.isEmpty() ? run(arguments) : fail(conflict, eUsage);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return parseAndRun(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "audio-analyzer-demo: %s\n", error.what());
+        return eFailed;
+    }
+}
