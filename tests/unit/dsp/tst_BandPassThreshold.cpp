@@ -110,6 +110,14 @@ std::vector<double> filteredValues(const Samples& pSamples, int pRate)
     return {transform.m_pInverseReal, transform.m_pInverseReal + count};
 }
 
+/// One whole decision, which makes everything that its steps need.
+void prepare(BandPassThreshold& decision, const Samples& samples, int rate, qint16 threshold)
+{
+    FastFourierTransform transform;
+    decision.RisesAbove(samples.data(), samples.size(), {50, 2000, rate, threshold}, transform);
+    QVERIFY(!decision.m_kernel.empty());
+}
+
 double errorBound(const BandPassThreshold& pDecision)
 {
     const auto length = static_cast<double>(pDecision.m_length);
@@ -273,8 +281,7 @@ void tst_BandPassThreshold::filteredSample_isWithinBound_everywhere()
         const Samples samples = anySignal(random, rate, count);
         const std::vector<double> values = filteredValues(samples, rate);
         BandPassThreshold decision;
-        QVERIFY(decision._Prepare(count, {50, 2000, rate, 0}));
-        decision._SetLimits(samples.data(), 0);
+        prepare(decision, samples, rate, 0);
         for (std::size_t i = 0; i < count; i += i < 20 || i > count - 20 ? 1 : 997) {
             const double difference = decision._FilteredSample(samples.data(), i) - values[i];
             QVERIFY(std::fabs(difference) <= errorBound(decision));
@@ -290,8 +297,7 @@ void tst_BandPassThreshold::halfTransform_isWithinBound_everywhere()
             const Samples samples = anySignal(random, rate, count);
             const std::vector<double> values = filteredValues(samples, rate);
             BandPassThreshold decision;
-            QVERIFY(decision._Prepare(count, {50, 2000, rate, 32767}));
-            decision._SetLimits(samples.data(), 32767);
+            prepare(decision, samples, rate, 32767);
             decision._DecideByHalfTransform(samples.data());
             double greatest = 0.0;
             for (std::size_t i = 0; i < count; ++i) {
@@ -332,8 +338,7 @@ void tst_BandPassThreshold::energy_provesFaintNoise()
     Random random(seed());
     const Samples samples = noise(random, 66150, 60.0);
     BandPassThreshold decision;
-    QVERIFY(decision._Prepare(samples.size(), {50, 2000, 44100, 3276}));
-    decision._SetLimits(samples.data(), 3276);
+    prepare(decision, samples, 44100, 3276);
     QCOMPARE(decision._DecideByEnergy(), BandPassThreshold::Verdict::eNotAbove);
 }
 
@@ -341,8 +346,7 @@ void tst_BandPassThreshold::peaks_proveLoudMusic()
 {
     const Samples samples = kicks(44100, 66150, 25000.0);
     BandPassThreshold decision;
-    QVERIFY(decision._Prepare(samples.size(), {50, 2000, 44100, 3276}));
-    decision._SetLimits(samples.data(), 3276);
+    prepare(decision, samples, 44100, 3276);
     QCOMPARE(decision._DecideByEnergy(), BandPassThreshold::Verdict::eOpen);
     QCOMPARE(decision._DecideByPeaks(samples.data()), BandPassThreshold::Verdict::eAbove);
 }
