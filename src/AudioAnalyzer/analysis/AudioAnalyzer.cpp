@@ -3,7 +3,7 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/analysis/detail/BlockSize.h>
 #include <AudioAnalyzer/config/Configuration.h>
-#include <AudioAnalyzer/dsp/detail/BandPassThreshold.h>
+#include <AudioAnalyzer/dsp/BandPassThreshold.h>
 
 #include <algorithm>
 
@@ -21,8 +21,7 @@ AudioAnalyzer::AudioAnalyzer(Configuration* pConfiguration,
       m_previousVolume(0), m_beatWindowEnd(0), m_beatWindowStart(0), m_nextBeatIndex(0),
       m_pPulseBlock(nullptr), m_pulseBlockFill(0),
       m_pulseBlockSize(detail::PulseBlockSize(m_sampleRate)), m_pStopBlock(nullptr),
-      m_stopBlockFill(0), m_stopBlockSize(0),
-      m_pStopDecision(std::make_unique<detail::BandPassThreshold>())
+      m_stopBlockFill(0), m_stopBlockSize(0), m_pStopDecision(std::make_unique<BandPassThreshold>())
 {
     m_pPulseBlock = new qint16[m_pulseBlockSize]();
 }

@@ -15,11 +15,8 @@
 #include <memory>
 #include <optional>
 
-class Configuration;
-
-namespace detail {
 class BandPassThreshold;
-}
+class Configuration;
 
 /// Finds pulses, beats and the tempo in mono 16-bit samples.
 ///
@@ -225,6 +222,6 @@ private:
     quint64 m_stopBlockSize;  ///< samples
     FastFourierTransform m_stopFFT;
 
-    std::unique_ptr<detail::BandPassThreshold> m_pStopDecision;  ///< spares m_stopFFT most blocks
+    std::unique_ptr<BandPassThreshold> m_pStopDecision;  ///< spares m_stopFFT most blocks
     std::list<quint64> m_freeBeatNodes;  ///< nodes that m_beatIndexes uses again: no allocation
 };

@@ -2,7 +2,7 @@
 #include <AudioAnalyzer/analysis/AudioAnalyzer.h>
 #include <AudioAnalyzer/analysis/detail/Durations.h>
 #include <AudioAnalyzer/config/Configuration.h>
-#include <AudioAnalyzer/dsp/detail/BandPassThreshold.h>
+#include <AudioAnalyzer/dsp/BandPassThreshold.h>
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/dsp/BandPassThreshold.h>
 #include <AudioAnalyzer/dsp/FastFourierTransform.h>
-#include <AudioAnalyzer/dsp/detail/BandPassThreshold.h>
 
 #include <QtTest>
 
@@ -11,7 +11,6 @@
 namespace {
 
 using Samples = std::vector<qint16>;
-using detail::BandPassThreshold;
 using Question = BandPassThreshold::Question;
 
 constexpr double kPi = 3.141592653589793;

@@ -8,8 +8,6 @@
 
 class FastFourierTransform;
 
-namespace detail {
-
 /// Decides whether a band-passed block rises above a threshold: exactly as the full transform does,
 /// and nearly always without it.
 ///
@@ -18,7 +16,7 @@ namespace detail {
 /// farther from the threshold than everything that rounding can do; docs/stop-decision.md proves
 /// the bound. What they leave open goes through the full transform.
 ///
-/// Threads: one thread at a time.
+/// Internal to the library: neither installed nor exported. Threads: one thread at a time.
 class BandPassThreshold
 {
 public:
@@ -93,5 +91,3 @@ private:
     double* m_pImaginary = nullptr;  ///< owned result of a half transform
     std::size_t m_resultCount = 0;   ///< values in each
 };
-
-}  // namespace detail

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/dsp/BandPassThreshold.h>
 #include <AudioAnalyzer/dsp/FastFourierTransform.h>
-#include <AudioAnalyzer/dsp/detail/BandPassThreshold.h>
 #include <AudioAnalyzer/dsp/detail/BinRanges.h>
 #include <AudioAnalyzer/dsp/detail/LengthSelection.h>
 
@@ -8,8 +8,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-
-namespace detail {
 
 namespace {
 
@@ -100,13 +98,13 @@ bool BandPassThreshold::RisesAboveByTransform(const qint16* pSamples,
 /// False for what the cheap ways are not made for: short blocks, wide bands, negative thresholds.
 bool BandPassThreshold::_ChooseBins(std::size_t pCount, const Question& pQuestion)
 {
-    const std::size_t length = lengthOfBits(selectBitCount(pCount));
+    const std::size_t length = detail::lengthOfBits(detail::selectBitCount(pCount));
     const int nyquist = pQuestion.sampleRate >> 1;
     if (length < kLeastLength || pQuestion.threshold < 0 || pQuestion.highHz < 1 ||
         nyquist <= std::max(pQuestion.lowHz, 0))
         return false;
-    const std::size_t low = bandPassCut(pQuestion.lowHz, nyquist, length / 2);
-    const std::size_t high = bandPassKeep(pQuestion.highHz, nyquist, length / 2);
+    const std::size_t low = detail::bandPassCut(pQuestion.lowHz, nyquist, length / 2);
+    const std::size_t high = detail::bandPassKeep(pQuestion.highHz, nyquist, length / 2);
     if (low < 1 || low >= high || high >= length / 4)
         return false;
     if (pCount != m_count || low != m_lowBin || high != m_highBin)
@@ -275,5 +273,3 @@ void BandPassThreshold::_FilterHalfSpectrum()
         m_packedImaginary[half - k] = real * c - imaginary * (1.0 - s);
     }
 }
-
-}  // namespace detail
