@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
-#include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
-#include <AudioAnalyzer/config/Configuration.h>
-
 #include "BenchSignals.h"
-
-#include <QAudioFormat>
+#include "Pipeline.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -15,55 +10,6 @@ namespace {
 
 constexpr int kRate = 44100;
 constexpr size_t kBatch = 1024;
-constexpr quint64 kStart = 1700000000000000;
-
-class Pipeline
-{
-public:
-    Pipeline() : m_clock(kStart), m_analyzer(&configured(m_configuration), format(), nullptr)
-    {
-        const auto nothing = [] {};
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnAmplitudesComputed, nothing);
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnAudioSamplesAnalyzed, nothing);
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnAnalysisStarted, nothing);
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnAnalysisStopped, nothing);
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnBeat, nothing);
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnBPMChanged, nothing);
-        QObject::connect(&m_analyzer, &AudioAnalyzer::OnPulseDetected, nothing);
-        m_analyzer.Start();
-    }
-
-    void analyze(qint16* pSamples, size_t pCount)
-    {
-        m_fed += pCount;
-        m_clock.setTime(kStart + m_fed * 1000000 / kRate);
-        m_analyzer.Analyze(pSamples, pCount);
-    }
-
-    double bpm() const { return m_analyzer.getCurrentBPM(); }
-
-private:
-    static Configuration& configured(Configuration& pConfiguration)
-    {
-        pConfiguration.setStopDetectionDuration(1.5);
-        for (const Profile& profile : pConfiguration.getProfiles())
-            if (profile.getName() == QLatin1String("Electro"))
-                pConfiguration.setSelectedProfile(profile);
-        return pConfiguration;
-    }
-
-    static QAudioFormat format()
-    {
-        QAudioFormat format;
-        format.setSampleRate(kRate);
-        return format;
-    }
-
-    HighResolutionTimerOverride m_clock;
-    Configuration m_configuration;
-    AudioAnalyzer m_analyzer;
-    quint64 m_fed = 0;
-};
 
 template <typename Visitor>
 void forEachBatch(waves::Samples& samples, Visitor visit)

@@ -110,8 +110,16 @@ def start_up_rows(run):
                 "yes" if seconds <= limit else "no"
 
 
+def program_rows(run):
+    name = "program/8 minutes of FLAC, jobs {}/real_time"
+    one = run.counter(name.format(1), "realtime")
+    yield "analyze, FLAC, 1 job", f"{one:.0f} x", "at least 400", "yes" if one >= 400 else "no"
+    two = run.counter(name.format(2), "realtime")
+    yield "analyze, FLAC, 2 jobs", f"{two:.0f} x", f"{two / one:.2f} x one job", ""
+
+
 SECTIONS = (pipeline_rows, transform_rows, spectrum_rows, statistics_rows, converter_rows,
-            start_up_rows)
+            program_rows, start_up_rows)
 
 
 def all_rows(run):

@@ -53,9 +53,11 @@ void FastFourierTransform::_ZeroBins(size_t pFirst, size_t pEnd)
 {
     if (pFirst >= pEnd)
         return;
+    const bool isOneRange = pEnd == m_length - pEnd;
     for (double* pParts : {m_pReal, m_pImaginary}) {
-        std::fill(pParts + pFirst, pParts + pEnd, 0.0);
-        std::fill(pParts + m_length - pEnd, pParts + m_length - pFirst, 0.0);
+        std::fill(pParts + pFirst, pParts + (isOneRange ? m_length - pFirst : pEnd), 0.0);
+        if (!isOneRange)
+            std::fill(pParts + m_length - pEnd, pParts + m_length - pFirst, 0.0);
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/AudioResampler.h>
+#include <AudioAnalyzer/audio/detail/ChannelAverage.h>
 
 #include "Resampling.h"
 
@@ -19,6 +20,7 @@ class tst_Converters_bitIdentity : public QObject
 private Q_SLOTS:
     void converters_equalThePlainOnes_data();
     void converters_equalThePlainOnes();
+    void byteAverages_areThePlainOnes_onEveryPath();
 };
 
 namespace {
@@ -113,6 +115,35 @@ void tst_Converters_bitIdentity::converters_equalThePlainOnes()
                 std::equal(converted.begin(), converted.end(), expected.begin(), expected.end()));
         }
     }
+}
+
+template <typename T, typename Accumulator, size_t kChannels>
+void compareByteAverages(waves::Random& random)
+{
+    for (const size_t frames : {0u, 1u, 255u, 256u, 257u, 1000u}) {
+        const std::vector<char> input = makeInput(frames * kChannels, random);
+        std::vector<short> expected(frames), portable(frames), vector(frames);
+        plain::multiToMono<T, Accumulator>(input.data(), frames, kChannels, expected.data());
+        detail::AverageBytes<T, kChannels>(input.data(), frames, portable.data());
+        QVERIFY(portable == expected);
+        if (!detail::HasAvx2())
+            continue;
+        detail::AverageBytesAvx2<T, kChannels>(input.data(), frames, vector.data());
+        QVERIFY(vector == expected);
+    }
+}
+
+void tst_Converters_bitIdentity::byteAverages_areThePlainOnes_onEveryPath()
+{
+    waves::Random random(seed());
+    compareByteAverages<signed char, short, 2>(random);
+    compareByteAverages<signed char, short, 3>(random);
+    compareByteAverages<signed char, short, 6>(random);
+    compareByteAverages<signed char, short, 8>(random);
+    compareByteAverages<unsigned char, unsigned short, 2>(random);
+    compareByteAverages<unsigned char, unsigned short, 3>(random);
+    compareByteAverages<unsigned char, unsigned short, 6>(random);
+    compareByteAverages<unsigned char, unsigned short, 8>(random);
 }
 
 QTEST_APPLESS_MAIN(tst_Converters_bitIdentity)

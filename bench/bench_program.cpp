@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+#include <string>
 
 // The command line program as a user starts it. AA_PROGRAM is empty when the hosts are not built.
 
@@ -57,9 +58,40 @@ void fileOfOneSecond(benchmark::State& state)
     run(state, {QStringLiteral("analyze"), path});
 }
 
+/// A minute of FLAC under as many names as there are files.
+void flacFiles(benchmark::State& state, int files, int jobs)
+{
+    const QTemporaryDir folder;
+    const QString original = folder.filePath(QStringLiteral("0.flac"));
+    if (QProcess::execute(QStringLiteral(AA_DEMO_PROGRAM), {original}) != 0) {
+        state.SkipWithError("no demo track");
+        return;
+    }
+    QStringList arguments = {QStringLiteral("analyze"),
+                             QStringLiteral("--quiet"),
+                             QStringLiteral("--jobs"),
+                             QString::number(jobs),
+                             original};
+    for (int i = 1; i < files; ++i) {
+        arguments << folder.filePath(QStringLiteral("%1.flac").arg(i));
+        QFile::link(original, arguments.last());
+    }
+    run(state, arguments);
+    state.counters["realtime"] = benchmark::Counter(
+        60.0 * files * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+}
+
 bool registerAll()
 {
     if (sizeof(AA_PROGRAM) > 1) {
+        for (const int jobs : {1, 2})
+            benchmark::RegisterBenchmark(
+                ("program/8 minutes of FLAC, jobs " + std::to_string(jobs)).c_str(),
+                flacFiles,
+                8,
+                jobs)
+                ->UseRealTime()
+                ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark("start-up/--version", version)
             ->UseRealTime()
             ->Unit(benchmark::kMillisecond);
