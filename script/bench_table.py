@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Prints the medians of a benchmark run, and what they mean against each goal.
 
-    script/bench_table.py out/bench.json            for a terminal
-    script/bench_table.py --markdown out/bench.json for docs/performance.md
+    script/bench_table.py out/bench.json                         on the terminal
+    script/bench_table.py out/bench.json docs/performance.md     into the document's marked places
 """
 import json
 import sys
@@ -77,6 +77,14 @@ def statistics_rows(run):
     yield name, time_text(seconds), "at most 6 µs", "yes" if seconds <= 6e-6 else "no"
 
 
+def stop_rows(run):
+    plain = run.seconds("stop decision/full transform")
+    for name in ("full transform", "loud music", "music at -24 dB", "faint noise"):
+        seconds = run.seconds(f"stop decision/{name}")
+        yield f"stop decision, {name}", time_text(seconds), \
+            f"{seconds / plain:.2f} x the full transform", ""
+
+
 def converter_rows(run):
     for name in sorted(name for name in run.rows if name.startswith("converter/")):
         speed = run.counter(name, "bytes_per_second") / 1e9
@@ -118,7 +126,7 @@ def program_rows(run):
     yield "analyze, FLAC, 2 jobs", f"{two:.0f} x", f"{two / one:.2f} x one job", ""
 
 
-SECTIONS = (pipeline_rows, transform_rows, spectrum_rows, statistics_rows, converter_rows,
+SECTIONS = (pipeline_rows, transform_rows, spectrum_rows, statistics_rows, stop_rows, converter_rows,
             program_rows, start_up_rows)
 
 
@@ -130,24 +138,69 @@ def all_rows(run):
             yield f"({section.__name__}: not in this run)", "", "", ""
 
 
+def second_rows(run):
+    """How the time for one second of audio divides: 44100 Hz, blocks of 1024 samples."""
+    blocks = 44100 / 1024
+    parts = [("forward transforms", blocks * run.seconds("transform/Compute/1024")),
+             ("inverse transforms", blocks * run.seconds("transform/ComputeInverse/1024")),
+             ("amplitude spectra", blocks * run.seconds("spectrum/getAmplitudes/1024")),
+             ("filters", blocks * run.seconds("spectrum/BandPassFilter/1024")),
+             ("statistics", blocks * run.seconds("statistics/block of 1024 in a window of 2 s")),
+             ("stop decisions, loud music", run.seconds("stop decision/loud music") / 1.5)]
+    whole = 1.0 / run.counter("pipeline/this library", "realtime")
+    rest = whole - sum(seconds for _, seconds in parts)
+    for name, seconds in parts + [("rectifying, counting, beats, signals", rest),
+                                  ("the whole", whole)]:
+        yield name, time_text(seconds), f"{100 * seconds / whole:.0f} %"
+
+
+def machine(run):
+    with open("/proc/cpuinfo", encoding="utf-8") as file:
+        model = next((line.split(":")[1].strip() for line in file if "model name" in line), "?")
+    return f"{model}, {run.context['num_cpus']} processors, kernel " \
+           f"{run.context.get('kernel', '?')}, {run.context['date'][:10]}"
+
+
+def markdown(header, rows):
+    lines = [f"| {' | '.join(row)} |" for row in [header] + rows]
+    return "\n".join([lines[0], "|---" * len(header) + "|"] + lines[1:])
+
+
+def text(header, rows):
+    widths = [max(len(row[i]) for row in [header] + rows) for i in range(len(header))]
+    lines = ("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip()
+             for row in [header] + rows)
+    return "\n".join(lines)
+
+
+def replace(document, mark, content):
+    """What stands between <!-- mark --> and <!-- end --> gives way to content."""
+    head, rest = document.split(f"<!-- {mark} -->\n", 1)
+    return f"{head}<!-- {mark} -->\n{content}\n<!-- end -->{rest.split('<!-- end -->', 1)[1]}"
+
+
+def write_document(path, run, goals, second):
+    with open(path, encoding="utf-8") as file:
+        document = file.read()
+    document = replace(document, "machine", machine(run))
+    document = replace(document, "goals", markdown(*goals))
+    document = replace(document, "second", markdown(*second))
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(document)
+
+
 def main():
-    arguments = [argument for argument in sys.argv[1:] if argument != "--markdown"]
-    if len(arguments) != 1:
+    if len(sys.argv) not in (2, 3):
         sys.exit(__doc__)
-    run = Run(arguments[0])
-    host = f"{run.context['host_name']}, {run.context['num_cpus']} processors, " \
-           f"kernel {run.context.get('kernel', '?')}, {run.context['date']}"
-    header = ("what", "median", "against the goal", "met")
-    rows = list(all_rows(run))
-    if "--markdown" in sys.argv:
-        print(f"{host}\n\n| {' | '.join(header)} |\n|---|---|---|---|")
-        for row in rows:
-            print(f"| {' | '.join(row)} |")
-        return
-    widths = [max(len(row[i]) for row in [header] + rows) for i in range(4)]
-    print(host)
-    for row in [header] + rows:
-        print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
+    run = Run(sys.argv[1])
+    goals = (("what", "median", "against the goal", "met"), list(all_rows(run)))
+    second = (("a second of audio", "time", "share"), list(second_rows(run)))
+    if len(sys.argv) == 3:
+        write_document(sys.argv[2], run, goals, second)
+    print(machine(run))
+    print(text(*goals))
+    print()
+    print(text(*second))
 
 
 if __name__ == "__main__":

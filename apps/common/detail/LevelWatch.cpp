@@ -64,18 +64,21 @@ std::vector<eCaptureNotice> LevelWatch::_Judge()
     const Window& window = m_present;
     const int magnitude = std::max(std::abs(window.minimum), std::abs(window.maximum));
     const bool isSilent = window.minimum == window.maximum;
+    m_silentWindows = isSilent ? m_silentWindows + 1 : 0;
+    const bool isSilence = m_silentWindows >= (m_wasMusic ? kGap : 1);
     const bool isQuiet = !isSilent && !window.isMusic && magnitude >= kAudible;
     // Once noticed, only a window without any clipping ends it.
     const quint64 limit = m_isClippingTold ? 1 : std::max<quint64>(1, m_window / kSamplesPerClip);
 
     std::vector<eCaptureNotice> notices;
-    if (HasBegun(isSilent, m_isSilenceTold))
+    if (HasBegun(isSilence, m_isSilenceTold))
         notices.push_back(eDigitalSilenceNotice);
     if (HasBegun(isQuiet && m_wasQuiet, m_isQuietTold))
         notices.push_back(eTooQuietNotice);
     if (HasBegun(window.clipped >= limit, m_isClippingTold))
         notices.push_back(eClippedNotice);
     m_wasQuiet = isQuiet;
+    m_wasMusic |= window.isMusic;
     return notices;
 }
 

@@ -56,6 +56,7 @@ class tst_LevelWatch : public QObject
 private Q_SLOTS:
     void music_isNotWorthANotice();
     void digitalSilence_isToldOncePerOccurrence();
+    void digitalSilence_isAGap_whenMusicPlayedBefore();
     void digitalSilence_isAnyConstantLevel();
     void tooQuiet_isTold_whenASecondWindowHoldsNoMusic();
     void tooQuiet_isNotTold_ofNoise();
@@ -82,8 +83,23 @@ void tst_LevelWatch::digitalSilence_isToldOncePerOccurrence()
     LevelWatch watch(kWindow);
     QCOMPARE(Add(watch, Constant(0), false), kSilence);
     QCOMPARE(Add(watch, Constant(0), false), kNothing);
-    QCOMPARE(Add(watch, Square(20000), true), kNothing);
+    QCOMPARE(Add(watch, Square(20), false), kNothing);
     QCOMPARE(Add(watch, Constant(0), false), kSilence);
+}
+
+void tst_LevelWatch::digitalSilence_isAGap_whenMusicPlayedBefore()
+{
+    LevelWatch watch(kWindow);
+    for (int track = 0; track < 2; ++track) {
+        QCOMPARE(Add(watch, Square(20000), true), kNothing);
+        for (int i = 0; i < 9; ++i)
+            QCOMPARE(Add(watch, Constant(0), false), kNothing);
+        QCOMPARE(Add(watch, Square(20000), true), kNothing);
+        for (int i = 0; i < 9; ++i)
+            QCOMPARE(Add(watch, Constant(0), false), kNothing);
+        QCOMPARE(Add(watch, Constant(0), false), kSilence);
+        QCOMPARE(Add(watch, Constant(0), false), kNothing);
+    }
 }
 
 void tst_LevelWatch::digitalSilence_isAnyConstantLevel()
