@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/audio/AudioDownmix.h>
+
 #include <QFile>
 
 #include <cerrno>
 #include <common/AudioFileReader.h>
 #include <common/detail/ContainerSize.h>
-#include <common/detail/Downmix.h>
 #include <common/detail/QuietStandardError.h>
 #include <cstring>
 #include <optional>
@@ -110,7 +111,7 @@ std::size_t AudioFileReader::Read(qint16* pSamples, std::size_t pCount)
 {
     m_frames.resize(pCount * std::size_t(m_info.channels));
     const std::size_t count = _ReadFrames(pCount);
-    detail::Downmix(m_frames.data(), m_info.channels, count, pSamples);
+    AudioDownmix::ToMono(m_frames.data(), m_info.channels, count, pSamples);
     m_framesRead += count;
     if (count < pCount)
         _CheckEnd();

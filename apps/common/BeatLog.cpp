@@ -1,130 +1,70 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
-
-#include <algorithm>
 #include <common/BeatLog.h>
 
-BeatLog::BeatLog(QObject* pParent) : QObject(pParent) {}
+BeatLog::BeatLog(QObject* pParent) : QObject(pParent)
+{
+    connect(&m_follower, &BeatFollower::OnBeatFound, this, &BeatLog::_LogBeat);
+    connect(&m_follower, &BeatFollower::OnPulseFound, this, &BeatLog::_LogPulse);
+    connect(&m_follower, &BeatFollower::OnTempoFound, this, &BeatLog::_LogTempo);
+    connect(&m_follower, &BeatFollower::OnPlayingChanged, this, &BeatLog::_LogPlaying);
+}
 
 void BeatLog::Follow(AudioAnalyzer* pAnalyzer, int pSampleRate)
 {
-    m_pAnalyzer = pAnalyzer;
     m_result.sampleRate = pSampleRate;
-    connect(pAnalyzer, &AudioAnalyzer::OnAmplitudesComputed, this, &BeatLog::_OnSpectrum);
-    connect(pAnalyzer, &AudioAnalyzer::OnPulseDetected, this, &BeatLog::_OnPulse);
-    connect(pAnalyzer, &AudioAnalyzer::OnBPMChanged, this, &BeatLog::_OnTempo);
-    connect(pAnalyzer,
-            &AudioAnalyzer::OnAudioSamplesAnalyzed,
-            this,
-            [this](unsigned int, qint16*, unsigned int pCount) { _OnBlockEnd(pCount); });
+    m_follower.Follow(pAnalyzer);
 }
 
 void BeatLog::Restart(double pTime)
 {
     m_start = pTime;
-    m_blockIndex = 0;
-    m_windowPulses.clear();
-    m_virtualBeat.reset();
+    m_follower.Restart();
 }
 
 void BeatLog::setEnd(quint64 pSampleCount)
 {
-    m_end = pSampleCount;
+    m_follower.setEnd(pSampleCount);
 }
 
 void BeatLog::Finish()
 {
-    m_result.sampleCount = std::min(m_end, m_blockIndex);
-    if (!m_isPlaying && m_silenceStart < m_result.duration())
+    m_result.sampleCount = m_follower.getSampleCount();
+    if (!isPlaying() && m_silenceStart < m_result.duration())
         m_result.silences.push_back({m_silenceStart, m_result.duration()});
 }
 
-// A spectrum is computed for a block only while music plays, and before anything else.
-void BeatLog::_OnSpectrum()
+void BeatLog::_LogBeat(const BeatFollower::Beat& pBeat)
 {
-    m_isBlockHeard = true;
-    _SetPlaying(true);
-}
-
-void BeatLog::_OnPulse(const Pulse& pPulse)
-{
-    if (pPulse.getType() == eVirtualBeat) {
-        m_virtualBeat = _MakeBeat(pPulse, 0.0);
-        return;
-    }
-    _LogPulse(pPulse);
-    if (pPulse.getType() == eBeat)
-        _LogBeat(_MakeBeat(pPulse, m_lastBPM));
-    else
-        m_windowPulses.push_back(pPulse);
-}
-
-void BeatLog::_OnTempo(double pBPM)
-{
-    m_lastBPM = pBPM;
-    const auto chosen = std::find_if(m_windowPulses.begin(),
-                                     m_windowPulses.end(),
-                                     [](const Pulse& pPulse) { return pPulse.getType() == eBeat; });
-    if (chosen != m_windowPulses.end())
-        _LogBeat(_MakeBeat(*chosen, pBPM));
-    if (m_virtualBeat) {
-        m_virtualBeat->bpm = pBPM;
-        _LogBeat(*m_virtualBeat);
-    }
-    m_windowPulses.clear();
-    m_virtualBeat.reset();
-    if (m_blockIndex >= m_end)
-        return;
-    m_result.tempos.push_back({_TimeOf(m_blockIndex), pBPM});
-    Q_EMIT OnTempoLogged(_TimeOf(m_blockIndex), pBPM);
-}
-
-void BeatLog::_OnBlockEnd(unsigned int pCount)
-{
-    if (!m_isBlockHeard)
-        _SetPlaying(false);
-    m_isBlockHeard = false;
-    m_blockIndex += pCount;
-}
-
-LoggedBeat BeatLog::_MakeBeat(const Pulse& pPulse, double pBPM) const
-{
-    return {pPulse.getStartIndex(),
-            _TimeOf(pPulse.getStartIndex()),
-            pPulse.getType() == eVirtualBeat,
-            pPulse.getMaximalValue(),
-            m_pAnalyzer->getAccuracy(),
-            pBPM};
+    const LoggedBeat beat{pBeat.index,
+                          _TimeOf(pBeat.index),
+                          pBeat.isVirtual,
+                          pBeat.loudness,
+                          pBeat.accuracy,
+                          pBeat.bpm};
+    m_result.beats.push_back(beat);
+    Q_EMIT OnBeatLogged(beat);
 }
 
 void BeatLog::_LogPulse(const Pulse& pPulse)
 {
-    if (pPulse.getStartIndex() >= m_end)
-        return;
     const double time = _TimeOf(pPulse.getStartIndex());
     m_result.pulseTimes.push_back(time);
     Q_EMIT OnPulseLogged(time, pPulse);
 }
 
-void BeatLog::_LogBeat(const LoggedBeat& pBeat)
+void BeatLog::_LogTempo(quint64 pIndex, double pBPM)
 {
-    if (pBeat.index >= m_end)
-        return;
-    m_result.beats.push_back(pBeat);
-    Q_EMIT OnBeatLogged(pBeat);
+    m_result.tempos.push_back({_TimeOf(pIndex), pBPM});
+    Q_EMIT OnTempoLogged(_TimeOf(pIndex), pBPM);
 }
 
-void BeatLog::_SetPlaying(bool pIsPlaying)
+void BeatLog::_LogPlaying(quint64 pIndex, bool pIsPlaying)
 {
-    if ((m_isPlayingKnown && pIsPlaying == m_isPlaying) || m_blockIndex >= m_end)
-        return;
-    const double now = _TimeOf(m_blockIndex);
+    const double now = _TimeOf(pIndex);
     if (pIsPlaying && now > m_silenceStart)
         m_result.silences.push_back({m_silenceStart, now});
     if (!pIsPlaying)
         m_silenceStart = now;
-    m_isPlayingKnown = true;
-    m_isPlaying = pIsPlaying;
     Q_EMIT OnPlayingChanged(now, pIsPlaying);
 }
 

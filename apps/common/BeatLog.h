@@ -1,24 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/BeatFollower.h>
 #include <AudioAnalyzer/analysis/Pulse.h>
 
 #include <QObject>
 
 #include <common/AnalysisResult.h>
-#include <limits>
-#include <optional>
-#include <vector>
 
 class AudioAnalyzer;
 
-/// Writes down what an analyzer reports: beats in order of time, each once, tempos, pulses,
-/// silences.
-///
-/// The analyzer announces a pulse when it hears it and chooses the beat among the pulses of a beat
-/// window when that window has passed, at the latest before it reports the tempo. So the log keeps
-/// the pulses of the open window and looks for the one that has become a beat. A pulse in the very
-/// block that closes its window arrives after the tempo and is a beat already.
+/// Writes down what a BeatFollower tells of an analyzer: beats in order of time, each once, tempos,
+/// pulses, silences.
 ///
 /// Positions count from 0 at the first sample after Follow(), or after Restart().
 ///
@@ -44,7 +37,12 @@ public:
     /// Complete after Finish().
     const AnalysisResult& getResult() const { return m_result; }
     AnalysisResult& getResult() { return m_result; }
-    bool isPlaying() const { return m_isPlaying; }
+    bool isPlaying() const { return m_follower.isPlaying(); }
+    /// Samples of silence behind the end that close any open beat window.
+    quint64 getSettlingSampleCount() const
+    {
+        return m_follower.getSettlingSampleCount(m_result.sampleRate);
+    }
 
 Q_SIGNALS:
     /// In order of time, each once; pBeat is valid during the emission.
@@ -58,26 +56,14 @@ Q_SIGNALS:
     void OnPlayingChanged(double pTime, bool pIsPlaying);
 
 private:
-    void _OnSpectrum();
-    void _OnPulse(const Pulse& pPulse);
-    void _OnTempo(double pBPM);
-    void _OnBlockEnd(unsigned int pCount);
-    LoggedBeat _MakeBeat(const Pulse& pPulse, double pBPM) const;
+    void _LogBeat(const BeatFollower::Beat& pBeat);
     void _LogPulse(const Pulse& pPulse);
-    void _LogBeat(const LoggedBeat& pBeat);
-    void _SetPlaying(bool pIsPlaying);
+    void _LogTempo(quint64 pIndex, double pBPM);
+    void _LogPlaying(quint64 pIndex, bool pIsPlaying);
     double _TimeOf(quint64 pIndex) const;
 
-    AudioAnalyzer* m_pAnalyzer = nullptr;  ///< not owned
+    BeatFollower m_follower;
     AnalysisResult m_result;
-    double m_start = 0.0;                                 ///< time of position 0, seconds
-    quint64 m_blockIndex = 0;                             ///< first sample of the present block
-    quint64 m_end = std::numeric_limits<quint64>::max();  ///< samples
-    std::vector<Pulse> m_windowPulses;        ///< pulses since the last window was closed
-    std::optional<LoggedBeat> m_virtualBeat;  ///< waits for the tempo of its window
-    double m_lastBPM = 0.0;                   ///< last tempo reported
-    bool m_isBlockHeard = false;              ///< the present block was analysed: music plays
-    bool m_isPlaying = false;
-    bool m_isPlayingKnown = false;  ///< a block has been seen
-    double m_silenceStart = 0.0;    ///< seconds; while not playing
+    double m_start = 0.0;         ///< time of position 0, seconds
+    double m_silenceStart = 0.0;  ///< seconds; while not playing
 };

@@ -9,7 +9,6 @@ namespace {
 
 constexpr quint64 kStartTime = 1000000;  ///< µs; any constant above 0
 constexpr quint64 kBlocksPerEventLoop = 64;
-constexpr quint64 kBlocksBehindBeat = 12;  ///< a beat window ends well within that
 
 QAudioFormat MakeFormat(int pSampleRate)
 {
@@ -99,9 +98,7 @@ void FileAnalysis::_Feed(std::size_t pCount)
 /// Completes the last block, then waits out the longest time that a beat window can stay open.
 void FileAnalysis::_FeedSilence()
 {
-    const double slowest = 60.0 / m_configuration.getSelectedProfile().getMinimalBPM();
-    const quint64 rest =
-        quint64(slowest * m_source.getSampleRate()) + kBlocksBehindBeat * m_batch.size();
+    const quint64 rest = m_log.getSettlingSampleCount();
     std::fill(
         m_batch.begin() + std::ptrdiff_t(m_sampleCount - m_fedCount), m_batch.end(), qint16(0));
     _Feed(m_batch.size());

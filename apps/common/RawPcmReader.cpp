@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/audio/AudioDownmix.h>
+
 #include <QFile>
 #include <QtEndian>
 
 #include <cerrno>
 #include <common/RawPcmReader.h>
-#include <common/detail/Downmix.h>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -45,7 +46,7 @@ std::size_t RawPcmReader::Read(qint16* pSamples, std::size_t pCount)
     for (std::size_t i = 0; i < m_frames.size(); ++i)
         m_frames[i] =
             float(qFromLittleEndian<qint16>(m_bytes.constData() + i * sizeof(qint16))) / 32768.0f;
-    detail::Downmix(m_frames.data(), m_channels, count, pSamples);
+    AudioDownmix::ToMono(m_frames.data(), m_channels, count, pSamples);
     return count;
 }
 

@@ -110,6 +110,9 @@ public:
     bool setFixedBPM(double pBPM);
     /// Whether the last tempo is kept across gaps and resets (it is by default).
     void setConsistencyAllowed(bool pIsAllowed);
+    /// Whether a timer sends OnBeat() (it does by default). A host without an event loop, or one
+    /// that takes its beats from a BeatFollower, needs none.
+    void setBeatTimerAllowed(bool pIsAllowed);
     /// In (0, 1]: falls with every beat window that holds no pulse.
     double getAccuracy() const;
     /// Seconds since the accuracy fell below one half; 0 while it is not.
@@ -224,4 +227,5 @@ private:
 
     std::unique_ptr<BandPassThreshold> m_pStopDecision;  ///< spares m_stopFFT most blocks
     std::list<quint64> m_freeBeatNodes;  ///< nodes that m_beatIndexes uses again: no allocation
+    bool m_isBeatTimerAllowed = true;    ///< a timer sends OnBeat()
 };

@@ -74,6 +74,11 @@ void AudioAnalyzer::setConsistencyAllowed(bool pIsAllowed)
     m_isConsistencyAllowed = pIsAllowed;
 }
 
+void AudioAnalyzer::setBeatTimerAllowed(bool pIsAllowed)
+{
+    m_isBeatTimerAllowed = pIsAllowed;
+}
+
 double AudioAnalyzer::getAccuracy() const
 {
     return std::min(m_accuracy, 1.0 / static_cast<double>(m_missedBeatsCount + 1));
@@ -242,7 +247,7 @@ void AudioAnalyzer::_ReportTempo()
 void AudioAnalyzer::_ArmBeatTimer(const Pulse& pBeat)
 {
     // Intended: under a fixed tempo no timer is armed, so no OnBeat() is sent at all.
-    if (m_beatLength == 0 || getFixedBPM() > 0.0)
+    if (!m_isBeatTimerAllowed || m_beatLength == 0 || getFixedBPM() > 0.0)
         return;
     const quint64 now = HighResolutionTimer::getTime();
     const quint64 period =

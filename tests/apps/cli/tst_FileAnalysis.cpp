@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
+#include <AudioAnalyzer/audio/AudioDownmix.h>
 
 #include "TestAudio.h"
 
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <common/FileAnalysis.h>
-#include <common/detail/Downmix.h>
 #include <common/detail/OverallTempo.h>
 
 namespace {
@@ -29,7 +29,7 @@ public:
     {
         m_last = m_position;
         const std::size_t count = std::min(pCount, m_samples.size() - m_position);
-        detail::Downmix(m_samples.data() + m_position, 1, count, pSamples);
+        AudioDownmix::ToMono(m_samples.data() + m_position, 1, count, pSamples);
         m_position += count;
         return count;
     }

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void noTimer_isArmed_forAVirtualBeatThatIsNotSent();
     void noTimer_isArmed_withoutATempo();
     void noTimer_isArmed_underAFixedTempo_isIntended();
+    void noTimer_isArmed_whenTheHostWantsNone();
     void timer_isArmed_onceTheFixedTempoIsLifted();
     void beat_isSent_whenTheTimerFires();
     void beat_isNotSent_afterStopOrReset_data();
@@ -170,6 +171,23 @@ void tst_AudioAnalyzer_schedule::noTimer_isArmed_underAFixedTempo_isIntended()
     QCOMPARE(kindsOf(fixture.log.getRecords()), QStringLiteral("BPM Pulse BPM"));
     QCOMPARE(fixture.log.getRecords()[0].bpm, 100.0);
     QCOMPARE(fixture.analyzer.m_beatLength, quint64(26460));
+}
+
+// The setting outlives Stop() and Reset().
+void tst_AudioAnalyzer_schedule::noTimer_isArmed_whenTheHostWantsNone()
+{
+    const HighResolutionTimerOverride clock(kStart + 2600000);
+    AnalyzerFixture fixture;
+    fixture.analyzer.setBeatTimerAllowed(false);
+    fixture.analyzer.Start();
+    fixture.analyzer.Stop();
+    fixture.analyzer.Reset();
+    prepareBeats(fixture.analyzer);
+    fixture.closeWindowWithPulse(110250);
+    QCOMPARE(kindsOf(fixture.log.getRecords()), QStringLiteral("Started Stopped BPM"));
+    fixture.analyzer.setBeatTimerAllowed(true);
+    fixture.closeWindowWithPulse(132300);
+    QCOMPARE(kindsOf(fixture.log.getRecords()), QStringLiteral("Started Stopped BPM BPM Timer"));
 }
 
 void tst_AudioAnalyzer_schedule::timer_isArmed_onceTheFixedTempoIsLifted()

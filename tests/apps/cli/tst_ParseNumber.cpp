@@ -2,20 +2,15 @@
 #include <QtTest>
 
 #include <common/detail/ContainerSize.h>
-#include <common/detail/Downmix.h>
 #include <common/detail/ParseNumber.h>
-#include <limits>
-#include <vector>
+#include <optional>
 
 /// The arithmetic of readers and options.
-class tst_Downmix : public QObject
+class tst_ParseNumber : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void toSample16_roundsHalvesAwayFromZeroAndSaturates_data();
-    void toSample16_roundsHalvesAwayFromZeroAndSaturates();
-    void downmix_averagesEachFrame();
     void promisedFileSize_readsTheHead_data();
     void promisedFileSize_readsTheHead();
     void parseNumber_takesFiniteNumbersWithAPoint_data();
@@ -24,48 +19,7 @@ private Q_SLOTS:
     void parseInteger_takesWholeNumbersWithinLimits();
 };
 
-void tst_Downmix::toSample16_roundsHalvesAwayFromZeroAndSaturates_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<qint16>("sample");
-    const double step = 1.0 / 32768.0;
-    const double infinity = std::numeric_limits<double>::infinity();
-    QTest::newRow("zero") << 0.0 << qint16(0);
-    QTest::newRow("below a half") << 0.49 * step << qint16(0);
-    QTest::newRow("a half") << 0.5 * step << qint16(1);
-    QTest::newRow("minus a half") << -0.5 * step << qint16(-1);
-    QTest::newRow("minus below a half") << -0.49 * step << qint16(0);
-    QTest::newRow("half scale") << 0.5 << qint16(16384);
-    QTest::newRow("greatest") << 32767 * step << qint16(32767);
-    QTest::newRow("rounds over the greatest") << 32767.5 * step << qint16(32767);
-    QTest::newRow("full scale") << 1.0 << qint16(32767);
-    QTest::newRow("negative full scale") << -1.0 << qint16(-32768);
-    QTest::newRow("just inside negative") << -32767.5 * step << qint16(-32768);
-    QTest::newRow("next to negative full scale") << -32767.4 * step << qint16(-32767);
-    QTest::newRow("above") << 7.5 << qint16(32767);
-    QTest::newRow("below") << -7.5 << qint16(-32768);
-    QTest::newRow("infinity") << infinity << qint16(32767);
-    QTest::newRow("minus infinity") << -infinity << qint16(-32768);
-    QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << qint16(0);
-}
-
-void tst_Downmix::toSample16_roundsHalvesAwayFromZeroAndSaturates()
-{
-    QFETCH(double, value);
-    QFETCH(qint16, sample);
-    QCOMPARE(detail::ToSample16(value), sample);
-}
-
-void tst_Downmix::downmix_averagesEachFrame()
-{
-    // Opposite, equal, and one loud channel among three.
-    const std::vector<float> frames = {0.5f, -0.5f, 0.0f, 0.25f, 0.25f, 0.25f, 0.75f, 0.0f, 0.0f};
-    std::vector<qint16> samples(3);
-    detail::Downmix(frames.data(), 3, 3, samples.data());
-    QCOMPARE(samples, (std::vector<qint16>{0, 8192, 8192}));
-}
-
-void tst_Downmix::promisedFileSize_readsTheHead_data()
+void tst_ParseNumber::promisedFileSize_readsTheHead_data()
 {
     QTest::addColumn<QByteArray>("head");
     QTest::addColumn<qint64>("size");
@@ -80,14 +34,14 @@ void tst_Downmix::promisedFileSize_readsTheHead_data()
     QTest::newRow("empty") << QByteArray() << qint64(0);
 }
 
-void tst_Downmix::promisedFileSize_readsTheHead()
+void tst_ParseNumber::promisedFileSize_readsTheHead()
 {
     QFETCH(QByteArray, head);
     QFETCH(qint64, size);
     QCOMPARE(detail::PromisedFileSize(head), size);
 }
 
-void tst_Downmix::parseNumber_takesFiniteNumbersWithAPoint_data()
+void tst_ParseNumber::parseNumber_takesFiniteNumbersWithAPoint_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("isNumber");
@@ -104,7 +58,7 @@ void tst_Downmix::parseNumber_takesFiniteNumbersWithAPoint_data()
     QTest::newRow("empty") << "" << false << 0.0;
 }
 
-void tst_Downmix::parseNumber_takesFiniteNumbersWithAPoint()
+void tst_ParseNumber::parseNumber_takesFiniteNumbersWithAPoint()
 {
     QFETCH(QString, text);
     QFETCH(bool, isNumber);
@@ -114,7 +68,7 @@ void tst_Downmix::parseNumber_takesFiniteNumbersWithAPoint()
     QCOMPARE(value.value_or(0.0), number);
 }
 
-void tst_Downmix::parseInteger_takesWholeNumbersWithinLimits_data()
+void tst_ParseNumber::parseInteger_takesWholeNumbersWithinLimits_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("result");  // -1 = refused
@@ -129,12 +83,12 @@ void tst_Downmix::parseInteger_takesWholeNumbersWithinLimits_data()
     QTest::newRow("empty") << "" << -1;
 }
 
-void tst_Downmix::parseInteger_takesWholeNumbersWithinLimits()
+void tst_ParseNumber::parseInteger_takesWholeNumbersWithinLimits()
 {
     QFETCH(QString, text);
     QFETCH(int, result);
     QCOMPARE(detail::ParseInteger(text, 2, 9).value_or(-1), result);
 }
 
-QTEST_APPLESS_MAIN(tst_Downmix)
-#include "tst_Downmix.moc"
+QTEST_APPLESS_MAIN(tst_ParseNumber)
+#include "tst_ParseNumber.moc"
