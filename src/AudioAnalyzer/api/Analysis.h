@@ -1,0 +1,351 @@
+/* SPDX-License-Identifier: MIT */
+#pragma once
+
+#include <AudioAnalyzer/Export.h>
+
+#include <stddef.h>
+#include <stdint.h>
+
+/*
+ * The library for hosts in any language: create an analysis for a sample rate, push samples into
+ * it, and be called back at every beat. Valid C11 and C++17.
+ *
+ *     static void OnBeat(void* pUser, const AudioAnalysisBeat* pBeat)
+ *     {
+ *         printf("%.3f s, %.1f BPM\n", pBeat->time, pBeat->bpm);
+ *     }
+ *
+ *     AudioAnalysis* pAnalysis = AudioAnalysis_Create(44100);
+ *     AudioAnalysis_SetBeatCallback(pAnalysis, &OnBeat, NULL);
+ *     while ((count = ReadStereo(samples, 1024)) > 0)
+ *         AudioAnalysis_PushInt16(pAnalysis, samples, count, 2);
+ *     AudioAnalysis_Finish(pAnalysis);
+ *     AudioAnalysis_Destroy(pAnalysis);
+ *
+ * Time comes from the samples alone: the same samples give the same events on every run and
+ * machine, in whatever portions they are pushed, and as fast as they are pushed. No event loop, no
+ * QCoreApplication and no device is needed. Nothing is printed, no file is read or written.
+ *
+ * Units. An index counts mono samples (frames) from 0 at the first one pushed; a time is its index
+ * over the sample rate, in seconds. Tempos are in beats per minute (BPM), 0 meaning unknown.
+ * Volumes and thresholds are 16-bit sample magnitudes, 0 to 32767. Texts are UTF-8, in English.
+ *
+ * Errors. A function that can refuse returns an AudioAnalysisError and changes nothing when that is
+ * not AudioAnalysisError_None; AudioAnalysis_GetErrorText says what was wrong. No argument of a
+ * wrong value harms, NULL and NaN included; a pointer to memory that is not there does, as
+ * everywhere in C. No exception leaves a function, and none may leave a callback.
+ *
+ * Threads. An analysis is used by one thread at a time, and may wander. Different analyses may be
+ * used by different threads at once. What a host must not do at the same time as
+ * AudioAnalysis_Create, AudioAnalysis_Destroy or a profile function is to use the library's C++
+ * classes in another thread.
+ *
+ * Callbacks are called from inside AudioAnalysis_Push... and AudioAnalysis_Finish, on their thread.
+ * A callback may call every function of its own analysis but Push, Finish, Restart and Destroy,
+ * which answer AudioAnalysisError_Busy. It must not throw and must not jump out.
+ *
+ * Ownership. The records and arrays that a callback is given are valid until it returns: copy what
+ * must be kept. Later versions may append members to records that only callbacks receive.
+ */
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** An analysis: one stream of audio with its settings. */
+typedef struct AudioAnalysis AudioAnalysis;
+
+/** How a function answered. The values stay. */
+typedef enum AudioAnalysisError
+{
+    AudioAnalysisError_None = 0,     /**< done */
+    AudioAnalysisError_Null = 1,     /**< a pointer that must not be NULL is */
+    AudioAnalysisError_Range = 2,    /**< a number outside its limits, or NaN */
+    AudioAnalysisError_Unknown = 3,  /**< no such setting, or no built-in profile of that name */
+    AudioAnalysisError_Busy = 4,     /**< called from a callback that must not */
+    AudioAnalysisError_Finished = 5, /**< no samples after AudioAnalysis_Finish */
+    AudioAnalysisError_Memory = 6,   /**< memory has run out */
+    AudioAnalysisError_Internal = 7  /**< a callback threw; destroy or restart the analysis */
+} AudioAnalysisError;
+
+/** What AudioAnalysis_Set sets. The values stay; later versions append. */
+typedef enum AudioAnalysisSetting
+{
+    /** Magnitude that makes a pulse, 0 to 32767; -1, the default, follows the volume. */
+    AudioAnalysisSetting_Threshold = 0,
+    /** Magnitude up to which it is quiet, 0 to 32767; 3276. */
+    AudioAnalysisSetting_StopThreshold = 1,
+    /** Seconds of quiet that count as a stop, 0.05 to 10; 1.5. Music counts as stopped until
+     * that much of it was heard. */
+    AudioAnalysisSetting_StopDuration = 2,
+    /** Seconds over which the volume is averaged, 0.05 to 60; 2. */
+    AudioAnalysisSetting_AverageDuration = 3,
+    /** Seconds of beats that make the tempo, 0.05 to 600; 10. */
+    AudioAnalysisSetting_BPMDuration = 4,
+    /** A tempo to impose, BPM, up to 999, held within the profile's range; 0, the default,
+     * measures. */
+    AudioAnalysisSetting_FixedBPM = 5,
+    /** 1, the default, keeps the last tempo across gaps; 0 forgets it. */
+    AudioAnalysisSetting_Consistency = 6,
+    /** 1 goes on with virtual beats while the music is stopped; 0, the default, does not. */
+    AudioAnalysisSetting_VirtualWhenStopped = 7
+} AudioAnalysisSetting;
+
+/** A tempo profile. The record stays as it is in all versions of one SONAME. */
+typedef struct AudioAnalysisProfile
+{
+    double minimalBPM;        /**< 1 <= minimalBPM <= maximalBPM < 1000 */
+    double maximalBPM;        /**< BPM */
+    double sensibility;       /**< automatic threshold over average volume, 0 to 1000 */
+    int32_t lowFrequency;     /**< lower edge of the band, Hz; less than 1 = none */
+    int32_t highFrequency;    /**< upper edge of the band, Hz; less than 1 = none */
+    int32_t maximalThreshold; /**< bound of the automatic threshold, 0 to 32767 */
+} AudioAnalysisProfile;
+
+/** A pulse: a block, about a fortieth of a second, that rose above the threshold. */
+typedef struct AudioAnalysisPulse
+{
+    uint64_t index;        /**< of its first sample */
+    double time;           /**< of its first sample, seconds */
+    uint64_t length;       /**< samples */
+    int32_t loudness;      /**< magnitude by which the pulses of a beat window are ranked */
+    int32_t averageVolume; /**< magnitude, when it was heard */
+    int32_t threshold;     /**< magnitude in force, when it was heard */
+} AudioAnalysisPulse;
+
+/** A beat, real or virtual. Beats come in order of time, each once. */
+typedef struct AudioAnalysisBeat
+{
+    uint64_t index;    /**< of its first sample; smaller than the samples pushed so far */
+    double time;       /**< of its first sample, seconds */
+    double bpm;        /**< tempo in force, 0 = unknown; the next beat is due at time + 60 / bpm */
+    double accuracy;   /**< of the tracker, 0 to 1 */
+    int32_t isVirtual; /**< 1: stands in for a beat window that held no pulse; else 0 */
+    int32_t loudness;  /**< magnitude of the chosen pulse; of a virtual beat, the threshold */
+} AudioAnalysisBeat;
+
+/** The tempo in force when a beat window was closed, changed or not. */
+typedef struct AudioAnalysisTempo
+{
+    uint64_t index; /**< first sample of the block that closed the window */
+    double time;    /**< of that sample, seconds */
+    double bpm;     /**< 0 = unknown */
+} AudioAnalysisTempo;
+
+/** The music has stopped or plays again; told at the first block, and at every change. */
+typedef struct AudioAnalysisStop
+{
+    uint64_t index;    /**< first sample of the block from which it counts */
+    double time;       /**< of that sample, seconds */
+    int32_t isStopped; /**< 1: stopped; 0: it plays */
+} AudioAnalysisStop;
+
+/** The spectrum of a block, before it is filtered; told while music plays. */
+typedef struct AudioAnalysisSpectrum
+{
+    uint64_t index;           /**< first sample of the block */
+    double time;              /**< of that sample, seconds */
+    const double* amplitudes; /**< count powers, 1 = the greatest one so far */
+    size_t count;             /**< amplitudes */
+    double binWidth;          /**< Hz; bin i reaches from i to i + 1 times that */
+} AudioAnalysisSpectrum;
+
+typedef void (*AudioAnalysisPulseCallback)(void* pUser, const AudioAnalysisPulse* pPulse);
+typedef void (*AudioAnalysisBeatCallback)(void* pUser, const AudioAnalysisBeat* pBeat);
+typedef void (*AudioAnalysisTempoCallback)(void* pUser, const AudioAnalysisTempo* pTempo);
+typedef void (*AudioAnalysisStopCallback)(void* pUser, const AudioAnalysisStop* pStop);
+typedef void (*AudioAnalysisSpectrumCallback)(void* pUser, const AudioAnalysisSpectrum* pSpectrum);
+
+/* ---- Life: Analysis.cpp ---------------------------------------------------------------------- */
+
+/**
+ * The library's version, "major.minor.patch". Static. [any thread]
+ */
+AUDIOANALYZER_EXPORT const char* AudioAnalysis_GetVersion(void);
+
+/**
+ * Makes an analysis of samples at pSampleRate Hz, 8000 to 192000, with the default settings and the
+ * profile "Electro". The caller owns it and gives it to AudioAnalysis_Destroy. NULL when the rate
+ * is outside its limits or memory has run out, which AudioAnalysis_GetErrorText(NULL) tells.
+ * [allocates]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysis* AudioAnalysis_Create(int32_t pSampleRate);
+
+/**
+ * Frees the analysis. None, Null, or Busy, and then it lives on.
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Destroy(AudioAnalysis* pAnalysis);
+
+/**
+ * What the last refusal of this analysis was about, with the limits; empty when there was none.
+ * With NULL: the last refusal on the calling thread that had no analysis to tell it to. Never NULL.
+ * [valid until the next call that is refused, or until the analysis is destroyed; with NULL, until
+ * the next call on this thread that is refused]
+ */
+AUDIOANALYZER_EXPORT const char* AudioAnalysis_GetErrorText(const AudioAnalysis* pAnalysis);
+
+/**
+ * A few words on an AudioAnalysisError, also on one that does not exist. Static. [any thread]
+ */
+AUDIOANALYZER_EXPORT const char* AudioAnalysis_DescribeError(int32_t pError);
+
+/* ---- Samples: Analysis.cpp ------------------------------------------------------------------- */
+
+/**
+ * Analyses pFrameCount frames of pChannelCount interleaved 16-bit samples in the machine's byte
+ * order, all of them or none. Several channels, 1 to 1024, are averaged. The samples are only read,
+ * and not kept. None, Null, Range (a bad channel count, more bytes than memory has, or samples that
+ * are not aligned to their size), Busy, Finished, Memory, Internal. [audio path: allocates one
+ * record per pulse and one list node per candidate]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_PushInt16(AudioAnalysis* pAnalysis,
+                                                                const int16_t* pSamples,
+                                                                size_t pFrameCount,
+                                                                int32_t pChannelCount);
+
+/**
+ * The same for samples in [-1, 1]: rounded to 16 bits after averaging, and saturated. NaN counts as
+ * 0. [audio path: allocates one record per pulse and one list node per candidate]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_PushFloat(AudioAnalysis* pAnalysis,
+                                                                const float* pSamples,
+                                                                size_t pFrameCount,
+                                                                int32_t pChannelCount);
+
+/**
+ * The audio has ended: tells the beats that are still undecided, none of which lies behind the end.
+ * Further samples are refused until AudioAnalysis_Restart. None, Null, Busy, Finished, Memory,
+ * Internal.
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Finish(AudioAnalysis* pAnalysis);
+
+/**
+ * Makes the analysis as new, for other audio of the same rate: index and time are 0 again.
+ * Settings, profile and callbacks stay. None, Null, Busy, Memory, and then all is as before.
+ * [allocates]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Restart(AudioAnalysis* pAnalysis);
+
+/**
+ * Forgets tempo, beats, accuracy and volumes, and searches anew, for the next song of a stream. The
+ * index goes on; settings, profile and callbacks stay. Music counts as stopped until the next stop
+ * decision. None, Null. [no allocation]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Reset(AudioAnalysis* pAnalysis);
+
+/* ---- Settings: AnalysisSettings.cpp ---------------------------------------------------------- */
+
+/**
+ * Sets an AudioAnalysisSetting, at any time. Magnitudes and switches are whole numbers. None, Null,
+ * Range, Unknown, Memory. [allocates when the average duration changes]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Set(AudioAnalysis* pAnalysis,
+                                                          int32_t pSetting,
+                                                          double pValue);
+
+/**
+ * Stores what was set in *pValue. None, Null, Unknown. [no allocation]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Get(const AudioAnalysis* pAnalysis,
+                                                          int32_t pSetting,
+                                                          double* pValue);
+
+/**
+ * Stores the limits of a setting, both included, and its default through the pointers that are not
+ * NULL. None, Unknown. [any thread]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_GetLimits(int32_t pSetting,
+                                                                double* pMinimum,
+                                                                double* pMaximum,
+                                                                double* pDefault);
+
+/* ---- Profiles: AnalysisProfiles.cpp ---------------------------------------------------------- */
+
+/**
+ * Name of the built-in profile of that number, from 0; NULL behind the last one. Static. [any
+ * thread]
+ */
+AUDIOANALYZER_EXPORT const char* AudioAnalysis_GetProfileName(size_t pNumber);
+
+/**
+ * Stores the built-in profile of that name, in any case of its letters, in *pProfile. None, Null,
+ * Unknown, Memory. [any thread]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_FindProfile(const char* pName,
+                                                                  AudioAnalysisProfile* pProfile);
+
+/**
+ * Makes the analysis follow the built-in profile of that name, in any case of its letters. None,
+ * Null, Unknown, Memory.
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SelectProfile(AudioAnalysis* pAnalysis,
+                                                                    const char* pName);
+
+/**
+ * Makes the analysis follow a profile of the host's own, which is copied. It may change while audio
+ * is pushed; AudioAnalysis_Reset then searches anew. None, Null, Range. [no allocation]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError
+AudioAnalysis_SetProfile(AudioAnalysis* pAnalysis, const AudioAnalysisProfile* pProfile);
+
+/**
+ * Stores the profile in use in *pProfile. None, Null. [no allocation]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_GetProfile(const AudioAnalysis* pAnalysis,
+                                                                 AudioAnalysisProfile* pProfile);
+
+/* ---- Events: AnalysisEvents.cpp -------------------------------------------------------------- */
+
+/*
+ * Each sets one callback and what it is given as pUser, which belongs to the host; NULL ends the
+ * calls. None, Null. [no allocation]
+ */
+
+/** For every pulse, when it is heard. */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetPulseCallback(
+    AudioAnalysis* pAnalysis, AudioAnalysisPulseCallback pCallback, void* pUser);
+
+/** For every beat, once its beat window has passed: six blocks, about 0.14 s, behind it. */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetBeatCallback(
+    AudioAnalysis* pAnalysis, AudioAnalysisBeatCallback pCallback, void* pUser);
+
+/** For every beat window that was closed, after its beat. */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetTempoCallback(
+    AudioAnalysis* pAnalysis, AudioAnalysisTempoCallback pCallback, void* pUser);
+
+/** For every stop, and when the music plays again. */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetStopCallback(
+    AudioAnalysis* pAnalysis, AudioAnalysisStopCallback pCallback, void* pUser);
+
+/** For every block while music plays, before its pulse. */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetSpectrumCallback(
+    AudioAnalysis* pAnalysis, AudioAnalysisSpectrumCallback pCallback, void* pUser);
+
+/* ---- State: AnalysisEvents.cpp --------------------------------------------------------------- */
+
+/* None of them allocates. For NULL each answers -1, GetSampleCount and GetBlockSize 0. */
+
+/** Hz. */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetSampleRate(const AudioAnalysis* pAnalysis);
+/** Frames pushed since the analysis was made or restarted. */
+AUDIOANALYZER_EXPORT uint64_t AudioAnalysis_GetSampleCount(const AudioAnalysis* pAnalysis);
+/** Samples in a pulse block: the resolution of all indexes. */
+AUDIOANALYZER_EXPORT uint64_t AudioAnalysis_GetBlockSize(const AudioAnalysis* pAnalysis);
+/** The tempo in force, imposed or measured, BPM; 0 = unknown. */
+AUDIOANALYZER_EXPORT double AudioAnalysis_GetBPM(const AudioAnalysis* pAnalysis);
+/** In (0, 1]: falls with every beat window that holds no pulse. */
+AUDIOANALYZER_EXPORT double AudioAnalysis_GetAccuracy(const AudioAnalysis* pAnalysis);
+/** 1: the music is stopped, or has not begun; 0: it plays. */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_IsStopped(const AudioAnalysis* pAnalysis);
+/** Magnitude over the average duration, within the profile's band; -1 before any music. */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetAverageVolume(const AudioAnalysis* pAnalysis);
+/** Loudest magnitude of this beat window. */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetCurrentVolume(const AudioAnalysis* pAnalysis);
+/** Loudest magnitude of this and the previous beat window. */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetMaximalVolume(const AudioAnalysis* pAnalysis);
+/** Magnitude that makes a pulse now, -1 before any music if it is automatic. */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetThreshold(const AudioAnalysis* pAnalysis);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
+#include <AudioAnalyzer/analysis/BeatFollower.h>
+#include <AudioAnalyzer/api/Analysis.h>
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace detail {
+
+/// Guards the built-in profiles, whose reference counts every configuration touches.
+std::mutex& ProfilesMutex();
+
+/// A host's function and what it wants to be given.
+template <typename Record>
+struct Callback
+{
+    void (*function)(void*, const Record*) = nullptr;
+    void* pUser = nullptr;  ///< the host's
+
+    void operator()(const Record& pRecord) const
+    {
+        if (function)
+            function(pUser, &pRecord);
+    }
+};
+
+}  // namespace detail
+
+/// What a host holds by pointer: an analyzer with all that it needs, driven by samples.
+struct AudioAnalysis
+{
+    /// pProfiles shows that ProfilesMutex() is held. [allocates]
+    AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>& pProfiles);
+
+    /// A new analyzer and its follower, then all positions at 0. Nothing changes if it throws.
+    void Restart();
+    template <typename Sample>
+    void Push(const Sample* pSamples, std::size_t pFrameCount, int pChannelCount);
+    void Finish();
+
+    double TimeOf(quint64 pIndex) const { return static_cast<double>(pIndex) / sampleRate; }
+    /// First sample of the block that is being analysed.
+    quint64 getBlockIndex() const { return fedCount - block.size(); }
+
+    const int sampleRate;  ///< Hz
+    Configuration configuration;
+    /// The selected profile, on a record of its own: those of built-in profiles are shared by all
+    /// threads, and their reference counts are plain integers.
+    Profile profile;
+    double fixedBPM = 0.0;  ///< as it was set; 0 = none
+    bool isConsistencyAllowed = true;
+
+    detail::Callback<AudioAnalysisPulse> onPulse;
+    detail::Callback<AudioAnalysisBeat> onBeat;
+    detail::Callback<AudioAnalysisTempo> onTempo;
+    detail::Callback<AudioAnalysisStop> onStop;
+    detail::Callback<AudioAnalysisSpectrum> onSpectrum;
+
+    std::unique_ptr<AudioAnalyzer> pAnalyzer;
+    std::unique_ptr<BeatFollower> pFollower;
+    std::vector<qint16> block;  ///< one pulse block
+    std::size_t blockFill = 0;  ///< samples
+    quint64 fedCount = 0;       ///< samples given to the analyzer, silence behind the end included
+    quint64 sampleCount = 0;    ///< frames pushed
+    bool isBusy = false;        ///< inside Push() or Finish()
+    bool isFinished = false;
+    mutable std::string errorText;
+
+private:
+    void _ApplyTo(AudioAnalyzer& pNew) const;
+    void _ConnectEvents(BeatFollower& pNew);
+    void _ConnectSpectrum(AudioAnalyzer& pNew);
+    void _Feed();
+};
