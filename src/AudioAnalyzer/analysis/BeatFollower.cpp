@@ -6,12 +6,20 @@
 
 #include <algorithm>
 
+namespace {
+
+/// More pulse blocks than a window of the built-in profiles has, so that it does not allocate.
+constexpr std::size_t kUsualBlocksOfWindow = 64;
+
+}  // namespace
+
 BeatFollower::BeatFollower(QObject* pParent) : QObject(pParent) {}
 
 // Direct connections: the analyzer's signals are followed wherever Analyze() is called.
 void BeatFollower::Follow(AudioAnalyzer* pAnalyzer)
 {
     m_pAnalyzer = pAnalyzer;
+    m_windowPulses.reserve(kUsualBlocksOfWindow);
     connect(
         pAnalyzer,
         &AudioAnalyzer::OnAmplitudesComputed,
