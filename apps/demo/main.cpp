@@ -33,6 +33,9 @@ struct Arguments
 };
 
 constexpr std::size_t kFramesPerChunk = 4096;
+constexpr int kWav = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+constexpr quint64 kFrameSize = 2 * sizeof(qint16);  ///< bytes, stereo
+constexpr quint64 kMostWavBytes = 0xffff0000;  ///< of samples: the head has 32 bits for the size
 
 QString tr(const char* pText)
 {
@@ -44,7 +47,7 @@ int getFormat(const QString& pPath)
 {
     const QString suffix = QFileInfo(pPath).suffix().toLower();
     if (suffix == QLatin1String("wav"))
-        return SF_FORMAT_RF64 | SF_FORMAT_PCM_16;  // a plain WAV file unless it grows beyond 4 GB
+        return kWav;
     if (suffix == QLatin1String("flac"))
         return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
     if (suffix == QLatin1String("ogg"))
@@ -73,13 +76,14 @@ void mixToMono(std::vector<float>& pFrames, std::size_t pCount)
 /// Writes the whole track; a sentence on what failed, or an empty string.
 QString writeMusic(const Arguments& pArguments, const QString& pPath)
 {
+    DemoTrack track(pArguments.track);
     SF_INFO info = getInfo(pArguments);
+    if (info.format == kWav && track.getFrameCount() * kFrameSize > kMostWavBytes)
+        info.format = SF_FORMAT_RF64 | SF_FORMAT_PCM_16;
     SNDFILE* file = sf_open(QFile::encodeName(pPath).constData(), SFM_WRITE, &info);
     if (file == nullptr)
         return QString::fromUtf8(sf_strerror(nullptr));
-    sf_command(file, SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
     sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
-    DemoTrack track(pArguments.track);
     std::vector<float> frames(2 * kFramesPerChunk);
     bool isWritten = true;
     for (std::size_t count = 0;

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void help_andVersion_areDone();
     void file_holdsTheTrack_data();
     void file_holdsTheTrack();
+    void wav_isOfTheOldestKind();
     void mono_isTheMeanOfBothSides();
     void beats_areTheTracksTruth();
     void usage_isRefused_data();
@@ -137,6 +138,19 @@ void tst_DemoProgram::file_holdsTheTrack()
             QVERIFY(std::fabs(frames[i] - sound.samples[i]) < float(tolerance));
     }
     QVERIFY2(error < 0.05 * music, qPrintable(QString::number(error / music)));
+}
+
+// Readers in other languages know format 1, PCM, best.
+void tst_DemoProgram::wav_isOfTheOldestKind()
+{
+    QCOMPARE(_Run({QStringLiteral("a.wav"), QStringLiteral("--seconds"), QStringLiteral("1")}).code,
+             0);
+    QFile file(_Path("a.wav"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray head = file.read(22);
+    QCOMPARE(head.left(4), QByteArray("RIFF"));
+    QCOMPARE(head.mid(8, 8), QByteArray("WAVEfmt "));
+    QCOMPARE(head.mid(20, 2), QByteArray("\x01\x00", 2));
 }
 
 void tst_DemoProgram::mono_isTheMeanOfBothSides()
