@@ -124,7 +124,8 @@ typedef struct AudioAnalysisBeat
     int32_t loudness;  /**< magnitude of the chosen pulse; of a virtual beat, the threshold */
 } AudioAnalysisBeat;
 
-/** The tempo in force when a beat window was closed, changed or not. */
+/** The tempo in force when a beat window was closed, changed or not. Windows are closed while the
+ * music is stopped, too, and then it is the tempo that the search begins with. */
 typedef struct AudioAnalysisTempo
 {
     uint64_t index; /**< first sample of the block that closed the window */
@@ -331,7 +332,8 @@ AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetSampleRate(const AudioAnalysis* pA
 AUDIOANALYZER_EXPORT uint64_t AudioAnalysis_GetSampleCount(const AudioAnalysis* pAnalysis);
 /** Samples in a pulse block: the resolution of all indexes. */
 AUDIOANALYZER_EXPORT uint64_t AudioAnalysis_GetBlockSize(const AudioAnalysis* pAnalysis);
-/** The tempo in force, imposed or measured, BPM; 0 = unknown. */
+/** The tempo in force, imposed or measured, BPM; 0 = unknown. It says little while the music is
+ * stopped. */
 AUDIOANALYZER_EXPORT double AudioAnalysis_GetBPM(const AudioAnalysis* pAnalysis);
 /** In (0, 1]: falls with every beat window that holds no pulse. */
 AUDIOANALYZER_EXPORT double AudioAnalysis_GetAccuracy(const AudioAnalysis* pAnalysis);

@@ -1,0 +1,177 @@
+# SPDX-License-Identifier: MIT
+"""The C library: how it is found, its records and its functions. Private but for version()."""
+
+import ctypes
+import functools
+import os
+import pathlib
+from ctypes import POINTER, c_char_p, c_double, c_int32, c_size_t, c_uint64, c_void_p
+from typing import Any, Dict, List, Sequence, Tuple, Type
+
+from . import errors
+
+MAJOR_VERSION = 0
+FILE_NAMES = (f"libAudioAnalyzer.so.{MAJOR_VERSION}", "libAudioAnalyzer.so")
+VARIABLE = "AUDIOANALYZER_LIBRARY"
+
+
+class ProfileRecord(ctypes.Structure):
+    _fields_ = [
+        ("minimal_bpm", c_double),
+        ("maximal_bpm", c_double),
+        ("sensibility", c_double),
+        ("low_frequency", c_int32),
+        ("high_frequency", c_int32),
+        ("maximal_threshold", c_int32),
+    ]
+
+
+class PulseRecord(ctypes.Structure):
+    _fields_ = [
+        ("index", c_uint64),
+        ("time", c_double),
+        ("length", c_uint64),
+        ("loudness", c_int32),
+        ("average_volume", c_int32),
+        ("threshold", c_int32),
+    ]
+
+
+class BeatRecord(ctypes.Structure):
+    _fields_ = [
+        ("index", c_uint64),
+        ("time", c_double),
+        ("bpm", c_double),
+        ("accuracy", c_double),
+        ("is_virtual", c_int32),
+        ("loudness", c_int32),
+    ]
+
+
+class TempoRecord(ctypes.Structure):
+    _fields_ = [("index", c_uint64), ("time", c_double), ("bpm", c_double)]
+
+
+class StopRecord(ctypes.Structure):
+    _fields_ = [("index", c_uint64), ("time", c_double), ("is_stopped", c_int32)]
+
+
+class SpectrumRecord(ctypes.Structure):
+    _fields_ = [
+        ("index", c_uint64),
+        ("time", c_double),
+        ("amplitudes", c_void_p),
+        ("count", c_size_t),
+        ("bin_width", c_double),
+    ]
+
+
+def _callback(record: Type[ctypes.Structure]) -> Any:
+    return ctypes.CFUNCTYPE(None, c_void_p, POINTER(record))
+
+
+CALLBACKS: Dict[str, Any] = {
+    "Pulse": _callback(PulseRecord),
+    "Beat": _callback(BeatRecord),
+    "Tempo": _callback(TempoRecord),
+    "Stop": _callback(StopRecord),
+    "Spectrum": _callback(SpectrumRecord),
+}
+
+# Name behind AudioAnalysis_: result, arguments.
+_FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
+    "GetVersion": (c_char_p, []),
+    "Create": (c_void_p, [c_int32]),
+    "Destroy": (c_int32, [c_void_p]),
+    "GetErrorText": (c_char_p, [c_void_p]),
+    "PushInt16": (c_int32, [c_void_p, c_char_p, c_size_t, c_int32]),
+    "PushFloat": (c_int32, [c_void_p, c_char_p, c_size_t, c_int32]),
+    "Finish": (c_int32, [c_void_p]),
+    "Restart": (c_int32, [c_void_p]),
+    "Reset": (c_int32, [c_void_p]),
+    "Set": (c_int32, [c_void_p, c_int32, c_double]),
+    "Get": (c_int32, [c_void_p, c_int32, POINTER(c_double)]),
+    "GetProfileName": (c_char_p, [c_size_t]),
+    "FindProfile": (c_int32, [c_char_p, POINTER(ProfileRecord)]),
+    "SelectProfile": (c_int32, [c_void_p, c_char_p]),
+    "SetProfile": (c_int32, [c_void_p, POINTER(ProfileRecord)]),
+    "GetProfile": (c_int32, [c_void_p, POINTER(ProfileRecord)]),
+    "GetSampleRate": (c_int32, [c_void_p]),
+    "GetSampleCount": (c_uint64, [c_void_p]),
+    "GetBlockSize": (c_uint64, [c_void_p]),
+    "GetBPM": (c_double, [c_void_p]),
+    "GetAccuracy": (c_double, [c_void_p]),
+    "IsStopped": (c_int32, [c_void_p]),
+    "GetAverageVolume": (c_int32, [c_void_p]),
+    "GetCurrentVolume": (c_int32, [c_void_p]),
+    "GetMaximalVolume": (c_int32, [c_void_p]),
+    "GetThreshold": (c_int32, [c_void_p]),
+}
+for _kind, _type in CALLBACKS.items():
+    _FUNCTIONS[f"Set{_kind}Callback"] = (c_int32, [c_void_p, _type, c_void_p])
+
+_ERRORS: Dict[int, Type[Exception]] = {
+    1: TypeError,
+    2: errors.RangeError,
+    3: errors.UnknownNameError,
+    4: errors.BusyError,
+    5: errors.FinishedError,
+    6: MemoryError,
+}
+
+
+class Library:
+    """The functions of the C interface; call("Reset", handle) is AudioAnalysis_Reset(handle)."""
+
+    def __init__(self, path: str) -> None:
+        loaded = ctypes.CDLL(path)
+        self._functions: Dict[str, Any] = {}
+        for name, (result, arguments) in _FUNCTIONS.items():
+            function = getattr(loaded, "AudioAnalysis_" + name)
+            function.restype = result
+            function.argtypes = list(arguments)
+            self._functions[name] = function
+        self.path = path
+        self.version: str = self.call("GetVersion").decode()
+
+    def call(self, name: str, *arguments: Any) -> Any:
+        return self._functions[name](*arguments)
+
+    def check(self, error: int, handle: Any) -> None:
+        """Raises what the library refused; handle None = on this thread, without an analysis."""
+        if error != 0:
+            text = self.call("GetErrorText", handle).decode(errors="replace")
+            raise _ERRORS.get(error, errors.AnalysisError)(text)
+
+
+def candidates() -> List[str]:
+    """Where the library may be, the first that is there counts."""
+    named = os.environ.get(VARIABLE)
+    if named:
+        return [named]
+    folder = pathlib.Path(__file__).resolve().parent
+    beside = [str(folder / name) for name in FILE_NAMES if (folder / name).exists()]
+    return beside + list(FILE_NAMES)
+
+
+@functools.lru_cache(maxsize=None)
+def library() -> Library:
+    """Loads the library, once. Raises LibraryNotFoundError."""
+    reasons = []
+    for path in candidates():
+        try:
+            found = Library(path)
+        except (OSError, AttributeError) as reason:
+            reasons.append(f"{path}: {reason}")
+            continue
+        if found.version.split(".")[0] == str(MAJOR_VERSION):
+            return found
+        reasons.append(f"{path}: version {found.version}, not {MAJOR_VERSION}")
+    raise errors.LibraryNotFoundError(
+        f"libAudioAnalyzer cannot be loaded; set {VARIABLE} to its file ({'; '.join(reasons)})"
+    )
+
+
+def version() -> str:
+    """Version of the library, "major.minor.patch"."""
+    return library().version
