@@ -139,7 +139,6 @@ AudioAnalysis::AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>&
 
 void AudioAnalysis::Restart()
 {
-    const HighResolutionTimerOverride clock(kStartTime);
     auto analyzer =
         std::make_unique<AudioAnalyzer>(&configuration, MakeFormat(sampleRate), nullptr);
     auto follower = std::make_unique<BeatFollower>();
@@ -150,7 +149,6 @@ void AudioAnalysis::Restart()
     block.resize(analyzer->getPulseBlockSize());
     pFollower = std::move(follower);
     pAnalyzer = std::move(analyzer);
-    pAnalyzer->Start();
     blockFill = 0;
     fedCount = 0;
     sampleCount = 0;
@@ -194,11 +192,14 @@ void AudioAnalysis::Finish()
     } while (fedCount < end);
 }
 
+// The start sets up the first beat window, so it waits for the settings.
 void AudioAnalysis::_Feed()
 {
+    HighResolutionTimerOverride clock(ClockAt(fedCount, sampleRate));
+    pAnalyzer->Start();
     blockFill = 0;
     fedCount += block.size();
-    const HighResolutionTimerOverride clock(ClockAt(fedCount, sampleRate));
+    clock.setTime(ClockAt(fedCount, sampleRate));
     pAnalyzer->Analyze(block.data(), block.size());
 }
 
