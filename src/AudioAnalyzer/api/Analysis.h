@@ -6,7 +6,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
-/*
+/** @file
  * The library for hosts in any language: create an analysis for a sample rate, push samples into
  * it, and be called back at every beat. Valid C11 and C++17.
  *
@@ -51,6 +51,8 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+
+/* NOLINTBEGIN(modernize-use-using): C has no other way. */
 
 /** An analysis: one stream of audio with its settings. */
 typedef struct AudioAnalysis AudioAnalysis;
@@ -156,6 +158,8 @@ typedef void (*AudioAnalysisBeatCallback)(void* pUser, const AudioAnalysisBeat* 
 typedef void (*AudioAnalysisTempoCallback)(void* pUser, const AudioAnalysisTempo* pTempo);
 typedef void (*AudioAnalysisStopCallback)(void* pUser, const AudioAnalysisStop* pStop);
 typedef void (*AudioAnalysisSpectrumCallback)(void* pUser, const AudioAnalysisSpectrum* pSpectrum);
+
+/* NOLINTEND(modernize-use-using) */
 
 /* ---- Life: Analysis.cpp ---------------------------------------------------------------------- */
 
