@@ -27,6 +27,13 @@ QStringList EventsOf(const waves::Samples& pSamples)
     return analysis.getEvents();
 }
 
+/// Of Music(), in one portion.
+const QStringList& EventsOfMusic()
+{
+    static const QStringList events = EventsOf(Music());
+    return events;
+}
+
 }  // namespace
 
 /// What is pushed and what is told.
@@ -126,13 +133,12 @@ void tst_Analysis::portions_changeNothing_data()
 void tst_Analysis::portions_changeNothing()
 {
     QFETCH(int, portion);
-    static const QStringList expected = EventsOf(Music());
-    QVERIFY(expected.size() > 400);
+    QVERIFY(EventsOfMusic().size() > 400);
     PushedAnalysis analysis;
     analysis.pushInPortions(Music(), std::size_t(portion));
     QCOMPARE(quint64(AudioAnalysis_GetSampleCount(analysis)), quint64(12 * kRate));
     analysis.finish();
-    QCOMPARE(analysis.getEvents(), expected);
+    QCOMPARE(analysis.getEvents(), EventsOfMusic());
 }
 
 void tst_Analysis::floats_areRoundedTo16Bits()
@@ -144,7 +150,7 @@ void tst_Analysis::floats_areRoundedTo16Bits()
     QCOMPARE(AudioAnalysis_PushFloat(analysis, floats.data(), floats.size(), 1),
              AudioAnalysisError_None);
     analysis.finish();
-    QCOMPARE(analysis.getEvents(), EventsOf(Music()));
+    QCOMPARE(analysis.getEvents(), EventsOfMusic());
 }
 
 // Of three channels one holds three times the music, but at a third of the level.
@@ -291,12 +297,12 @@ void tst_Analysis::restart_isAsNew()
     QCOMPARE(AudioAnalysis_IsStopped(analysis), 1);
     analysis.push(Music());
     analysis.finish();
-    QCOMPARE(analysis.getEvents(), EventsOf(Music()));
+    QCOMPARE(analysis.getEvents(), EventsOfMusic());
     QCOMPARE(AudioAnalysis_Restart(analysis), AudioAnalysisError_None);
     analysis.clear();
     analysis.push(Music());
     analysis.finish();
-    QCOMPARE(analysis.getEvents(), EventsOf(Music()));
+    QCOMPARE(analysis.getEvents(), EventsOfMusic());
 }
 
 void tst_Analysis::restart_dropsAPartOfABlock()
@@ -306,7 +312,7 @@ void tst_Analysis::restart_dropsAPartOfABlock()
     QCOMPARE(AudioAnalysis_Restart(analysis), AudioAnalysisError_None);
     analysis.push(Music());
     analysis.finish();
-    QCOMPARE(analysis.getEvents(), EventsOf(Music()));
+    QCOMPARE(analysis.getEvents(), EventsOfMusic());
 }
 
 void tst_Analysis::reset_searchesAnew_atTheSamePosition()
@@ -392,7 +398,7 @@ void tst_Analysis::callback_thatThrows_isAnsweredAndDoesNoHarm()
     analysis.clear();
     analysis.push(Music());
     analysis.finish();
-    QStringList expected = EventsOf(Music());
+    QStringList expected = EventsOfMusic();
     expected.erase(std::remove_if(expected.begin(),
                                   expected.end(),
                                   [](const QString& pEvent) {

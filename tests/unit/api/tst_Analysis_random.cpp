@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -164,7 +165,7 @@ private:
             expected = AudioAnalysisError_Unknown;
         else if (!(value >= minimum && value <= maximum))
             expected = AudioAnalysisError_Range;
-        const bool isFraction = value != double(qint64(std::min(std::max(value, -9.0), 4e4)));
+        const bool isFraction = std::floor(value) != value;
         if (error != expected && !(error == AudioAnalysisError_Range && isFraction))
             m_fault = QStringLiteral("setting %1 to %2: %3").arg(setting).arg(value).arg(error);
         AudioAnalysisProfile profile = {value, value * 2.0, value, setting, setting * 3, setting};
