@@ -24,6 +24,10 @@ _audio-analyzer() {
         [[ $words[CURRENT] == -* ]] && _audio_analyzer_options
         return
     fi
+    if [[ $words[CURRENT] == -* ]]; then
+        _audio_analyzer_options $command
+        return
+    fi
     case $command:$previous in
     *:--profile | profiles:(edit|remove|select)) _audio_analyzer_names profiles list ;;
     analyze:(-f|--format)) compadd beats labels csv svl tempo json ndjson ;;
@@ -33,13 +37,7 @@ _audio-analyzer() {
     config:set) compadd $(${words[1]} config show 2>/dev/null | sed 's/ .*//') ;;
     config:config) compadd show set path reset ;;
     profiles:profiles) compadd list add edit remove select ;;
-    *)
-        if [[ $words[CURRENT] == -* ]]; then
-            _audio_analyzer_options $command
-        else
-            _files
-        fi
-        ;;
+    *) _files ;;
     esac
 }
 

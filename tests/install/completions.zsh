@@ -15,3 +15,4 @@ words=("${@:2}")
 CURRENT=$#words
 set --
 source $file
+true
