@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "BeatTracker.h"
+
+#include <vamp-sdk/PluginAdapter.h>
+#include <vamp/vamp.h>
+
+/// What a host asks for the plugins of this library: there is one.
+const VampPluginDescriptor* vampGetPluginDescriptor(unsigned int pHostVersion, unsigned int pNumber)
+{
+    static Vamp::PluginAdapter<BeatTracker> adapter;
+    return pNumber == 0 && pHostVersion >= 1 ? adapter.getDescriptor() : nullptr;
+}

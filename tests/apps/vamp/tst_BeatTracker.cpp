@@ -1,0 +1,456 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/Version.h>
+#include <AudioAnalyzer/audio/AudioDownmix.h>
+
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+#include <common/AnalysisOptionTable.h>
+#include <common/DemoTrack.h>
+#include <common/FileAnalysis.h>
+#include <limits>
+#include <memory>
+#include <thread>
+#include <vamp-hostsdk/PluginLoader.h>
+
+namespace {
+
+using Vamp::Plugin;
+using Vamp::RealTime;
+
+constexpr int kRate = 44100;         ///< Hz
+constexpr std::size_t kStep = 1024;  ///< frames
+
+enum eOutput
+{
+    eBeats,
+    eTempo,
+    ePulses,
+    eSpectrum
+};
+
+/// Stereo frames out of memory.
+class MemorySource : public AudioSource
+{
+public:
+    explicit MemorySource(const std::vector<float>& pFrames) : m_frames(pFrames) {}
+
+    int getSampleRate() const override { return kRate; }
+    int getChannelCount() const override { return 2; }
+    quint64 getFrameCount() const override { return m_frames.size() / 2; }
+    std::size_t Read(qint16* pSamples, std::size_t pCount) override
+    {
+        const std::size_t count = std::min(pCount, m_frames.size() / 2 - m_position);
+        AudioDownmix::ToMono(m_frames.data() + 2 * m_position, 2, count, pSamples);
+        m_position += count;
+        return count;
+    }
+    const float* getFrames() const override { return nullptr; }
+    QString getError() const override { return {}; }
+
+private:
+    const std::vector<float>& m_frames;
+    std::size_t m_position = 0;  ///< frames
+};
+
+struct Blocks
+{
+    std::size_t step = kStep;
+    std::size_t size = kStep;
+    long origin = 0;  ///< frame at which the host begins
+};
+
+std::unique_ptr<Plugin> Load(float pRate = kRate)
+{
+    auto* pLoader = Vamp::HostExt::PluginLoader::getInstance();
+    const auto key = pLoader->composePluginKey("audio-analyzer-vamp", "beat-tracker");
+    return std::unique_ptr<Plugin>(pLoader->loadPlugin(key, pRate));
+}
+
+void Append(Plugin::FeatureSet& pTarget, const Plugin::FeatureSet& pNew)
+{
+    for (const auto& [output, features] : pNew)
+        pTarget[output].insert(pTarget[output].end(), features.begin(), features.end());
+}
+
+/// What a host does: cuts stereo frames into blocks, the last of which it fills up with zeros.
+Plugin::FeatureSet
+Run(Plugin& pPlugin, const std::vector<float>& pFrames, const Blocks& pBlocks = {})
+{
+    Plugin::FeatureSet features;
+    const std::size_t count = pFrames.size() / 2;
+    std::vector<float> left(pBlocks.size);
+    std::vector<float> right(pBlocks.size);
+    const float* const inputs[] = {left.data(), right.data()};
+    for (std::size_t position = 0; position < count; position += pBlocks.step) {
+        for (std::size_t i = 0; i < pBlocks.size; ++i) {
+            const bool isInside = position + i < count;
+            left[i] = isInside ? pFrames[2 * (position + i)] : 0.0F;
+            right[i] = isInside ? pFrames[2 * (position + i) + 1] : 0.0F;
+        }
+        const long frame = pBlocks.origin + long(position);
+        Append(features, pPlugin.process(inputs, RealTime::frame2RealTime(frame, kRate)));
+    }
+    Append(features, pPlugin.getRemainingFeatures());
+    return features;
+}
+
+long FrameOf(const Plugin::Feature& pFeature)
+{
+    return RealTime::realTime2Frame(pFeature.timestamp, kRate);
+}
+
+/// What a host was told, and what the command line host finds, as lines of text.
+QStringList Lines(Plugin::FeatureSet pFeatures, long pOrigin = 0)
+{
+    QStringList lines;
+    for (const Plugin::Feature& beat : pFeatures[eBeats])
+        lines += QStringLiteral("beat %1 %2")
+                     .arg(FrameOf(beat) - pOrigin)
+                     .arg(QString::fromStdString(beat.label));
+    for (const Plugin::Feature& pulse : pFeatures[ePulses])
+        lines += QStringLiteral("pulse %1").arg(FrameOf(pulse) - pOrigin);
+    for (const Plugin::Feature& tempo : pFeatures[eTempo])
+        lines += QStringLiteral("tempo %1 %2")
+                     .arg(FrameOf(tempo) - pOrigin)
+                     .arg(double(tempo.values.at(0)), 0, 'f', 3);
+    return lines;
+}
+
+QStringList Lines(const AnalysisResult& pResult)
+{
+    QStringList lines;
+    for (const LoggedBeat& beat : pResult.beats)
+        lines += QStringLiteral("beat %1 %2")
+                     .arg(beat.index)
+                     .arg(beat.isVirtual ? QStringLiteral("virtual") : QString());
+    for (const double time : pResult.pulseTimes)
+        lines += QStringLiteral("pulse %1").arg(std::lround(time * kRate));
+    double last = 0.0;
+    for (const TempoPoint& tempo : pResult.tempos)
+        if (std::exchange(last, tempo.bpm) != tempo.bpm)
+            lines += QStringLiteral("tempo %1 %2")
+                         .arg(std::lround(tempo.time * kRate))
+                         .arg(double(float(tempo.bpm)), 0, 'f', 3);
+    return lines;
+}
+
+QStringList Analyze(const std::vector<float>& pFrames, const QString& pArguments = {})
+{
+    AnalysisOptions options;
+    const QStringList words = pArguments.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const AnalysisOptionInfo& info : getAnalysisOptionTable())
+        if (words.contains(info.name))
+            info.read(options, words.value(words.indexOf(info.name) + 1));
+    MemorySource source(pFrames);
+    FileAnalysis analysis(options, source);
+    analysis.Run([](const float*, std::size_t) { return true; });
+    return Lines(analysis.getLog().getResult());
+}
+
+}  // namespace
+
+/// The Vamp plugin in a host, against the analysis of the command line host.
+class tst_BeatTracker : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void plugin_isInItsCategory();
+    void outputs_areDescribed();
+    void parameters_areDescribed();
+    void features_areThoseOfAnalyze_data();
+    void features_areThoseOfAnalyze();
+    void features_areTheSameInAnyBlocks_data();
+    void features_areTheSameInAnyBlocks();
+    void ends_areThoseOfAnalyze_data();
+    void ends_areThoseOfAnalyze();
+    void times_countFromTheHostsFirstBlock();
+    void reset_startsAnew();
+    void threads_mayChange();
+    void spectrum_showsTheLoudestBin();
+    void initialise_refuses_data();
+    void initialise_refuses();
+    void calls_areHarmless_beforeInitialise();
+
+private:
+    std::vector<float> m_track;  ///< stereo frames of the demo track
+};
+
+void tst_BeatTracker::initTestCase()
+{
+    DemoTrack track{DemoTrack::Options()};
+    m_track.resize(std::size_t(track.getFrameCount()) * 2);
+    QCOMPARE(track.Read(m_track.data(), std::size_t(track.getFrameCount())),
+             std::size_t(track.getFrameCount()));
+}
+
+void tst_BeatTracker::plugin_isInItsCategory()
+{
+    auto* pLoader = Vamp::HostExt::PluginLoader::getInstance();
+    const auto keys = pLoader->listPlugins();
+    QCOMPARE(keys.size(), std::size_t(1));
+    QCOMPARE(keys.at(0), std::string("audio-analyzer-vamp:beat-tracker"));
+    const std::vector<std::string> category = {"Time", "Tempo"};
+    QVERIFY(pLoader->getPluginCategory(keys.at(0)) == category);
+}
+
+void tst_BeatTracker::outputs_areDescribed()
+{
+    const auto pPlugin = Load();
+    QCOMPARE(pPlugin->getInputDomain(), Plugin::TimeDomain);
+    QCOMPARE(pPlugin->getPluginVersion(),
+             100 * AUDIOANALYZER_VERSION_MAJOR + AUDIOANALYZER_VERSION_MINOR);
+    // A pulse block: at most a fortieth of a second, a power of two.
+    QCOMPARE(pPlugin->getPreferredBlockSize(), std::size_t(1024));
+    QCOMPARE(pPlugin->getPreferredStepSize(), std::size_t(1024));
+    const auto outputs = pPlugin->getOutputDescriptors();
+    QCOMPARE(outputs.size(), std::size_t(4));
+    const char* const names[] = {"beats", "tempo", "pulses", "spectrum"};
+    const std::size_t binCounts[] = {0, 1, 1, 512};
+    for (std::size_t i = 0; i < outputs.size(); ++i) {
+        QCOMPARE(outputs[i].identifier, std::string(names[i]));
+        QVERIFY(outputs[i].hasFixedBinCount);
+        QCOMPARE(outputs[i].binCount, binCounts[i]);
+    }
+    QCOMPARE(outputs[eSpectrum].sampleRate, 44100.0F / 1024.0F);
+    QCOMPARE(outputs[eSpectrum].binNames.at(1), std::string("43 Hz"));
+    QCOMPARE(Load(8000.0F)->getOutputDescriptors().at(eSpectrum).binCount, std::size_t(64));
+}
+
+void tst_BeatTracker::parameters_areDescribed()
+{
+    const auto pPlugin = Load();
+    QStringList names;
+    for (const auto& parameter : pPlugin->getParameterDescriptors()) {
+        names += QString::fromStdString(parameter.identifier);
+        QCOMPARE(pPlugin->getParameter(parameter.identifier), parameter.defaultValue);
+        QVERIFY(parameter.minValue <= parameter.defaultValue);
+        QVERIFY(parameter.defaultValue <= parameter.maxValue);
+    }
+    // Each option of the command line host has its parameters.
+    for (const AnalysisOptionInfo& info : getAnalysisOptionTable()) {
+        QString name = info.name.mid(2);
+        name.replace(QRegularExpression(QStringLiteral("^bpm$")), QStringLiteral("minimal-bpm"));
+        name.replace(QLatin1String("band"), QLatin1String("low-frequency"));
+        name.remove(QLatin1String("no-"));
+        QVERIFY2(names.contains(name), qPrintable(name));
+    }
+    const auto profile = pPlugin->getParameterDescriptors().at(0);
+    const std::vector<std::string> profiles = {"Electro", "Hardcore", "Slow"};
+    QVERIFY(profile.valueNames == profiles);
+    pPlugin->setParameter("sensibility", 3.0F);
+    QCOMPARE(pPlugin->getParameter("sensibility"), 3.0F);
+    pPlugin->setParameter("nonsense", 3.0F);
+    QCOMPARE(pPlugin->getParameter("nonsense"), 0.0F);
+}
+
+using Values = QList<QPair<QString, float>>;
+
+void tst_BeatTracker::features_areThoseOfAnalyze_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<Values>("values");
+    const auto add = [](const char* pArguments, const Values& pValues) {
+        QTest::newRow(*pArguments ? pArguments : "defaults")
+            << QString::fromLatin1(pArguments) << pValues;
+    };
+    add("", {});
+    add("--profile Hardcore", {{QStringLiteral("profile"), 1.0F}});
+    add("--profile Slow", {{QStringLiteral("profile"), 2.0F}});
+    add("--profile Slow --bpm 60:70",
+        {{QStringLiteral("profile"), 2.0F},
+         {QStringLiteral("minimal-bpm"), 60.0F},
+         {QStringLiteral("maximal-bpm"), 70.0F}});
+    add("--band 0:200",
+        {{QStringLiteral("low-frequency"), 0.0F}, {QStringLiteral("high-frequency"), 200.0F}});
+    add("--band 40:0",
+        {{QStringLiteral("low-frequency"), 40.0F}, {QStringLiteral("high-frequency"), 0.0F}});
+    add("--sensibility 1.25", {{QStringLiteral("sensibility"), 1.25F}});
+    add("--threshold 9000", {{QStringLiteral("threshold"), 9000.0F}});
+    add("--fixed-bpm 120", {{QStringLiteral("fixed-bpm"), 120.0F}});
+    add("--stop-duration 0.5", {{QStringLiteral("stop-duration"), 0.5F}});
+    add("--stop-threshold 20000", {{QStringLiteral("stop-threshold"), 20000.0F}});
+    add("--average-duration 8", {{QStringLiteral("average-duration"), 8.0F}});
+    add("--bpm-duration 3", {{QStringLiteral("bpm-duration"), 3.0F}});
+    add("--no-consistency", {{QStringLiteral("consistency"), 0.0F}});
+    add("--virtual-when-stopped", {{QStringLiteral("virtual-when-stopped"), 1.0F}});
+}
+
+void tst_BeatTracker::features_areThoseOfAnalyze()
+{
+    QFETCH(QString, arguments);
+    QFETCH(Values, values);
+    const auto pPlugin = Load();
+    for (const auto& [name, value] : values)
+        pPlugin->setParameter(name.toStdString(), value);
+    QVERIFY(pPlugin->initialise(2, kStep, kStep));
+    const QStringList lines = Lines(Run(*pPlugin, m_track));
+    QVERIFY(lines.size() > 100);
+    QCOMPARE(lines, Analyze(m_track, arguments));
+    // A parameter that did nothing would agree as well.
+    if (!values.isEmpty())
+        QVERIFY(lines != Analyze(m_track));
+}
+
+void tst_BeatTracker::features_areTheSameInAnyBlocks_data()
+{
+    QTest::addColumn<int>("step");
+    QTest::addColumn<int>("size");
+    QTest::newRow("single frames") << 1 << 1;
+    QTest::newRow("ten milliseconds") << 441 << 441;
+    QTest::newRow("longer than a pulse block") << 4096 << 4096;
+    QTest::newRow("overlapping") << 512 << 1024;
+    QTest::newRow("a second") << 44100 << 44100;
+}
+
+void tst_BeatTracker::features_areTheSameInAnyBlocks()
+{
+    QFETCH(int, step);
+    QFETCH(int, size);
+    const auto pPlugin = Load();
+    QVERIFY(pPlugin->initialise(2, std::size_t(step), std::size_t(size)));
+    const Blocks blocks{std::size_t(step), std::size_t(size)};
+    QCOMPARE(Lines(Run(*pPlugin, m_track, blocks)), Analyze(m_track));
+}
+
+void tst_BeatTracker::ends_areThoseOfAnalyze_data()
+{
+    QTest::addColumn<int>("frames");
+    // A beat of the breakdown, 24.4 s, is virtual; the music is cut in small steps through it, so
+    // that an end lies just before it and the padding behind it.
+    for (int frames = 1076000; frames < 1076000 + 20672; frames += 1292)
+        QTest::newRow(qPrintable(QString::number(frames))) << frames;
+}
+
+void tst_BeatTracker::ends_areThoseOfAnalyze()
+{
+    QFETCH(int, frames);
+    const std::vector<float> part(m_track.begin(), m_track.begin() + 2 * frames);
+    const auto pPlugin = Load();
+    QVERIFY(pPlugin->initialise(2, 16384, 16384));
+    QCOMPARE(Lines(Run(*pPlugin, part, {16384, 16384})), Analyze(part));
+}
+
+void tst_BeatTracker::times_countFromTheHostsFirstBlock()
+{
+    const std::vector<float> part(m_track.begin(), m_track.begin() + 2 * 10 * kRate);
+    const auto pPlugin = Load();
+    QVERIFY(pPlugin->initialise(2, kStep, kStep));
+    constexpr long kOrigin = 12345678;
+    QCOMPARE(Lines(Run(*pPlugin, part, {kStep, kStep, kOrigin}), kOrigin), Analyze(part));
+}
+
+void tst_BeatTracker::reset_startsAnew()
+{
+    const std::vector<float> part(m_track.begin(), m_track.begin() + 2 * 10 * kRate);
+    const auto pPlugin = Load();
+    QVERIFY(pPlugin->initialise(2, kStep, kStep));
+    const QStringList first = Lines(Run(*pPlugin, part));
+    pPlugin->reset();
+    QCOMPARE(Lines(Run(*pPlugin, part)), first);
+    QVERIFY(!first.isEmpty());
+}
+
+// Hosts make a plugin in one thread and run it in another.
+void tst_BeatTracker::threads_mayChange()
+{
+    const std::vector<float> part(m_track.begin(), m_track.begin() + 2 * 10 * kRate);
+    QStringList lines;
+    std::unique_ptr<Plugin> pPlugin = Load();
+    std::thread([&] { QVERIFY(pPlugin->initialise(2, kStep, kStep)); }).join();
+    std::thread([&] { lines = Lines(Run(*pPlugin, part)); }).join();
+    std::thread([&] { pPlugin.reset(); }).join();
+    QCOMPARE(lines, Analyze(part));
+}
+
+// A tone of 1007.8 Hz lies in the middle of bin 23: 23.4 * 44100 / 1024.
+void tst_BeatTracker::spectrum_showsTheLoudestBin()
+{
+    std::vector<float> tone(2 * 5 * kRate);
+    for (std::size_t i = 0; i < tone.size(); ++i)
+        tone[i] = float(0.5 * std::sin(6.283185307179586 * 1007.8 * double(i / 2) / kRate));
+    const auto pPlugin = Load();
+    QVERIFY(pPlugin->initialise(2, kStep, kStep));
+    const auto spectra = Run(*pPlugin, tone)[eSpectrum];
+    // All blocks that begin after the first stop decision, 1.5 s, and before the end.
+    QVERIFY2(spectra.size() >= 149 && spectra.size() <= 152,
+             qPrintable(QString::number(spectra.size())));
+    for (const Plugin::Feature& spectrum : spectra) {
+        QCOMPARE(FrameOf(spectrum) % 1024, 0L);
+        QCOMPARE(spectrum.values.size(), std::size_t(512));
+        const auto peak = std::max_element(spectrum.values.begin(), spectrum.values.end());
+        QCOMPARE(std::distance(spectrum.values.begin(), peak), std::ptrdiff_t(23));
+    }
+}
+
+void tst_BeatTracker::initialise_refuses_data()
+{
+    QTest::addColumn<float>("rate");
+    QTest::addColumn<int>("channels");
+    QTest::addColumn<int>("step");
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<float>("value");
+    const auto add = [](const char* pName, float pRate, int pChannels, int pStep) {
+        QTest::newRow(pName) << pRate << pChannels << pStep << QString() << 0.0F;
+    };
+    add("a rate below 8000 Hz", 7999.0F, 1, 1024);
+    add("a rate above 192000 Hz", 192001.0F, 1, 1024);
+    add("no channel", 44100.0F, 0, 1024);
+    add("too many channels", 44100.0F, 65, 1024);
+    add("no step", 44100.0F, 1, 0);
+    add("gaps", 44100.0F, 1, 1025);
+    const auto addValue = [](const char* pParameter, float pValue) {
+        QTest::newRow(
+            qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(pParameter)).arg(pValue)))
+            << 44100.0F << 1 << 1024 << QString::fromLatin1(pParameter) << pValue;
+    };
+    constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+    addValue("profile", 3.0F);
+    addValue("profile", -1.0F);
+    addValue("profile", kNaN);
+    addValue("minimal-bpm", 176.0F);
+    addValue("minimal-bpm", kNaN);
+    addValue("maximal-bpm", 1000.0F);
+    addValue("low-frequency", 76.0F);
+    addValue("low-frequency", kNaN);
+    addValue("sensibility", -2.0F);
+    addValue("sensibility", kNaN);
+    addValue("threshold", 32768.0F);
+    addValue("threshold", 0.5F);
+    addValue("stop-threshold", -1.0F);
+    addValue("stop-duration", 11.0F);
+    addValue("average-duration", 0.0F);
+    addValue("bpm-duration", 601.0F);
+    addValue("fixed-bpm", -1.0F);
+    addValue("consistency", 2.0F);
+    addValue("virtual-when-stopped", 0.5F);
+}
+
+void tst_BeatTracker::initialise_refuses()
+{
+    QFETCH(float, rate);
+    QFETCH(int, channels);
+    QFETCH(int, step);
+    QFETCH(QString, parameter);
+    QFETCH(float, value);
+    const auto pPlugin = Load(rate);
+    QVERIFY(pPlugin != nullptr);
+    if (!parameter.isEmpty())
+        pPlugin->setParameter(parameter.toStdString(), value);
+    QVERIFY(!pPlugin->initialise(std::size_t(channels), std::size_t(step), 1024));
+}
+
+void tst_BeatTracker::calls_areHarmless_beforeInitialise()
+{
+    const auto pPlugin = Load();
+    pPlugin->reset();
+    QVERIFY(pPlugin->getRemainingFeatures().empty());
+    QVERIFY(pPlugin->initialise(1, kStep, kStep));
+    QVERIFY(pPlugin->getRemainingFeatures().empty());
+}
+
+QTEST_APPLESS_MAIN(tst_BeatTracker)
+#include "tst_BeatTracker.moc"
