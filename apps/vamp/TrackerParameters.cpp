@@ -10,62 +10,62 @@ using Descriptor = Vamp::Plugin::ParameterDescriptor;
 
 struct SettingParameter
 {
-    AudioAnalysisSetting setting;
     const char* pName;
     const char* pTitle;
     const char* pDescription;
     const char* pUnit;
+    AudioAnalysisSetting setting;
     bool isWhole;
 };
 
 const SettingParameter kSettingParameters[] = {
-    {AudioAnalysisSetting_Threshold,
-     "threshold",
+    {"threshold",
      "Threshold",
      "Level that makes a pulse; -1 follows the volume",
      "",
+     AudioAnalysisSetting_Threshold,
      true},
-    {AudioAnalysisSetting_StopThreshold,
-     "stop-threshold",
+    {"stop-threshold",
      "Stop threshold",
      "Level up to which it is quiet; music that is mastered low needs less",
      "",
+     AudioAnalysisSetting_StopThreshold,
      true},
-    {AudioAnalysisSetting_StopDuration,
-     "stop-duration",
+    {"stop-duration",
      "Stop duration",
      "Time of quiet that counts as a stop",
      "s",
+     AudioAnalysisSetting_StopDuration,
      false},
-    {AudioAnalysisSetting_AverageDuration,
-     "average-duration",
+    {"average-duration",
      "Average duration",
      "Time over which the volume is averaged",
      "s",
+     AudioAnalysisSetting_AverageDuration,
      false},
-    {AudioAnalysisSetting_BPMDuration,
-     "bpm-duration",
+    {"bpm-duration",
      "Tempo duration",
      "Time whose beats make the tempo",
      "s",
+     AudioAnalysisSetting_BPMDuration,
      false},
-    {AudioAnalysisSetting_FixedBPM,
-     "fixed-bpm",
+    {"fixed-bpm",
      "Fixed tempo",
      "Tempo to impose instead of measuring it, held within the profile's range; 0 measures",
      "bpm",
+     AudioAnalysisSetting_FixedBPM,
      false},
-    {AudioAnalysisSetting_Consistency,
-     "consistency",
+    {"consistency",
      "Keep the last tempo across gaps",
      "1 keeps it, 0 forgets it",
      "",
+     AudioAnalysisSetting_Consistency,
      true},
-    {AudioAnalysisSetting_VirtualWhenStopped,
-     "virtual-when-stopped",
+    {"virtual-when-stopped",
      "Virtual beats while the music is stopped",
      "1 goes on with them, 0 does not",
      "",
+     AudioAnalysisSetting_VirtualWhenStopped,
      true},
 };
 
@@ -200,11 +200,15 @@ bool TrackerParameters::ApplyTo(AudioAnalysis* pAnalysis) const
 
 bool TrackerParameters::_ApplyProfileTo(AudioAnalysis* pAnalysis) const
 {
-    // NaN and numbers below 0 find no name.
     const float number = get("profile");
-    const char* pName =
-        number >= 0.0F ? AudioAnalysis_GetProfileName(static_cast<size_t>(number)) : nullptr;
-    if (AudioAnalysis_SelectProfile(pAnalysis, pName) != AudioAnalysisError_None)
+    constexpr float kMostProfiles = 100.0F;
+    // NaN names no profile either.
+    const char* pName = number >= 0.0F && number < kMostProfiles
+                            ? AudioAnalysis_GetProfileName(static_cast<size_t>(number))
+                            : nullptr;
+    const std::string unknown = "number " + std::to_string(number);
+    if (AudioAnalysis_SelectProfile(pAnalysis, pName ? pName : unknown.c_str()) !=
+        AudioAnalysisError_None)
         return false;
     AudioAnalysisProfile profile;
     AudioAnalysis_GetProfile(pAnalysis, &profile);
