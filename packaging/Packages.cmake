@@ -1,4 +1,4 @@
-# What script/package packs: three Debian packages, or one archive.
+# What script/package packs: Debian packages, or one archive.
 set(CPACK_GENERATOR TGZ)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_STRIP_FILES ON)
@@ -13,7 +13,7 @@ set(CPACK_PACKAGE_FILE_NAME audioanalyzer-${PROJECT_VERSION}-linux-${CMAKE_SYSTE
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_RESOURCE_FILE_README ${PROJECT_SOURCE_DIR}/README.md)
-set(CPACK_COMPONENTS_ALL library development tools)
+set(CPACK_COMPONENTS_ALL library development tools python)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
@@ -26,7 +26,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src/AudioAnalyzer)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY >=)
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY =)
+endif()
 # Adds what Debian wants and nobody else: copyright, changelog, compressed manual pages.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/debian/finish.cmake)
 set(CPACK_AUDIOANALYZER_SOURCE_DIR ${PROJECT_SOURCE_DIR})
@@ -67,5 +69,19 @@ formats of label editors and of music research, and writes click tracks and
 plots. A Vamp plugin shows the same beats in hosts such as Sonic Visualiser.
 .
 beat-monitor, where it was built, shows beat, tempo and spectrum in a window.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-audioanalyzer)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+  "${this_library}, python3 (>= 3.9)")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-numpy)
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION
+"beats and tempo of audio as it is pushed - Python module
+AudioAnalyzer finds pulses, beats and the tempo of live audio, and announces
+a beat before it sounds. It gives the same results on every machine.
+.
+This package holds the Python module audioanalyzer, which takes samples from
+any object with the buffer protocol.")
 
 include(CPack)

@@ -16,7 +16,8 @@ Time comes from the samples alone, so the same samples give the same events on e
 
 The module is a thin layer over the C interface of the library libAudioAnalyzer and needs nothing but
 Python 3.9 or later. The library is the file that the environment variable AUDIOANALYZER_LIBRARY names, or
-lies beside this package, or is found by the system's loader.
+lies beside this package or in the lib folder that it is installed below, or is found by the system's
+loader.
 
 Units: an index counts frames from 0 at the first one pushed; times and durations are in seconds; tempos
 are in beats per minute (BPM), 0 meaning unknown; volumes and thresholds are 16-bit sample magnitudes,

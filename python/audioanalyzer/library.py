@@ -149,9 +149,11 @@ def candidates() -> List[str]:
     named = os.environ.get(VARIABLE)
     if named:
         return [named]
-    folder = pathlib.Path(__file__).resolve().parent
-    beside = [str(folder / name) for name in FILE_NAMES if (folder / name).exists()]
-    return beside + list(FILE_NAMES)
+    package = pathlib.Path(__file__).resolve().parent
+    # Installed, the package is <prefix>/lib/python3/dist-packages/audioanalyzer.
+    folders = [package, *package.parents[2:3]]
+    near = [str(folder / name) for folder in folders for name in FILE_NAMES]
+    return [path for path in near if os.path.exists(path)] + list(FILE_NAMES)
 
 
 @functools.lru_cache(maxsize=None)

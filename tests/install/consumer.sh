@@ -9,7 +9,8 @@ rm -rf "$work"
 cp -r "$source" "$work"
 cd "$work"
 library=$(dirname "$(find "$prefix" -name 'libAudioAnalyzer.so')")
-export PKG_CONFIG_PATH=$library/pkgconfig LD_LIBRARY_PATH=$library
+export PREFIX=$prefix PKG_CONFIG_PATH=$library/pkgconfig LD_LIBRARY_PATH=$library
+export PYTHONPATH=$prefix/lib/python3/dist-packages PYTHONDONTWRITEBYTECODE=1
 
 if [ -f CMakeLists.txt ]; then
     cmake -G Ninja -B . -S . -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_BUILD_TYPE=Debug \

@@ -57,8 +57,9 @@ int main(void)
     AudioAnalysis_Finish(pAnalysis);
     AudioAnalysis_Destroy(pAnalysis);
     printf("%d beats, %d astray, tempo %.2f\n", heard.beatCount, heard.strayCount, heard.bpm);
-    /* The first 1.5 s are needed to tell music from silence; then there are 59 strokes. */
-    return heard.beatCount >= 56 && heard.beatCount <= 60 && heard.strayCount <= 3 &&
+    /* The first 1.5 s are needed to tell music from silence; then there are 59 strokes, and a
+     * virtual beat here and there. */
+    return heard.beatCount >= 56 && heard.beatCount <= 62 && heard.strayCount <= 3 &&
                    fabs(heard.bpm - 125.0) < 1.0
                ? 0
                : 1;
