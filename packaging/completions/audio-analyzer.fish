@@ -7,7 +7,7 @@ end
 
 function __audio_analyzer_options
     audio-analyzer $argv --help 2>/dev/null |
-        string replace -rf '^  (?:-[a-z],)?(--[a-z-]+)(?: \S+)?  +(.*)' '$1\t$2'
+        string replace -rf '^  (?:-[a-z],)?(--[a-z-]+)(?: \S+)*  +(.*)' '$1\t$2'
 end
 
 # The first column of a list, whose first two characters are a mark.

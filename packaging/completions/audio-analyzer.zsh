@@ -4,7 +4,7 @@
 _audio_analyzer_options() {
     local -a options
     options=(${(f)"$($words[1] $@ --help 2>/dev/null |
-        sed -nE 's/^  (-[a-z],)?(--[a-z-]+)( [^ ]+)?  +(.*)/\2:\4/p')"})
+        sed -nE 's/^  (-[a-z],)?(--[a-z-]+)( [^ ]+)*  +(.*)/\2:\4/p')"})
     _describe -o option options
 }
 

@@ -2,4 +2,4 @@
 
 complete -c beat-monitor -n 'string match -q -- "-*" (commandline -ct)' \
     -f -a "(QT_QPA_PLATFORM=offscreen beat-monitor --help 2>/dev/null |
-        string replace -rf '^  (?:-[a-z],)?(--[a-z-]+)(?: \S+)?  +(.*)' '\$1\t\$2')"
+        string replace -rf '^  (?:-[a-z],)?(--[a-z-]+)(?: \S+)*  +(.*)' '\$1\t\$2')"

@@ -48,8 +48,10 @@ def help_of(program, *command):
 
 
 def options_of_help(text):
-    """Options end two blanks before their explanation."""
-    return {match.group(1) for match in re.finditer(r"^ +((?:-\w,)?--\S+(?: \S+)*?)(?:  |$)", text, re.M)}
+    """Options end two blanks before their explanation. What the help tells of checks is left out: the
+    check that a FILE:FILE passes, and what an option needs."""
+    found = re.findall(r"^ +((?:-\w,)?--\S+(?: \S+)*?)(?:  |$)", text, re.M)
+    return {re.sub(r" (\w+):\1$", r" \1", re.sub(r" Needs: .*", "", option)) for option in found}
 
 
 def main():
