@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/Translations.h>
+#include <desktop/settings/detail/PlainText.h>
+
+namespace {
+
+using P = AdvancedSettingsPanel;
+using C = Configuration;
+
+struct FlagSetting
+{
+    const char* pName;  ///< of the field
+    bool (*get)(const Configuration&);
+    bool (Configuration::*set)(bool);
+    void (AdvancedSettingsPanel::*changed)(bool);
+};
+
+template <bool (Configuration::*kGetter)() const>
+bool Get(const Configuration& pConfiguration)
+{
+    return (pConfiguration.*kGetter)();
+}
+
+// In the order of the panel's enumeration.
+constexpr FlagSetting kFlags[] = {
+    {"virtualBeats",
+     &Get<&C::getDisplayVirtualBeatsWhenStopped>,
+     &C::setDisplayVirtualBeatsWhenStopped,
+     &P::OnVirtualBeatsWhenStoppedChanged},
+    {"stopped", &P::isStoppedDisplayed, &C::setDisplayStopped, &P::OnDisplayStoppedChanged},
+    {"speakers",
+     &Get<&C::getDisplaySpeakers>,
+     &C::setDisplaySpeakers,
+     &P::OnDisplaySpeakersChanged},
+    {"grayMode", &Get<&C::getGrayMode>, &C::setGrayMode, &P::OnGrayModeChanged},
+    {"topMost", &Get<&C::isTopMost>, &C::setTopMost, &P::OnTopMostChanged},
+};
+
+}  // namespace
+
+AdvancedSettingsPanel::AdvancedSettingsPanel(Configuration& pConfiguration, QWidget* pParent)
+    : SettingsPanel(pConfiguration, pParent), m_flags(), m_pLanguageLabel(new QLabel(this)),
+      m_pLanguage(new QComboBox(this))
+{
+    auto* pLayout = new QVBoxLayout(this);
+    for (int i = 0; i < eFlagCount; ++i) {
+        auto* pBox = new QCheckBox(this);
+        pBox->setObjectName(QLatin1String(kFlags[i].pName));
+        connect(pBox, &QCheckBox::toggled, this, [this, i](bool pIsOn) {
+            _StoreFlag(eFlag(i), pIsOn);
+        });
+        pLayout->addWidget(pBox);
+        m_flags[std::size_t(i)] = pBox;
+    }
+    auto* pLine = new QHBoxLayout;
+    m_pLanguage->setObjectName(QStringLiteral("language"));
+    m_pLanguageLabel->setBuddy(m_pLanguage);
+    connect(
+        m_pLanguage, QOverload<int>::of(&QComboBox::activated), this, [this] { _StoreLanguage(); });
+    pLine->addWidget(m_pLanguageLabel);
+    pLine->addWidget(m_pLanguage, 1);
+    pLayout->addLayout(pLine);
+    pLayout->addStretch();
+    _Retranslate();
+    Refresh();
+}
+
+// A copy tells what the value was.
+bool AdvancedSettingsPanel::isStoppedDisplayed(const Configuration& pConfiguration)
+{
+    Configuration copy(pConfiguration);
+    return !copy.setDisplayStopped(true);
+}
+
+void AdvancedSettingsPanel::_StoreFlag(eFlag pFlag, bool pIsOn)
+{
+    if (!(m_configuration.*kFlags[pFlag].set)(pIsOn))
+        return;
+    Q_EMIT(this->*kFlags[pFlag].changed)(pIsOn);
+    Q_EMIT OnConfigurationChanged();
+}
+
+void AdvancedSettingsPanel::_StoreLanguage()
+{
+    const QString code = m_pLanguage->currentData().toString();
+    if (!m_configuration.setLanguage(code))
+        return;
+    Q_EMIT OnLanguageChanged(code);
+    Q_EMIT OnConfigurationChanged();
+}
+
+void AdvancedSettingsPanel::Refresh()
+{
+    for (int i = 0; i < eFlagCount; ++i) {
+        const QSignalBlocker blocker(m_flags[std::size_t(i)]);
+        m_flags[std::size_t(i)]->setChecked(kFlags[i].get(m_configuration));
+    }
+    _ShowLanguages();
+}
+
+void AdvancedSettingsPanel::_Retranslate()
+{
+    setWindowTitle(tr("Advanced settings"));
+    const auto set = [this](eFlag pFlag, const QString& pText, const QString& pHelp) {
+        m_flags[pFlag]->setText(pText);
+        m_flags[pFlag]->setToolTip(pHelp);
+        m_flags[pFlag]->setAccessibleDescription(pHelp);
+    };
+    set(eVirtualBeats,
+        tr("Go on with &virtual beats while stopped"),
+        tr("Beats go on at the last tempo while the music is stopped."));
+    set(eStopped,
+        tr("Show when the music is s&topped"),
+        tr("The window says so as soon as the music stops."));
+    set(eSpeakers, tr("Show the &speakers"), tr("Two speakers pump with the beat."));
+    set(eGrayMode, tr("&Gray mode"), tr("A quiet, dark look for dark places."));
+    set(eTopMost, tr("Always on t&op"), tr("The window stays above all others."));
+    m_pLanguageLabel->setText(tr("&Language:"));
+    m_pLanguage->setAccessibleName(detail::PlainText(m_pLanguageLabel->text()));
+    _ShowLanguages();
+}
+
+void AdvancedSettingsPanel::_ShowLanguages()
+{
+    const QSignalBlocker blocker(m_pLanguage);
+    m_pLanguage->clear();
+    m_pLanguage->addItem(tr("Language of the system"), QString());
+    for (const Translations::Language& language : Translations::getLanguages())
+        m_pLanguage->addItem(language.name, language.code);
+    const QString stored = m_configuration.getLanguage();
+    const QString code = stored.isEmpty() ? stored : Translations::Match(stored);
+    m_pLanguage->setCurrentIndex(m_pLanguage->findData(code));
+}
+
+#include "moc_AdvancedSettingsPanel.cpp"

@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+#include <cmath>
+#include <common/AnalysisOptions.h>
+#include <desktop/settings/DecimalField.h>
+#include <desktop/settings/DurationsPanel.h>
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/detail/PlainText.h>
+#include <desktop/settings/detail/SettingLimits.h>
+
+namespace {
+
+struct DurationSetting
+{
+    const char* pName;  ///< of the field
+    detail::DurationLimits limits;
+    double (Configuration::*get)() const;
+    bool (Configuration::*set)(double);
+    bool (AudioAnalyzer::*live)(double);  ///< null where the analysis reads the configuration
+};
+
+struct LevelSetting
+{
+    const char* pName;  ///< of the field
+    short (Configuration::*get)() const;
+    bool (Configuration::*set)(short);
+};
+
+using C = Configuration;
+using A = AudioAnalyzer;
+
+// In the order of the panel's enumerations.
+constexpr DurationSetting kDurations[] = {
+    {"averageVolume",
+     detail::kAverageVolumeLimits,
+     &C::getAverageVolumeCalculationDuration,
+     &C::setAverageVolumeCalculationDuration,
+     &A::setAverageVolumeCalculationDuration},
+    {"bpm",
+     detail::kBPMLimits,
+     &C::getBPMCalculationDuration,
+     &C::setBPMCalculationDuration,
+     nullptr},
+    {"stop",
+     detail::kStopDetectionLimits,
+     &C::getStopDetectionDuration,
+     &C::setStopDetectionDuration,
+     &A::setStopDetectionDuration},
+    {"normalization",
+     detail::kNormalizationLimits,
+     &C::getNormalizationDuration,
+     &C::setNormalizationDuration,
+     nullptr},
+};
+
+constexpr LevelSetting kLevels[] = {
+    {"stopLevel", &C::getStopDetectionThreshold, &C::setStopDetectionThreshold},
+    {"normalizationLevel", &C::getNormalizationThreshold, &C::setNormalizationThreshold},
+};
+
+bool IsWithin(double pSeconds, const detail::DurationLimits& pLimits)
+{
+    return pSeconds >= pLimits.minimum && pSeconds <= pLimits.maximum;
+}
+
+}  // namespace
+
+DurationsPanel::DurationsPanel(Configuration& pConfiguration, QWidget* pParent)
+    : SettingsPanel(pConfiguration, pParent), m_pDefaults(new QPushButton(this))
+{
+    auto* pGrid = new QGridLayout(this);
+    pGrid->setColumnStretch(2, 1);
+    _AddDuration(eAverageVolume, pGrid);
+    _AddDuration(eBPM, pGrid);
+    _AddDuration(eStop, pGrid);
+    _AddLevel(eStopLevel, pGrid);
+    _AddDuration(eNormalization, pGrid);
+    _AddLevel(eNormalizationLevel, pGrid);
+    m_pDefaults->setObjectName(QStringLiteral("defaults"));
+    connect(m_pDefaults, &QPushButton::clicked, this, &DurationsPanel::_RestoreDefaults);
+    pGrid->addWidget(m_pDefaults, pGrid->rowCount(), 1);
+    pGrid->setRowStretch(pGrid->rowCount(), 1);
+    setTabOrder(m_levels[eNormalizationLevel].pField, m_pDefaults);
+    _Retranslate();
+    Refresh();
+}
+
+void DurationsPanel::_AddDuration(eDuration pDuration, QGridLayout* pGrid)
+{
+    const DurationSetting& setting = kDurations[pDuration];
+    DurationRow& row = m_durations[pDuration];
+    row = {new QLabel(this), new DecimalField(this), new HintLabel(this)};
+    row.pLabel->setBuddy(row.pField);
+    row.pField->setObjectName(QLatin1String(setting.pName));
+    row.pField->setRange(setting.limits.minimum, setting.limits.maximum);
+    row.pField->setSingleStep(setting.limits.step);
+    connect(row.pField,
+            QOverload<double>::of(&QDoubleSpinBox::valueChanged),
+            this,
+            [this, pDuration](double pSeconds) { _StoreDuration(pDuration, pSeconds); });
+    const int line = pGrid->rowCount();
+    pGrid->addWidget(row.pLabel, line, 0);
+    pGrid->addWidget(row.pField, line, 1);
+    pGrid->addWidget(row.pHint, line, 2);
+}
+
+void DurationsPanel::_AddLevel(eLevel pLevel, QGridLayout* pGrid)
+{
+    LevelRow& row = m_levels[pLevel];
+    row = {new QLabel(this), new QSpinBox(this), new HintLabel(this)};
+    row.pLabel->setBuddy(row.pField);
+    row.pField->setObjectName(QLatin1String(kLevels[pLevel].pName));
+    row.pField->setKeyboardTracking(false);
+    row.pField->setAlignment(Qt::AlignRight);
+    row.pField->setRange(0, detail::kMaximalLevel);
+    row.pField->setSingleStep(100);
+    connect(row.pField,
+            QOverload<int>::of(&QSpinBox::valueChanged),
+            this,
+            [this, pLevel](int pMagnitude) { _StoreLevel(pLevel, pMagnitude); });
+    const int line = pGrid->rowCount();
+    pGrid->addWidget(row.pLabel, line, 0);
+    pGrid->addWidget(row.pField, line, 1);
+    pGrid->addWidget(row.pHint, line, 2);
+}
+
+// ---- Changes ------------------------------------------------------------------------------------
+
+void DurationsPanel::_StoreDuration(eDuration pDuration, double pSeconds)
+{
+    const DurationSetting& setting = kDurations[pDuration];
+    if (!(m_configuration.*setting.set)(pSeconds))
+        return;
+    // The analyzer reads the stop duration from the configuration: that comes first.
+    if (m_pAnalyzer && setting.live)
+        (*m_pAnalyzer.*setting.live)(pSeconds);
+    _ShowDurationHint(pDuration);
+    Q_EMIT OnConfigurationChanged();
+}
+
+void DurationsPanel::_StoreLevel(eLevel pLevel, int pMagnitude)
+{
+    if (!(m_configuration.*kLevels[pLevel].set)(static_cast<short>(pMagnitude)))
+        return;
+    _ShowLevelHint(pLevel);
+    Q_EMIT OnConfigurationChanged();
+}
+
+void DurationsPanel::_RestoreDefaults()
+{
+    const Configuration defaults;
+    for (int i = 0; i < eDurationCount; ++i)
+        _StoreDuration(eDuration(i),
+                       i == eStop ? AnalysisOptions::kStopDuration
+                                  : (defaults.*kDurations[i].get)());
+    for (int i = 0; i < eLevelCount; ++i)
+        _StoreLevel(eLevel(i), (defaults.*kLevels[i].get)());
+    Refresh();
+}
+
+// ---- What is shown ------------------------------------------------------------------------------
+
+void DurationsPanel::Refresh()
+{
+    for (int i = 0; i < eDurationCount; ++i) {
+        const QSignalBlocker blocker(m_durations[i].pField);
+        m_durations[i].pField->setValue((m_configuration.*kDurations[i].get)());
+    }
+    for (int i = 0; i < eLevelCount; ++i) {
+        const QSignalBlocker blocker(m_levels[i].pField);
+        m_levels[i].pField->setValue((m_configuration.*kLevels[i].get)());
+    }
+    _ShowHints();
+}
+
+void DurationsPanel::_Retranslate()
+{
+    setWindowTitle(tr("Durations"));
+    m_durations[eAverageVolume].pLabel->setText(tr("&Average volume:"));
+    m_durations[eBPM].pLabel->setText(tr("&Tempo:"));
+    m_durations[eStop].pLabel->setText(tr("&Stop after:"));
+    m_durations[eNormalization].pLabel->setText(tr("&Normalization:"));
+    m_levels[eStopLevel].pLabel->setText(tr("&Quiet up to:"));
+    m_levels[eNormalizationLevel].pLabel->setText(tr("Normalization &level:"));
+    m_pDefaults->setText(tr("Restore &defaults"));
+    for (const DurationRow& row : m_durations) {
+        row.pField->setSuffix(tr(" s", "seconds"));
+        row.pField->setAccessibleName(detail::PlainText(row.pLabel->text()));
+    }
+    for (const LevelRow& row : m_levels)
+        row.pField->setAccessibleName(detail::PlainText(row.pLabel->text()));
+    _ShowHints();
+}
+
+void DurationsPanel::_ShowHints()
+{
+    for (int i = 0; i < eDurationCount; ++i)
+        _ShowDurationHint(eDuration(i));
+    for (int i = 0; i < eLevelCount; ++i)
+        _ShowLevelHint(eLevel(i));
+}
+
+void DurationsPanel::_ShowDurationHint(eDuration pDuration)
+{
+    const DurationSetting& setting = kDurations[pDuration];
+    const DurationRow& row = m_durations[pDuration];
+    const double stored = (m_configuration.*setting.get)();
+    const QLocale locale;
+    QString hint =
+        tr("%1 to %2 s")
+            .arg(locale.toString(setting.limits.minimum), locale.toString(setting.limits.maximum));
+    if (pDuration == eStop)
+        hint = tr("%1 to %2 s of quiet; every start begins with %3 s")
+                   .arg(locale.toString(setting.limits.minimum),
+                        locale.toString(setting.limits.maximum),
+                        locale.toString(AnalysisOptions::kStopDuration));
+    if (IsWithin(stored, setting.limits))
+        row.pHint->setHint(hint);
+    else
+        row.pHint->setRefusal(tr("%1 s is stored, outside %2 to %3 s; it stays until you change it")
+                                  .arg(locale.toString(stored),
+                                       locale.toString(setting.limits.minimum),
+                                       locale.toString(setting.limits.maximum)));
+    row.pField->setAccessibleDescription(row.pHint->text());
+}
+
+void DurationsPanel::_ShowLevelHint(eLevel pLevel)
+{
+    const LevelRow& row = m_levels[pLevel];
+    const int stored = (m_configuration.*kLevels[pLevel].get)();
+    const QLocale locale;
+    if (stored < 0)
+        row.pHint->setRefusal(
+            tr("%1 is stored, below 0; it stays until you change it").arg(locale.toString(stored)));
+    else if (stored == 0)
+        row.pHint->setHint(tr("silence; 0 to %1").arg(locale.toString(detail::kMaximalLevel)));
+    else
+        row.pHint->setHint(tr("%1 dB of full scale; 0 to %2")
+                               .arg(locale.toString(detail::ToDecibels(stored), 'f', 1),
+                                    locale.toString(detail::kMaximalLevel)));
+    row.pField->setAccessibleDescription(row.pHint->text());
+}
+
+#include "moc_DurationsPanel.cpp"

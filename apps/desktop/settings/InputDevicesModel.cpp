@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/audio/QtAudioInputDeviceInfo.h>
+#include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
+
+#include <QStringList>
+
+#include <algorithm>
+#include <desktop/settings/InputDevicesModel.h>
+
+InputDevicesModel::InputDevicesModel(QObject* pParent) : QAbstractListModel(pParent)
+{
+    using M = QtAudioInputDevicesManager;
+    const M* pWatcher = M::GetInstance();
+    connect(pWatcher, &M::OnConnected, this, &InputDevicesModel::_OnConnected);
+    connect(pWatcher, &M::OnDisconnected, this, &InputDevicesModel::_OnDisconnected);
+    const QList<QtAudioInputDeviceInfo> devices = QtAudioInputDeviceInfo::Enumerate();
+    for (const QtAudioInputDeviceInfo& device : devices)
+        if (Find(device.getDeviceName()) < 0)
+            m_rows.push_back({{device.getDeviceName(), device.isDefault(), {}}, true});
+}
+
+// ---- What is listed -----------------------------------------------------------------------------
+
+int InputDevicesModel::rowCount(const QModelIndex& pParent) const
+{
+    return pParent.isValid() ? 0 : int(m_rows.size());
+}
+
+QVariant InputDevicesModel::data(const QModelIndex& pIndex, int pRole) const
+{
+    if (!checkIndex(pIndex, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Row& row = m_rows[std::size_t(pIndex.row())];
+    switch (pRole) {
+    case Qt::DisplayRole:
+        return _Text(row);
+    case Qt::ToolTipRole:
+        return row.device.isMonitor() ? tr("%1: records what this computer plays").arg(_Text(row))
+                                      : _Text(row);
+    case eNameRole:
+        return row.device.name;
+    case eDefaultRole:
+        return row.device.isDefault;
+    case eMonitorRole:
+        return row.device.isMonitor();
+    case ePresentRole:
+        return row.isPresent;
+    case eChosenRole:
+        return !m_chosen.isEmpty() && row.device.name == m_chosen;
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> InputDevicesModel::roleNames() const
+{
+    QHash<int, QByteArray> names = QAbstractListModel::roleNames();
+    names.insert(eNameRole, "name");
+    names.insert(eDefaultRole, "isDefault");
+    names.insert(eMonitorRole, "isMonitor");
+    names.insert(ePresentRole, "isPresent");
+    names.insert(eChosenRole, "isChosen");
+    return names;
+}
+
+QString InputDevicesModel::_Text(const Row& pRow) const
+{
+    QStringList marks;
+    if (!pRow.isPresent)
+        marks.append(tr("absent"));
+    if (pRow.device.isDefault)
+        marks.append(tr("default"));
+    if (pRow.device.isMonitor())
+        marks.append(tr("monitor"));
+    if (marks.isEmpty())
+        return pRow.device.name;
+    return tr("%1 (%2)", "device (its marks)").arg(pRow.device.name, marks.join(tr(", ")));
+}
+
+int InputDevicesModel::Find(const QString& pName) const
+{
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [&pName](const Row& pRow) {
+        return pRow.device.name == pName;
+    });
+    return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+int InputDevicesModel::getPresentCount() const
+{
+    return int(std::count_if(
+        m_rows.begin(), m_rows.end(), [](const Row& pRow) { return pRow.isPresent; }));
+}
+
+// ---- The choice ---------------------------------------------------------------------------------
+
+void InputDevicesModel::setChosen(const QString& pName)
+{
+    if (pName == m_chosen)
+        return;
+    const int before = Find(m_chosen);
+    m_chosen = pName;
+    // An absent device was listed for being chosen only.
+    if (before >= 0 && !m_rows[std::size_t(before)].isPresent)
+        _Remove(before);
+    else if (before >= 0)
+        _Changed(before);
+    const int after = Find(pName);
+    if (after >= 0)
+        _Changed(after);
+    else if (!pName.isEmpty())
+        _Append(pName, false, false);
+}
+
+void InputDevicesModel::setChosenPresent(bool pIsPresent)
+{
+    const int row = Find(m_chosen);
+    if (row < 0 || m_rows[std::size_t(row)].isPresent == pIsPresent)
+        return;
+    m_rows[std::size_t(row)].isPresent = pIsPresent;
+    _Changed(row);
+}
+
+// ---- The watcher --------------------------------------------------------------------------------
+
+void InputDevicesModel::_OnConnected(const QtAudioInputDeviceInfo& pDevice)
+{
+    const int row = Find(pDevice.getDeviceName());
+    if (row < 0) {
+        _Append(pDevice.getDeviceName(), pDevice.isDefault(), true);
+    } else if (!m_rows[std::size_t(row)].isPresent) {
+        m_rows[std::size_t(row)].isPresent = true;
+        _Changed(row);
+    }
+    _UpdateDefaults();
+}
+
+void InputDevicesModel::_OnDisconnected(const QtAudioInputDeviceInfo& pDevice)
+{
+    const int row = Find(pDevice.getDeviceName());
+    if (row >= 0 && pDevice.getDeviceName() == m_chosen)
+        setChosenPresent(false);
+    else if (row >= 0)
+        _Remove(row);
+    _UpdateDefaults();
+}
+
+/// The watcher's list is the new one already when it reports.
+void InputDevicesModel::_UpdateDefaults()
+{
+    QtAudioInputDevicesManager* pWatcher = QtAudioInputDevicesManager::GetInstance();
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        const QtAudioInputDeviceInfo* pKnown = pWatcher->GetAudioInputDevice(m_rows[i].device.name);
+        const bool isDefault = pKnown && pKnown->isDefault();
+        if (m_rows[i].device.isDefault == isDefault)
+            continue;
+        m_rows[i].device.isDefault = isDefault;
+        _Changed(int(i));
+    }
+}
+
+void InputDevicesModel::_Append(const QString& pName, bool pIsDefault, bool pIsPresent)
+{
+    const int row = rowCount();
+    beginInsertRows({}, row, row);
+    m_rows.push_back({{pName, pIsDefault, {}}, pIsPresent});
+    endInsertRows();
+}
+
+void InputDevicesModel::_Remove(int pRow)
+{
+    beginRemoveRows({}, pRow, pRow);
+    m_rows.erase(m_rows.begin() + pRow);
+    endRemoveRows();
+}
+
+void InputDevicesModel::_Changed(int pRow)
+{
+    Q_EMIT dataChanged(index(pRow), index(pRow));
+}
+
+void InputDevicesModel::Retranslate()
+{
+    if (!m_rows.empty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {Qt::DisplayRole, Qt::ToolTipRole});
+}
+
+#include "moc_InputDevicesModel.cpp"

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <desktop/settings/SettingsPanel.h>
+
+class HintLabel;
+class InputDevicesModel;
+class QListView;
+class QPushButton;
+
+/// The input devices, live, and the choice of one of them: by a click, Enter or the space bar. The
+/// arrow keys alone choose nothing, since to open a device takes time.
+class InputDevicesPanel : public SettingsPanel
+{
+    Q_OBJECT
+
+public:
+    explicit InputDevicesPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
+
+    /// The watcher's list and the stored device, if it is present; an absent one is told by
+    /// setCurrentDevice().
+    void Refresh() override;
+
+public Q_SLOTS:
+    /// The device that is to be recorded, and whether it answers. Changes no setting.
+    void setCurrentDevice(const QString& pName, bool pIsPresent);
+
+Q_SIGNALS:
+    /// The device was chosen here; the configuration holds it already.
+    void OnDeviceChosen(const QString& pName);
+
+protected:
+    void _Retranslate() override;
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
+private:
+    void _Choose(const QModelIndex& pIndex);
+    void _LookAgain();
+    void _ShowStatus();
+
+    InputDevicesModel* m_pModel;
+    QListView* m_pList;
+    HintLabel* m_pStatus;
+    QPushButton* m_pLookAgain;
+};

@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <QGridLayout>
+#include <QListView>
+#include <QLocale>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ProfilesModel.h>
+#include <desktop/settings/ProfilesPanel.h>
+
+ProfilesPanel::ProfilesPanel(Configuration& pConfiguration, QWidget* pParent)
+    : SettingsPanel(pConfiguration, pParent), m_pModel(new ProfilesModel(pConfiguration, this)),
+      m_pList(new QListView(this)), m_pSummary(new HintLabel(this)), m_pAdd(new QPushButton(this)),
+      m_pDuplicate(new QPushButton(this)), m_pEdit(new QPushButton(this)),
+      m_pRemove(new QPushButton(this)), m_pRemovedText(new HintLabel(this)),
+      m_pUndo(new QPushButton(this))
+{
+    _MakeLayout();
+    _Connect();
+    _Retranslate();
+    Refresh();
+}
+
+void ProfilesPanel::_MakeLayout()
+{
+    m_pList->setObjectName(QStringLiteral("profiles"));
+    m_pList->setModel(m_pModel);
+    m_pList->setUniformItemSizes(true);
+    m_pList->setMinimumHeight(m_pList->fontMetrics().lineSpacing() * 5);
+    m_pSummary->setObjectName(QStringLiteral("summary"));
+    m_pAdd->setObjectName(QStringLiteral("add"));
+    m_pDuplicate->setObjectName(QStringLiteral("duplicate"));
+    m_pEdit->setObjectName(QStringLiteral("edit"));
+    m_pRemove->setObjectName(QStringLiteral("remove"));
+    m_pRemovedText->setObjectName(QStringLiteral("removed"));
+    m_pUndo->setObjectName(QStringLiteral("undo"));
+    auto* pGrid = new QGridLayout(this);
+    pGrid->addWidget(m_pList, 0, 0, 5, 1);
+    pGrid->addWidget(m_pAdd, 0, 1);
+    pGrid->addWidget(m_pDuplicate, 1, 1);
+    pGrid->addWidget(m_pEdit, 2, 1);
+    pGrid->addWidget(m_pRemove, 3, 1);
+    pGrid->addWidget(m_pSummary, 5, 0, 1, 2);
+    pGrid->addWidget(m_pRemovedText, 6, 0);
+    pGrid->addWidget(m_pUndo, 6, 1);
+    pGrid->setColumnStretch(0, 1);
+    pGrid->setRowStretch(4, 1);
+}
+
+void ProfilesPanel::_Connect()
+{
+    connect(m_pList->selectionModel(),
+            &QItemSelectionModel::currentChanged,
+            this,
+            &ProfilesPanel::_OnCurrentChanged);
+    connect(m_pList, &QListView::doubleClicked, m_pEdit, &QPushButton::click);
+    connect(m_pAdd, &QPushButton::clicked, this, [this] { _OpenEditor(ProfileEditor::eNew); });
+    connect(m_pDuplicate, &QPushButton::clicked, this, &ProfilesPanel::_Duplicate);
+    connect(m_pEdit, &QPushButton::clicked, this, [this] {
+        _OpenEditor(_IsCurrentOwn() ? ProfileEditor::eOwn : ProfileEditor::eBuiltIn);
+    });
+    connect(m_pRemove, &QPushButton::clicked, this, &ProfilesPanel::_Remove);
+    connect(m_pUndo, &QPushButton::clicked, this, &ProfilesPanel::_Undo);
+    const std::pair<int, QPushButton*> keys[] = {
+        {Qt::Key_Delete, m_pRemove}, {Qt::Key_F2, m_pEdit}, {Qt::Key_Return, m_pEdit}};
+    for (const auto& [key, pButton] : keys) {
+        auto* pShortcut = new QShortcut(QKeySequence(key), m_pList);
+        pShortcut->setContext(Qt::WidgetShortcut);
+        connect(pShortcut, &QShortcut::activated, pButton, &QPushButton::click);
+    }
+}
+
+// ---- Changes ------------------------------------------------------------------------------------
+
+void ProfilesPanel::_OnCurrentChanged(const QModelIndex& pIndex)
+{
+    if (!pIndex.isValid() ||
+        !m_configuration.setSelectedProfile(m_pModel->getProfile(pIndex.row())))
+        return;
+    _ShowState();
+    Q_EMIT OnProfileChanged();
+    Q_EMIT OnConfigurationChanged();
+}
+
+void ProfilesPanel::_OpenEditor(ProfileEditor::eKind pKind)
+{
+    if (m_pEditor)
+        return m_pEditor->activateWindow();
+    const bool isNew = pKind == ProfileEditor::eNew;
+    const Profile profile = _Current();
+    m_pEditor = new ProfileEditor(pKind,
+                                  isNew ? detail::ProfileValues() : detail::ValuesOf(profile),
+                                  m_pModel->getNames(isNew ? -1 : m_pModel->getSelectedRow()),
+                                  this);
+    m_pEditor->setAttribute(Qt::WA_DeleteOnClose);
+    ProfileEditor* pEditor = m_pEditor;
+    connect(pEditor, &ProfileEditor::accepted, this, [this, pEditor, pKind, profile] {
+        _OnEdited(*pEditor, pKind, profile);
+    });
+    // Not exec(): the event loop goes on, and the beat with it.
+    pEditor->open();
+}
+
+void ProfilesPanel::_OnEdited(const ProfileEditor& pEditor,
+                              ProfileEditor::eKind pKind,
+                              Profile pProfile)
+{
+    const detail::ProfileValues values = pEditor.getValues();
+    if (pKind == ProfileEditor::eNew || pEditor.isSavedAsNew()) {
+        _Add(values);
+    } else {
+        detail::Apply(values, pProfile);
+        // A setter of a profile does not tell the configuration.
+        if (pProfile.isSerializable())
+            m_configuration.setIsModified(true);
+    }
+    _Changed();
+}
+
+void ProfilesPanel::_Duplicate()
+{
+    const Profile original = _Current();
+    detail::ProfileValues values = detail::ValuesOf(original);
+    const QStringList names = m_pModel->getNames();
+    const QString copy = tr("%1 (copy)").arg(values.name);
+    values.name =
+        detail::HasName(names, copy)
+            ? detail::NumberedName(tr("%1 (copy %2)").arg(values.name, QStringLiteral("%1")), names)
+            : copy;
+    Profile added = _Add(values);
+    added.setMaximalThreshold(original.getMaximalThreshold());
+    added.setMinimalThreshold(original.getMinimalThreshold());
+    _Changed();
+}
+
+Profile ProfilesPanel::_Add(const detail::ProfileValues& pValues)
+{
+    const Profile added = m_configuration.Add(pValues.name,
+                                              pValues.minimalBPM,
+                                              pValues.maximalBPM,
+                                              pValues.sensibility,
+                                              pValues.low,
+                                              pValues.high);
+    m_configuration.setSelectedProfile(added);
+    return added;
+}
+
+void ProfilesPanel::_Remove()
+{
+    const Profile profile = _Current();
+    if (!profile.isSerializable())
+        return;
+    m_removed = profile;
+    // A handle of the kind that the configuration takes; only its ID is looked at.
+    m_configuration.Remove(UserProfile(profile.getName(),
+                                       profile.getSensibility(),
+                                       profile.getFilterLowFrequency(),
+                                       profile.getFilterHighFrequency(),
+                                       profile.getID(),
+                                       profile.getMinimalBPM(),
+                                       profile.getMaximalBPM()));
+    _Changed();
+}
+
+void ProfilesPanel::_Undo()
+{
+    const Profile removed = *m_removed;
+    m_removed.reset();
+    Profile restored = _Add(detail::ValuesOf(removed));
+    restored.setMaximalThreshold(removed.getMaximalThreshold());
+    restored.setMinimalThreshold(removed.getMinimalThreshold());
+    _Changed();
+    m_pList->setFocus();
+}
+
+void ProfilesPanel::_Changed()
+{
+    Refresh();
+    Q_EMIT OnProfileChanged();
+    Q_EMIT OnConfigurationChanged();
+}
+
+// ---- What is shown ------------------------------------------------------------------------------
+
+void ProfilesPanel::Refresh()
+{
+    {
+        const QSignalBlocker blocker(m_pList->selectionModel());
+        m_pModel->Reload();
+    }
+    m_pList->setCurrentIndex(m_pModel->index(m_pModel->getSelectedRow()));
+    _ShowState();
+}
+
+void ProfilesPanel::_Retranslate()
+{
+    setWindowTitle(tr("Profiles"));
+    m_pList->setAccessibleName(tr("Profiles"));
+    m_pAdd->setText(tr("&Add…"));
+    m_pAdd->setToolTip(tr("Make a new profile."));
+    m_pDuplicate->setText(tr("D&uplicate"));
+    m_pDuplicate->setToolTip(tr("Make a profile of your own from this one."));
+    m_pEdit->setText(tr("&Edit…"));
+    m_pEdit->setToolTip(tr("Change name, tempo range, band and sensibility (F2)."));
+    m_pRemove->setText(tr("Re&move"));
+    m_pUndo->setText(tr("Br&ing back"));
+    m_pModel->UpdateTexts();
+    _ShowState();
+}
+
+void ProfilesPanel::_ShowState()
+{
+    const Profile profile = _Current();
+    const QString kind = profile.isSerializable()
+                             ? tr("Your own profile; it is saved with the settings.")
+                             : tr("Built in: changes last until the program ends. To keep them, "
+                                  "duplicate it.");
+    m_pSummary->setHint(
+        tr("%1, sensibility %2. %3", "band, sensibility. kind of profile")
+            .arg(_BandText(profile), QLocale().toString(profile.getSensibility()), kind));
+    m_pEdit->setEnabled(!profile.isReadOnly());
+    m_pRemove->setEnabled(profile.isSerializable());
+    m_pRemove->setToolTip(profile.isSerializable() ? tr("Remove this profile (Del).")
+                                                   : tr("A built-in profile cannot be removed."));
+    for (QPushButton* pButton : {m_pAdd, m_pDuplicate, m_pEdit, m_pRemove})
+        pButton->setAccessibleDescription(pButton->toolTip());
+    m_pRemovedText->setVisible(m_removed.has_value());
+    m_pUndo->setVisible(m_removed.has_value());
+    if (m_removed)
+        m_pRemovedText->setHint(tr("“%1” is removed.").arg(m_removed->getName()));
+}
+
+Profile ProfilesPanel::_Current() const
+{
+    return m_configuration.getSelectedProfile();
+}
+
+bool ProfilesPanel::_IsCurrentOwn() const
+{
+    return _Current().isSerializable();
+}
+
+QString ProfilesPanel::_BandText(const Profile& pProfile)
+{
+    const int low = pProfile.getFilterLowFrequency();
+    const int high = pProfile.getFilterHighFrequency();
+    const QLocale locale;
+    if (low < 0 && high < 0)
+        return tr("All frequencies");
+    if (low < 0)
+        return tr("Up to %1 Hz").arg(locale.toString(high));
+    if (high < 0)
+        return tr("From %1 Hz").arg(locale.toString(low));
+    return tr("%1 to %2 Hz").arg(locale.toString(low), locale.toString(high));
+}
+
+#include "moc_ProfilesPanel.cpp"

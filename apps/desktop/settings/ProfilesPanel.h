@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <AudioAnalyzer/config/Profile.h>
+
+#include <QPointer>
+
+#include <desktop/settings/ProfileEditor.h>
+#include <desktop/settings/SettingsPanel.h>
+#include <optional>
+
+class HintLabel;
+class ProfilesModel;
+class QListView;
+class QPushButton;
+
+/// The tempo profiles: which one is in force, and the user's own ones. A removed profile can be
+/// brought back until the next one is removed.
+class ProfilesPanel : public SettingsPanel
+{
+    Q_OBJECT
+
+public:
+    explicit ProfilesPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
+
+    void Refresh() override;
+
+Q_SIGNALS:
+    /// The selected profile is another one, or has other values.
+    void OnProfileChanged();
+
+protected:
+    void _Retranslate() override;
+
+private:
+    void _MakeLayout();
+    void _Connect();
+    void _OnCurrentChanged(const QModelIndex& pIndex);
+    void _OpenEditor(ProfileEditor::eKind pKind);
+    void _OnEdited(const ProfileEditor& pEditor, ProfileEditor::eKind pKind, Profile pProfile);
+    void _Duplicate();
+    void _Remove();
+    void _Undo();
+    /// A new profile of these values, selected.
+    Profile _Add(const detail::ProfileValues& pValues);
+    void _Changed();
+    void _ShowState();
+    Profile _Current() const;
+    bool _IsCurrentOwn() const;
+    static QString _BandText(const Profile& pProfile);
+
+    ProfilesModel* m_pModel;
+    QListView* m_pList;
+    HintLabel* m_pSummary;
+    QPushButton* m_pAdd;
+    QPushButton* m_pDuplicate;
+    QPushButton* m_pEdit;
+    QPushButton* m_pRemove;
+    HintLabel* m_pRemovedText;
+    QPushButton* m_pUndo;
+    std::optional<Profile> m_removed;   ///< the last one, which can be brought back
+    QPointer<ProfileEditor> m_pEditor;  ///< deletes itself when it is closed
+};
