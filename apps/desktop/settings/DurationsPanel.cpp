@@ -183,20 +183,39 @@ void DurationsPanel::Refresh()
 void DurationsPanel::_Retranslate()
 {
     setWindowTitle(tr("Durations"));
-    m_durations[eAverageVolume].pLabel->setText(tr("&Average volume:"));
-    m_durations[eBPM].pLabel->setText(tr("&Tempo:"));
-    m_durations[eStop].pLabel->setText(tr("&Stop after:"));
-    m_durations[eNormalization].pLabel->setText(tr("&Normalization:"));
-    m_levels[eStopLevel].pLabel->setText(tr("&Quiet up to:"));
-    m_levels[eNormalizationLevel].pLabel->setText(tr("Normalization &level:"));
-    m_pDefaults->setText(tr("Restore &defaults"));
-    for (const DurationRow& row : m_durations) {
+    _SetTexts(m_durations[eAverageVolume],
+              tr("&Average volume over:"),
+              tr("The automatic threshold follows the volume of this span."));
+    _SetTexts(m_durations[eBPM],
+              tr("&Tempo measured over:"),
+              tr("The beats of this span make the tempo: a long one is steady, a short one follows "
+                 "quickly."));
+    _SetTexts(m_durations[eStop],
+              tr("&Stopped after:"),
+              tr("When it has been quiet for so long, the music has stopped."));
+    _SetTexts(
+        m_levels[eStopLevel], tr("&Quiet up to:"), tr("Sound up to this level counts as quiet."));
+    _SetTexts(m_durations[eNormalization],
+              tr("&Normalization over:"),
+              tr("The span of time for the normalization of the volume."));
+    _SetTexts(m_levels[eNormalizationLevel],
+              tr("Normalization &level:"),
+              tr("The level for the normalization of the volume."));
+    for (const DurationRow& row : m_durations)
         row.pField->setSuffix(tr(" s", "seconds"));
-        row.pField->setAccessibleName(detail::PlainText(row.pLabel->text()));
-    }
-    for (const LevelRow& row : m_levels)
-        row.pField->setAccessibleName(detail::PlainText(row.pLabel->text()));
+    m_pDefaults->setText(tr("Restore &defaults"));
+    m_pDefaults->setToolTip(tr("All durations and levels as they were at first."));
+    m_pDefaults->setAccessibleDescription(m_pDefaults->toolTip());
     _ShowHints();
+}
+
+template <typename Row>
+void DurationsPanel::_SetTexts(const Row& pRow, const QString& pLabel, const QString& pHelp)
+{
+    pRow.pLabel->setText(pLabel);
+    pRow.pLabel->setToolTip(pHelp);
+    pRow.pField->setToolTip(pHelp);
+    pRow.pField->setAccessibleName(detail::PlainText(pLabel));
 }
 
 void DurationsPanel::_ShowHints()
@@ -235,16 +254,15 @@ void DurationsPanel::_ShowLevelHint(eLevel pLevel)
 {
     const LevelRow& row = m_levels[pLevel];
     const int stored = (m_configuration.*kLevels[pLevel].get)();
-    const QLocale locale;
     if (stored < 0)
         row.pHint->setRefusal(
-            tr("%1 is stored, below 0; it stays until you change it").arg(locale.toString(stored)));
+            tr("%1 is stored, below 0; it stays until you change it").arg(QString::number(stored)));
     else if (stored == 0)
-        row.pHint->setHint(tr("silence; 0 to %1").arg(locale.toString(detail::kMaximalLevel)));
+        row.pHint->setHint(tr("silence; 0 to %1").arg(QString::number(detail::kMaximalLevel)));
     else
-        row.pHint->setHint(tr("%1 dB of full scale; 0 to %2")
-                               .arg(locale.toString(detail::ToDecibels(stored), 'f', 1),
-                                    locale.toString(detail::kMaximalLevel)));
+        row.pHint->setHint(tr("%1 dBFS; 0 to %2")
+                               .arg(QLocale().toString(detail::ToDecibels(stored), 'f', 1),
+                                    QString::number(detail::kMaximalLevel)));
     row.pField->setAccessibleDescription(row.pHint->text());
 }
 

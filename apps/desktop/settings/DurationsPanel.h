@@ -57,6 +57,8 @@ private:
     void _StoreDuration(eDuration pDuration, double pSeconds);
     void _StoreLevel(eLevel pLevel, int pMagnitude);
     void _RestoreDefaults();
+    template <typename Row>
+    static void _SetTexts(const Row& pRow, const QString& pLabel, const QString& pHelp);
     void _ShowHints();
     void _ShowDurationHint(eDuration pDuration);
     void _ShowLevelHint(eLevel pLevel);

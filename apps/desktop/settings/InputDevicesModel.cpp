@@ -28,7 +28,7 @@ int InputDevicesModel::rowCount(const QModelIndex& pParent) const
 
 QVariant InputDevicesModel::data(const QModelIndex& pIndex, int pRole) const
 {
-    if (!checkIndex(pIndex, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!hasIndex(pIndex.row(), pIndex.column(), pIndex.parent()))
         return {};
     const Row& row = m_rows[std::size_t(pIndex.row())];
     switch (pRole) {
@@ -74,7 +74,8 @@ QString InputDevicesModel::_Text(const Row& pRow) const
         marks.append(tr("monitor"));
     if (marks.isEmpty())
         return pRow.device.name;
-    return tr("%1 (%2)", "device (its marks)").arg(pRow.device.name, marks.join(tr(", ")));
+    return tr("%1 (%2)", "device (its marks)")
+        .arg(pRow.device.name, marks.join(QStringLiteral(", ")));
 }
 
 int InputDevicesModel::Find(const QString& pName) const

@@ -62,6 +62,9 @@ void ManualBeatPanel::_MakeLayout()
     large.setPointSizeF(large.pointSizeF() * 1.8);
     large.setBold(true);
     m_pTempo->setFont(large);
+    // Nothing moves when the tempo gets longer.
+    m_pTempo->setMinimumWidth(QFontMetrics(large).horizontalAdvance(QStringLiteral("888.8 BPM ")));
+    m_pState->setMinimumHeight(m_pState->fontMetrics().lineSpacing() * 2);
     m_pTap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     auto* pGrid = new QGridLayout(this);
     pGrid->addWidget(m_pTap, 0, 0, 2, 2);

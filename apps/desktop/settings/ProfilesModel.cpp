@@ -21,7 +21,7 @@ int ProfilesModel::rowCount(const QModelIndex& pParent) const
 
 QVariant ProfilesModel::data(const QModelIndex& pIndex, int pRole) const
 {
-    if (!checkIndex(pIndex, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!hasIndex(pIndex.row(), pIndex.column(), pIndex.parent()))
         return {};
     const Profile& profile = m_profiles.at(pIndex.row());
     switch (pRole) {

@@ -125,16 +125,22 @@ void ProfilesPanel::_Duplicate()
 {
     const Profile original = _Current();
     detail::ProfileValues values = detail::ValuesOf(original);
-    const QStringList names = m_pModel->getNames();
-    const QString copy = tr("%1 (copy)").arg(values.name);
-    values.name =
-        detail::HasName(names, copy)
-            ? detail::NumberedName(tr("%1 (copy %2)").arg(values.name, QStringLiteral("%1")), names)
-            : copy;
+    values.name = _CopyName(values.name);
     Profile added = _Add(values);
     added.setMaximalThreshold(original.getMaximalThreshold());
     added.setMinimalThreshold(original.getMinimalThreshold());
     _Changed();
+}
+
+QString ProfilesPanel::_CopyName(const QString& pName) const
+{
+    const QStringList names = m_pModel->getNames();
+    const QString copy = tr("%1 (copy)").arg(pName);
+    if (!detail::HasName(names, copy))
+        return copy;
+    return detail::FirstFreeName(names, [&pName](int pNumber) {
+        return tr("%1 (copy %2)").arg(pName, QString::number(pNumber));
+    });
 }
 
 Profile ProfilesPanel::_Add(const detail::ProfileValues& pValues)

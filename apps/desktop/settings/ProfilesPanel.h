@@ -39,6 +39,7 @@ private:
     void _OpenEditor(ProfileEditor::eKind pKind);
     void _OnEdited(const ProfileEditor& pEditor, ProfileEditor::eKind pKind, Profile pProfile);
     void _Duplicate();
+    QString _CopyName(const QString& pName) const;
     void _Remove();
     void _Undo();
     /// A new profile of these values, selected.

@@ -5,180 +5,204 @@
     <name>AdvancedSettingsPanel</name>
     <message>
         <source>Advanced settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Einstellungen</translation>
     </message>
     <message>
         <source>Go on with &amp;virtual beats while stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Virtuelle Beats auch bei gestoppter Musik</translation>
     </message>
     <message>
         <source>Beats go on at the last tempo while the music is stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Beats laufen im letzten Tempo weiter, während die Musik gestoppt ist.</translation>
     </message>
     <message>
         <source>Show when the music is s&amp;topped</source>
-        <translation type="unfinished"></translation>
+        <translation>Anzeigen, wenn die Musik &amp;gestoppt ist</translation>
     </message>
     <message>
         <source>The window says so as soon as the music stops.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Fenster meldet es, sobald die Musik stoppt.</translation>
     </message>
     <message>
         <source>Show the &amp;speakers</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lautsprecher anzeigen</translation>
     </message>
     <message>
         <source>Two speakers pump with the beat.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zwei Lautsprecher pumpen im Takt.</translation>
     </message>
     <message>
         <source>&amp;Gray mode</source>
-        <translation type="unfinished"></translation>
+        <translation>G&amp;raumodus</translation>
     </message>
     <message>
         <source>A quiet, dark look for dark places.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine ruhige, dunkle Darstellung für dunkle Räume.</translation>
     </message>
     <message>
         <source>Always on t&amp;op</source>
-        <translation type="unfinished"></translation>
+        <translation>Immer im V&amp;ordergrund</translation>
     </message>
     <message>
         <source>The window stays above all others.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Fenster bleibt über allen anderen.</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sprache:</translation>
     </message>
     <message>
         <source>Language of the system</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache des Systems</translation>
     </message>
 </context>
 <context>
     <name>DurationsPanel</name>
     <message>
         <source>Durations</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Average volume:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Tempo:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Stop after:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Normalization:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeiten</translation>
     </message>
     <message>
         <source>&amp;Quiet up to:</source>
-        <translation type="unfinished"></translation>
+        <translation>Stille &amp;bis:</translation>
     </message>
     <message>
         <source>Normalization &amp;level:</source>
-        <translation type="unfinished"></translation>
+        <translation>Normalisierungs&amp;pegel:</translation>
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>Standard&amp;werte</translation>
     </message>
     <message>
         <source> s</source>
         <comment>seconds</comment>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>%1 to %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2 s</translation>
     </message>
     <message>
         <source>%1 to %2 s of quiet; every start begins with %3 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2 s Stille; jeder Programmstart beginnt mit %3 s</translation>
     </message>
     <message>
         <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert sind %1 s, außerhalb von %2 bis %3 s; das bleibt, bis Sie es ändern</translation>
     </message>
     <message>
         <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert ist %1, unter 0; das bleibt, bis Sie es ändern</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Stille; 0 bis %1</translation>
     </message>
     <message>
-        <source>%1 dB of full scale; 0 to %2</source>
-        <translation type="unfinished"></translation>
+        <source>&amp;Average volume over:</source>
+        <translation>&amp;Mittlere Lautstärke über:</translation>
+    </message>
+    <message>
+        <source>The automatic threshold follows the volume of this span.</source>
+        <translation>Die automatische Schwelle folgt der Lautstärke dieser Zeitspanne.</translation>
+    </message>
+    <message>
+        <source>&amp;Tempo measured over:</source>
+        <translation>&amp;Tempo gemessen über:</translation>
+    </message>
+    <message>
+        <source>The beats of this span make the tempo: a long one is steady, a short one follows quickly.</source>
+        <translation>Die Beats dieser Zeitspanne ergeben das Tempo: lang misst ruhig, kurz folgt schnell.</translation>
+    </message>
+    <message>
+        <source>&amp;Stopped after:</source>
+        <translation>&amp;Gestoppt nach:</translation>
+    </message>
+    <message>
+        <source>When it has been quiet for so long, the music has stopped.</source>
+        <translation>Ist es so lange still, gilt die Musik als gestoppt.</translation>
+    </message>
+    <message>
+        <source>Sound up to this level counts as quiet.</source>
+        <translation>Bis zu diesem Pegel gilt Ton als Stille.</translation>
+    </message>
+    <message>
+        <source>&amp;Normalization over:</source>
+        <translation>&amp;Normalisierung über:</translation>
+    </message>
+    <message>
+        <source>The span of time for the normalization of the volume.</source>
+        <translation>Die Zeitspanne für die Normalisierung der Lautstärke.</translation>
+    </message>
+    <message>
+        <source>The level for the normalization of the volume.</source>
+        <translation>Der Pegel für die Normalisierung der Lautstärke.</translation>
+    </message>
+    <message>
+        <source>All durations and levels as they were at first.</source>
+        <translation>Setzt alle Zeiten und Pegel auf ihre Standardwerte.</translation>
+    </message>
+    <message>
+        <source>%1 dBFS; 0 to %2</source>
+        <translation>%1 dBFS; 0 bis %2</translation>
     </message>
 </context>
 <context>
     <name>InputDevicesModel</name>
     <message>
         <source>%1: records what this computer plays</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: nimmt auf, was dieser Computer wiedergibt</translation>
     </message>
     <message>
         <source>absent</source>
-        <translation type="unfinished"></translation>
+        <translation>fehlt</translation>
     </message>
     <message>
         <source>default</source>
-        <translation type="unfinished"></translation>
+        <translation>Standard</translation>
     </message>
     <message>
         <source>monitor</source>
-        <translation type="unfinished"></translation>
+        <translation>Monitor</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>device (its marks)</comment>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
     <message>
         <source>Audio inputs</source>
-        <translation type="unfinished"></translation>
+        <translation>Audioeingänge</translation>
     </message>
     <message>
         <source>Look a&amp;gain</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut &amp;suchen</translation>
     </message>
     <message>
         <source>Looks for inputs now. Where that takes long, it is not done by itself while sound is recorded.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sucht jetzt nach Eingängen. Wo das lange dauert, geschieht es während der Aufnahme nicht von selbst.</translation>
     </message>
     <message>
         <source>The chosen input is absent; it is resumed when it returns</source>
-        <translation type="unfinished"></translation>
+        <translation>Der gewählte Eingang fehlt; sobald er wieder da ist, geht es weiter</translation>
     </message>
     <message>
         <source>No input found; connect one</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Eingang gefunden; bitte einen anschließen</translation>
     </message>
     <message>
         <source>Choose an input</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie einen Eingang</translation>
     </message>
     <message numerus="yes">
         <source>%n input(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Eingang</numerusform>
+            <numerusform>%n Eingänge</numerusform>
         </translation>
     </message>
 </context>
@@ -186,207 +210,207 @@
     <name>ManualBeatPanel</name>
     <message>
         <source>Manual beat</source>
-        <translation type="unfinished"></translation>
+        <translation>Beat von Hand</translation>
     </message>
     <message>
         <source>Tap (T)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tippen (T)</translation>
     </message>
     <message>
         <source>Tap with the beat: here, or with the key T.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tippen Sie im Takt: hier oder mit der Taste T.</translation>
     </message>
     <message>
         <source>&amp;Half</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Halb</translation>
     </message>
     <message>
         <source>Half the tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das halbe Tempo.</translation>
     </message>
     <message>
         <source>&amp;Double</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Doppelt</translation>
     </message>
     <message>
         <source>Twice the tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das doppelte Tempo.</translation>
     </message>
     <message>
         <source>&amp;Round</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Runden</translation>
     </message>
     <message>
         <source>The nearest whole tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das nächste ganzzahlige Tempo.</translation>
     </message>
     <message>
         <source>&amp;Lock</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Festhalten</translation>
     </message>
     <message>
         <source>Impose this tempo, or the measured one, until it is released.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Tempo oder das gemessene vorgeben, bis es wieder gelöst wird.</translation>
     </message>
     <message>
         <source>Tempo by hand</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo von Hand</translation>
     </message>
     <message>
         <source>%1 BPM</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 BPM</translation>
     </message>
     <message>
         <source>Locked until released</source>
-        <translation type="unfinished"></translation>
+        <translation>Festgehalten, bis Sie es lösen</translation>
     </message>
     <message numerus="yes">
         <source>%n tap(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Schlag</numerusform>
+            <numerusform>%n Schläge</numerusform>
         </translation>
     </message>
     <message>
         <source>Lock to impose it</source>
-        <translation type="unfinished"></translation>
+        <translation>Festhalten gibt es vor</translation>
     </message>
     <message>
         <source>Tap with the beat</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Takt tippen</translation>
     </message>
     <message>
         <source>Outside the profile&apos;s %1 to %2 BPM: %3 BPM holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Außerhalb der %1 bis %2 BPM des Profils: Es gelten %3 BPM</translation>
     </message>
 </context>
 <context>
     <name>ProfileCheck</name>
     <message>
         <source>Give the profile a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie dem Profil einen Namen.</translation>
     </message>
     <message numerus="yes">
         <source>The name has %n character(s) too many.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Der Name ist um %n Zeichen zu lang.</numerusform>
+            <numerusform>Der Name ist um %n Zeichen zu lang.</numerusform>
         </translation>
     </message>
     <message>
         <source>There is a profile “%1” already; choose another name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt schon ein Profil „%1“; wählen Sie einen anderen Namen.</translation>
     </message>
     <message>
         <source>The lowest tempo must be at least 1 BPM.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das langsamste Tempo muss mindestens 1 BPM betragen.</translation>
     </message>
     <message>
         <source>The highest tempo must be at most %1 BPM.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das schnellste Tempo darf höchstens %1 BPM betragen.</translation>
     </message>
     <message>
         <source>The lowest tempo must not be above the highest.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das langsamste Tempo darf nicht über dem schnellsten liegen.</translation>
     </message>
     <message>
         <source>The lower edge must not be above the upper edge.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die untere Grenze darf nicht über der oberen liegen.</translation>
     </message>
     <message>
         <source>The sensibility must be 0 or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Empfindlichkeit muss 0 oder mehr sein.</translation>
     </message>
 </context>
 <context>
     <name>ProfileEditor</name>
     <message>
         <source>Lowest and highest tempo to look for, 1 to %1 BPM</source>
-        <translation type="unfinished"></translation>
+        <translation>Langsamstes und schnellstes Tempo, nach dem gesucht wird, 1 bis %1 BPM</translation>
     </message>
     <message>
         <source>Lower and upper edge of the band to listen to</source>
-        <translation type="unfinished"></translation>
+        <translation>Untere und obere Grenze des Bands, auf das gehört wird</translation>
     </message>
     <message>
         <source>A pulse is that many times louder than the average; 0 or more</source>
-        <translation type="unfinished"></translation>
+        <translation>So viel Mal lauter als der Durchschnitt ist ein Impuls; 0 oder mehr</translation>
     </message>
     <message>
         <source>A name of your choice</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Name Ihrer Wahl</translation>
     </message>
     <message>
         <source>New profile</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Profil</translation>
     </message>
     <message>
         <source>Profile “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Profil „%1“</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>&amp;Tempo:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tempo:</translation>
     </message>
     <message>
         <source>&amp;Band:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Band:</translation>
     </message>
     <message>
         <source>&amp;Sensibility:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Empfindlichkeit:</translation>
     </message>
     <message>
         <source>Lowest tempo</source>
-        <translation type="unfinished"></translation>
+        <translation>Langsamstes Tempo</translation>
     </message>
     <message>
         <source>Highest tempo</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnellstes Tempo</translation>
     </message>
     <message>
         <source>Lower edge of the band</source>
-        <translation type="unfinished"></translation>
+        <translation>Untere Grenze des Bands</translation>
     </message>
     <message>
         <source>Upper edge of the band</source>
-        <translation type="unfinished"></translation>
+        <translation>Obere Grenze des Bands</translation>
     </message>
     <message>
         <source> BPM</source>
-        <translation type="unfinished"></translation>
+        <translation> BPM</translation>
     </message>
     <message>
         <source> Hz</source>
-        <translation type="unfinished"></translation>
+        <translation> Hz</translation>
     </message>
     <message>
         <source>no edge</source>
-        <translation type="unfinished"></translation>
+        <translation>offen</translation>
     </message>
     <message>
         <source>This profile is built in: changes last until the program ends. To keep them, save them as a new profile under a name of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Profil ist eingebaut: Änderungen gelten bis zum Programmende. Um sie zu behalten, speichern Sie sie als neues Profil unter eigenem Namen.</translation>
     </message>
     <message>
         <source>&amp;Use until exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis zum Ende &amp;verwenden</translation>
     </message>
     <message>
         <source>&amp;OK</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;OK</translation>
     </message>
     <message>
         <source>Save as ne&amp;w</source>
-        <translation type="unfinished"></translation>
+        <translation>Als neues &amp;Profil speichern</translation>
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -394,99 +418,99 @@
     <message>
         <source>%1 (%2 to %3 BPM)</source>
         <comment>name (tempo range)</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2 bis %3 BPM)</translation>
     </message>
     <message>
         <source>%1, changed until exit</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, geändert bis zum Programmende</translation>
     </message>
 </context>
 <context>
     <name>ProfilesPanel</name>
     <message>
         <source>%1 (copy)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Kopie)</translation>
     </message>
     <message>
         <source>%1 (copy %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Kopie %2)</translation>
     </message>
     <message>
         <source>Profiles</source>
-        <translation type="unfinished"></translation>
+        <translation>Profile</translation>
     </message>
     <message>
         <source>&amp;Add…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neu…</translation>
     </message>
     <message>
         <source>Make a new profile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein neues Profil anlegen.</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Duplizieren</translation>
     </message>
     <message>
         <source>Make a profile of your own from this one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus diesem ein eigenes Profil machen.</translation>
     </message>
     <message>
         <source>&amp;Edit…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten…</translation>
     </message>
     <message>
         <source>Change name, tempo range, band and sensibility (F2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Name, Tempobereich, Band und Empfindlichkeit ändern (F2).</translation>
     </message>
     <message>
         <source>Re&amp;move</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entfernen</translation>
     </message>
     <message>
         <source>Br&amp;ing back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zurückholen</translation>
     </message>
     <message>
         <source>Your own profile; it is saved with the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihr eigenes Profil; es wird mit den Einstellungen gespeichert.</translation>
     </message>
     <message>
         <source>Built in: changes last until the program ends. To keep them, duplicate it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingebaut: Änderungen gelten bis zum Programmende. Um sie zu behalten, duplizieren Sie es.</translation>
     </message>
     <message>
         <source>%1, sensibility %2. %3</source>
         <comment>band, sensibility. kind of profile</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1, Empfindlichkeit %2. %3</translation>
     </message>
     <message>
         <source>Remove this profile (Del).</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Profil entfernen (Entf).</translation>
     </message>
     <message>
         <source>A built-in profile cannot be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein eingebautes Profil lässt sich nicht entfernen.</translation>
     </message>
     <message>
         <source>“%1” is removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist entfernt.</translation>
     </message>
     <message>
         <source>All frequencies</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Frequenzen</translation>
     </message>
     <message>
         <source>Up to %1 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis %1 Hz</translation>
     </message>
     <message>
         <source>From %1 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>Ab %1 Hz</translation>
     </message>
     <message>
         <source>%1 to %2 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2 Hz</translation>
     </message>
 </context>
 </TS>

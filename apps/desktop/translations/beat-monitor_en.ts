@@ -5,9 +5,9 @@
     <name>InputDevicesPanel</name>
     <message numerus="yes">
         <source>%n input(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n input</numerusform>
+            <numerusform>%n inputs</numerusform>
         </translation>
     </message>
 </context>
@@ -15,9 +15,9 @@
     <name>ManualBeatPanel</name>
     <message numerus="yes">
         <source>%n tap(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n tap</numerusform>
+            <numerusform>%n taps</numerusform>
         </translation>
     </message>
 </context>
@@ -25,9 +25,9 @@
     <name>ProfileCheck</name>
     <message numerus="yes">
         <source>The name has %n character(s) too many.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>The name has %n character too many.</numerusform>
+            <numerusform>The name has %n characters too many.</numerusform>
         </translation>
     </message>
 </context>

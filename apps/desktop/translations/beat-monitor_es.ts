@@ -5,180 +5,204 @@
     <name>AdvancedSettingsPanel</name>
     <message>
         <source>Advanced settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajustes avanzados</translation>
     </message>
     <message>
         <source>Go on with &amp;virtual beats while stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>Seguir con beats &amp;virtuales en las pausas</translation>
     </message>
     <message>
         <source>Beats go on at the last tempo while the music is stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los beats siguen al último tempo mientras la música está detenida.</translation>
     </message>
     <message>
         <source>Show when the music is s&amp;topped</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Mostrar cuándo se detiene la música</translation>
     </message>
     <message>
         <source>The window says so as soon as the music stops.</source>
-        <translation type="unfinished"></translation>
+        <translation>La ventana lo indica en cuanto la música se detiene.</translation>
     </message>
     <message>
         <source>Show the &amp;speakers</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar los &amp;altavoces</translation>
     </message>
     <message>
         <source>Two speakers pump with the beat.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dos altavoces laten con el beat.</translation>
     </message>
     <message>
         <source>&amp;Gray mode</source>
-        <translation type="unfinished"></translation>
+        <translation>Modo &amp;gris</translation>
     </message>
     <message>
         <source>A quiet, dark look for dark places.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un aspecto sobrio y oscuro para lugares oscuros.</translation>
     </message>
     <message>
         <source>Always on t&amp;op</source>
-        <translation type="unfinished"></translation>
+        <translation>Siempre en &amp;primer plano</translation>
     </message>
     <message>
         <source>The window stays above all others.</source>
-        <translation type="unfinished"></translation>
+        <translation>La ventana queda por encima de todas las demás.</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Idioma:</translation>
     </message>
     <message>
         <source>Language of the system</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma del sistema</translation>
     </message>
 </context>
 <context>
     <name>DurationsPanel</name>
     <message>
         <source>Durations</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Average volume:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Tempo:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Stop after:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Normalization:</source>
-        <translation type="unfinished"></translation>
+        <translation>Duraciones</translation>
     </message>
     <message>
         <source>&amp;Quiet up to:</source>
-        <translation type="unfinished"></translation>
+        <translation>Silencio &amp;hasta:</translation>
     </message>
     <message>
         <source>Normalization &amp;level:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ni&amp;vel de normalización:</translation>
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Restablecer</translation>
     </message>
     <message>
         <source> s</source>
         <comment>seconds</comment>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>%1 to %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>de %1 a %2 s</translation>
     </message>
     <message>
         <source>%1 to %2 s of quiet; every start begins with %3 s</source>
-        <translation type="unfinished"></translation>
+        <translation>de %1 a %2 s de silencio; cada inicio empieza con %3 s</translation>
     </message>
     <message>
         <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation type="unfinished"></translation>
+        <translation>Hay guardado %1 s, fuera de %2 a %3 s; se mantiene hasta que lo cambie</translation>
     </message>
     <message>
         <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation type="unfinished"></translation>
+        <translation>Hay guardado %1, por debajo de 0; se mantiene hasta que lo cambie</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>silencio; de 0 a %1</translation>
     </message>
     <message>
-        <source>%1 dB of full scale; 0 to %2</source>
-        <translation type="unfinished"></translation>
+        <source>&amp;Average volume over:</source>
+        <translation>Volumen &amp;medio durante:</translation>
+    </message>
+    <message>
+        <source>The automatic threshold follows the volume of this span.</source>
+        <translation>El umbral automático sigue el volumen de este intervalo.</translation>
+    </message>
+    <message>
+        <source>&amp;Tempo measured over:</source>
+        <translation>&amp;Tempo medido durante:</translation>
+    </message>
+    <message>
+        <source>The beats of this span make the tempo: a long one is steady, a short one follows quickly.</source>
+        <translation>Los beats de este intervalo dan el tempo: si es largo, es estable; si es corto, reacciona antes.</translation>
+    </message>
+    <message>
+        <source>&amp;Stopped after:</source>
+        <translation>&amp;Parada tras:</translation>
+    </message>
+    <message>
+        <source>When it has been quiet for so long, the music has stopped.</source>
+        <translation>Tras este tiempo en silencio, la música se considera detenida.</translation>
+    </message>
+    <message>
+        <source>Sound up to this level counts as quiet.</source>
+        <translation>Hasta este nivel, el sonido cuenta como silencio.</translation>
+    </message>
+    <message>
+        <source>&amp;Normalization over:</source>
+        <translation>&amp;Normalización durante:</translation>
+    </message>
+    <message>
+        <source>The span of time for the normalization of the volume.</source>
+        <translation>El intervalo para normalizar el volumen.</translation>
+    </message>
+    <message>
+        <source>The level for the normalization of the volume.</source>
+        <translation>El nivel para normalizar el volumen.</translation>
+    </message>
+    <message>
+        <source>All durations and levels as they were at first.</source>
+        <translation>Todas las duraciones y niveles con su valor original.</translation>
+    </message>
+    <message>
+        <source>%1 dBFS; 0 to %2</source>
+        <translation>%1 dBFS; de 0 a %2</translation>
     </message>
 </context>
 <context>
     <name>InputDevicesModel</name>
     <message>
         <source>%1: records what this computer plays</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: graba lo que reproduce este equipo</translation>
     </message>
     <message>
         <source>absent</source>
-        <translation type="unfinished"></translation>
+        <translation>ausente</translation>
     </message>
     <message>
         <source>default</source>
-        <translation type="unfinished"></translation>
+        <translation>predeterminada</translation>
     </message>
     <message>
         <source>monitor</source>
-        <translation type="unfinished"></translation>
+        <translation>monitor</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>device (its marks)</comment>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
     <message>
         <source>Audio inputs</source>
-        <translation type="unfinished"></translation>
+        <translation>Entradas de audio</translation>
     </message>
     <message>
         <source>Look a&amp;gain</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Buscar de nuevo</translation>
     </message>
     <message>
         <source>Looks for inputs now. Where that takes long, it is not done by itself while sound is recorded.</source>
-        <translation type="unfinished"></translation>
+        <translation>Busca entradas ahora. Donde eso tarda, no se hace de forma automática durante la grabación.</translation>
     </message>
     <message>
         <source>The chosen input is absent; it is resumed when it returns</source>
-        <translation type="unfinished"></translation>
+        <translation>La entrada elegida está ausente; se reanuda cuando vuelva</translation>
     </message>
     <message>
         <source>No input found; connect one</source>
-        <translation type="unfinished"></translation>
+        <translation>No se encontró ninguna entrada; conecte una</translation>
     </message>
     <message>
         <source>Choose an input</source>
-        <translation type="unfinished"></translation>
+        <translation>Elija una entrada</translation>
     </message>
     <message numerus="yes">
         <source>%n input(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n entrada</numerusform>
+            <numerusform>%n entradas</numerusform>
         </translation>
     </message>
 </context>
@@ -186,207 +210,207 @@
     <name>ManualBeatPanel</name>
     <message>
         <source>Manual beat</source>
-        <translation type="unfinished"></translation>
+        <translation>Beat manual</translation>
     </message>
     <message>
         <source>Tap (T)</source>
-        <translation type="unfinished"></translation>
+        <translation>Marcar (T)</translation>
     </message>
     <message>
         <source>Tap with the beat: here, or with the key T.</source>
-        <translation type="unfinished"></translation>
+        <translation>Marque el ritmo: aquí o con la tecla T.</translation>
     </message>
     <message>
         <source>&amp;Half</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Mitad</translation>
     </message>
     <message>
         <source>Half the tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>La mitad del tempo.</translation>
     </message>
     <message>
         <source>&amp;Double</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Doble</translation>
     </message>
     <message>
         <source>Twice the tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>El doble del tempo.</translation>
     </message>
     <message>
         <source>&amp;Round</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Redondear</translation>
     </message>
     <message>
         <source>The nearest whole tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>El tempo entero más cercano.</translation>
     </message>
     <message>
         <source>&amp;Lock</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fijar</translation>
     </message>
     <message>
         <source>Impose this tempo, or the measured one, until it is released.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impone este tempo, o el medido, hasta que se suelte.</translation>
     </message>
     <message>
         <source>Tempo by hand</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo manual</translation>
     </message>
     <message>
         <source>%1 BPM</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 BPM</translation>
     </message>
     <message>
         <source>Locked until released</source>
-        <translation type="unfinished"></translation>
+        <translation>Fijado hasta que se suelte</translation>
     </message>
     <message numerus="yes">
         <source>%n tap(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n golpe</numerusform>
+            <numerusform>%n golpes</numerusform>
         </translation>
     </message>
     <message>
         <source>Lock to impose it</source>
-        <translation type="unfinished"></translation>
+        <translation>Fijar lo impone</translation>
     </message>
     <message>
         <source>Tap with the beat</source>
-        <translation type="unfinished"></translation>
+        <translation>Marque el ritmo</translation>
     </message>
     <message>
         <source>Outside the profile&apos;s %1 to %2 BPM: %3 BPM holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Fuera de los %1 a %2 BPM del perfil: se aplican %3 BPM</translation>
     </message>
 </context>
 <context>
     <name>ProfileCheck</name>
     <message>
         <source>Give the profile a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dé un nombre al perfil.</translation>
     </message>
     <message numerus="yes">
         <source>The name has %n character(s) too many.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Al nombre le sobra %n carácter.</numerusform>
+            <numerusform>Al nombre le sobran %n caracteres.</numerusform>
         </translation>
     </message>
     <message>
         <source>There is a profile “%1” already; choose another name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ya existe un perfil «%1»; elija otro nombre.</translation>
     </message>
     <message>
         <source>The lowest tempo must be at least 1 BPM.</source>
-        <translation type="unfinished"></translation>
+        <translation>El tempo más lento debe ser de al menos 1 BPM.</translation>
     </message>
     <message>
         <source>The highest tempo must be at most %1 BPM.</source>
-        <translation type="unfinished"></translation>
+        <translation>El tempo más rápido debe ser de %1 BPM como máximo.</translation>
     </message>
     <message>
         <source>The lowest tempo must not be above the highest.</source>
-        <translation type="unfinished"></translation>
+        <translation>El tempo más lento no debe superar al más rápido.</translation>
     </message>
     <message>
         <source>The lower edge must not be above the upper edge.</source>
-        <translation type="unfinished"></translation>
+        <translation>El límite inferior no debe superar al superior.</translation>
     </message>
     <message>
         <source>The sensibility must be 0 or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>La sensibilidad debe ser 0 o más.</translation>
     </message>
 </context>
 <context>
     <name>ProfileEditor</name>
     <message>
         <source>Lowest and highest tempo to look for, 1 to %1 BPM</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo más lento y más rápido que se busca, de 1 a %1 BPM</translation>
     </message>
     <message>
         <source>Lower and upper edge of the band to listen to</source>
-        <translation type="unfinished"></translation>
+        <translation>Límites inferior y superior de la banda que se escucha</translation>
     </message>
     <message>
         <source>A pulse is that many times louder than the average; 0 or more</source>
-        <translation type="unfinished"></translation>
+        <translation>Un pulso supera tantas veces el volumen medio; 0 o más</translation>
     </message>
     <message>
         <source>A name of your choice</source>
-        <translation type="unfinished"></translation>
+        <translation>Un nombre a su gusto</translation>
     </message>
     <message>
         <source>New profile</source>
-        <translation type="unfinished"></translation>
+        <translation>Perfil nuevo</translation>
     </message>
     <message>
         <source>Profile “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Perfil «%1»</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nombre:</translation>
     </message>
     <message>
         <source>&amp;Tempo:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tempo:</translation>
     </message>
     <message>
         <source>&amp;Band:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Banda:</translation>
     </message>
     <message>
         <source>&amp;Sensibility:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sensibilidad:</translation>
     </message>
     <message>
         <source>Lowest tempo</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo más lento</translation>
     </message>
     <message>
         <source>Highest tempo</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo más rápido</translation>
     </message>
     <message>
         <source>Lower edge of the band</source>
-        <translation type="unfinished"></translation>
+        <translation>Límite inferior de la banda</translation>
     </message>
     <message>
         <source>Upper edge of the band</source>
-        <translation type="unfinished"></translation>
+        <translation>Límite superior de la banda</translation>
     </message>
     <message>
         <source> BPM</source>
-        <translation type="unfinished"></translation>
+        <translation> BPM</translation>
     </message>
     <message>
         <source> Hz</source>
-        <translation type="unfinished"></translation>
+        <translation> Hz</translation>
     </message>
     <message>
         <source>no edge</source>
-        <translation type="unfinished"></translation>
+        <translation>sin límite</translation>
     </message>
     <message>
         <source>This profile is built in: changes last until the program ends. To keep them, save them as a new profile under a name of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Este perfil viene integrado: los cambios duran hasta cerrar el programa. Para conservarlos, guárdelos como perfil nuevo con otro nombre.</translation>
     </message>
     <message>
         <source>&amp;Use until exit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Usar hasta cerrar</translation>
     </message>
     <message>
         <source>&amp;OK</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aceptar</translation>
     </message>
     <message>
         <source>Save as ne&amp;w</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Guardar como nuevo</translation>
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Cancelar</translation>
     </message>
 </context>
 <context>
@@ -394,99 +418,99 @@
     <message>
         <source>%1 (%2 to %3 BPM)</source>
         <comment>name (tempo range)</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (de %2 a %3 BPM)</translation>
     </message>
     <message>
         <source>%1, changed until exit</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, modificado hasta cerrar</translation>
     </message>
 </context>
 <context>
     <name>ProfilesPanel</name>
     <message>
         <source>%1 (copy)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (copia)</translation>
     </message>
     <message>
         <source>%1 (copy %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (copia %2)</translation>
     </message>
     <message>
         <source>Profiles</source>
-        <translation type="unfinished"></translation>
+        <translation>Perfiles</translation>
     </message>
     <message>
         <source>&amp;Add…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Añadir…</translation>
     </message>
     <message>
         <source>Make a new profile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Crear un perfil nuevo.</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Duplicar</translation>
     </message>
     <message>
         <source>Make a profile of your own from this one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Crear un perfil propio a partir de este.</translation>
     </message>
     <message>
         <source>&amp;Edit…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Editar…</translation>
     </message>
     <message>
         <source>Change name, tempo range, band and sensibility (F2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambiar nombre, margen de tempo, banda y sensibilidad (F2).</translation>
     </message>
     <message>
         <source>Re&amp;move</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Quitar</translation>
     </message>
     <message>
         <source>Br&amp;ing back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Recuperar</translation>
     </message>
     <message>
         <source>Your own profile; it is saved with the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Perfil propio; se guarda con los ajustes.</translation>
     </message>
     <message>
         <source>Built in: changes last until the program ends. To keep them, duplicate it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Integrado: los cambios duran hasta cerrar el programa. Para conservarlos, duplíquelo.</translation>
     </message>
     <message>
         <source>%1, sensibility %2. %3</source>
         <comment>band, sensibility. kind of profile</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1, sensibilidad %2. %3</translation>
     </message>
     <message>
         <source>Remove this profile (Del).</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitar este perfil (Supr).</translation>
     </message>
     <message>
         <source>A built-in profile cannot be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un perfil integrado no se puede quitar.</translation>
     </message>
     <message>
         <source>“%1” is removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Se quitó «%1».</translation>
     </message>
     <message>
         <source>All frequencies</source>
-        <translation type="unfinished"></translation>
+        <translation>Todas las frecuencias</translation>
     </message>
     <message>
         <source>Up to %1 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>Hasta %1 Hz</translation>
     </message>
     <message>
         <source>From %1 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>Desde %1 Hz</translation>
     </message>
     <message>
         <source>%1 to %2 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>De %1 a %2 Hz</translation>
     </message>
 </context>
 </TS>

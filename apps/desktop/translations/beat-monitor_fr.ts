@@ -5,180 +5,204 @@
     <name>AdvancedSettingsPanel</name>
     <message>
         <source>Advanced settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Réglages avancés</translation>
     </message>
     <message>
         <source>Go on with &amp;virtual beats while stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>Continuer les beats &amp;virtuels à l’arrêt</translation>
     </message>
     <message>
         <source>Beats go on at the last tempo while the music is stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les beats continuent au dernier tempo pendant que la musique est arrêtée.</translation>
     </message>
     <message>
         <source>Show when the music is s&amp;topped</source>
-        <translation type="unfinished"></translation>
+        <translation>Signaler l’&amp;arrêt de la musique</translation>
     </message>
     <message>
         <source>The window says so as soon as the music stops.</source>
-        <translation type="unfinished"></translation>
+        <translation>La fenêtre l’indique dès que la musique s’arrête.</translation>
     </message>
     <message>
         <source>Show the &amp;speakers</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher les &amp;enceintes</translation>
     </message>
     <message>
         <source>Two speakers pump with the beat.</source>
-        <translation type="unfinished"></translation>
+        <translation>Deux enceintes pulsent en rythme.</translation>
     </message>
     <message>
         <source>&amp;Gray mode</source>
-        <translation type="unfinished"></translation>
+        <translation>Mode &amp;gris</translation>
     </message>
     <message>
         <source>A quiet, dark look for dark places.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un aspect sobre et sombre pour les lieux obscurs.</translation>
     </message>
     <message>
         <source>Always on t&amp;op</source>
-        <translation type="unfinished"></translation>
+        <translation>Toujours au &amp;premier plan</translation>
     </message>
     <message>
         <source>The window stays above all others.</source>
-        <translation type="unfinished"></translation>
+        <translation>La fenêtre reste au-dessus de toutes les autres.</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Langue&#xa0;:</translation>
     </message>
     <message>
         <source>Language of the system</source>
-        <translation type="unfinished"></translation>
+        <translation>Langue du système</translation>
     </message>
 </context>
 <context>
     <name>DurationsPanel</name>
     <message>
         <source>Durations</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Average volume:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Tempo:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Stop after:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Normalization:</source>
-        <translation type="unfinished"></translation>
+        <translation>Durées</translation>
     </message>
     <message>
         <source>&amp;Quiet up to:</source>
-        <translation type="unfinished"></translation>
+        <translation>Silence &amp;jusqu’à&#xa0;:</translation>
     </message>
     <message>
         <source>Normalization &amp;level:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ni&amp;veau de normalisation&#xa0;:</translation>
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>Valeurs par &amp;défaut</translation>
     </message>
     <message>
         <source> s</source>
         <comment>seconds</comment>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>%1 to %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 à %2 s</translation>
     </message>
     <message>
         <source>%1 to %2 s of quiet; every start begins with %3 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 à %2 s de silence&#xa0;; chaque démarrage reprend %3 s</translation>
     </message>
     <message>
         <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s est enregistré, hors des limites de %2 à %3 s&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
     </message>
     <message>
         <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 est enregistré, au-dessous de 0&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>silence&#xa0;; 0 à %1</translation>
     </message>
     <message>
-        <source>%1 dB of full scale; 0 to %2</source>
-        <translation type="unfinished"></translation>
+        <source>&amp;Average volume over:</source>
+        <translation>Volume &amp;moyen sur&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The automatic threshold follows the volume of this span.</source>
+        <translation>Le seuil automatique suit le volume de cette durée.</translation>
+    </message>
+    <message>
+        <source>&amp;Tempo measured over:</source>
+        <translation>&amp;Tempo mesuré sur&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The beats of this span make the tempo: a long one is steady, a short one follows quickly.</source>
+        <translation>Les beats de cette durée donnent le tempo&#xa0;: longue, il est stable&#xa0;; courte, il réagit vite.</translation>
+    </message>
+    <message>
+        <source>&amp;Stopped after:</source>
+        <translation>&amp;Arrêt après&#xa0;:</translation>
+    </message>
+    <message>
+        <source>When it has been quiet for so long, the music has stopped.</source>
+        <translation>Après un tel silence, la musique est considérée comme arrêtée.</translation>
+    </message>
+    <message>
+        <source>Sound up to this level counts as quiet.</source>
+        <translation>Jusqu’à ce niveau, le son compte comme du silence.</translation>
+    </message>
+    <message>
+        <source>&amp;Normalization over:</source>
+        <translation>&amp;Normalisation sur&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The span of time for the normalization of the volume.</source>
+        <translation>La durée de la normalisation du volume.</translation>
+    </message>
+    <message>
+        <source>The level for the normalization of the volume.</source>
+        <translation>Le niveau de la normalisation du volume.</translation>
+    </message>
+    <message>
+        <source>All durations and levels as they were at first.</source>
+        <translation>Toutes les durées et tous les niveaux d’origine.</translation>
+    </message>
+    <message>
+        <source>%1 dBFS; 0 to %2</source>
+        <translation>%1 dBFS&#xa0;; 0 à %2</translation>
     </message>
 </context>
 <context>
     <name>InputDevicesModel</name>
     <message>
         <source>%1: records what this computer plays</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: enregistre ce que joue cet ordinateur</translation>
     </message>
     <message>
         <source>absent</source>
-        <translation type="unfinished"></translation>
+        <translation>absente</translation>
     </message>
     <message>
         <source>default</source>
-        <translation type="unfinished"></translation>
+        <translation>par défaut</translation>
     </message>
     <message>
         <source>monitor</source>
-        <translation type="unfinished"></translation>
+        <translation>moniteur</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>device (its marks)</comment>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
     <message>
         <source>Audio inputs</source>
-        <translation type="unfinished"></translation>
+        <translation>Entrées audio</translation>
     </message>
     <message>
         <source>Look a&amp;gain</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Chercher à nouveau</translation>
     </message>
     <message>
         <source>Looks for inputs now. Where that takes long, it is not done by itself while sound is recorded.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cherche les entrées maintenant. Quand c’est long, cela ne se fait pas tout seul pendant l’enregistrement.</translation>
     </message>
     <message>
         <source>The chosen input is absent; it is resumed when it returns</source>
-        <translation type="unfinished"></translation>
+        <translation>L’entrée choisie est absente&#xa0;; l’écoute reprend dès son retour</translation>
     </message>
     <message>
         <source>No input found; connect one</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune entrée trouvée&#xa0;; branchez-en une</translation>
     </message>
     <message>
         <source>Choose an input</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisissez une entrée</translation>
     </message>
     <message numerus="yes">
         <source>%n input(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n entrée</numerusform>
+            <numerusform>%n entrées</numerusform>
         </translation>
     </message>
 </context>
@@ -186,207 +210,207 @@
     <name>ManualBeatPanel</name>
     <message>
         <source>Manual beat</source>
-        <translation type="unfinished"></translation>
+        <translation>Beat manuel</translation>
     </message>
     <message>
         <source>Tap (T)</source>
-        <translation type="unfinished"></translation>
+        <translation>Frapper (T)</translation>
     </message>
     <message>
         <source>Tap with the beat: here, or with the key T.</source>
-        <translation type="unfinished"></translation>
+        <translation>Frappez en rythme&#xa0;: ici ou avec la touche T.</translation>
     </message>
     <message>
         <source>&amp;Half</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Moitié</translation>
     </message>
     <message>
         <source>Half the tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>La moitié du tempo.</translation>
     </message>
     <message>
         <source>&amp;Double</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Double</translation>
     </message>
     <message>
         <source>Twice the tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le double du tempo.</translation>
     </message>
     <message>
         <source>&amp;Round</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Arrondir</translation>
     </message>
     <message>
         <source>The nearest whole tempo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le tempo entier le plus proche.</translation>
     </message>
     <message>
         <source>&amp;Lock</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Verrouiller</translation>
     </message>
     <message>
         <source>Impose this tempo, or the measured one, until it is released.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impose ce tempo, ou celui qui est mesuré, jusqu’au déverrouillage.</translation>
     </message>
     <message>
         <source>Tempo by hand</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo manuel</translation>
     </message>
     <message>
         <source>%1 BPM</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 BPM</translation>
     </message>
     <message>
         <source>Locked until released</source>
-        <translation type="unfinished"></translation>
+        <translation>Imposé jusqu’au déverrouillage</translation>
     </message>
     <message numerus="yes">
         <source>%n tap(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n frappe</numerusform>
+            <numerusform>%n frappes</numerusform>
         </translation>
     </message>
     <message>
         <source>Lock to impose it</source>
-        <translation type="unfinished"></translation>
+        <translation>Verrouiller pour l’imposer</translation>
     </message>
     <message>
         <source>Tap with the beat</source>
-        <translation type="unfinished"></translation>
+        <translation>Frappez en rythme</translation>
     </message>
     <message>
         <source>Outside the profile&apos;s %1 to %2 BPM: %3 BPM holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Hors des %1 à %2 BPM du profil&#xa0;: %3 BPM s’applique</translation>
     </message>
 </context>
 <context>
     <name>ProfileCheck</name>
     <message>
         <source>Give the profile a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Donnez un nom au profil.</translation>
     </message>
     <message numerus="yes">
         <source>The name has %n character(s) too many.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Le nom compte %n caractère de trop.</numerusform>
+            <numerusform>Le nom compte %n caractères de trop.</numerusform>
         </translation>
     </message>
     <message>
         <source>There is a profile “%1” already; choose another name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il existe déjà un profil «&#xa0;%1&#xa0;»&#xa0;; choisissez un autre nom.</translation>
     </message>
     <message>
         <source>The lowest tempo must be at least 1 BPM.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le tempo le plus lent doit être d’au moins 1 BPM.</translation>
     </message>
     <message>
         <source>The highest tempo must be at most %1 BPM.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le tempo le plus rapide doit être d’au plus %1 BPM.</translation>
     </message>
     <message>
         <source>The lowest tempo must not be above the highest.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le tempo le plus lent ne doit pas dépasser le plus rapide.</translation>
     </message>
     <message>
         <source>The lower edge must not be above the upper edge.</source>
-        <translation type="unfinished"></translation>
+        <translation>La limite basse ne doit pas dépasser la limite haute.</translation>
     </message>
     <message>
         <source>The sensibility must be 0 or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>La sensibilité doit être de 0 ou plus.</translation>
     </message>
 </context>
 <context>
     <name>ProfileEditor</name>
     <message>
         <source>Lowest and highest tempo to look for, 1 to %1 BPM</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo le plus lent et le plus rapide à chercher, 1 à %1 BPM</translation>
     </message>
     <message>
         <source>Lower and upper edge of the band to listen to</source>
-        <translation type="unfinished"></translation>
+        <translation>Limites basse et haute de la bande écoutée</translation>
     </message>
     <message>
         <source>A pulse is that many times louder than the average; 0 or more</source>
-        <translation type="unfinished"></translation>
+        <translation>Une impulsion dépasse d’autant de fois le volume moyen&#xa0;; 0 ou plus</translation>
     </message>
     <message>
         <source>A name of your choice</source>
-        <translation type="unfinished"></translation>
+        <translation>Un nom de votre choix</translation>
     </message>
     <message>
         <source>New profile</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveau profil</translation>
     </message>
     <message>
         <source>Profile “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Profil «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Tempo:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tempo&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Band:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bande&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Sensibility:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sensibilité&#xa0;:</translation>
     </message>
     <message>
         <source>Lowest tempo</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo le plus lent</translation>
     </message>
     <message>
         <source>Highest tempo</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo le plus rapide</translation>
     </message>
     <message>
         <source>Lower edge of the band</source>
-        <translation type="unfinished"></translation>
+        <translation>Limite basse de la bande</translation>
     </message>
     <message>
         <source>Upper edge of the band</source>
-        <translation type="unfinished"></translation>
+        <translation>Limite haute de la bande</translation>
     </message>
     <message>
         <source> BPM</source>
-        <translation type="unfinished"></translation>
+        <translation> BPM</translation>
     </message>
     <message>
         <source> Hz</source>
-        <translation type="unfinished"></translation>
+        <translation> Hz</translation>
     </message>
     <message>
         <source>no edge</source>
-        <translation type="unfinished"></translation>
+        <translation>aucune</translation>
     </message>
     <message>
         <source>This profile is built in: changes last until the program ends. To keep them, save them as a new profile under a name of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce profil est intégré&#xa0;: les modifications durent jusqu’à la fermeture du programme. Pour les garder, enregistrez-les comme nouveau profil, sous un autre nom.</translation>
     </message>
     <message>
         <source>&amp;Use until exit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Utiliser jusqu’à la fermeture</translation>
     </message>
     <message>
         <source>&amp;OK</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;OK</translation>
     </message>
     <message>
         <source>Save as ne&amp;w</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enregistrer comme nouveau</translation>
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Annuler</translation>
     </message>
 </context>
 <context>
@@ -394,99 +418,99 @@
     <message>
         <source>%1 (%2 to %3 BPM)</source>
         <comment>name (tempo range)</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2 à %3 BPM)</translation>
     </message>
     <message>
         <source>%1, changed until exit</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, modifié jusqu’à la fermeture</translation>
     </message>
 </context>
 <context>
     <name>ProfilesPanel</name>
     <message>
         <source>%1 (copy)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (copie)</translation>
     </message>
     <message>
         <source>%1 (copy %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (copie %2)</translation>
     </message>
     <message>
         <source>Profiles</source>
-        <translation type="unfinished"></translation>
+        <translation>Profils</translation>
     </message>
     <message>
         <source>&amp;Add…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ajouter…</translation>
     </message>
     <message>
         <source>Make a new profile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Créer un nouveau profil.</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dupliquer</translation>
     </message>
     <message>
         <source>Make a profile of your own from this one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Créer votre propre profil à partir de celui-ci.</translation>
     </message>
     <message>
         <source>&amp;Edit…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Modifier…</translation>
     </message>
     <message>
         <source>Change name, tempo range, band and sensibility (F2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifier le nom, la plage de tempo, la bande et la sensibilité (F2).</translation>
     </message>
     <message>
         <source>Re&amp;move</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Supprimer</translation>
     </message>
     <message>
         <source>Br&amp;ing back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rétablir</translation>
     </message>
     <message>
         <source>Your own profile; it is saved with the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre propre profil&#xa0;; il est enregistré avec les réglages.</translation>
     </message>
     <message>
         <source>Built in: changes last until the program ends. To keep them, duplicate it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Profil intégré&#xa0;: les modifications durent jusqu’à la fermeture du programme. Pour les garder, dupliquez-le.</translation>
     </message>
     <message>
         <source>%1, sensibility %2. %3</source>
         <comment>band, sensibility. kind of profile</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1, sensibilité %2. %3</translation>
     </message>
     <message>
         <source>Remove this profile (Del).</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer ce profil (Suppr).</translation>
     </message>
     <message>
         <source>A built-in profile cannot be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un profil intégré ne peut pas être supprimé.</translation>
     </message>
     <message>
         <source>“%1” is removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» est supprimé.</translation>
     </message>
     <message>
         <source>All frequencies</source>
-        <translation type="unfinished"></translation>
+        <translation>Toutes les fréquences</translation>
     </message>
     <message>
         <source>Up to %1 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>Jusqu’à %1 Hz</translation>
     </message>
     <message>
         <source>From %1 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>À partir de %1 Hz</translation>
     </message>
     <message>
         <source>%1 to %2 Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 à %2 Hz</translation>
     </message>
 </context>
 </TS>

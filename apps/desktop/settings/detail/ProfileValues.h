@@ -62,13 +62,14 @@ inline bool HasName(const QStringList& pNames, const QString& pName)
         [&pName](const QString& pOther) { return IsSameName(pOther, pName); });
 }
 
-/// pPattern with a number in the place of %1, the first from 2 that no profile has.
-inline QString NumberedName(const QString& pPattern, const QStringList& pNames)
+/// What pMake makes of a number: of the first one from 2 whose name no profile has.
+template <typename Make>
+QString FirstFreeName(const QStringList& pNames, Make pMake)
 {
     int number = 2;
-    while (HasName(pNames, pPattern.arg(number)))
+    while (HasName(pNames, pMake(number)))
         ++number;
-    return pPattern.arg(number);
+    return pMake(number);
 }
 
 }  // namespace detail

@@ -1,0 +1,535 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include "PanelTest.h"
+
+#include <QAbstractSpinBox>
+#include <QFile>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/DurationsPanel.h>
+#include <desktop/settings/InputDevicesModel.h>
+#include <desktop/settings/InputDevicesPanel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+#include <desktop/settings/ProfilesModel.h>
+#include <desktop/settings/ProfilesPanel.h>
+#include <desktop/settings/Translations.h>
+#include <functional>
+#include <vector>
+
+namespace {
+
+const QString kProject = QStringLiteral(PROJECT_FOLDER);
+
+QString Text(const char* pText)
+{
+    return QString::fromUtf8(pText);
+}
+
+/// One text of a translation file.
+struct Message
+{
+    QString context;
+    QString source;
+    QString comment;
+    QStringList translations;  ///< several of a plural
+    bool isPlural = false;
+    bool isFinished = true;
+
+    QString getName() const { return context + Text(": ") + source; }
+};
+
+std::vector<Message> ReadMessages(const QString& pLanguage)
+{
+    QFile file(kProject +
+               QStringLiteral("/apps/desktop/translations/beat-monitor_%1.ts").arg(pLanguage));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+    std::vector<Message> messages;
+    QXmlStreamReader xml(&file);
+    QString context;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const auto element = xml.name();
+        if (element == QLatin1String("name")) {
+            context = xml.readElementText();
+        } else if (element == QLatin1String("message")) {
+            messages.emplace_back();
+            messages.back().context = context;
+            messages.back().isPlural = xml.attributes().hasAttribute(QLatin1String("numerus"));
+        } else if (element == QLatin1String("source")) {
+            messages.back().source = xml.readElementText();
+        } else if (element == QLatin1String("comment")) {
+            messages.back().comment = xml.readElementText();
+        } else if (element == QLatin1String("translation")) {
+            messages.back().isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
+            if (!messages.back().isPlural)
+                messages.back().translations.append(xml.readElementText());
+        } else if (element == QLatin1String("numerusform")) {
+            messages.back().translations.append(xml.readElementText());
+        }
+    }
+    if (xml.hasError())
+        qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(xml.errorString()));
+    return messages;
+}
+
+/// %1, %L2, %n and the like, sorted.
+QStringList Placeholders(const QString& pText)
+{
+    static const QRegularExpression kPlaceholder(Text("%(L?\\d+|n)"));
+    QStringList found;
+    auto matches = kPlaceholder.globalMatch(pText);
+    while (matches.hasNext())
+        found.append(matches.next().captured());
+    found.sort();
+    return found;
+}
+
+int MnemonicCount(QString pText)
+{
+    return pText.remove(Text("&&")).count(QLatin1Char('&'));
+}
+
+/// The sign that a label, a sentence or an opening button ends with; none for other texts.
+QString End(const QString& pText)
+{
+    const QString last = pText.trimmed().right(1);
+    return Text(":….?").contains(last) ? last : QString();
+}
+
+void LanguageRows()
+{
+    QTest::addColumn<QString>("language");
+    for (const Translations::Language& language : Translations::getLanguages())
+        QTest::newRow(qPrintable(language.code)) << language.code;
+}
+
+void ForeignRows()
+{
+    QTest::addColumn<QString>("language");
+    for (const char* pLanguage : {"de", "es", "fr"})
+        QTest::newRow(pLanguage) << Text(pLanguage);
+}
+
+/// Every panel.
+struct Panels
+{
+    Panels()
+    {
+        panels.push_back(std::make_unique<AdvancedSettingsPanel>(configuration));
+        panels.push_back(std::make_unique<DurationsPanel>(configuration));
+        panels.push_back(std::make_unique<InputDevicesPanel>(configuration));
+        panels.push_back(std::make_unique<ManualBeatPanel>(configuration));
+        panels.push_back(std::make_unique<ProfilesPanel>(configuration));
+    }
+    QStringList Titles() const
+    {
+        QStringList titles;
+        for (const auto& panel : panels)
+            titles.append(panel->windowTitle());
+        return titles;
+    }
+
+    Configuration configuration;
+    std::vector<std::unique_ptr<SettingsPanel>> panels;
+};
+
+}  // namespace
+
+class tst_Translations : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { PanelTest::Install(); }
+    void init() { PanelTest::Clear(); }
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void languages_areFour();
+    void match_findsOurs_data();
+    void match_findsOurs();
+    void match_takesTheSystems_withoutACode();
+    void language_isSpoken_data();
+    void language_isSpoken();
+    void language_ends_withTheTranslations();
+    void sameLanguage_isNoChange();
+    void plurals_areRight_data();
+    void plurals_areRight();
+    void numbers_followTheLanguage_data();
+    void numbers_followTheLanguage();
+    void panels_changeLanguage_whileRunning_data();
+    void panels_changeLanguage_whileRunning();
+    void widgets_changeLanguage_whileRunning();
+    void editor_changesLanguage_andKeepsItsValues();
+    void mnemonics_differ_data();
+    void mnemonics_differ();
+
+    void files_areUpToDate();
+    void files_holdTheSameTexts_data();
+    void files_holdTheSameTexts();
+    void texts_areTranslated_data();
+    void texts_areTranslated();
+    void placeholders_agree_data();
+    void placeholders_agree();
+    void mnemonics_areKept_data();
+    void mnemonics_areKept();
+    void ends_agree_data();
+    void ends_agree();
+};
+
+void tst_Translations::languages_areFour()
+{
+    QStringList codes;
+    for (const Translations::Language& language : Translations::getLanguages())
+        codes.append(language.code + QLatin1Char(' ') + language.name);
+    QCOMPARE(
+        codes,
+        QStringList(
+            {Text("en English"), Text("de Deutsch"), Text("es Español"), Text("fr Français")}));
+}
+
+void tst_Translations::match_findsOurs_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("language");
+    QTest::newRow("German") << Text("de") << Text("de");
+    QTest::newRow("capitals") << Text("FR") << Text("fr");
+    QTest::newRow("country") << Text("de_AT") << Text("de");
+    QTest::newRow("country with a hyphen") << Text("es-MX") << Text("es");
+    QTest::newRow("script and country") << Text("fr_Latn_CA") << Text("fr");
+    QTest::newRow("unknown") << Text("ja") << Text("en");
+    QTest::newRow("longer code") << Text("deu") << Text("en");
+    QTest::newRow("nonsense") << Text("_%1/..") << Text("en");
+}
+
+void tst_Translations::match_findsOurs()
+{
+    QFETCH(const QString, code);
+    QFETCH(const QString, language);
+    QCOMPARE(Translations::Match(code), language);
+}
+
+void tst_Translations::match_takesTheSystems_withoutACode()
+{
+    // The tests run in the C locale, whose language is nobody's: English.
+    QCOMPARE(Translations::Match(QString()), Text("en"));
+}
+
+void tst_Translations::language_isSpoken_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("English") << Text("en") << Text("en") << Text("Audio inputs");
+    QTest::newRow("German") << Text("de") << Text("de") << Text("Audioeingänge");
+    QTest::newRow("Spanish") << Text("es_AR") << Text("es") << Text("Entradas de audio");
+    QTest::newRow("French") << Text("FR") << Text("fr") << Text("Entrées audio");
+    QTest::newRow("unknown") << Text("xx") << Text("en") << Text("Audio inputs");
+}
+
+void tst_Translations::language_isSpoken()
+{
+    QFETCH(const QString, code);
+    QFETCH(const QString, language);
+    QFETCH(const QString, text);
+    Translations translations;
+    QVERIFY(translations.setLanguage(code));
+    QCOMPARE(translations.getLanguage(), language);
+    QCOMPARE(InputDevicesPanel::tr("Audio inputs"), text);
+}
+
+void tst_Translations::language_ends_withTheTranslations()
+{
+    {
+        Translations translations;
+        QVERIFY(translations.setLanguage(Text("de")));
+        QVERIFY(translations.setLanguage(Text("fr")));
+        QCOMPARE(ProfilesPanel::tr("Profiles"), Text("Profils"));
+    }
+    QCOMPARE(ProfilesPanel::tr("Profiles"), Text("Profiles"));
+}
+
+void tst_Translations::sameLanguage_isNoChange()
+{
+    Translations translations;
+    QVERIFY(translations.setLanguage(Text("de")));
+    QWidget window;
+    PanelTest::Show(window);
+    struct Counter : QObject
+    {
+        bool eventFilter(QObject*, QEvent* pEvent) override
+        {
+            count += pEvent->type() == QEvent::LanguageChange;
+            return false;
+        }
+        int count = 0;
+    } counter;
+    window.installEventFilter(&counter);
+    QCoreApplication::sendPostedEvents();
+    counter.count = 0;
+    QVERIFY(translations.setLanguage(Text("de_CH")));
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(counter.count, 0);
+    QVERIFY(translations.setLanguage(Text("es")));
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(counter.count > 0);
+}
+
+void tst_Translations::plurals_areRight_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QStringList>("texts");  // of 0, 1, 2 and 11
+    QTest::newRow("English")
+        << Text("en")
+        << QStringList({Text("0 taps"), Text("1 tap"), Text("2 taps"), Text("11 taps")});
+    QTest::newRow("German") << Text("de")
+                            << QStringList({Text("0 Schläge"),
+                                            Text("1 Schlag"),
+                                            Text("2 Schläge"),
+                                            Text("11 Schläge")});
+    QTest::newRow("Spanish")
+        << Text("es")
+        << QStringList({Text("0 golpes"), Text("1 golpe"), Text("2 golpes"), Text("11 golpes")});
+    // Of none, French has the singular.
+    QTest::newRow("French")
+        << Text("fr")
+        << QStringList({Text("0 frappe"), Text("1 frappe"), Text("2 frappes"), Text("11 frappes")});
+}
+
+void tst_Translations::plurals_areRight()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QStringList, texts);
+    Translations translations;
+    QVERIFY(translations.setLanguage(language));
+    QStringList found;
+    for (const int count : {0, 1, 2, 11})
+        found.append(ManualBeatPanel::tr("%n tap(s)", nullptr, count));
+    QCOMPARE(found, texts);
+}
+
+void tst_Translations::numbers_followTheLanguage_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("number");
+    QTest::newRow("English") << Text("en") << Text("1234.5");
+    QTest::newRow("German") << Text("de") << Text("1234,5");
+    QTest::newRow("Spanish") << Text("es") << Text("1234,5");
+    QTest::newRow("French") << Text("fr") << Text("1234,5");
+}
+
+void tst_Translations::numbers_followTheLanguage()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QString, number);
+    Translations translations;
+    QVERIFY(translations.setLanguage(language));
+    QCOMPARE(QLocale().toString(1234.5, 'f', 1), number);
+}
+
+void tst_Translations::panels_changeLanguage_whileRunning_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QStringList>("titles");
+    QTest::newRow("German") << Text("de")
+                            << QStringList({Text("Weitere Einstellungen"),
+                                            Text("Zeiten"),
+                                            Text("Audioeingänge"),
+                                            Text("Beat von Hand"),
+                                            Text("Profile")});
+    QTest::newRow("Spanish") << Text("es")
+                             << QStringList({Text("Ajustes avanzados"),
+                                             Text("Duraciones"),
+                                             Text("Entradas de audio"),
+                                             Text("Beat manual"),
+                                             Text("Perfiles")});
+    QTest::newRow("French") << Text("fr")
+                            << QStringList({Text("Réglages avancés"),
+                                            Text("Durées"),
+                                            Text("Entrées audio"),
+                                            Text("Beat manuel"),
+                                            Text("Profils")});
+}
+
+void tst_Translations::panels_changeLanguage_whileRunning()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QStringList, titles);
+    Translations translations;
+    QVERIFY(translations.setLanguage(Text("en")));
+    const Panels panels;
+    const QStringList english{Text("Advanced settings"),
+                              Text("Durations"),
+                              Text("Audio inputs"),
+                              Text("Manual beat"),
+                              Text("Profiles")};
+    QCOMPARE(panels.Titles(), english);
+    QVERIFY(translations.setLanguage(language));
+    QTRY_COMPARE(panels.Titles(), titles);
+    QVERIFY(!panels.configuration.isModified());
+    QVERIFY(translations.setLanguage(Text("en")));
+    QTRY_COMPARE(panels.Titles(), english);
+}
+
+void tst_Translations::widgets_changeLanguage_whileRunning()
+{
+    FakeAudioState::Get().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Translations translations;
+    QVERIFY(translations.setLanguage(Text("en")));
+    Configuration configuration;
+    InputDevicesPanel devices(configuration);
+    DurationsPanel durations(configuration);
+    ProfilesPanel profiles(configuration);
+    ManualBeatPanel manual(configuration);
+    QCOMPARE(devices.m_pModel->index(0).data().toString(), Text("Deck (default)"));
+    QVERIFY(translations.setLanguage(Text("de")));
+    QTRY_COMPARE(devices.m_pModel->index(0).data().toString(), Text("Deck (Standard)"));
+    const auto& stop = PanelTest::Get<QAbstractSpinBox>(durations, "stop");
+    QTRY_COMPARE(stop.text(), Text("0,50 s"));
+    QCOMPARE(stop.accessibleName(), Text("Gestoppt nach"));
+    QTRY_COMPARE(profiles.m_pModel->index(0).data().toString(), Text("Electro (90 bis 175 BPM)"));
+    QTRY_COMPARE(PanelTest::Get<QPushButton>(manual, "half").text(), Text("&Halb"));
+}
+
+void tst_Translations::editor_changesLanguage_andKeepsItsValues()
+{
+    Translations translations;
+    QVERIFY(translations.setLanguage(Text("en")));
+    const detail::ProfileValues values{Text("Zouk"), 80.0, 110.0, 200, 90, 1.5};
+    ProfileEditor editor(ProfileEditor::eOwn, values, {});
+    QVERIFY(translations.setLanguage(Text("de")));
+    QTRY_COMPARE(editor.windowTitle(), Text("Profil „Zouk“"));
+    QTRY_COMPARE(PanelTest::Get<QLabel>(editor, "lowHint").text(),
+                 Text("Die untere Grenze darf nicht über der oberen liegen."));
+    QVERIFY(editor.getValues() == values);
+}
+
+void tst_Translations::mnemonics_differ_data()
+{
+    LanguageRows();
+}
+
+void tst_Translations::mnemonics_differ()
+{
+    QFETCH(const QString, language);
+    Translations translations;
+    QVERIFY(translations.setLanguage(language));
+    const Panels panels;
+    std::vector<const QWidget*> windows;
+    for (const auto& panel : panels.panels)
+        windows.push_back(panel.get());
+    const ProfileEditor own(ProfileEditor::eOwn, {}, {});
+    const ProfileEditor builtIn(ProfileEditor::eBuiltIn, {}, {});
+    windows.push_back(&own);
+    windows.push_back(&builtIn);
+    for (const QWidget* pWindow : windows) {
+        QString letters = PanelTest::Mnemonics(*pWindow);
+        QVERIFY2(!letters.isEmpty(), qPrintable(pWindow->windowTitle()));
+        std::sort(letters.begin(), letters.end());
+        const bool isTwice = std::adjacent_find(letters.begin(), letters.end()) != letters.end();
+        QVERIFY2(!isTwice, qPrintable(pWindow->windowTitle() + Text(": ") + letters));
+    }
+}
+
+// ---- The files ----------------------------------------------------------------------------------
+
+void tst_Translations::files_areUpToDate()
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(kProject + Text("/script/translations"), {Text("--check")});
+    QVERIFY(process.waitForFinished(60000));
+    QVERIFY2(process.exitCode() == 0, process.readAll().constData());
+}
+
+void tst_Translations::files_holdTheSameTexts_data()
+{
+    ForeignRows();
+}
+
+void tst_Translations::files_holdTheSameTexts()
+{
+    QFETCH(const QString, language);
+    const auto names = [](const QString& pLanguage) {
+        QStringList texts;
+        for (const Message& message : ReadMessages(pLanguage))
+            texts.append(message.getName() + message.comment);
+        return texts;
+    };
+    const QStringList texts = names(language);
+    QVERIFY(texts.size() > 100);
+    QCOMPARE(texts, names(Text("de")));
+}
+
+void tst_Translations::texts_areTranslated_data()
+{
+    LanguageRows();
+}
+
+void tst_Translations::texts_areTranslated()
+{
+    QFETCH(const QString, language);
+    for (const Message& message : ReadMessages(language)) {
+        QVERIFY2(message.isFinished, qPrintable(message.getName()));
+        // All four have a singular and a plural.
+        QVERIFY2(message.translations.size() == (message.isPlural ? 2 : 1),
+                 qPrintable(message.getName()));
+        for (const QString& text : message.translations)
+            QVERIFY2(!text.trimmed().isEmpty(), qPrintable(message.getName()));
+    }
+}
+
+void tst_Translations::placeholders_agree_data()
+{
+    LanguageRows();
+}
+
+void tst_Translations::placeholders_agree()
+{
+    QFETCH(const QString, language);
+    for (const Message& message : ReadMessages(language))
+        for (const QString& text : message.translations)
+            QVERIFY2(Placeholders(text) == Placeholders(message.source), qPrintable(text));
+}
+
+void tst_Translations::mnemonics_areKept_data()
+{
+    LanguageRows();
+}
+
+void tst_Translations::mnemonics_areKept()
+{
+    QFETCH(const QString, language);
+    for (const Message& message : ReadMessages(language))
+        for (const QString& text : message.translations)
+            QVERIFY2(MnemonicCount(text) == MnemonicCount(message.source), qPrintable(text));
+}
+
+void tst_Translations::ends_agree_data()
+{
+    LanguageRows();
+}
+
+void tst_Translations::ends_agree()
+{
+    QFETCH(const QString, language);
+    for (const Message& message : ReadMessages(language)) {
+        for (const QString& text : message.translations) {
+            QVERIFY2(End(text) == End(message.source), qPrintable(text));
+            // Units begin with their blank.
+            const QLatin1Char blank(' ');
+            QVERIFY2(text.startsWith(blank) == message.source.startsWith(blank), qPrintable(text));
+        }
+    }
+}
+
+QTEST_MAIN(tst_Translations)
+#include "tst_Translations.moc"
