@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
 #include <desktop/settings/ChoiceDelegate.h>
 
 namespace {
@@ -9,6 +11,22 @@ namespace {
 QStyle& StyleOf(const QStyleOptionViewItem& pOption)
 {
     return pOption.widget ? *pOption.widget->style() : *QApplication::style();
+}
+
+/// In the color of the text: some styles draw one that cannot be seen on a dark ground.
+void DrawRadioButton(QPainter& pPainter, const QRectF& pPlace, const QColor& pColor, bool pIsOn)
+{
+    const qreal radius = std::min(pPlace.width(), pPlace.height()) / 2.0 - 1.0;
+    pPainter.save();
+    pPainter.setRenderHint(QPainter::Antialiasing);
+    pPainter.setPen(pColor);
+    pPainter.drawEllipse(pPlace.center(), radius, radius);
+    if (pIsOn) {
+        pPainter.setPen(Qt::NoPen);
+        pPainter.setBrush(pColor);
+        pPainter.drawEllipse(pPlace.center(), radius / 2.0, radius / 2.0);
+    }
+    pPainter.restore();
 }
 
 }  // namespace
@@ -36,13 +54,12 @@ void ChoiceDelegate::paint(QPainter* pPainter,
     QStyledItemDelegate::paint(pPainter, pOption, pIndex);
     QStyleOptionViewItem item(pOption);
     initStyleOption(&item, pIndex);
-    QStyleOptionButton radio;
-    radio.rect =
+    const QRectF place =
         StyleOf(item).subElementRect(QStyle::SE_ItemViewItemDecoration, &item, item.widget);
-    radio.palette = item.palette;
-    radio.state = (item.state & QStyle::State_Enabled) |
-                  (pIndex.data(m_role).toBool() ? QStyle::State_On : QStyle::State_Off);
-    StyleOf(item).drawPrimitive(QStyle::PE_IndicatorRadioButton, &radio, pPainter, item.widget);
+    const bool isSelected = item.state & QStyle::State_Selected;
+    const QColor color =
+        item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+    DrawRadioButton(*pPainter, place, color, pIndex.data(m_role).toBool());
 }
 
 #include "moc_ChoiceDelegate.cpp"

@@ -236,7 +236,7 @@ QString ManualBeatPanel::_RangeRefusal() const
     if (!m_isLocked || held == m_tempo)
         return {};
     const QLocale locale;
-    return tr("Outside the profile's %1 to %2 BPM: %3 BPM holds")
+    return tr("The profile takes %1 to %2 BPM: %3 holds")
         .arg(locale.toString(profile.getMinimalBPM(), 'f', 0),
              locale.toString(profile.getMaximalBPM(), 'f', 0),
              locale.toString(held, 'f', 1));

@@ -280,8 +280,8 @@
         <translation>Im Takt tippen</translation>
     </message>
     <message>
-        <source>Outside the profile&apos;s %1 to %2 BPM: %3 BPM holds</source>
-        <translation>Außerhalb der %1 bis %2 BPM des Profils: Es gelten %3 BPM</translation>
+        <source>The profile takes %1 to %2 BPM: %3 holds</source>
+        <translation>Das Profil lässt %1 bis %2 BPM zu: %3 gilt</translation>
     </message>
 </context>
 <context>

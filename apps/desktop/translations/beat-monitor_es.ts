@@ -280,8 +280,8 @@
         <translation>Marque el ritmo</translation>
     </message>
     <message>
-        <source>Outside the profile&apos;s %1 to %2 BPM: %3 BPM holds</source>
-        <translation>Fuera de los %1 a %2 BPM del perfil: se aplican %3 BPM</translation>
+        <source>The profile takes %1 to %2 BPM: %3 holds</source>
+        <translation>El perfil admite de %1 a %2 BPM: vale %3</translation>
     </message>
 </context>
 <context>

@@ -280,8 +280,8 @@
         <translation>Frappez en rythme</translation>
     </message>
     <message>
-        <source>Outside the profile&apos;s %1 to %2 BPM: %3 BPM holds</source>
-        <translation>Hors des %1 à %2 BPM du profil&#xa0;: %3 BPM s’applique</translation>
+        <source>The profile takes %1 to %2 BPM: %3 holds</source>
+        <translation>Le profil admet %1 à %2 BPM&#xa0;: %3 s’applique</translation>
     </message>
 </context>
 <context>

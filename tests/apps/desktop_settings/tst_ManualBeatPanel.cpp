@@ -465,12 +465,12 @@ void tst_ManualBeatPanel::tempo_outsideTheProfile_isToldWithWhatHolds()
     panel.Tap({1000});
     QCOMPARE(analyzer->getFixedBPM(), 90.0);
     QVERIFY(panel.State().isRefusal());
-    QCOMPARE(panel.State().text(), Text("Outside the profile's 90 to 175 BPM: 90.0 BPM holds"));
+    QCOMPARE(panel.State().text(), Text("The profile takes 90 to 175 BPM: 90.0 holds"));
     panel.Click("double");
     QVERIFY(!panel.State().isRefusal());
     QCOMPARE(analyzer->getFixedBPM(), 120.0);
     panel.Click("double");
-    QCOMPARE(panel.State().text(), Text("Outside the profile's 90 to 175 BPM: 175.0 BPM holds"));
+    QCOMPARE(panel.State().text(), Text("The profile takes 90 to 175 BPM: 175.0 holds"));
     QCOMPARE(analyzer->getFixedBPM(), 175.0);
 }
 
