@@ -1,0 +1,372 @@
+// SPDX-License-Identifier: MIT
+#include "MainWindow.h"
+
+#include <AudioAnalyzer/Version.h>
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include "Card.h"
+#include "Look.h"
+#include "Placement.h"
+#include "StatusLine.h"
+#include "live/BpmPanel.h"
+#include "live/LedPanel.h"
+#include "live/LevelPanel.h"
+#include "live/SpeakersPanel.h"
+#include "live/SpectrumPanel.h"
+#include "session/MonitorSession.h"
+#include "session/SourceTexts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kStatusMs = 200;
+
+/// The first local file that is dragged; empty = none.
+QString FileOf(const QMimeData& pData)
+{
+    const QList<QUrl> urls = pData.urls();
+    const auto found =
+        std::find_if(urls.begin(), urls.end(), [](const QUrl& pUrl) { return pUrl.isLocalFile(); });
+    return found == urls.end() ? QString() : found->toLocalFile();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(MonitorSession& pSession,
+                       const WindowSettings& pSettings,
+                       const QPalette& pDesktop,
+                       QWidget* pParent)
+    : QMainWindow(pParent), m_session(pSession), m_desktop(pDesktop)
+{
+    setAcceptDrops(true);
+    _MakePanels();
+    _MakeActions();
+    _MakeLayout();
+    _Connect();
+    _Retranslate();
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        setPanelVisible(ePanel(panel), pSettings.visible[std::size_t(panel)]);
+    ApplyFlags();
+    _ShowSource();
+    m_refresh.setTimerType(Qt::PreciseTimer);
+}
+
+MainWindow::~MainWindow() = default;
+
+// ---- What it is made of -------------------------------------------------------------------------
+
+void MainWindow::_MakePanels()
+{
+    Configuration& configuration = m_session.getConfiguration();
+    m_pBpm = new BpmPanel(configuration);
+    m_pBeatLed = new LedPanel(LedPanel::eBeats);
+    m_pPulseLed = new LedPanel(LedPanel::ePulses);
+    m_pSpeakers = new SpeakersPanel;
+    m_pSpectrum = new SpectrumPanel(configuration);
+    m_pLevels = new LevelPanel(configuration);
+    m_pResetButton = new QPushButton;
+    m_livePanels = {m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pSpectrum, m_pLevels};
+    m_pLiveCard = new Card(_MakeLiveRow());
+    m_pSpectrumCard = new Card(m_pSpectrum);
+    m_pLevelCard = new Card(m_pLevels);
+    m_pStatus = new StatusLine;
+    m_panels[eBPMPanel] = m_pBpm;
+    m_panels[eBeatLEDPanel] = m_pBeatLed;
+    m_panels[ePulseLEDPanel] = m_pPulseLed;
+    m_panels[eSpectrumPanel] = m_pSpectrumCard;
+    m_panels[eThresholdPanel] = m_pLevelCard;
+    m_panels[eResetPanel] = m_pResetButton;
+}
+
+QWidget* MainWindow::_MakeLiveRow()
+{
+    auto* pRow = new QWidget;
+    auto* pLayout = new QHBoxLayout(pRow);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(fontMetrics().height());
+    pLayout->addWidget(m_pBpm, 1);
+    pLayout->addWidget(m_pBeatLed);
+    pLayout->addWidget(m_pPulseLed);
+    pLayout->addWidget(m_pSpeakers);
+    pLayout->addWidget(m_pResetButton, 0, Qt::AlignTop);
+    return pRow;
+}
+
+void MainWindow::_MakeActions()
+{
+    m_pFileMenu = menuBar()->addMenu(QString());
+    m_pOpen = m_pFileMenu->addAction(QString(), this, &MainWindow::_OpenFile);
+    m_pOpen->setShortcut(QKeySequence::Open);
+    m_pStop = m_pFileMenu->addAction(QString(), this, [this] { m_session.StopFile(); });
+    m_pFileMenu->addSeparator();
+    m_pReset = m_pFileMenu->addAction(QString(), this, [this] { m_session.Reset(); });
+    m_pReset->setShortcut(Qt::Key_R);
+    m_pFileMenu->addSeparator();
+    m_pQuit = m_pFileMenu->addAction(QString(), this, &QWidget::close);
+    m_pQuit->setShortcut(Qt::CTRL + Qt::Key_Q);
+    m_pViewMenu = menuBar()->addMenu(QString());
+    for (int panel = 0; panel < ePanelCount; ++panel) {
+        QAction* pAction = m_pViewMenu->addAction(QString());
+        pAction->setCheckable(true);
+        pAction->setVisible(m_panels[std::size_t(panel)] != nullptr);
+        connect(pAction, &QAction::triggered, this, [this, panel](bool pIsChecked) {
+            setPanelVisible(ePanel(panel), pIsChecked);
+        });
+        m_actions[std::size_t(panel)] = pAction;
+    }
+    m_pViewMenu->addSeparator();
+    m_pFullScreen = m_pViewMenu->addAction(
+        QString(), this, [this](bool pIsFull) { pIsFull ? showFullScreen() : showNormal(); });
+    m_pFullScreen->setCheckable(true);
+    m_pFullScreen->setShortcut(Qt::Key_F11);
+    m_pHelpMenu = menuBar()->addMenu(QString());
+    m_pAbout = m_pHelpMenu->addAction(QString(), this, &MainWindow::_About);
+}
+
+void MainWindow::_MakeLayout()
+{
+    const int gap = fontMetrics().height() / 2;
+    auto* pCenter = new QWidget;
+    auto* pLive = new QVBoxLayout;
+    pLive->setSpacing(gap);
+    pLive->addWidget(m_pLiveCard);
+    pLive->addWidget(m_pSpectrumCard, 1);
+    pLive->addWidget(m_pLevelCard);
+    auto* pLayout = new QHBoxLayout(pCenter);
+    pLayout->setContentsMargins(gap, gap, gap, gap);
+    pLayout->setSpacing(gap);
+    pLayout->addLayout(pLive, 3);
+    setCentralWidget(pCenter);
+    statusBar()->addWidget(m_pStatus, 1);
+    statusBar()->setSizeGripEnabled(false);
+}
+
+void MainWindow::_Connect()
+{
+    using S = MonitorSession;
+    connect(&m_session, &S::OnSourceChanged, this, &MainWindow::_ShowSource);
+    ConfigurationSaver& saver = m_session.getSaver();
+    connect(&saver, &ConfigurationSaver::OnFailed, this, &MainWindow::ShowProblem);
+    connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
+    connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
+    connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
+    connect(&m_refresh, &QTimer::timeout, this, &MainWindow::_Refresh);
+}
+
+void MainWindow::_Retranslate()
+{
+    setWindowTitle(tr("Beat Monitor"));
+    m_pFileMenu->setTitle(tr("&File"));
+    m_pOpen->setText(tr("&Open audio file\u2009\u2026"));
+    m_pStop->setText(tr("&Listen to the input again"));
+    m_pReset->setText(tr("&Reset the analysis"));
+    m_pQuit->setText(tr("&Quit"));
+    m_pViewMenu->setTitle(tr("&View"));
+    m_actions[eBPMPanel]->setText(tr("&Tempo"));
+    m_actions[eBeatLEDPanel]->setText(tr("&Beat lamp"));
+    m_actions[ePulseLEDPanel]->setText(tr("P&ulse lamp"));
+    m_actions[eSpectrumPanel]->setText(tr("&Spectrum"));
+    m_actions[eThresholdPanel]->setText(tr("T&hreshold"));
+    m_actions[eDevicesPanel]->setText(tr("&Input devices"));
+    m_actions[eProfilesPanel]->setText(tr("&Profiles"));
+    m_actions[eManualBeatPanel]->setText(tr("&Manual beat"));
+    m_actions[eDurationsPanel]->setText(tr("&Durations"));
+    m_actions[eAdvancedSettingsPanel]->setText(tr("&Advanced settings"));
+    m_actions[eResetPanel]->setText(tr("R&eset button"));
+    m_pFullScreen->setText(tr("&Full screen"));
+    m_pHelpMenu->setTitle(tr("&Help"));
+    m_pAbout->setText(tr("&About beat-monitor"));
+    m_pSpectrumCard->setTitle(tr("Spectrum"));
+    m_pLevelCard->setTitle(tr("Volume and threshold"));
+    m_pResetButton->setText(tr("Reset (R)"));
+    m_pResetButton->setToolTip(tr("Forgets the tempo and starts to search again."));
+}
+
+// ---- What it shows ------------------------------------------------------------------------------
+
+void MainWindow::_Refresh()
+{
+    if (windowHandle() && !windowHandle()->isExposed())
+        return;
+    LiveFeed& feed = m_session.getFeed();
+    const LiveValues& values = feed.Read();
+    const qint64 now = feed.getTime();
+    for (LivePanel* pPanel : m_livePanels)
+        if (pPanel->isVisible())
+            pPanel->Refresh(values, now);
+    if (now - m_lastStatus >= kStatusMs) {
+        m_lastStatus = now;
+        _ShowSource();
+    }
+}
+
+void MainWindow::_WatchRefresh()
+{
+    if (isVisible() && !isMinimized())
+        m_refresh.start(kRefreshMs);
+    else
+        m_refresh.stop();
+}
+
+void MainWindow::_ShowSource()
+{
+    const SourceState source = m_session.getSource();
+    const sourcetexts::Text text = sourcetexts::describe(source);
+    m_pStatus->setSource(text.text, text.isWarning);
+    m_pStop->setEnabled(source.kind == SourceState::eFile || source.kind == SourceState::eEnded);
+}
+
+void MainWindow::ShowProblem(const QString& pText)
+{
+    m_pStatus->setProblem(pText);
+}
+
+QString MainWindow::getProblem() const
+{
+    return m_pStatus->getProblem();
+}
+
+void MainWindow::setPanelVisible(ePanel pPanel, bool pIsVisible)
+{
+    QWidget* pWidget = m_panels[std::size_t(pPanel)];
+    if (pWidget)
+        pWidget->setVisible(pIsVisible);
+    m_actions[std::size_t(pPanel)]->setChecked(pIsVisible);
+    _HideEmptyCards();
+}
+
+bool MainWindow::isPanelVisible(ePanel pPanel) const
+{
+    const QWidget* pWidget = m_panels[std::size_t(pPanel)];
+    return pWidget && !pWidget->isHidden();
+}
+
+void MainWindow::_HideEmptyCards()
+{
+    const std::initializer_list<const QWidget*> row = {
+        m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pResetButton};
+    m_pLiveCard->setHidden(std::all_of(
+        row.begin(), row.end(), [](const QWidget* pPanel) { return pPanel->isHidden(); }));
+}
+
+void MainWindow::ApplyFlags()
+{
+    m_pSpeakers->setVisible(m_session.getConfiguration().getDisplaySpeakers());
+    _HideEmptyCards();
+    _ApplyLook();
+    _ApplyTopMost();
+}
+
+void MainWindow::_ApplyLook()
+{
+    const eLook look = chooseLook(m_session.getConfiguration().getGrayMode(), m_desktop);
+    const LookColors& colors = getColors(look);
+    QApplication::setPalette(makePalette(look));
+    for (LivePanel* pPanel : m_livePanels)
+        pPanel->setColors(colors);
+    m_pStatus->setWarningColor(colors.warning);
+}
+
+void MainWindow::_ApplyTopMost()
+{
+    const bool isTopMost = m_session.getConfiguration().isTopMost();
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == isTopMost)
+        return;
+    // A change of the flags hides the window.
+    const bool wasVisible = isVisible();
+    setWindowFlag(Qt::WindowStaysOnTopHint, isTopMost);
+    if (wasVisible)
+        show();
+}
+
+void MainWindow::Place(eStartingPosition pPosition)
+{
+    const QScreen* pScreen = screen();
+    const QSize frame = frameGeometry().size();
+    if (const auto corner = placeWindow(pPosition, frame, pScreen->availableGeometry()))
+        move(*corner);
+}
+
+// ---- What happens to it -------------------------------------------------------------------------
+
+void MainWindow::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::LanguageChange) {
+        _Retranslate();
+        _ShowSource();
+    }
+    if (pEvent->type() == QEvent::WindowStateChange) {
+        m_pFullScreen->setChecked(isFullScreen());
+        _WatchRefresh();
+    }
+    QMainWindow::changeEvent(pEvent);
+}
+
+void MainWindow::showEvent(QShowEvent* pEvent)
+{
+    QMainWindow::showEvent(pEvent);
+    _WatchRefresh();
+}
+
+void MainWindow::hideEvent(QHideEvent* pEvent)
+{
+    QMainWindow::hideEvent(pEvent);
+    m_refresh.stop();
+}
+
+void MainWindow::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->accept();
+    QCoreApplication::quit();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* pEvent)
+{
+    if (!FileOf(*pEvent->mimeData()).isEmpty())
+        pEvent->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* pEvent)
+{
+    pEvent->acceptProposedAction();
+    m_session.PlayFile(FileOf(*pEvent->mimeData()), false);
+}
+
+void MainWindow::_OpenFile()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this,
+        tr("Open audio file"),
+        {},
+        tr("Audio files (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;All files (*)"));
+    if (!path.isEmpty())
+        m_session.PlayFile(path, false);
+}
+
+void MainWindow::_About()
+{
+    QMessageBox::about(this,
+                       tr("About beat-monitor"),
+                       tr("<b>beat-monitor %1</b><p>Shows the beat and the tempo of live music.</p>"
+                          "<p>MIT licence.</p>")
+                           .arg(QStringLiteral(AUDIOANALYZER_VERSION)));
+}
+
+#include "moc_MainWindow.cpp"

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "BpmPanel.h"
+
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include "../detail/TempoHint.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+
+#include <cmath>
+
+namespace {
+
+constexpr double kTempoScale = 4.2;  ///< of the window's font
+constexpr double kUnitScale = 1.4;
+
+QFont Scaled(QFont pFont, double pScale, QFont::Weight pWeight)
+{
+    pFont.setPointSizeF(pFont.pointSizeF() * pScale);
+    pFont.setWeight(pWeight);
+    return pFont;
+}
+
+void setTextOf(QLabel& pLabel, const QString& pText)
+{
+    if (pLabel.text() != pText)
+        pLabel.setText(pText);
+}
+
+}  // namespace
+
+BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
+    : LivePanel(pParent), m_configuration(pConfiguration), m_pTempo(new QLabel(this)),
+      m_pUnit(new QLabel(this)), m_pAccuracyTitle(new QLabel(this)),
+      m_pAccuracy(new QProgressBar(this)), m_pHint(new QLabel(this))
+{
+    m_pTempo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_pAccuracy->setRange(0, 100);
+    m_pAccuracy->setFormat(QStringLiteral("%p %"));
+    m_pHint->setForegroundRole(QPalette::PlaceholderText);
+    m_pHint->setWordWrap(true);
+    m_pHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    auto* pLayout = new QGridLayout(this);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setVerticalSpacing(2);
+    pLayout->addWidget(m_pTempo, 0, 0, 2, 1);
+    pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBaseline);
+    pLayout->addWidget(m_pAccuracyTitle, 0, 2, Qt::AlignBottom);
+    pLayout->addWidget(m_pAccuracy, 1, 2, Qt::AlignTop);
+    pLayout->addWidget(m_pHint, 2, 0, 1, 3);
+    pLayout->setColumnStretch(2, 1);
+    _SetFonts();
+    Retranslate();
+}
+
+void BpmPanel::_SetFonts()
+{
+    m_pTempo->setFont(Scaled(font(), kTempoScale, QFont::DemiBold));
+    m_pTempo->setMinimumWidth(m_pTempo->fontMetrics().horizontalAdvance(QStringLiteral("888.8")));
+    m_pUnit->setFont(Scaled(font(), kUnitScale, QFont::Normal));
+    // Two lines always, so that a hint moves nothing.
+    m_pHint->setFixedHeight(2 * m_pHint->fontMetrics().lineSpacing());
+}
+
+void BpmPanel::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::FontChange)
+        _SetFonts();
+    LivePanel::changeEvent(pEvent);
+}
+
+void BpmPanel::Retranslate()
+{
+    m_pUnit->setText(tr("BPM", "beats per minute"));
+    m_pTempo->setAccessibleName(tr("Tempo in beats per minute"));
+    m_pAccuracyTitle->setText(tr("Accuracy"));
+    m_pAccuracy->setAccessibleName(tr("Accuracy"));
+    m_pAccuracy->setToolTip(tr("Falls with every beat in a row that was predicted but not heard."));
+}
+
+void BpmPanel::setColors(const LookColors&) {}
+
+void BpmPanel::Refresh(const LiveValues& pValues, qint64)
+{
+    _ShowTempo(pValues);
+    const int accuracy = pValues.isPlaying ? int(std::lround(100.0 * pValues.accuracy)) : 0;
+    if (m_pAccuracy->value() != accuracy)
+        m_pAccuracy->setValue(accuracy);
+    _ShowHint(pValues);
+}
+
+void BpmPanel::_ShowTempo(const LiveValues& pValues)
+{
+    const bool isKnown = pValues.bpm > 0.0;
+    setTextOf(*m_pTempo,
+              isKnown ? locale().toString(pValues.bpm, 'f', 1) : QStringLiteral("\u2013"));
+    const auto role = isKnown && !pValues.isHeld ? QPalette::WindowText : QPalette::PlaceholderText;
+    if (m_pTempo->foregroundRole() != role)
+        m_pTempo->setForegroundRole(role);
+}
+
+void BpmPanel::_ShowHint(const LiveValues& pValues)
+{
+    const QString range = _DescribeRange(pValues.measuredBPM);
+    setTextOf(*m_pHint, range.isEmpty() ? _DescribeState(pValues) : range);
+}
+
+QString BpmPanel::_DescribeState(const LiveValues& pValues) const
+{
+    if (pValues.isFixed)
+        return tr("Fixed tempo: beats are not announced.");
+    if (!pValues.isAnalyzing)
+        return tr("Waiting for sound.");
+    if (!pValues.isPlaying)
+        return pValues.bpm > 0.0 ? tr("Stopped; this was the tempo.") : tr("Stopped: no music.");
+    if (pValues.isHeld)
+        return tr("Held: not measured now.");
+    return pValues.bpm > 0.0 ? QString() : tr("Measuring\u2009\u2026");
+}
+
+QString BpmPanel::_DescribeRange(double pMeasured) const
+{
+    const Profile profile = m_configuration.getSelectedProfile();
+    const detail::TempoHint hint =
+        detail::FindTempoHint(pMeasured, profile.getMinimalBPM(), profile.getMaximalBPM());
+    if (hint.kind == detail::eNoHint)
+        return {};
+    const QString measured = tr("Measured %1 BPM, out of the range of \u201c%2\u201d")
+                                 .arg(locale().toString(pMeasured, 'f', 1), profile.getName());
+    const QString other = locale().toString(hint.bpm, 'f', 1);
+    if (hint.kind == detail::eHalfHint)
+        return tr("%1; half of it: %2.").arg(measured, other);
+    if (hint.kind == detail::eDoubleHint)
+        return tr("%1; the double: %2.").arg(measured, other);
+    return measured + QLatin1Char('.');
+}
+
+#include "moc_BpmPanel.cpp"

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "LivePanel.h"
+
+class Configuration;
+class QLabel;
+class QProgressBar;
+
+/// The tempo, large, with its accuracy and what there is to say about it.
+class BpmPanel : public LivePanel
+{
+    Q_OBJECT
+
+public:
+    /// pConfiguration is not owned.
+    explicit BpmPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
+
+    void Refresh(const LiveValues& pValues, qint64 pNow) override;
+    void setColors(const LookColors& pColors) override;
+
+protected:
+    void Retranslate() override;
+    void changeEvent(QEvent* pEvent) override;
+
+private:
+    void _SetFonts();
+    void _ShowTempo(const LiveValues& pValues);
+    void _ShowHint(const LiveValues& pValues);
+    QString _DescribeState(const LiveValues& pValues) const;
+    QString _DescribeRange(double pMeasured) const;
+
+    Configuration& m_configuration;  ///< not owned
+    QLabel* m_pTempo;
+    QLabel* m_pUnit;
+    QLabel* m_pAccuracyTitle;
+    QProgressBar* m_pAccuracy;
+    QLabel* m_pHint;
+};

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "Led.h"
+
+#include "../detail/Flash.h"
+
+#include <QPainter>
+
+namespace {
+
+QColor Mix(const QColor& pDark, const QColor& pLit, double pShare)
+{
+    const auto mix = [pShare](double pFrom, double pTo) { return pFrom + (pTo - pFrom) * pShare; };
+    return QColor::fromRgbF(mix(pDark.redF(), pLit.redF()),
+                            mix(pDark.greenF(), pLit.greenF()),
+                            mix(pDark.blueF(), pLit.blueF()));
+}
+
+}  // namespace
+
+Led::Led(QWidget* pParent) : QWidget(pParent) {}
+
+void Led::setColors(const QColor& pDisc, const QColor& pRing, const QColor& pUnlit)
+{
+    m_disc = pDisc;
+    m_ring = pRing;
+    m_unlit = pUnlit;
+    update();
+}
+
+void Led::setLight(int pStep, bool pIsRing)
+{
+    if (pStep == m_step && (pStep == 0 || pIsRing == m_isRing))
+        return;
+    m_step = pStep;
+    m_isRing = pIsRing;
+    update(_Circle().toAlignedRect());
+}
+
+QSize Led::sizeHint() const
+{
+    return minimumSizeHint() * 5 / 4;
+}
+
+QSize Led::minimumSizeHint() const
+{
+    const int side = 3 * fontMetrics().height();
+    return {side, side};
+}
+
+QRectF Led::_Circle() const
+{
+    const double side = std::min(width(), height());
+    return {(width() - side) / 2.0, (height() - side) / 2.0, side, side};
+}
+
+void Led::paintEvent(QPaintEvent*)
+{
+    const double share = double(m_step) / detail::kFlashSteps;
+    const QRectF circle = _Circle();
+    const double pen = circle.width() / 12.0;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor lit = m_isRing ? m_ring : m_disc;
+    painter.setPen(QPen(Mix(m_unlit.lighter(135), lit, share), pen));
+    painter.setBrush(m_isRing ? m_unlit : Mix(m_unlit, lit, share));
+    const double margin = pen / 2.0 + 1.0;
+    painter.drawEllipse(circle.adjusted(margin, margin, -margin, -margin));
+}
+
+#include "moc_Led.cpp"

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "LedPanel.h"
+
+#include "../detail/Flash.h"
+#include "Led.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+LedPanel::LedPanel(eKind pKind, QWidget* pParent)
+    : LivePanel(pParent), m_kind(pKind), m_pLed(new Led(this)), m_pTitle(new QLabel(this)),
+      m_pType(new QLabel(this))
+{
+    auto* pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->addWidget(m_pLed, 1);
+    pLayout->addWidget(m_pTitle, 0, Qt::AlignHCenter);
+    pLayout->addWidget(m_pType, 0, Qt::AlignHCenter);
+    m_pType->setForegroundRole(QPalette::PlaceholderText);
+    Retranslate();
+}
+
+void LedPanel::Refresh(const LiveValues& pValues, qint64 pNow)
+{
+    const bool isBeat = m_kind == eBeats;
+    const qint64 time = isBeat ? pValues.beatTime : pValues.pulseTime;
+    const bool isVirtual = isBeat ? pValues.isBeatVirtual : pValues.isPulseVirtual;
+    m_pLed->setLight(detail::FlashStep(pNow - time, kFadeMs), isVirtual);
+    const bool hasFlashed = time != LiveValues::kNever;
+    if (hasFlashed == m_hasFlashed && isVirtual == m_isVirtual)
+        return;
+    m_hasFlashed = hasFlashed;
+    m_isVirtual = isVirtual;
+    _Describe();
+}
+
+void LedPanel::setColors(const LookColors& pColors)
+{
+    m_pLed->setColors(
+        m_kind == eBeats ? pColors.beat : pColors.pulse, pColors.virtualBeat, pColors.trough);
+}
+
+void LedPanel::Retranslate()
+{
+    const bool isBeat = m_kind == eBeats;
+    m_pTitle->setText(isBeat ? tr("Beat") : tr("Pulse"));
+    m_pLed->setAccessibleName(isBeat ? tr("Beat lamp") : tr("Pulse lamp"));
+    setToolTip(isBeat ? tr("Flashes when a beat falls due. A ring only: the beat was not heard but "
+                           "predicted.")
+                      : tr("Flashes when a pulse is heard. A ring only: a beat was missing and is "
+                           "assumed."));
+    _Describe();
+}
+
+void LedPanel::_Describe()
+{
+    if (!m_hasFlashed)
+        m_pType->setText(QStringLiteral("\u2013"));
+    else
+        m_pType->setText(m_isVirtual ? tr("virtual") : tr("real"));
+}
+
+#include "moc_LedPanel.cpp"

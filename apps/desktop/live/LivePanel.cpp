@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "LivePanel.h"
+
+#include "moc_LivePanel.cpp"

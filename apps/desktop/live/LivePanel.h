@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "../Look.h"
+#include "LiveValues.h"
+
+#include <QEvent>
+#include <QWidget>
+
+/// A part of the window that shows what is heard just now.
+class LivePanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// Called up to sixty times a second while the panel can be seen. It must repaint only what has
+    /// changed. pNow: ms on the clock of the values' times.
+    virtual void Refresh(const LiveValues& pValues, qint64 pNow) = 0;
+    /// pColors: valid for ever.
+    virtual void setColors(const LookColors& pColors) = 0;
+
+protected:
+    /// Sets all texts anew. Also to be called by the constructor of a panel.
+    virtual void Retranslate() = 0;
+
+    void changeEvent(QEvent* pEvent) override
+    {
+        if (pEvent->type() == QEvent::LanguageChange)
+            Retranslate();
+        QWidget::changeEvent(pEvent);
+    }
+};

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <vector>
+
+/// What the live panels show: copied from the analyzer as it comes, read when it is painted.
+struct LiveValues
+{
+    static constexpr qint64 kNever = -1000000;  ///< ms
+
+    bool isAnalyzing = false;  ///< samples arrive and are analysed
+    bool isPlaying = false;    ///< they are music
+    double bpm = 0.0;          ///< in force, 0 = unknown
+    double measuredBPM = 0.0;  ///< whatever the profile's range; 0 = unknown
+    bool isFixed = false;      ///< imposed by the user
+    bool isHeld = false;       ///< not measured now, but the last that was
+    double accuracy = 1.0;     ///< (0, 1]
+
+    qint64 beatTime = kNever;   ///< ms on the feed's clock
+    qint64 pulseTime = kNever;  ///< likewise
+    bool isBeatVirtual = false;
+    bool isPulseVirtual = false;
+
+    int current = 0;  ///< volumes: sample magnitudes; negative = none
+    int average = 0;
+    int maximal = 0;
+    int threshold = 0;
+
+    std::vector<double> amplitudes;  ///< normalised power; empty = none
+    quint64 spectrumCount = 0;       ///< spectra so far
+    int sampleRate = 0;              ///< Hz
+};

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "SpectrumPanel.h"
+
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include "SpectrumBars.h"
+
+#include <QVBoxLayout>
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_grid.h>
+#include <qwt_plot_zoneitem.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_engine.h>
+#include <qwt_scale_widget.h>
+
+namespace {
+
+constexpr double kFontScale = 0.85;
+
+class FrequencyDraw : public QwtScaleDraw
+{
+public:
+    QwtText label(double pHertz) const override
+    {
+        return pHertz >= 1000.0 ? QStringLiteral("%1k").arg(pHertz / 1000.0)
+                                : QString::number(pHertz);
+    }
+};
+
+QwtScaleDiv FrequencyTicks()
+{
+    const QList<double> major = {50, 100, 200, 500, 1000, 2000, 5000, 10000};
+    const QList<double> minor = {
+        30, 40, 60, 70, 80, 90, 300, 400, 600, 700, 800, 900, 3000, 4000, 6000, 7000, 8000, 9000};
+    return QwtScaleDiv(SpectrumBars::kLow, SpectrumBars::kHigh, minor, {}, major);
+}
+
+}  // namespace
+
+SpectrumPanel::SpectrumPanel(Configuration& pConfiguration, QWidget* pParent)
+    : LivePanel(pParent), m_configuration(pConfiguration), m_pPlot(new QwtPlot(this)),
+      m_pGrid(new QwtPlotGrid), m_pBand(new QwtPlotZoneItem), m_pBars(new SpectrumBars)
+{
+    auto* pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->addWidget(m_pPlot);
+    auto* pCanvas = new QwtPlotCanvas(m_pPlot);
+    // Everything moves at every repaint: a copy to draw from would be one copy too many.
+    pCanvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
+    pCanvas->setFrameStyle(QFrame::NoFrame);
+    m_pPlot->setCanvas(pCanvas);
+    m_pPlot->setAutoReplot(false);
+    m_pBand->setOrientation(Qt::Vertical);
+    m_pBand->setPen(QPen(Qt::NoPen));
+    m_pGrid->attach(m_pPlot);
+    m_pBand->attach(m_pPlot);
+    m_pBars->attach(m_pPlot);
+    _MakeAxes();
+    _SetFonts();
+    _ShowBand();
+    Retranslate();
+}
+
+void SpectrumPanel::_MakeAxes()
+{
+    m_pPlot->setAxisScaleEngine(QwtPlot::xBottom, new QwtLogScaleEngine);
+    m_pPlot->setAxisScaleDraw(QwtPlot::xBottom, new FrequencyDraw);
+    m_pPlot->setAxisScaleDiv(QwtPlot::xBottom, FrequencyTicks());
+    m_pPlot->setAxisScale(QwtPlot::yLeft, SpectrumBars::kLeast, 0.0, 20.0);
+    m_pPlot->setAxisMaxMinor(QwtPlot::yLeft, 0);
+    for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
+        m_pPlot->axisWidget(axis)->setMargin(0);
+        m_pPlot->axisScaleDraw(axis)->enableComponent(QwtAbstractScaleDraw::Backbone, false);
+    }
+    m_pPlot->setMinimumHeight(8 * fontMetrics().height());
+    m_pGrid->enableXMin(false);
+}
+
+void SpectrumPanel::_SetFonts()
+{
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * kFontScale);
+    for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
+        m_pPlot->setAxisFont(axis, small);
+        QwtText title = m_pPlot->axisTitle(axis);
+        title.setFont(small);
+        m_pPlot->setAxisTitle(axis, title);
+    }
+}
+
+void SpectrumPanel::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::FontChange)
+        _SetFonts();
+    LivePanel::changeEvent(pEvent);
+}
+
+void SpectrumPanel::Retranslate()
+{
+    QwtText unit = m_pPlot->axisTitle(QwtPlot::xBottom);
+    unit.setText(tr("Hz"));
+    m_pPlot->setAxisTitle(QwtPlot::xBottom, unit);
+    unit.setText(tr("dB"));
+    m_pPlot->setAxisTitle(QwtPlot::yLeft, unit);
+    m_pPlot->setAccessibleName(tr("Amplitude spectrum"));
+    setToolTip(tr("The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in "
+                  "which pulses are looked for."));
+    _SetFonts();
+}
+
+void SpectrumPanel::setColors(const LookColors& pColors)
+{
+    m_pBars->setColors(pColors.spectrum, pColors.peak);
+    m_pBand->setBrush(pColors.band);
+    m_pGrid->setPen(QPen(pColors.trough, 0.0));
+    m_pPlot->setCanvasBackground(QBrush(Qt::NoBrush));
+    m_pPlot->canvas()->update();
+}
+
+void SpectrumPanel::Refresh(const LiveValues& pValues, qint64 pNow)
+{
+    bool hasMoved = m_pBars->Fall(pNow);
+    if (pValues.spectrumCount != m_spectrumCount) {
+        m_spectrumCount = pValues.spectrumCount;
+        m_pBars->Add(pValues.amplitudes, pValues.sampleRate, pNow);
+        hasMoved = true;
+    }
+    hasMoved |= _ShowBand();
+    if (hasMoved)
+        m_pPlot->canvas()->update();
+}
+
+/// True when the band is another one now.
+bool SpectrumPanel::_ShowBand()
+{
+    const Profile profile = m_configuration.getSelectedProfile();
+    const int low = profile.getFilterLowFrequency();
+    const int high = profile.getFilterHighFrequency();
+    if (low == m_low && high == m_high)
+        return false;
+    m_low = low;
+    m_high = high;
+    m_pBand->setInterval(low < 1 ? SpectrumBars::kLow : double(low),
+                         high < 1 ? SpectrumBars::kHigh : double(high));
+    return true;
+}
+
+#include "moc_SpectrumPanel.cpp"

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "Icon.h"
+#include "MainWindow.h"
+#include "MonitorOptions.h"
+#include "Termination.h"
+#include "Tray.h"
+#include "session/MonitorSession.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QStyleFactory>
+#include <QTextCodec>
+#include <QTimer>
+
+#include <common/SoundServer.h>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+enum eExitCode
+{
+    eExitDone = 0,
+    eExitFailed = 1,
+    eExitUsage = 2
+};
+
+void Print(std::FILE* pStream, const QString& pText)
+{
+    std::fputs(pText.toLocal8Bit().constData(), pStream);
+    std::fflush(pStream);
+}
+
+/// Qt ends the program without a word that helps when there is none.
+bool HasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+void Begin(MonitorSession& pSession, const MonitorOptions& pOptions)
+{
+    if (pOptions.file.isEmpty())
+        pSession.Listen(pOptions.device);
+    else
+        pSession.PlayFile(pOptions.file, pOptions.isLooped);
+}
+
+int Run(const MonitorOptions& pOptions)
+{
+    preferSoundServer();
+    MonitorSession session;
+    QString error;
+    const bool isLoaded = session.Load(error);
+    const WindowSettings settings = WindowSettings::Load(pOptions.iniPath);
+    MainWindow window(session, settings, QApplication::palette());
+    if (!isLoaded)
+        window.ShowProblem(error);
+    Tray tray(window, window.getResetAction(), window.getQuitAction());
+    Termination termination;
+    QObject::connect(&termination, &Termination::OnRequested, &QCoreApplication::quit);
+    tray.Start(settings.isHiddenOnStart);
+    window.Place(settings.position);
+    QTimer::singleShot(0, &session, [&] { Begin(session, pOptions); });
+    QApplication::exec();
+    if (session.getSaver().Save())
+        return eExitDone;
+    Print(stderr, QStringLiteral("beat-monitor: %1\n").arg(window.getProblem()));
+    return eExitFailed;
+}
+
+/// Sound plugins comment on devices that vanish. The window says that in words of its own.
+void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    // File names are UTF-8 everywhere, in the C locale as well.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    const MonitorOptions options = parseMonitorOptions(argc, argv);
+    if (options.action != MonitorOptions::eRun) {
+        const bool isRefused = options.action == MonitorOptions::eRefuse;
+        Print(isRefused ? stderr : stdout, options.text);
+        return isRefused ? eExitUsage : eExitDone;
+    }
+    if (!HasDisplay()) {
+        Print(stderr,
+              QStringLiteral("beat-monitor: there is no display. Start it on a desktop, or on a "
+                             "virtual one: xvfb-run beat-monitor\n"));
+        return eExitFailed;
+    }
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("beat-monitor"));
+    QApplication::setWindowIcon(makeIcon());
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setQuitOnLastWindowClosed(false);
+    qInstallMessageHandler(&IgnoreMessage);
+    const int exitCode = Run(options);
+    // Qt's plugin for PulseAudio now and then crashes when the process unloads it. Everything is
+    // written by then.
+    std::_Exit(exitCode);
+}

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <common/InputDevices.h>
+#include <vector>
+
+/// The device to listen to when nobody has chosen one: the default if it can be analysed, else the
+/// first that can, one that is no monitor before one that is, else the default. Empty without any.
+QString chooseDevice(const std::vector<InputDevice>& pDevices);

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "../live/LiveFeed.h"
+#include "ConfigurationSaver.h"
+#include "FilePlayer.h"
+#include "SourceState.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <common/CaptureSession.h>
+#include <common/ConfigurationStore.h>
+#include <memory>
+#include <optional>
+
+/// Everything behind the window: the configuration, the source of sound, and what it gives.
+///
+/// There is one source at a time, a device or a file. A device is recorded by its name and waited
+/// for when it is away. While a file plays no device is held.
+///
+/// Threads: one event-loop thread.
+class MonitorSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MonitorSession(QObject* pParent = nullptr);
+    /// Does not save.
+    ~MonitorSession() override;
+
+    /// Reads the configuration. False when it is damaged; pError says what to do.
+    bool Load(QString& pError);
+    Configuration& getConfiguration() { return m_store.getConfiguration(); }
+    ConfigurationSaver& getSaver() { return m_saver; }
+    LiveFeed& getFeed() { return m_feed; }
+    /// Null without a source. [valid until OnAnalyzerChanged]
+    AudioAnalyzer* getAnalyzer() const;
+    SourceState getSource() const;
+    /// The device to listen to; empty = none.
+    QString getDeviceName() const { return m_deviceName; }
+    bool isDevicePresent() const;
+    /// The greatest sample magnitude since the last call, at most 32767; 0 without a source.
+    int TakePeak();
+
+    /// Listens to the device of that name, now or when it is there; empty = the stored one, or else
+    /// the best there is, or the first that comes.
+    void Listen(const QString& pName);
+    /// The same, and remembers the device.
+    void ChooseDevice(const QString& pName);
+    /// Plays a file instead of listening.
+    void PlayFile(const QString& pPath, bool pIsLooped);
+    /// Listens again.
+    void StopFile();
+    bool isFilePlaying() const { return m_player != nullptr; }
+
+    /// BPM; 0 = measured again.
+    void setFixedTempo(double pBPM);
+    void Reset();
+
+Q_SIGNALS:
+    /// Null when there is none. The one before is gone, or is going to be when this returns.
+    void OnAnalyzerChanged(AudioAnalyzer* pAnalyzer);
+    void OnDeviceChanged(const QString& pName, bool pIsPresent);
+    /// getSource() may have changed.
+    void OnSourceChanged();
+
+private:
+    void _Close();
+    void _OpenCapture();
+    void _WaitForAnyDevice();
+    void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer, int pSampleRate);
+    void _OnAnchored();
+    void _OnNotice(eCaptureNotice pNotice);
+    void _OnCaptureState();
+    void _OnFileEnded(const QString& pError);
+    void _Tick();
+    void _JudgeNotice();
+    void _SetAnalyzer(AudioAnalyzer* pAnalyzer, int pSampleRate);
+
+    ConfigurationStore m_store;
+    ConfigurationSaver m_saver{m_store};
+    LiveFeed m_feed;
+    QString m_deviceName;
+    std::unique_ptr<CaptureSession> m_capture;  ///< null while a file plays, or without a device
+    std::unique_ptr<FilePlayer> m_player;       ///< null while no file plays
+    std::optional<SourceState> m_endedFile;
+    std::optional<eCaptureNotice> m_notice;
+    QElapsedTimer m_sinceClipped;
+    double m_fixedTempo = 0.0;  ///< BPM; 0 = none
+    int m_peak = 0;             ///< since TakePeak()
+    QTimer m_tick;
+};

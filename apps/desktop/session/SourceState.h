@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <common/CaptureNotice.h>
+#include <common/CaptureSession.h>
+#include <optional>
+
+/// Where the sound comes from, and how it is.
+struct SourceState
+{
+    enum eKind
+    {
+        eNone,    ///< there is no input device
+        eDevice,  ///< live
+        eFile,
+        eEnded  ///< a file, played to its end
+    };
+
+    eKind kind = eNone;
+    QString name;                            ///< of the device or file
+    eCaptureState capture = eCaptureClosed;  ///< of a device
+    int channels = 0;                        ///< of an unusable device; 0 = no format at all
+    bool isPlaying = false;                  ///< music
+    std::optional<eCaptureNotice> notice;    ///< what is wrong now
+    double position = 0.0;                   ///< seconds into a file
+    double length = 0.0;                     ///< seconds; 0 = unknown
+    QString error;                           ///< why a file ended early
+};
