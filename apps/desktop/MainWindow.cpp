@@ -105,7 +105,7 @@ QWidget* MainWindow::_MakeLiveRow()
     pLayout->addWidget(m_pBeatLed);
     pLayout->addWidget(m_pPulseLed);
     pLayout->addWidget(m_pSpeakers);
-    pLayout->addWidget(m_pResetButton, 0, Qt::AlignTop);
+    pLayout->addWidget(m_pResetButton, 0, Qt::AlignVCenter);
     return pRow;
 }
 

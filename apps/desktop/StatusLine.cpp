@@ -14,11 +14,11 @@ StatusLine::StatusLine(QWidget* pParent)
     for (QLabel* pLabel : {m_pSource, m_pProblem}) {
         // Long names must not widen the window.
         pLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        pLabel->setWordWrap(true);
         pLabel->setTextFormat(Qt::PlainText);
         pLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
         pLayout->addWidget(pLabel);
     }
+    m_pProblem->setWordWrap(true);
     m_pProblem->hide();
 }
 
@@ -31,8 +31,10 @@ void StatusLine::setWarningColor(const QColor& pColor)
 
 void StatusLine::setSource(const QString& pText, bool pIsWarning)
 {
-    if (pText != m_pSource->text())
+    if (pText != m_pSource->text()) {
         m_pSource->setText(pText);
+        m_pSource->setToolTip(pText);
+    }
     if (pIsWarning == m_isWarning)
         return;
     m_isWarning = pIsWarning;

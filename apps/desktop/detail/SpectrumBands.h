@@ -45,4 +45,32 @@ inline BinRange BinsOfBand(double pLow, double pHigh, double pBinWidth, std::siz
     return {middle, middle};
 }
 
+/// What one bar of a spectrum stands for.
+struct SpectrumBar
+{
+    double low;   ///< Hz
+    double high;  ///< Hz
+    BinRange bins;
+};
+
+/// The bars of bands with these edges. Neighbours that show the same bins, as low bands do, are one
+/// bar; bands above the last bin have none.
+inline std::vector<SpectrumBar>
+MakeBars(const std::vector<double>& pEdges, double pBinWidth, std::size_t pCount)
+{
+    std::vector<SpectrumBar> bars;
+    for (std::size_t i = 0; i + 1 < pEdges.size(); ++i) {
+        if (pEdges[i] >= pBinWidth * double(pCount))
+            break;
+        const BinRange bins = BinsOfBand(pEdges[i], pEdges[i + 1], pBinWidth, pCount);
+        const bool isSame = !bars.empty() && bars.back().bins.first == bins.first &&
+                            bars.back().bins.last == bins.last;
+        if (isSame)
+            bars.back().high = pEdges[i + 1];
+        else
+            bars.push_back({pEdges[i], pEdges[i + 1], bins});
+    }
+    return bars;
+}
+
 }  // namespace detail

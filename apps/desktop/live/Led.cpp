@@ -3,6 +3,7 @@
 
 #include "../detail/Flash.h"
 
+#include <QEvent>
 #include <QPainter>
 
 namespace {
@@ -17,13 +18,17 @@ QColor Mix(const QColor& pDark, const QColor& pLit, double pShare)
 
 }  // namespace
 
-Led::Led(QWidget* pParent) : QWidget(pParent) {}
+Led::Led(QWidget* pParent) : QWidget(pParent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
 
 void Led::setColors(const QColor& pDisc, const QColor& pRing, const QColor& pUnlit)
 {
     m_disc = pDisc;
     m_ring = pRing;
     m_unlit = pUnlit;
+    m_frames.Clear();
     update();
 }
 
@@ -53,18 +58,30 @@ QRectF Led::_Circle() const
     return {(width() - side) / 2.0, (height() - side) / 2.0, side, side};
 }
 
+void Led::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::PaletteChange)
+        m_frames.Clear();
+    QWidget::changeEvent(pEvent);
+}
+
 void Led::paintEvent(QPaintEvent*)
+{
+    const int key = m_isRing ? -m_step : m_step;
+    const auto draw = [this](QPainter& pPainter) { _Draw(pPainter); };
+    QPainter(this).drawPixmap(0, 0, m_frames.Get(key, *this, draw));
+}
+
+void Led::_Draw(QPainter& pPainter) const
 {
     const double share = double(m_step) / detail::kFlashSteps;
     const QRectF circle = _Circle();
     const double pen = circle.width() / 12.0;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const QColor lit = m_isRing ? m_ring : m_disc;
-    painter.setPen(QPen(Mix(m_unlit.lighter(135), lit, share), pen));
-    painter.setBrush(m_isRing ? m_unlit : Mix(m_unlit, lit, share));
+    pPainter.setPen(QPen(Mix(m_unlit.lighter(135), lit, share), pen));
+    pPainter.setBrush(m_isRing ? m_unlit : Mix(m_unlit, lit, share));
     const double margin = pen / 2.0 + 1.0;
-    painter.drawEllipse(circle.adjusted(margin, margin, -margin, -margin));
+    pPainter.drawEllipse(circle.adjusted(margin, margin, -margin, -margin));
 }
 
 #include "moc_Led.cpp"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FrameCache.h"
+
 #include <QColor>
 #include <QWidget>
 
@@ -22,14 +24,17 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void changeEvent(QEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
     QRectF _Circle() const;
+    void _Draw(QPainter& pPainter) const;
 
     QColor m_disc;
     QColor m_ring;
     QColor m_unlit;
+    FrameCache m_frames;
     int m_step = 0;
     bool m_isRing = false;
 };

@@ -1,21 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "LevelMeter.h"
 
+#include "../detail/Decibels.h"
+
 #include <QPainter>
-#include <qwt_scale_draw.h>
-#include <qwt_slider.h>
 
 #include <algorithm>
 #include <cmath>
 
-LevelMeter::LevelMeter(const QwtSlider& pSlider, QWidget* pParent)
-    : QWidget(pParent), m_slider(pSlider), m_pColors(&getColors(eLightLook))
+LevelMeter::LevelMeter(QWidget* pParent)
+    : QWidget(pParent), m_levels{detail::kLeastDecibels,
+                                 detail::kLeastDecibels,
+                                 detail::kLeastDecibels,
+                                 detail::kLeastDecibels},
+      m_pColors(&getColors(eLightLook))
 {
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void LevelMeter::setColors(const LookColors& pColors)
 {
     m_pColors = &pColors;
+    update();
+}
+
+void LevelMeter::setInset(int pInset)
+{
+    m_inset = pInset;
     update();
 }
 
@@ -46,27 +57,28 @@ QSize LevelMeter::sizeHint() const
 
 double LevelMeter::_ToX(double pDecibels) const
 {
-    const QwtScaleDraw& scale = *m_slider.scaleDraw();
-    const double share =
-        (pDecibels - m_slider.lowerBound()) / (m_slider.upperBound() - m_slider.lowerBound());
-    return scale.pos().x() + share * scale.length();
+    return m_inset + (width() - 2 * m_inset) * (1.0 - pDecibels / detail::kLeastDecibels);
 }
 
 void LevelMeter::paintEvent(QPaintEvent*)
 {
     const LookColors& colors = *m_pColors;
-    const double left = _ToX(m_slider.lowerBound());
-    const double right = _ToX(m_slider.upperBound());
+    const double left = _ToX(detail::kLeastDecibels);
     const double high = height();
     const double mark = std::max(2.0, high / 9.0);
-    const auto to = [&](double pDecibels) { return _ToX(pDecibels) - left; };
+    const auto bar = [&](double pDecibels, double pTop) {
+        return QRectF(left, pTop, _ToX(pDecibels) - left, high - pTop);
+    };
     QPainter painter(this);
-    painter.fillRect(QRectF(left, 0.0, right - left, high), colors.trough);
-    painter.fillRect(QRectF(left, 0.0, to(m_levels.current), high), colors.spectrum);
-    painter.fillRect(QRectF(left, high * 0.62, to(m_levels.average), high * 0.38), colors.beat);
-    painter.fillRect(QRectF(_ToX(m_levels.maximal) - mark, 0.0, mark, high), colors.peak);
-    painter.fillRect(QRectF(_ToX(m_levels.threshold) - mark / 2.0, 0.0, mark, high),
-                     colors.threshold);
+    painter.fillRect(rect(), palette().brush(backgroundRole()));
+    painter.fillRect(bar(0.0, 0.0), colors.trough);
+    painter.fillRect(bar(m_levels.current, 0.0), colors.spectrum);
+    painter.fillRect(bar(m_levels.average, high * 0.62), colors.beat);
+    if (m_levels.maximal > detail::kLeastDecibels)
+        painter.fillRect(QRectF(_ToX(m_levels.maximal) - mark, 0.0, mark, high), colors.peak);
+    if (m_levels.threshold > detail::kLeastDecibels)
+        painter.fillRect(QRectF(_ToX(m_levels.threshold) - mark / 2.0, 0.0, mark, high),
+                         colors.threshold);
 }
 
 #include "moc_LevelMeter.cpp"

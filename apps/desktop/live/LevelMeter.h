@@ -5,10 +5,7 @@
 
 #include <QWidget>
 
-class QwtSlider;
-
-/// One bar with the current, the average and the maximal volume, and the threshold across it. It
-/// shares the scale of the slider below it.
+/// One bar with the current, the average and the maximal volume, and the threshold across it.
 class LevelMeter : public QWidget
 {
     Q_OBJECT
@@ -16,16 +13,17 @@ class LevelMeter : public QWidget
 public:
     struct Levels
     {
-        double current = 0.0;  ///< dBFS, as all
-        double average = 0.0;
-        double maximal = 0.0;
-        double threshold = 0.0;
+        double current;  ///< dBFS, as all
+        double average;
+        double maximal;
+        double threshold;
     };
 
-    /// pSlider: with a horizontal scale, as wide as the meter; not owned.
-    explicit LevelMeter(const QwtSlider& pSlider, QWidget* pParent = nullptr);
+    explicit LevelMeter(QWidget* pParent = nullptr);
 
     void setColors(const LookColors& pColors);
+    /// Room to the left and to the right of the bar, pixels.
+    void setInset(int pInset);
     /// Repaints only when a bar moves by a pixel.
     void setLevels(const Levels& pLevels);
     const Levels& getLevels() const { return m_levels; }
@@ -40,7 +38,7 @@ private:
     double _ToX(double pDecibels) const;
     bool _IsSeen(const Levels& pLevels) const;
 
-    const QwtSlider& m_slider;
     Levels m_levels;
+    int m_inset = 0;              ///< pixels
     const LookColors* m_pColors;  ///< not owned
 };

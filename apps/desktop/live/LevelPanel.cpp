@@ -5,60 +5,106 @@
 
 #include "../detail/Decibels.h"
 #include "LevelMeter.h"
+#include "Readout.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QSignalBlocker>
+#include <QSlider>
+#include <QStyleOptionSlider>
 #include <QVBoxLayout>
-#include <qwt_slider.h>
+#include <qwt_scale_div.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_engine.h>
+#include <qwt_scale_widget.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
 constexpr qint64 kNumbersMs = 200;  ///< faster ones cannot be read
+constexpr int kTenths = 10;         ///< steps of the slider per dB
+
+int ToTenths(int pMagnitude)
+{
+    return int(std::lround(detail::ToDecibels(pMagnitude) * kTenths));
+}
 
 }  // namespace
 
 LevelPanel::LevelPanel(Configuration& pConfiguration, QWidget* pParent)
     : LivePanel(pParent), m_configuration(pConfiguration),
-      m_pSlider(new QwtSlider(Qt::Horizontal, this)), m_pMeter(new LevelMeter(*m_pSlider, this)),
-      m_pAutomatic(new QCheckBox(this)), m_pNumbers(new QLabel(this)),
-      m_pColors(&getColors(eLightLook))
+      m_pSlider(new QSlider(Qt::Horizontal, this)),
+      m_pScale(new QwtScaleWidget(QwtScaleDraw::BottomScale, this)), m_pMeter(new LevelMeter(this)),
+      m_pAutomatic(new QCheckBox(this)), m_pUnit(new QLabel(this)), m_pSliderRow(new QHBoxLayout)
 {
     _MakeSlider();
-    auto* pRow = new QHBoxLayout;
-    pRow->addWidget(m_pAutomatic);
-    pRow->addStretch(1);
-    pRow->addWidget(m_pNumbers);
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
-    pLayout->setSpacing(4);
+    pLayout->setSpacing(fontMetrics().height() / 4);
     pLayout->addWidget(m_pMeter);
-    pLayout->addWidget(m_pSlider);
-    pLayout->addLayout(pRow);
-    m_pNumbers->setTextFormat(Qt::RichText);
+    pLayout->addWidget(m_pScale);
+    pLayout->addLayout(m_pSliderRow);
+    m_pSliderRow->addWidget(m_pSlider);
+    pLayout->addLayout(_MakeReadouts());
     m_pAutomatic->setChecked(m_configuration.getThreshold() < 0);
-    m_pSlider->setEnabled(!m_pAutomatic->isChecked());
+    _ShowThreshold(0);
     connect(m_pAutomatic, &QCheckBox::toggled, this, &LevelPanel::_OnAutomatic);
-    connect(m_pSlider, &QwtSlider::valueChanged, this, &LevelPanel::_OnSlider);
+    connect(m_pSlider, &QSlider::valueChanged, this, &LevelPanel::_OnSlider);
+    _Align();
     Retranslate();
 }
 
 void LevelPanel::_MakeSlider()
 {
-    m_pSlider->setScalePosition(QwtSlider::LeadingScale);
-    m_pSlider->setGroove(true);
-    m_pSlider->setTrough(false);
-    m_pSlider->setScale(detail::kLeastDecibels, 0.0);
-    m_pSlider->setScaleStepSize(10.0);
-    m_pSlider->setScaleMaxMinor(0);
-    m_pSlider->setTotalSteps(600);
-    m_pSlider->setSingleSteps(5);
-    m_pSlider->setPageSteps(60);
-    m_pSlider->setFocusPolicy(Qt::StrongFocus);
-    const int side = fontMetrics().height();
-    m_pSlider->setHandleSize({side, side});
+    const double least = detail::kLeastDecibels;
+    m_pSlider->setRange(int(least) * kTenths, 0);
+    m_pSlider->setSingleStep(kTenths / 2);
+    m_pSlider->setPageStep(6 * kTenths);
+    m_pScale->setScaleDiv(QwtLinearScaleEngine().divideScale(least, 0.0, 6, 0, 10.0));
+    m_pScale->scaleDraw()->enableComponent(QwtAbstractScaleDraw::Backbone, false);
+    m_pScale->scaleDraw()->setTickLength(QwtScaleDiv::MajorTick, fontMetrics().height() / 3);
+    m_pScale->setMargin(0);
+}
+
+QLayout* LevelPanel::_MakeReadouts()
+{
+    auto* pRow = new QHBoxLayout;
+    pRow->setSpacing(fontMetrics().height());
+    pRow->addWidget(m_pAutomatic);
+    pRow->addStretch(1);
+    for (Readout*& pReadout : m_readouts) {
+        pReadout = new Readout(this);
+        pRow->addWidget(pReadout);
+    }
+    pRow->addWidget(m_pUnit);
+    return pRow;
+}
+
+/// The bar, the scale and the middle of the slider's handle agree on where a level is.
+void LevelPanel::_Align()
+{
+    QStyleOptionSlider option;
+    option.initFrom(m_pSlider);
+    const int handle = style()->pixelMetric(QStyle::PM_SliderLength, &option, m_pSlider) / 2;
+    int left = 0;
+    int right = 0;
+    m_pScale->getBorderDistHint(left, right);
+    const int inset = std::max({left, right, handle});
+    m_pScale->setMinBorderDist(inset, inset);
+    m_pScale->setBorderDist(inset, inset);
+    m_pMeter->setInset(inset);
+    m_pSliderRow->setContentsMargins(inset - handle, 0, inset - handle, 0);
+}
+
+void LevelPanel::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::FontChange || pEvent->type() == QEvent::StyleChange)
+        _Align();
+    LivePanel::changeEvent(pEvent);
 }
 
 void LevelPanel::Retranslate()
@@ -70,13 +116,20 @@ void LevelPanel::Retranslate()
     m_pSlider->setToolTip(tr("A block is a pulse when a quarter of its samples reach the "
                              "threshold."));
     m_pMeter->setAccessibleName(tr("Volume meter"));
+    m_readouts[eCurrent]->setName(tr("Current"));
+    m_readouts[eAverage]->setName(tr("Average"));
+    m_readouts[eMaximal]->setName(tr("Maximum"));
+    m_readouts[eThreshold]->setName(tr("Threshold"));
+    m_pUnit->setText(tr("dBFS"));
 }
 
 void LevelPanel::setColors(const LookColors& pColors)
 {
-    m_pColors = &pColors;
     m_pMeter->setColors(pColors);
-    m_lastNumbers = 0;
+    m_readouts[eCurrent]->setColor(pColors.spectrum);
+    m_readouts[eAverage]->setColor(pColors.beat);
+    m_readouts[eMaximal]->setColor(pColors.peak);
+    m_readouts[eThreshold]->setColor(pColors.threshold);
 }
 
 void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
@@ -88,57 +141,42 @@ void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastNumbers < kNumbersMs)
         return;
     m_lastNumbers = pNow;
-    _ShowNumbers(pValues);
+    _ShowNumber(eCurrent, pValues.current);
+    _ShowNumber(eAverage, pValues.average);
+    _ShowNumber(eMaximal, pValues.maximal);
+    _ShowNumber(eThreshold, pValues.threshold);
     _ShowThreshold(pValues.threshold);
 }
 
-void LevelPanel::_ShowNumbers(const LiveValues& pValues)
+void LevelPanel::_ShowNumber(eReadout pReadout, int pMagnitude)
 {
-    const QString gap = QStringLiteral("&nbsp;&nbsp;&nbsp;");
-    const QString text = _Describe(m_pColors->spectrum, tr("Current"), pValues.current) + gap +
-                         _Describe(m_pColors->beat, tr("Average"), pValues.average) + gap +
-                         _Describe(m_pColors->peak, tr("Maximum"), pValues.maximal) + gap +
-                         _Describe(m_pColors->threshold, tr("Threshold"), pValues.threshold) +
-                         QStringLiteral("&nbsp; dBFS");
-    if (text != m_pNumbers->text())
-        m_pNumbers->setText(text);
-}
-
-QString LevelPanel::_Describe(const QColor& pColor, const QString& pName, int pMagnitude) const
-{
-    const QString value = pMagnitude > 0 ? locale().toString(detail::ToDecibels(pMagnitude), 'f', 0)
-                                         : QStringLiteral("\u2013");
-    return QStringLiteral("<span style='color:%1'>\u25a0</span>&nbsp;%2&nbsp;%3")
-        .arg(pColor.name(), pName, value);
+    const int decibels = int(std::lround(detail::ToDecibels(pMagnitude)));
+    m_readouts[pReadout]->setValue(pMagnitude > 0 ? locale().toString(decibels)
+                                                  : QStringLiteral("\u2013"));
 }
 
 /// A threshold may also be set elsewhere.
 void LevelPanel::_ShowThreshold(int pThreshold)
 {
-    const bool isAutomatic = m_configuration.getThreshold() < 0;
+    const int fixed = m_configuration.getThreshold();
     const QSignalBlocker noToggle(m_pAutomatic);
     const QSignalBlocker noValue(m_pSlider);
-    m_pAutomatic->setChecked(isAutomatic);
-    m_pSlider->setEnabled(!isAutomatic);
-    const double shown =
-        detail::ToDecibels(isAutomatic ? pThreshold : m_configuration.getThreshold());
-    if (std::abs(m_pSlider->value() - shown) >= 0.1)
-        m_pSlider->setValue(shown);
+    m_pAutomatic->setChecked(fixed < 0);
+    m_pSlider->setEnabled(fixed >= 0);
+    m_pSlider->setValue(ToTenths(fixed < 0 ? pThreshold : fixed));
 }
 
 void LevelPanel::_OnAutomatic(bool pIsAutomatic)
 {
     m_pSlider->setEnabled(!pIsAutomatic);
-    m_configuration.setThreshold(pIsAutomatic ? qint16(-1)
-                                              : detail::ToMagnitude(m_pSlider->value()));
+    m_configuration.setThreshold(
+        pIsAutomatic ? qint16(-1) : detail::ToMagnitude(double(m_pSlider->value()) / kTenths));
     Q_EMIT OnConfigurationChanged();
 }
 
-void LevelPanel::_OnSlider(double pDecibels)
+void LevelPanel::_OnSlider(int pTenths)
 {
-    if (m_pAutomatic->isChecked())
-        return;
-    m_configuration.setThreshold(detail::ToMagnitude(pDecibels));
+    m_configuration.setThreshold(detail::ToMagnitude(double(pTenths) / kTenths));
     Q_EMIT OnConfigurationChanged();
 }
 

@@ -3,11 +3,16 @@
 
 #include "LivePanel.h"
 
+#include <array>
+
 class Configuration;
 class LevelMeter;
 class QCheckBox;
+class QHBoxLayout;
 class QLabel;
-class QwtSlider;
+class QSlider;
+class QwtScaleWidget;
+class Readout;
 
 /// The volumes against the threshold, which is automatic or set by a slider.
 class LevelPanel : public LivePanel
@@ -21,6 +26,8 @@ public:
     void Refresh(const LiveValues& pValues, qint64 pNow) override;
     void setColors(const LookColors& pColors) override;
     const LevelMeter& getMeter() const { return *m_pMeter; }
+    QSlider& getSlider() { return *m_pSlider; }
+    QCheckBox& getAutomatic() { return *m_pAutomatic; }
 
 Q_SIGNALS:
     /// The threshold has been set.
@@ -28,20 +35,33 @@ Q_SIGNALS:
 
 protected:
     void Retranslate() override;
+    void changeEvent(QEvent* pEvent) override;
 
 private:
+    enum eReadout
+    {
+        eCurrent,
+        eAverage,
+        eMaximal,
+        eThreshold,
+        eReadoutCount
+    };
+
     void _MakeSlider();
+    QLayout* _MakeReadouts();
+    void _Align();
     void _OnAutomatic(bool pIsAutomatic);
-    void _OnSlider(double pDecibels);
+    void _OnSlider(int pTenths);
     void _ShowThreshold(int pThreshold);
-    void _ShowNumbers(const LiveValues& pValues);
-    QString _Describe(const QColor& pColor, const QString& pName, int pMagnitude) const;
+    void _ShowNumber(eReadout pReadout, int pMagnitude);
 
     Configuration& m_configuration;  ///< not owned
-    QwtSlider* m_pSlider;
+    QSlider* m_pSlider;              ///< tenths of dBFS
+    QwtScaleWidget* m_pScale;
     LevelMeter* m_pMeter;
     QCheckBox* m_pAutomatic;
-    QLabel* m_pNumbers;
-    const LookColors* m_pColors;  ///< not owned
-    qint64 m_lastNumbers = 0;     ///< ms
+    QLabel* m_pUnit;
+    QHBoxLayout* m_pSliderRow;
+    std::array<Readout*, eReadoutCount> m_readouts;
+    qint64 m_lastNumbers = 0;  ///< ms
 };

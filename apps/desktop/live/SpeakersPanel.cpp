@@ -17,6 +17,7 @@ constexpr double kGap = 0.18;     ///< between the boxes, in box widths
 
 SpeakersPanel::SpeakersPanel(QWidget* pParent) : LivePanel(pParent)
 {
+    setAttribute(Qt::WA_OpaquePaintEvent);
     Retranslate();
 }
 
@@ -33,6 +34,7 @@ void SpeakersPanel::setColors(const LookColors& pColors)
 {
     m_body = pColors.trough;
     m_lit = pColors.beat;
+    m_frames.Clear();
     update();
 }
 
@@ -62,12 +64,20 @@ QRectF SpeakersPanel::_Box(int pIndex) const
         .adjusted(1.0, 1.0, -1.0, -1.0);
 }
 
+void SpeakersPanel::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::PaletteChange)
+        m_frames.Clear();
+    LivePanel::changeEvent(pEvent);
+}
+
 void SpeakersPanel::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (int i = 0; i < kSpeakers; ++i)
-        _DrawSpeaker(painter, _Box(i));
+    const auto draw = [this](QPainter& pPainter) {
+        for (int i = 0; i < kSpeakers; ++i)
+            _DrawSpeaker(pPainter, _Box(i));
+    };
+    QPainter(this).drawPixmap(0, 0, m_frames.Get(m_step, *this, draw));
 }
 
 void SpeakersPanel::_DrawSpeaker(QPainter& pPainter, const QRectF& pBox) const

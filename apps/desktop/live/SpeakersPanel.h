@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FrameCache.h"
 #include "LivePanel.h"
 
 /// Two drawn speakers whose membranes pump with the beat.
@@ -22,6 +23,7 @@ public:
 
 protected:
     void Retranslate() override;
+    void changeEvent(QEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
@@ -32,5 +34,6 @@ private:
 
     QColor m_body;
     QColor m_lit;
+    FrameCache m_frames;
     int m_step = 0;
 };

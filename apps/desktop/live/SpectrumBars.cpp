@@ -11,7 +11,6 @@ namespace {
 constexpr double kFall = 90.0;      ///< dB a second
 constexpr double kPeakFall = 24.0;  ///< likewise
 constexpr qint64 kPeakHoldMs = 800;
-constexpr double kBarShare = 0.74;  ///< of a band's width
 
 /// Lowers pLevel towards the floor. True when it has moved.
 bool Lower(double& pLevel, double pBy)
@@ -24,8 +23,6 @@ bool Lower(double& pLevel, double pBy)
 }  // namespace
 
 SpectrumBars::SpectrumBars()
-    : m_edges(detail::BandEdges(kLow, kHigh, kBands)), m_levels(kBands, kLeast),
-      m_peaks(kBands, kLeast), m_peakTimes(kBands, 0)
 {
     setZ(10.0);
 }
@@ -36,25 +33,26 @@ void SpectrumBars::setColors(const QColor& pBar, const QColor& pPeak)
     m_peak = pPeak;
 }
 
-void SpectrumBars::_SetBins(std::size_t pCount, int pSampleRate)
+void SpectrumBars::_SetBars(std::size_t pBinCount, int pSampleRate)
 {
-    if (pCount == m_binCount && pSampleRate == m_sampleRate)
+    if (pBinCount == m_binCount && pSampleRate == m_sampleRate)
         return;
-    m_binCount = pCount;
+    m_binCount = pBinCount;
     m_sampleRate = pSampleRate;
-    const double width = pSampleRate * 0.5 / double(pCount);
-    m_bins.clear();
-    for (std::size_t i = 0; i < kBands; ++i)
-        m_bins.push_back(detail::BinsOfBand(m_edges[i], m_edges[i + 1], width, pCount));
+    m_bars = detail::MakeBars(
+        detail::BandEdges(kLow, kHigh, kBands), pSampleRate * 0.5 / double(pBinCount), pBinCount);
+    m_levels.assign(m_bars.size(), kLeast);
+    m_peaks.assign(m_bars.size(), kLeast);
+    m_peakTimes.assign(m_bars.size(), 0);
 }
 
 void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow)
 {
     if (pAmplitudes.empty() || pSampleRate <= 0)
         return;
-    _SetBins(pAmplitudes.size(), pSampleRate);
-    for (std::size_t i = 0; i < kBands; ++i) {
-        const auto [first, last] = m_bins[i];
+    _SetBars(pAmplitudes.size(), pSampleRate);
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
+        const auto [first, last] = m_bars[i].bins;
         const double power = *std::max_element(pAmplitudes.begin() + std::ptrdiff_t(first),
                                                pAmplitudes.begin() + std::ptrdiff_t(last) + 1);
         m_levels[i] = std::max(m_levels[i], detail::PowerDecibels(power, kLeast));
@@ -70,7 +68,7 @@ bool SpectrumBars::Fall(qint64 pNow)
     const double seconds = double(std::clamp<qint64>(pNow - m_lastFall, 0, 1000)) / 1000.0;
     m_lastFall = pNow;
     bool hasMoved = false;
-    for (std::size_t i = 0; i < kBands; ++i) {
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
         hasMoved |= Lower(m_levels[i], kFall * seconds);
         if (pNow - m_peakTimes[i] >= kPeakHoldMs)
             hasMoved |= Lower(m_peaks[i], kPeakFall * seconds);
@@ -84,10 +82,11 @@ void SpectrumBars::draw(QPainter* pPainter,
                         const QRectF& pCanvas) const
 {
     const double bottom = pCanvas.bottom() + 1.0;
+    const double gap = std::max(1.0, pCanvas.width() / 400.0);
     const double line = std::max(1.5, pCanvas.height() / 90.0);
-    for (std::size_t i = 0; i < kBands; ++i) {
-        const double left = pX.transform(m_edges[i]);
-        const double width = (pX.transform(m_edges[i + 1]) - left) * kBarShare;
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
+        const double left = pX.transform(m_bars[i].low);
+        const double width = pX.transform(m_bars[i].high) - left - gap;
         if (m_levels[i] > kLeast) {
             const double top = pY.transform(m_levels[i]);
             pPainter->fillRect(QRectF(left, top, width, bottom - top), m_bar);

@@ -12,10 +12,10 @@
 class SpectrumBars : public QwtPlotItem
 {
 public:
-    static constexpr std::size_t kBands = 60;
-    static constexpr double kLow = 30.0;      ///< Hz
-    static constexpr double kHigh = 16000.0;  ///< Hz
-    static constexpr double kLeast = -60.0;   ///< dB
+    static constexpr std::size_t kBands = 60;  ///< neighbours may share a bar
+    static constexpr double kLow = 30.0;       ///< Hz
+    static constexpr double kHigh = 16000.0;   ///< Hz
+    static constexpr double kLeast = -60.0;    ///< dB
 
     SpectrumBars();
 
@@ -24,7 +24,7 @@ public:
     void Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow);
     /// Lets the bars fall as time goes by. True when anything has moved.
     bool Fall(qint64 pNow);
-    const std::vector<double>& getLevels() const { return m_levels; }
+    const std::vector<double>& getLevels() const { return m_levels; }  ///< dB
     const std::vector<double>& getPeaks() const { return m_peaks; }
 
     int rtti() const override { return QwtPlotItem::Rtti_PlotUserItem; }
@@ -34,13 +34,12 @@ public:
               const QRectF& pCanvas) const override;
 
 private:
-    void _SetBins(std::size_t pCount, int pSampleRate);
+    void _SetBars(std::size_t pBinCount, int pSampleRate);
 
-    std::vector<double> m_edges;           ///< Hz
-    std::vector<detail::BinRange> m_bins;  ///< of each band
-    std::vector<double> m_levels;          ///< dB
-    std::vector<double> m_peaks;           ///< dB
-    std::vector<qint64> m_peakTimes;       ///< ms
+    std::vector<detail::SpectrumBar> m_bars;  ///< none before the first spectrum
+    std::vector<double> m_levels;             ///< dB, of each bar
+    std::vector<double> m_peaks;              ///< dB
+    std::vector<qint64> m_peakTimes;          ///< ms
     std::size_t m_binCount = 0;
     int m_sampleRate = 0;   ///< Hz
     qint64 m_lastFall = 0;  ///< ms

@@ -49,6 +49,7 @@ SpectrumPanel::SpectrumPanel(Configuration& pConfiguration, QWidget* pParent)
     // Everything moves at every repaint: a copy to draw from would be one copy too many.
     pCanvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
     pCanvas->setFrameStyle(QFrame::NoFrame);
+    pCanvas->setAttribute(Qt::WA_OpaquePaintEvent);
     m_pPlot->setCanvas(pCanvas);
     m_pPlot->setAutoReplot(false);
     m_pBand->setOrientation(Qt::Vertical);
@@ -114,7 +115,7 @@ void SpectrumPanel::setColors(const LookColors& pColors)
     m_pBars->setColors(pColors.spectrum, pColors.peak);
     m_pBand->setBrush(pColors.band);
     m_pGrid->setPen(QPen(pColors.trough, 0.0));
-    m_pPlot->setCanvasBackground(QBrush(Qt::NoBrush));
+    m_pPlot->setCanvasBackground(palette().brush(backgroundRole()));
     m_pPlot->canvas()->update();
 }
 
