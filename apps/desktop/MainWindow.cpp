@@ -7,6 +7,7 @@
 #include "Card.h"
 #include "Look.h"
 #include "Placement.h"
+#include "SettingsColumn.h"
 #include "StatusLine.h"
 #include "live/BpmPanel.h"
 #include "live/LedPanel.h"
@@ -33,6 +34,9 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/InputDevicesPanel.h>
+#include <desktop/settings/ManualBeatPanel.h>
 
 namespace {
 
@@ -60,6 +64,8 @@ MainWindow::MainWindow(MonitorSession& pSession,
     _MakeActions();
     _MakeLayout();
     _Connect();
+    _ConnectSettings();
+    m_pSettings->getManualBeat().setLocking(pSettings.isManualBeatLockingBPM);
     _Retranslate();
     for (int panel = 0; panel < ePanelCount; ++panel)
         setPanelVisible(ePanel(panel), pSettings.visible[std::size_t(panel)]);
@@ -86,7 +92,10 @@ void MainWindow::_MakePanels()
     m_pLiveCard = new Card(_MakeLiveRow());
     m_pSpectrumCard = new Card(m_pSpectrum);
     m_pLevelCard = new Card(m_pLevels);
+    m_pSettings = new SettingsColumn(configuration);
     m_pStatus = new StatusLine;
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        m_panels[std::size_t(panel)] = m_pSettings->getPanel(ePanel(panel));
     m_panels[eBPMPanel] = m_pBpm;
     m_panels[eBeatLEDPanel] = m_pBeatLed;
     m_panels[ePulseLEDPanel] = m_pPulseLed;
@@ -153,6 +162,7 @@ void MainWindow::_MakeLayout()
     pLayout->setContentsMargins(gap, gap, gap, gap);
     pLayout->setSpacing(gap);
     pLayout->addLayout(pLive, 3);
+    pLayout->addWidget(m_pSettings, 1);
     setCentralWidget(pCenter);
     statusBar()->addWidget(m_pStatus, 1);
     statusBar()->setSizeGripEnabled(false);
@@ -168,6 +178,33 @@ void MainWindow::_Connect()
     connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
     connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
     connect(&m_refresh, &QTimer::timeout, this, &MainWindow::_Refresh);
+}
+
+void MainWindow::_ConnectSettings()
+{
+    using S = MonitorSession;
+    SettingsColumn& column = *m_pSettings;
+    connect(&m_session, &S::OnAnalyzerChanged, &column, &SettingsColumn::setAnalyzer);
+    connect(&m_session,
+            &S::OnDeviceChanged,
+            &column.getDevices(),
+            &InputDevicesPanel::setCurrentDevice);
+    connect(&column.getDevices(), &InputDevicesPanel::OnDeviceChosen, &m_session, &S::ChooseDevice);
+    connect(&column.getManualBeat(),
+            &ManualBeatPanel::OnFixedTempoChanged,
+            &m_session,
+            &S::setFixedTempo);
+    connect(&column,
+            &SettingsColumn::OnConfigurationChanged,
+            &m_session.getSaver(),
+            &ConfigurationSaver::Touch);
+    using A = AdvancedSettingsPanel;
+    const A& advanced = column.getAdvanced();
+    connect(&advanced, &A::OnGrayModeChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnTopMostChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnDisplaySpeakersChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnDisplayStoppedChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnLanguageChanged, this, &MainWindow::OnLanguageChosen);
 }
 
 void MainWindow::_Retranslate()
@@ -262,13 +299,16 @@ void MainWindow::_HideEmptyCards()
 {
     const std::initializer_list<const QWidget*> row = {
         m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pResetButton};
+    m_pSettings->HideWhenEmpty();
     m_pLiveCard->setHidden(std::all_of(
         row.begin(), row.end(), [](const QWidget* pPanel) { return pPanel->isHidden(); }));
 }
 
 void MainWindow::ApplyFlags()
 {
-    m_pSpeakers->setVisible(m_session.getConfiguration().getDisplaySpeakers());
+    const Configuration& configuration = m_session.getConfiguration();
+    m_pSpeakers->setVisible(configuration.getDisplaySpeakers());
+    m_pBpm->setStoppedShown(AdvancedSettingsPanel::isStoppedDisplayed(configuration));
     _HideEmptyCards();
     _ApplyLook();
     _ApplyTopMost();

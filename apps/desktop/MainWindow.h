@@ -19,6 +19,7 @@ class MonitorSession;
 class QAction;
 class QMenu;
 class QPushButton;
+class SettingsColumn;
 class SpeakersPanel;
 class SpectrumPanel;
 class StatusLine;
@@ -59,7 +60,12 @@ public:
     const SpectrumPanel& getSpectrum() const { return *m_pSpectrum; }
     const LevelPanel& getLevels() const { return *m_pLevels; }
     const StatusLine& getStatus() const { return *m_pStatus; }
+    SettingsColumn& getSettings() { return *m_pSettings; }
     bool isRefreshing() const { return m_refresh.isActive(); }
+
+Q_SIGNALS:
+    /// pCode: as stored; empty = that of the system.
+    void OnLanguageChosen(const QString& pCode);
 
 protected:
     void changeEvent(QEvent* pEvent) override;
@@ -75,6 +81,7 @@ private:
     void _MakeLayout();
     QWidget* _MakeLiveRow();
     void _Connect();
+    void _ConnectSettings();
     void _Retranslate();
     void _Refresh();
     void _WatchRefresh();
@@ -100,6 +107,7 @@ private:
     Card* m_pLiveCard;
     Card* m_pSpectrumCard;
     Card* m_pLevelCard;
+    SettingsColumn* m_pSettings;
     StatusLine* m_pStatus;
     QMenu* m_pFileMenu;
     QMenu* m_pViewMenu;

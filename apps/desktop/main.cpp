@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
 #include "Icon.h"
 #include "MainWindow.h"
 #include "MonitorOptions.h"
@@ -15,6 +17,7 @@
 #include <common/SoundServer.h>
 #include <cstdio>
 #include <cstdlib>
+#include <desktop/settings/Translations.h>
 
 namespace {
 
@@ -54,7 +57,11 @@ int Run(const MonitorOptions& pOptions)
     QString error;
     const bool isLoaded = session.Load(error);
     const WindowSettings settings = WindowSettings::Load(pOptions.iniPath);
+    Translations translations;
+    translations.setLanguage(session.getConfiguration().getLanguage());
     MainWindow window(session, settings, QApplication::palette());
+    QObject::connect(
+        &window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
     if (!isLoaded)
         window.ShowProblem(error);
     Tray tray(window, window.getResetAction(), window.getQuitAction());

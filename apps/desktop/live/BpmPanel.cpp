@@ -59,7 +59,9 @@ BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
 void BpmPanel::_SetFonts()
 {
     m_pTempo->setFont(Scaled(font(), kTempoScale, QFont::DemiBold));
-    m_pTempo->setMinimumWidth(m_pTempo->fontMetrics().horizontalAdvance(QStringLiteral("888.8")));
+    // As large as any tempo: a change of its text does not lay out the window anew.
+    const QFontMetrics metrics = m_pTempo->fontMetrics();
+    m_pTempo->setFixedSize(metrics.horizontalAdvance(QStringLiteral("888.8")), metrics.height());
     m_pUnit->setFont(Scaled(font(), kUnitScale, QFont::Normal));
     // Two lines always, so that a hint moves nothing.
     m_pHint->setFixedHeight(2 * m_pHint->fontMetrics().lineSpacing());
@@ -96,7 +98,7 @@ void BpmPanel::_ShowTempo(const LiveValues& pValues)
 {
     const bool isKnown = pValues.bpm > 0.0;
     setTextOf(*m_pTempo,
-              isKnown ? locale().toString(pValues.bpm, 'f', 1) : QStringLiteral("\u2013"));
+              isKnown ? QLocale().toString(pValues.bpm, 'f', 1) : QStringLiteral("\u2013"));
     const auto role = isKnown && !pValues.isHeld ? QPalette::WindowText : QPalette::PlaceholderText;
     if (m_pTempo->foregroundRole() != role)
         m_pTempo->setForegroundRole(role);
@@ -114,6 +116,8 @@ QString BpmPanel::_DescribeState(const LiveValues& pValues) const
         return tr("Fixed tempo: beats are not announced.");
     if (!pValues.isAnalyzing)
         return tr("Waiting for sound.");
+    if (!pValues.isPlaying && !m_isStoppedShown)
+        return {};
     if (!pValues.isPlaying)
         return pValues.bpm > 0.0 ? tr("Stopped; this was the tempo.") : tr("Stopped: no music.");
     if (pValues.isHeld)
@@ -129,8 +133,8 @@ QString BpmPanel::_DescribeRange(double pMeasured) const
     if (hint.kind == detail::eNoHint)
         return {};
     const QString measured = tr("Measured %1 BPM, out of the range of \u201c%2\u201d")
-                                 .arg(locale().toString(pMeasured, 'f', 1), profile.getName());
-    const QString other = locale().toString(hint.bpm, 'f', 1);
+                                 .arg(QLocale().toString(pMeasured, 'f', 1), profile.getName());
+    const QString other = QLocale().toString(hint.bpm, 'f', 1);
     if (hint.kind == detail::eHalfHint)
         return tr("%1; half of it: %2.").arg(measured, other);
     if (hint.kind == detail::eDoubleHint)

@@ -16,6 +16,8 @@ public:
     /// pConfiguration is not owned.
     explicit BpmPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
 
+    /// Whether it says in words that the music has stopped.
+    void setStoppedShown(bool pIsShown) { m_isStoppedShown = pIsShown; }
     void Refresh(const LiveValues& pValues, qint64 pNow) override;
     void setColors(const LookColors& pColors) override;
 
@@ -36,4 +38,5 @@ private:
     QLabel* m_pAccuracyTitle;
     QProgressBar* m_pAccuracy;
     QLabel* m_pHint;
+    bool m_isStoppedShown = false;
 };

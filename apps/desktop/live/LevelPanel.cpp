@@ -25,6 +25,7 @@
 
 namespace {
 
+constexpr qint64 kFrameMs = 30;
 constexpr qint64 kNumbersMs = 200;  ///< faster ones cannot be read
 constexpr int kTenths = 10;         ///< steps of the slider per dB
 
@@ -134,6 +135,9 @@ void LevelPanel::setColors(const LookColors& pColors)
 
 void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 {
+    if (pNow - m_lastFrame < kFrameMs)
+        return;
+    m_lastFrame = pNow;
     m_pMeter->setLevels({detail::ToDecibels(pValues.current),
                          detail::ToDecibels(pValues.average),
                          detail::ToDecibels(pValues.maximal),
@@ -151,7 +155,7 @@ void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 void LevelPanel::_ShowNumber(eReadout pReadout, int pMagnitude)
 {
     const int decibels = int(std::lround(detail::ToDecibels(pMagnitude)));
-    m_readouts[pReadout]->setValue(pMagnitude > 0 ? locale().toString(decibels)
+    m_readouts[pReadout]->setValue(pMagnitude > 0 ? QLocale().toString(decibels)
                                                   : QStringLiteral("\u2013"));
 }
 

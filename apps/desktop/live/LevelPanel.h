@@ -63,5 +63,6 @@ private:
     QLabel* m_pUnit;
     QHBoxLayout* m_pSliderRow;
     std::array<Readout*, eReadoutCount> m_readouts;
+    qint64 m_lastFrame = 0;    ///< ms
     qint64 m_lastNumbers = 0;  ///< ms
 };

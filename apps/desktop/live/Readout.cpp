@@ -13,7 +13,8 @@ Readout::Readout(QWidget* pParent)
     m_pSwatch->setAutoFillBackground(true);
     m_pValue->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     // As wide as any value, so that nothing moves when it changes.
-    m_pValue->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("\u221260")));
+    m_pValue->setFixedSize(fontMetrics().horizontalAdvance(QStringLiteral("\u221260")),
+                           fontMetrics().height());
     auto* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(side * 2 / 3);

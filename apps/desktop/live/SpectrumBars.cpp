@@ -22,11 +22,6 @@ bool Lower(double& pLevel, double pBy)
 
 }  // namespace
 
-SpectrumBars::SpectrumBars()
-{
-    setZ(10.0);
-}
-
 void SpectrumBars::setColors(const QColor& pBar, const QColor& pPeak)
 {
     m_bar = pBar;
@@ -76,7 +71,7 @@ bool SpectrumBars::Fall(qint64 pNow)
     return hasMoved;
 }
 
-void SpectrumBars::draw(QPainter* pPainter,
+void SpectrumBars::Draw(QPainter& pPainter,
                         const QwtScaleMap& pX,
                         const QwtScaleMap& pY,
                         const QRectF& pCanvas) const
@@ -89,9 +84,9 @@ void SpectrumBars::draw(QPainter* pPainter,
         const double width = pX.transform(m_bars[i].high) - left - gap;
         if (m_levels[i] > kLeast) {
             const double top = pY.transform(m_levels[i]);
-            pPainter->fillRect(QRectF(left, top, width, bottom - top), m_bar);
+            pPainter.fillRect(QRectF(left, top, width, bottom - top), m_bar);
         }
         if (m_peaks[i] > kLeast)
-            pPainter->fillRect(QRectF(left, pY.transform(m_peaks[i]), width, line), m_peak);
+            pPainter.fillRect(QRectF(left, pY.transform(m_peaks[i]), width, line), m_peak);
     }
 }

@@ -4,20 +4,22 @@
 #include "../detail/SpectrumBands.h"
 
 #include <QColor>
-#include <qwt_plot_item.h>
+#include <QRectF>
 
+#include <cstddef>
 #include <vector>
 
+class QPainter;
+class QwtScaleMap;
+
 /// The bars of a spectrum on logarithmic bands, with held peaks.
-class SpectrumBars : public QwtPlotItem
+class SpectrumBars
 {
 public:
     static constexpr std::size_t kBands = 60;  ///< neighbours may share a bar
     static constexpr double kLow = 30.0;       ///< Hz
     static constexpr double kHigh = 16000.0;   ///< Hz
     static constexpr double kLeast = -60.0;    ///< dB
-
-    SpectrumBars();
 
     void setColors(const QColor& pBar, const QColor& pPeak);
     /// A new spectrum of normalised powers; pNow: ms.
@@ -27,11 +29,10 @@ public:
     const std::vector<double>& getLevels() const { return m_levels; }  ///< dB
     const std::vector<double>& getPeaks() const { return m_peaks; }
 
-    int rtti() const override { return QwtPlotItem::Rtti_PlotUserItem; }
-    void draw(QPainter* pPainter,
+    void Draw(QPainter& pPainter,
               const QwtScaleMap& pX,
               const QwtScaleMap& pY,
-              const QRectF& pCanvas) const override;
+              const QRectF& pCanvas) const;
 
 private:
     void _SetBars(std::size_t pBinCount, int pSampleRate);

@@ -3,11 +3,10 @@
 
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "SpectrumBars.h"
+#include "SpectrumCanvas.h"
 
 #include <QVBoxLayout>
 #include <qwt_plot.h>
-#include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_zoneitem.h>
 #include <qwt_scale_draw.h>
@@ -17,6 +16,7 @@
 namespace {
 
 constexpr double kFontScale = 0.85;
+constexpr qint64 kFrameMs = 30;
 
 class FrequencyDraw : public QwtScaleDraw
 {
@@ -40,23 +40,18 @@ QwtScaleDiv FrequencyTicks()
 
 SpectrumPanel::SpectrumPanel(Configuration& pConfiguration, QWidget* pParent)
     : LivePanel(pParent), m_configuration(pConfiguration), m_pPlot(new QwtPlot(this)),
-      m_pGrid(new QwtPlotGrid), m_pBand(new QwtPlotZoneItem), m_pBars(new SpectrumBars)
+      m_pGrid(new QwtPlotGrid), m_pBand(new QwtPlotZoneItem),
+      m_pCanvas(new SpectrumCanvas(m_pPlot, m_bars))
 {
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->addWidget(m_pPlot);
-    auto* pCanvas = new QwtPlotCanvas(m_pPlot);
-    // Everything moves at every repaint: a copy to draw from would be one copy too many.
-    pCanvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
-    pCanvas->setFrameStyle(QFrame::NoFrame);
-    pCanvas->setAttribute(Qt::WA_OpaquePaintEvent);
-    m_pPlot->setCanvas(pCanvas);
+    m_pPlot->setCanvas(m_pCanvas);
     m_pPlot->setAutoReplot(false);
     m_pBand->setOrientation(Qt::Vertical);
     m_pBand->setPen(QPen(Qt::NoPen));
     m_pGrid->attach(m_pPlot);
     m_pBand->attach(m_pPlot);
-    m_pBars->attach(m_pPlot);
     _MakeAxes();
     _SetFonts();
     _ShowBand();
@@ -112,24 +107,28 @@ void SpectrumPanel::Retranslate()
 
 void SpectrumPanel::setColors(const LookColors& pColors)
 {
-    m_pBars->setColors(pColors.spectrum, pColors.peak);
+    m_bars.setColors(pColors.spectrum, pColors.peak);
     m_pBand->setBrush(pColors.band);
     m_pGrid->setPen(QPen(pColors.trough, 0.0));
     m_pPlot->setCanvasBackground(palette().brush(backgroundRole()));
-    m_pPlot->canvas()->update();
+    m_pCanvas->Redraw();
 }
 
 void SpectrumPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 {
-    bool hasMoved = m_pBars->Fall(pNow);
+    if (pNow - m_lastFrame < kFrameMs)
+        return;
+    m_lastFrame = pNow;
+    bool hasMoved = m_bars.Fall(pNow);
     if (pValues.spectrumCount != m_spectrumCount) {
         m_spectrumCount = pValues.spectrumCount;
-        m_pBars->Add(pValues.amplitudes, pValues.sampleRate, pNow);
+        m_bars.Add(pValues.amplitudes, pValues.sampleRate, pNow);
         hasMoved = true;
     }
-    hasMoved |= _ShowBand();
-    if (hasMoved)
-        m_pPlot->canvas()->update();
+    if (_ShowBand())
+        m_pCanvas->Redraw();
+    else if (hasMoved)
+        m_pCanvas->update();
 }
 
 /// True when the band is another one now.

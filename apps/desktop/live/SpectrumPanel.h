@@ -2,12 +2,13 @@
 #pragma once
 
 #include "LivePanel.h"
+#include "SpectrumBars.h"
 
 class Configuration;
 class QwtPlot;
 class QwtPlotGrid;
 class QwtPlotZoneItem;
-class SpectrumBars;
+class SpectrumCanvas;
 
 /// The amplitude spectrum on a logarithmic frequency axis, with the band of the selected profile.
 class SpectrumPanel : public LivePanel
@@ -20,7 +21,7 @@ public:
 
     void Refresh(const LiveValues& pValues, qint64 pNow) override;
     void setColors(const LookColors& pColors) override;
-    const SpectrumBars& getBars() const { return *m_pBars; }
+    const SpectrumBars& getBars() const { return m_bars; }
     const QwtPlotZoneItem& getBand() const { return *m_pBand; }
 
 protected:
@@ -36,7 +37,9 @@ private:
     QwtPlot* m_pPlot;
     QwtPlotGrid* m_pGrid;  ///< owned by the plot, as are the next
     QwtPlotZoneItem* m_pBand;
-    SpectrumBars* m_pBars;
+    SpectrumBars m_bars;
+    SpectrumCanvas* m_pCanvas;
+    qint64 m_lastFrame = 0;       ///< ms
     quint64 m_spectrumCount = 0;  ///< of the spectrum shown last
     int m_low = 0;                ///< Hz, of the band shown
     int m_high = 0;

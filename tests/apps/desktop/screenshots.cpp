@@ -76,8 +76,7 @@ public:
     void Save(const QDir& pFolder, const char* pName)
     {
         const QString path = pFolder.filePath(QString::fromUtf8(pName) + QStringLiteral(".png"));
-        const QImage image = window->grab().toImage().convertToFormat(
-            QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
+        const QImage image = window->grab().toImage().convertToFormat(QImage::Format_RGB888);
         if (!image.save(path, nullptr, 0))
             qFatal("cannot write %s", qPrintable(path));
         std::printf("%s\n", qPrintable(path));
