@@ -63,15 +63,15 @@ LookColors MakeColors(eLook pLook)
     case eGrayLook:
         break;
     }
-    return {0xf0f0f0,
+    return {0xe8e8e8,
             0x9a9a9a,
             0xd0d0d0,
-            0x8c8c8c,
-            0xd8d8d8,
+            0x707070,
+            0xf4f4f4,
             QColor(255, 255, 255, 22),
-            0xffffff,
+            0xd9a45f,
             0x303030,
-            0xffffff};
+            0xe8c08a};
 }
 
 }  // namespace

@@ -71,6 +71,7 @@ MainWindow::MainWindow(MonitorSession& pSession,
         setPanelVisible(ePanel(panel), pSettings.visible[std::size_t(panel)]);
     ApplyFlags();
     _ShowSource();
+    _SetSize();
     m_refresh.setTimerType(Qt::PreciseTimer);
 }
 
@@ -166,6 +167,15 @@ void MainWindow::_MakeLayout()
     setCentralWidget(pCenter);
     statusBar()->addWidget(m_pStatus, 1);
     statusBar()->setSizeGripEnabled(false);
+}
+
+/// High enough for all settings, as far as the screen goes.
+void MainWindow::_SetSize()
+{
+    const QSize screenSize = screen()->availableSize() * 9 / 10;
+    const int above = menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    const int height = m_pSettings->sizeHint().height() + above + 2 * fontMetrics().height();
+    resize(sizeHint().expandedTo({0, height}).boundedTo(screenSize));
 }
 
 void MainWindow::_Connect()

@@ -79,6 +79,7 @@ private:
     void _MakePanels();
     void _MakeActions();
     void _MakeLayout();
+    void _SetSize();
     QWidget* _MakeLiveRow();
     void _Connect();
     void _ConnectSettings();

@@ -4,6 +4,7 @@
 #include "Card.h"
 
 #include <QEvent>
+#include <QListView>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -13,6 +14,12 @@
 #include <desktop/settings/InputDevicesPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
 #include <desktop/settings/ProfilesPanel.h>
+
+namespace {
+
+constexpr int kListLines = 7;
+
+}  // namespace
 
 SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
     : QScrollArea(pParent), m_pDevices(new InputDevicesPanel(pConfiguration)),
@@ -40,6 +47,10 @@ SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
 void SettingsColumn::_Add(ePanel pPanel, SettingsPanel* pContent)
 {
     pContent->layout()->setContentsMargins(0, 0, 0, 0);
+    // A list asks for far more than the few lines that it has.
+    const auto lists = pContent->findChildren<QListView*>();
+    for (QListView* pList : lists)
+        pList->setMaximumHeight(kListLines * fontMetrics().lineSpacing());
     auto* pCard = new Card(pContent);
     pCard->setTitle(pContent->windowTitle());
     connect(pContent, &QWidget::windowTitleChanged, pCard, &Card::setTitle);

@@ -12,6 +12,7 @@
 #include <desktop/Look.h>
 #include <desktop/MainWindow.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/settings/Translations.h>
 #include <fake/FakeAudioState.h>
 #include <fake/FakeAudioTrack.h>
 #include <memory>
@@ -127,6 +128,8 @@ int main(int argc, char* argv[])
         qFatal("usage: %s FOLDER", argv[0]);
     FakeAudioState::Install();
     FakeAudioState::Get().Clear();
+    Translations translations;
+    translations.setLanguage(QStringLiteral("en"));
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     folder.mkpath(QStringLiteral("."));
     ShootDevices(folder);
