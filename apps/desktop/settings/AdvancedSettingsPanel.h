@@ -9,7 +9,7 @@ class QComboBox;
 class QLabel;
 
 /// How the window looks and what it shows besides: the display flags and the language.
-class AdvancedSettingsPanel : public SettingsPanel
+class AdvancedSettingsPanel final : public SettingsPanel
 {
     Q_OBJECT
 

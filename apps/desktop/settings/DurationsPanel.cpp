@@ -236,10 +236,9 @@ void DurationsPanel::_ShowDurationHint(eDuration pDuration)
         tr("%1 to %2 s")
             .arg(locale.toString(setting.limits.minimum), locale.toString(setting.limits.maximum));
     if (pDuration == eStop)
-        hint = tr("%1 to %2 s of quiet; every start begins with %3 s")
+        hint = tr("%1 to %2 s of quiet")
                    .arg(locale.toString(setting.limits.minimum),
-                        locale.toString(setting.limits.maximum),
-                        locale.toString(AnalysisOptions::kStopDuration));
+                        locale.toString(setting.limits.maximum));
     if (IsWithin(stored, setting.limits))
         row.pHint->setHint(hint);
     else

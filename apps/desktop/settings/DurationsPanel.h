@@ -12,7 +12,7 @@ class QPushButton;
 class QSpinBox;
 
 /// The spans of time over which the analysis measures, and the levels that go with them.
-class DurationsPanel : public SettingsPanel
+class DurationsPanel final : public SettingsPanel
 {
     Q_OBJECT
 

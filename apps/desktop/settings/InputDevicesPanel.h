@@ -10,7 +10,7 @@ class QPushButton;
 
 /// The input devices, live, and the choice of one of them: by a click, Enter or the space bar. The
 /// arrow keys alone choose nothing, since to open a device takes time.
-class InputDevicesPanel : public SettingsPanel
+class InputDevicesPanel final : public SettingsPanel
 {
     Q_OBJECT
 

@@ -15,7 +15,7 @@ class QPushButton;
 ///
 /// Without a tempo of its own, half, double, round and lock begin with the measured one. A tempo
 /// that is not locked is forgotten after a while.
-class ManualBeatPanel : public SettingsPanel
+class ManualBeatPanel final : public SettingsPanel
 {
     Q_OBJECT
 

@@ -16,7 +16,7 @@ class QSpinBox;
 
 /// Edits the values of a profile. It closes with good values only: whatever is refused is explained
 /// beside its field, and stays there to be mended.
-class ProfileEditor : public QDialog
+class ProfileEditor final : public QDialog
 {
     Q_OBJECT
 

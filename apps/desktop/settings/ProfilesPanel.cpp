@@ -107,7 +107,7 @@ void ProfilesPanel::_OpenEditor(ProfileEditor::eKind pKind)
 
 void ProfilesPanel::_OnEdited(const ProfileEditor& pEditor,
                               ProfileEditor::eKind pKind,
-                              Profile pProfile)
+                              const Profile& pProfile)
 {
     const detail::ProfileValues values = pEditor.getValues();
     if (pKind == ProfileEditor::eNew || pEditor.isSavedAsNew()) {
@@ -135,7 +135,7 @@ void ProfilesPanel::_Duplicate()
 QString ProfilesPanel::_CopyName(const QString& pName) const
 {
     const QStringList names = m_pModel->getNames();
-    const QString copy = tr("%1 (copy)").arg(pName);
+    QString copy = tr("%1 (copy)").arg(pName);
     if (!detail::HasName(names, copy))
         return copy;
     return detail::FirstFreeName(names, [&pName](int pNumber) {

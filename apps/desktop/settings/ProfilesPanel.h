@@ -16,7 +16,7 @@ class QPushButton;
 
 /// The tempo profiles: which one is in force, and the user's own ones. A removed profile can be
 /// brought back until the next one is removed.
-class ProfilesPanel : public SettingsPanel
+class ProfilesPanel final : public SettingsPanel
 {
     Q_OBJECT
 
@@ -37,7 +37,8 @@ private:
     void _Connect();
     void _OnCurrentChanged(const QModelIndex& pIndex);
     void _OpenEditor(ProfileEditor::eKind pKind);
-    void _OnEdited(const ProfileEditor& pEditor, ProfileEditor::eKind pKind, Profile pProfile);
+    void
+    _OnEdited(const ProfileEditor& pEditor, ProfileEditor::eKind pKind, const Profile& pProfile);
     void _Duplicate();
     QString _CopyName(const QString& pName) const;
     void _Remove();

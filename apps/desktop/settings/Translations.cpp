@@ -67,7 +67,7 @@ QString Translations::Match(const QString& pCode)
     const QStringList wanted =
         pCode.isEmpty() ? QLocale::system().uiLanguages() : QStringList(pCode);
     for (const QString& code : wanted) {
-        const QString found = Find(code);
+        QString found = Find(code);
         if (!found.isEmpty())
             return found;
     }

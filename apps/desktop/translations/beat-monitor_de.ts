@@ -84,10 +84,6 @@
         <translation>%1 bis %2 s</translation>
     </message>
     <message>
-        <source>%1 to %2 s of quiet; every start begins with %3 s</source>
-        <translation>%1 bis %2 s Stille; jeder Programmstart beginnt mit %3 s</translation>
-    </message>
-    <message>
         <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
         <translation>Gespeichert sind %1 s, außerhalb von %2 bis %3 s; das bleibt, bis Sie es ändern</translation>
     </message>
@@ -146,6 +142,10 @@
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS; 0 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 to %2 s of quiet</source>
+        <translation>%1 bis %2 s Stille</translation>
     </message>
 </context>
 <context>

@@ -84,10 +84,6 @@
         <translation>de %1 a %2 s</translation>
     </message>
     <message>
-        <source>%1 to %2 s of quiet; every start begins with %3 s</source>
-        <translation>de %1 a %2 s de silencio; cada inicio empieza con %3 s</translation>
-    </message>
-    <message>
         <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
         <translation>Hay guardado %1 s, fuera de %2 a %3 s; se mantiene hasta que lo cambie</translation>
     </message>
@@ -146,6 +142,10 @@
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS; de 0 a %2</translation>
+    </message>
+    <message>
+        <source>%1 to %2 s of quiet</source>
+        <translation>de %1 a %2 s de silencio</translation>
     </message>
 </context>
 <context>

@@ -84,10 +84,6 @@
         <translation>%1 à %2 s</translation>
     </message>
     <message>
-        <source>%1 to %2 s of quiet; every start begins with %3 s</source>
-        <translation>%1 à %2 s de silence&#xa0;; chaque démarrage reprend %3 s</translation>
-    </message>
-    <message>
         <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
         <translation>%1 s est enregistré, hors des limites de %2 à %3 s&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
     </message>
@@ -146,6 +142,10 @@
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS&#xa0;; 0 à %2</translation>
+    </message>
+    <message>
+        <source>%1 to %2 s of quiet</source>
+        <translation>%1 à %2 s de silence</translation>
     </message>
 </context>
 <context>

@@ -291,8 +291,7 @@ void tst_DurationsPanel::hints_tellUnitsAndLimits()
     const auto& durations = m_panel->m_durations;
     QCOMPARE(durations[DurationsPanel::eAverageVolume].pHint->text(), Text("0.05 to 60 s"));
     QCOMPARE(durations[DurationsPanel::eBPM].pHint->text(), Text("0.05 to 600 s"));
-    QCOMPARE(durations[DurationsPanel::eStop].pHint->text(),
-             Text("0.05 to 10 s of quiet; every start begins with 1.5 s"));
+    QCOMPARE(durations[DurationsPanel::eStop].pHint->text(), Text("0.05 to 10 s of quiet"));
     const auto& levels = m_panel->m_levels;
     QCOMPARE(levels[DurationsPanel::eStopLevel].pHint->text(), Text("-20.0 dBFS; 0 to 32767"));
     Type(PanelTest::Get<QSpinBox>(*m_panel, "stopLevel"), Text("0"));
@@ -315,7 +314,7 @@ void tst_DurationsPanel::defaults_areRestored()
     PanelTest::Click(*m_panel, "defaults");
     QCOMPARE(m_configuration->getAverageVolumeCalculationDuration(), 2.0);
     QCOMPARE(m_configuration->getBPMCalculationDuration(), 10.0);
-    // That of every start.
+    // That of live hosts.
     QCOMPARE(m_configuration->getStopDetectionDuration(), 1.5);
     QCOMPARE(m_configuration->getNormalizationDuration(), 5.0);
     QCOMPARE(m_configuration->getStopDetectionThreshold(), short(3276));
