@@ -117,15 +117,15 @@ void AdvancedSettingsPanel::_Retranslate()
         m_flags[pFlag]->setAccessibleDescription(pHelp);
     };
     set(eVirtualBeats,
-        tr("Go on with &virtual beats while stopped"),
+        tr("Go o&n with virtual beats while stopped"),
         tr("Beats go on at the last tempo while the music is stopped."));
     set(eStopped,
-        tr("Show when the music is s&topped"),
+        tr("Show when the music is sto&pped"),
         tr("The window says so as soon as the music stops."));
     set(eSpeakers, tr("Show the &speakers"), tr("Two speakers pump with the beat."));
-    set(eGrayMode, tr("&Gray mode"), tr("A quiet, dark look for dark places."));
-    set(eTopMost, tr("Always on t&op"), tr("The window stays above all others."));
-    m_pLanguageLabel->setText(tr("&Language:"));
+    set(eGrayMode, tr("Gra&y mode"), tr("A quiet, dark look for dark places."));
+    set(eTopMost, tr("Always on &top"), tr("The window stays above all others."));
+    m_pLanguageLabel->setText(tr("Lan&guage:"));
     m_pLanguage->setAccessibleName(detail::PlainText(m_pLanguageLabel->text()));
     _ShowLanguages();
 }

@@ -97,7 +97,7 @@ void InputDevicesPanel::_Retranslate()
 {
     setWindowTitle(tr("Audio inputs"));
     m_pList->setAccessibleName(tr("Audio inputs"));
-    m_pLookAgain->setText(tr("Look a&gain"));
+    m_pLookAgain->setText(tr("L&ook again"));
     m_pLookAgain->setToolTip(
         tr("Looks for inputs now. Where that takes long, it is not done by itself while sound is "
            "recorded."));

@@ -187,13 +187,13 @@ void ManualBeatPanel::_Retranslate()
     setWindowTitle(tr("Manual beat"));
     m_pTap->setText(tr("Tap (T)"));
     m_pTap->setToolTip(tr("Tap with the beat: here, or with the key T."));
-    m_pHalf->setText(tr("&Half"));
+    m_pHalf->setText(tr("Ha&lf"));
     m_pHalf->setToolTip(tr("Half the tempo."));
-    m_pDouble->setText(tr("&Double"));
+    m_pDouble->setText(tr("Dou&ble"));
     m_pDouble->setToolTip(tr("Twice the tempo."));
     m_pRound->setText(tr("&Round"));
     m_pRound->setToolTip(tr("The nearest whole tempo."));
-    m_pLock->setText(tr("&Lock"));
+    m_pLock->setText(tr("Lo&ck"));
     m_pLock->setToolTip(tr("Impose this tempo, or the measured one, until it is released."));
     for (QPushButton* pButton : {m_pTap, m_pHalf, m_pDouble, m_pRound, m_pLock})
         pButton->setAccessibleDescription(pButton->toolTip());

@@ -206,7 +206,7 @@ void ProfilesPanel::_Retranslate()
 {
     setWindowTitle(tr("Profiles"));
     m_pList->setAccessibleName(tr("Profiles"));
-    m_pAdd->setText(tr("&Add…"));
+    m_pAdd->setText(tr("A&dd…"));
     m_pAdd->setToolTip(tr("Make a new profile."));
     m_pDuplicate->setText(tr("D&uplicate"));
     m_pDuplicate->setToolTip(tr("Make a profile of your own from this one."));

@@ -8,16 +8,8 @@
         <translation>Weitere Einstellungen</translation>
     </message>
     <message>
-        <source>Go on with &amp;virtual beats while stopped</source>
-        <translation>&amp;Virtuelle Beats auch bei gestoppter Musik</translation>
-    </message>
-    <message>
         <source>Beats go on at the last tempo while the music is stopped.</source>
         <translation>Die Beats laufen im letzten Tempo weiter, während die Musik gestoppt ist.</translation>
-    </message>
-    <message>
-        <source>Show when the music is s&amp;topped</source>
-        <translation>Anzeigen, wenn die Musik &amp;gestoppt ist</translation>
     </message>
     <message>
         <source>The window says so as soon as the music stops.</source>
@@ -25,35 +17,105 @@
     </message>
     <message>
         <source>Show the &amp;speakers</source>
-        <translation>&amp;Lautsprecher anzeigen</translation>
+        <translation>Lautspre&amp;cher anzeigen</translation>
     </message>
     <message>
         <source>Two speakers pump with the beat.</source>
         <translation>Zwei Lautsprecher pumpen im Takt.</translation>
     </message>
     <message>
-        <source>&amp;Gray mode</source>
-        <translation>G&amp;raumodus</translation>
-    </message>
-    <message>
         <source>A quiet, dark look for dark places.</source>
         <translation>Eine ruhige, dunkle Darstellung für dunkle Räume.</translation>
-    </message>
-    <message>
-        <source>Always on t&amp;op</source>
-        <translation>Immer im V&amp;ordergrund</translation>
     </message>
     <message>
         <source>The window stays above all others.</source>
         <translation>Das Fenster bleibt über allen anderen.</translation>
     </message>
     <message>
-        <source>&amp;Language:</source>
-        <translation>&amp;Sprache:</translation>
-    </message>
-    <message>
         <source>Language of the system</source>
         <translation>Sprache des Systems</translation>
+    </message>
+    <message>
+        <source>Go o&amp;n with virtual beats while stopped</source>
+        <translation>&amp;Virtuelle Beats auch bei gestoppter Musik</translation>
+    </message>
+    <message>
+        <source>Show when the music is sto&amp;pped</source>
+        <translation>Anzeigen, wenn die &amp;Musik gestoppt ist</translation>
+    </message>
+    <message>
+        <source>Gra&amp;y mode</source>
+        <translation>&amp;Graumodus</translation>
+    </message>
+    <message>
+        <source>Always on &amp;top</source>
+        <translation>&amp;Immer im Vordergrund</translation>
+    </message>
+    <message>
+        <source>Lan&amp;guage:</source>
+        <translation>&amp;Sprache:</translation>
+    </message>
+</context>
+<context>
+    <name>AudioFileReader</name>
+    <message>
+        <source>there is no such file; check its name and folder</source>
+        <translation>diese Datei gibt es nicht; prüfen Sie Namen und Ordner</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>lässt sich nicht öffnen: %1</translation>
+    </message>
+    <message>
+        <source>is a folder; name the audio files in it</source>
+        <translation>ist ein Ordner; nennen Sie die Audiodateien darin</translation>
+    </message>
+    <message>
+        <source>the file is empty; get a whole copy of it</source>
+        <translation>die Datei ist leer; besorgen Sie eine vollständige Kopie</translation>
+    </message>
+    <message>
+        <source>may not be read; check its permissions</source>
+        <translation>darf nicht gelesen werden; prüfen Sie die Zugriffsrechte</translation>
+    </message>
+    <message>
+        <source>is not audio, or is damaged at its start; WAV, FLAC, Ogg Vorbis, Opus, MP3 and AIFF files are read</source>
+        <translation>ist kein Audio oder am Anfang beschädigt; gelesen werden WAV-, FLAC-, Ogg-Vorbis-, Opus-, MP3- und AIFF-Dateien</translation>
+    </message>
+    <message>
+        <source>is no audio stream that can be read; for raw 16-bit samples add --raw RATE, else save it to a file first</source>
+        <translation>ist kein lesbarer Audiostrom; für rohe 16-Bit-Samples --raw RATE angeben, sonst zuerst in einer Datei speichern</translation>
+    </message>
+    <message>
+        <source>has a sample rate of %1 Hz; convert it to one from %2 to %3 Hz</source>
+        <translation>hat eine Abtastrate von %1 Hz; wandeln Sie sie in eine von %2 bis %3 Hz um</translation>
+    </message>
+    <message>
+        <source>truncated: its end is missing; get a whole copy of it</source>
+        <translation>abgeschnitten: das Ende fehlt; besorgen Sie eine vollständige Kopie</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
+        <translation>abgeschnitten: %1 von %2 Bytes sind da; besorgen Sie eine vollständige Kopie</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
+        <translation>beschädigt oder abgeschnitten: nur %1 s von %2 s sind lesbar; besorgen Sie eine vollständige Kopie</translation>
+    </message>
+    <message>
+        <source>damaged: %1; get a whole copy of it</source>
+        <translation>beschädigt: %1; besorgen Sie eine vollständige Kopie</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationStore</name>
+    <message>
+        <source>%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset</source>
+        <translation>%1 ist nicht lesbar oder beschädigt; für einen Neuanfang: audio-analyzer config reset</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
+        <translation>%1 lässt sich nicht schreiben; der Ordner %2 muss beschreibbar und der Name für eine Datei frei sein</translation>
     </message>
 </context>
 <context>
@@ -179,10 +241,6 @@
         <translation>Audioeingänge</translation>
     </message>
     <message>
-        <source>Look a&amp;gain</source>
-        <translation>Erneut &amp;suchen</translation>
-    </message>
-    <message>
         <source>Looks for inputs now. Where that takes long, it is not done by itself while sound is recorded.</source>
         <translation>Sucht jetzt nach Eingängen. Wo das lange dauert, geschieht es während der Aufnahme nicht von selbst.</translation>
     </message>
@@ -205,6 +263,10 @@
             <numerusform>%n Eingänge</numerusform>
         </translation>
     </message>
+    <message>
+        <source>L&amp;ook again</source>
+        <translation>&amp;Erneut suchen</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -221,16 +283,8 @@
         <translation>Tippen Sie im Takt: hier oder mit der Taste T.</translation>
     </message>
     <message>
-        <source>&amp;Half</source>
-        <translation>&amp;Halb</translation>
-    </message>
-    <message>
         <source>Half the tempo.</source>
         <translation>Das halbe Tempo.</translation>
-    </message>
-    <message>
-        <source>&amp;Double</source>
-        <translation>&amp;Doppelt</translation>
     </message>
     <message>
         <source>Twice the tempo.</source>
@@ -243,10 +297,6 @@
     <message>
         <source>The nearest whole tempo.</source>
         <translation>Das nächste ganzzahlige Tempo.</translation>
-    </message>
-    <message>
-        <source>&amp;Lock</source>
-        <translation>&amp;Festhalten</translation>
     </message>
     <message>
         <source>Impose this tempo, or the measured one, until it is released.</source>
@@ -282,6 +332,18 @@
     <message>
         <source>The profile takes %1 to %2 BPM: %3 holds</source>
         <translation>Das Profil lässt %1 bis %2 BPM zu: %3 gilt</translation>
+    </message>
+    <message>
+        <source>Ha&amp;lf</source>
+        <translation>Ha&amp;lb</translation>
+    </message>
+    <message>
+        <source>Dou&amp;ble</source>
+        <translation>D&amp;oppelt</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck</source>
+        <translation>&amp;Festhalten</translation>
     </message>
 </context>
 <context>
@@ -440,16 +502,12 @@
         <translation>Profile</translation>
     </message>
     <message>
-        <source>&amp;Add…</source>
-        <translation>&amp;Neu…</translation>
-    </message>
-    <message>
         <source>Make a new profile.</source>
         <translation>Ein neues Profil anlegen.</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
-        <translation>&amp;Duplizieren</translation>
+        <translation>Du&amp;plizieren</translation>
     </message>
     <message>
         <source>Make a profile of your own from this one.</source>
@@ -465,7 +523,7 @@
     </message>
     <message>
         <source>Re&amp;move</source>
-        <translation>&amp;Entfernen</translation>
+        <translation>En&amp;tfernen</translation>
     </message>
     <message>
         <source>Br&amp;ing back</source>
@@ -511,6 +569,10 @@
     <message>
         <source>%1 to %2 Hz</source>
         <translation>%1 bis %2 Hz</translation>
+    </message>
+    <message>
+        <source>A&amp;dd…</source>
+        <translation>&amp;Neu…</translation>
     </message>
 </context>
 </TS>

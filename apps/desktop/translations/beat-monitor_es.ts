@@ -8,16 +8,8 @@
         <translation>Ajustes avanzados</translation>
     </message>
     <message>
-        <source>Go on with &amp;virtual beats while stopped</source>
-        <translation>Seguir con beats &amp;virtuales en las pausas</translation>
-    </message>
-    <message>
         <source>Beats go on at the last tempo while the music is stopped.</source>
         <translation>Los beats siguen al último tempo mientras la música está detenida.</translation>
-    </message>
-    <message>
-        <source>Show when the music is s&amp;topped</source>
-        <translation>&amp;Mostrar cuándo se detiene la música</translation>
     </message>
     <message>
         <source>The window says so as soon as the music stops.</source>
@@ -25,35 +17,105 @@
     </message>
     <message>
         <source>Show the &amp;speakers</source>
-        <translation>Mostrar los &amp;altavoces</translation>
+        <translation>Mostrar los a&amp;ltavoces</translation>
     </message>
     <message>
         <source>Two speakers pump with the beat.</source>
         <translation>Dos altavoces laten con el beat.</translation>
     </message>
     <message>
-        <source>&amp;Gray mode</source>
-        <translation>Modo &amp;gris</translation>
-    </message>
-    <message>
         <source>A quiet, dark look for dark places.</source>
         <translation>Un aspecto sobrio y oscuro para lugares oscuros.</translation>
-    </message>
-    <message>
-        <source>Always on t&amp;op</source>
-        <translation>Siempre en &amp;primer plano</translation>
     </message>
     <message>
         <source>The window stays above all others.</source>
         <translation>La ventana queda por encima de todas las demás.</translation>
     </message>
     <message>
-        <source>&amp;Language:</source>
-        <translation>&amp;Idioma:</translation>
-    </message>
-    <message>
         <source>Language of the system</source>
         <translation>Idioma del sistema</translation>
+    </message>
+    <message>
+        <source>Go o&amp;n with virtual beats while stopped</source>
+        <translation>&amp;Seguir con beats virtuales en las pausas</translation>
+    </message>
+    <message>
+        <source>Show when the music is sto&amp;pped</source>
+        <translation>Mos&amp;trar cuándo se detiene la música</translation>
+    </message>
+    <message>
+        <source>Gra&amp;y mode</source>
+        <translation>Modo &amp;gris</translation>
+    </message>
+    <message>
+        <source>Always on &amp;top</source>
+        <translation>Siempre en primer &amp;plano</translation>
+    </message>
+    <message>
+        <source>Lan&amp;guage:</source>
+        <translation>&amp;Idioma:</translation>
+    </message>
+</context>
+<context>
+    <name>AudioFileReader</name>
+    <message>
+        <source>there is no such file; check its name and folder</source>
+        <translation>ese archivo no existe; revise el nombre y la carpeta</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>no se puede abrir: %1</translation>
+    </message>
+    <message>
+        <source>is a folder; name the audio files in it</source>
+        <translation>es una carpeta; indique los archivos de audio que contiene</translation>
+    </message>
+    <message>
+        <source>the file is empty; get a whole copy of it</source>
+        <translation>el archivo está vacío; consiga una copia completa</translation>
+    </message>
+    <message>
+        <source>may not be read; check its permissions</source>
+        <translation>no se permite leerlo; revise sus permisos</translation>
+    </message>
+    <message>
+        <source>is not audio, or is damaged at its start; WAV, FLAC, Ogg Vorbis, Opus, MP3 and AIFF files are read</source>
+        <translation>no es audio o está dañado al principio; se leen archivos WAV, FLAC, Ogg Vorbis, Opus, MP3 y AIFF</translation>
+    </message>
+    <message>
+        <source>is no audio stream that can be read; for raw 16-bit samples add --raw RATE, else save it to a file first</source>
+        <translation>no es un flujo de audio legible; para muestras de 16 bits sin formato añada --raw RATE, si no, guárdelo antes en un archivo</translation>
+    </message>
+    <message>
+        <source>has a sample rate of %1 Hz; convert it to one from %2 to %3 Hz</source>
+        <translation>tiene una frecuencia de muestreo de %1 Hz; conviértalo a una de %2 a %3 Hz</translation>
+    </message>
+    <message>
+        <source>truncated: its end is missing; get a whole copy of it</source>
+        <translation>truncado: falta el final; consiga una copia completa</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
+        <translation>truncado: hay %1 de %2 bytes; consiga una copia completa</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
+        <translation>dañado o truncado: solo se pueden leer %1 s de %2 s; consiga una copia completa</translation>
+    </message>
+    <message>
+        <source>damaged: %1; get a whole copy of it</source>
+        <translation>dañado: %1; consiga una copia completa</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationStore</name>
+    <message>
+        <source>%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset</source>
+        <translation>%1 no se puede leer o está dañado; para empezar de cero: audio-analyzer config reset</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
+        <translation>%1 no se puede escribir; la carpeta %2 debe permitir escritura y el nombre estar libre para un archivo</translation>
     </message>
 </context>
 <context>
@@ -179,10 +241,6 @@
         <translation>Entradas de audio</translation>
     </message>
     <message>
-        <source>Look a&amp;gain</source>
-        <translation>&amp;Buscar de nuevo</translation>
-    </message>
-    <message>
         <source>Looks for inputs now. Where that takes long, it is not done by itself while sound is recorded.</source>
         <translation>Busca entradas ahora. Donde eso tarda, no se hace de forma automática durante la grabación.</translation>
     </message>
@@ -205,6 +263,10 @@
             <numerusform>%n entradas</numerusform>
         </translation>
     </message>
+    <message>
+        <source>L&amp;ook again</source>
+        <translation>&amp;Buscar de nuevo</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -221,16 +283,8 @@
         <translation>Marque el ritmo: aquí o con la tecla T.</translation>
     </message>
     <message>
-        <source>&amp;Half</source>
-        <translation>&amp;Mitad</translation>
-    </message>
-    <message>
         <source>Half the tempo.</source>
         <translation>La mitad del tempo.</translation>
-    </message>
-    <message>
-        <source>&amp;Double</source>
-        <translation>&amp;Doble</translation>
     </message>
     <message>
         <source>Twice the tempo.</source>
@@ -238,15 +292,11 @@
     </message>
     <message>
         <source>&amp;Round</source>
-        <translation>&amp;Redondear</translation>
+        <translation>Redo&amp;ndear</translation>
     </message>
     <message>
         <source>The nearest whole tempo.</source>
         <translation>El tempo entero más cercano.</translation>
-    </message>
-    <message>
-        <source>&amp;Lock</source>
-        <translation>&amp;Fijar</translation>
     </message>
     <message>
         <source>Impose this tempo, or the measured one, until it is released.</source>
@@ -282,6 +332,18 @@
     <message>
         <source>The profile takes %1 to %2 BPM: %3 holds</source>
         <translation>El perfil admite de %1 a %2 BPM: vale %3</translation>
+    </message>
+    <message>
+        <source>Ha&amp;lf</source>
+        <translation>&amp;Mitad</translation>
+    </message>
+    <message>
+        <source>Dou&amp;ble</source>
+        <translation>D&amp;oble</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck</source>
+        <translation>&amp;Fijar</translation>
     </message>
 </context>
 <context>
@@ -440,16 +502,12 @@
         <translation>Perfiles</translation>
     </message>
     <message>
-        <source>&amp;Add…</source>
-        <translation>&amp;Añadir…</translation>
-    </message>
-    <message>
         <source>Make a new profile.</source>
         <translation>Crear un perfil nuevo.</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
-        <translation>&amp;Duplicar</translation>
+        <translation>Dupli&amp;car</translation>
     </message>
     <message>
         <source>Make a profile of your own from this one.</source>
@@ -511,6 +569,10 @@
     <message>
         <source>%1 to %2 Hz</source>
         <translation>De %1 a %2 Hz</translation>
+    </message>
+    <message>
+        <source>A&amp;dd…</source>
+        <translation>Aña&amp;dir…</translation>
     </message>
 </context>
 </TS>

@@ -8,16 +8,8 @@
         <translation>Réglages avancés</translation>
     </message>
     <message>
-        <source>Go on with &amp;virtual beats while stopped</source>
-        <translation>Continuer les beats &amp;virtuels à l’arrêt</translation>
-    </message>
-    <message>
         <source>Beats go on at the last tempo while the music is stopped.</source>
         <translation>Les beats continuent au dernier tempo pendant que la musique est arrêtée.</translation>
-    </message>
-    <message>
-        <source>Show when the music is s&amp;topped</source>
-        <translation>Signaler l’&amp;arrêt de la musique</translation>
     </message>
     <message>
         <source>The window says so as soon as the music stops.</source>
@@ -25,35 +17,105 @@
     </message>
     <message>
         <source>Show the &amp;speakers</source>
-        <translation>Afficher les &amp;enceintes</translation>
+        <translation>Aff&amp;icher les enceintes</translation>
     </message>
     <message>
         <source>Two speakers pump with the beat.</source>
         <translation>Deux enceintes pulsent en rythme.</translation>
     </message>
     <message>
-        <source>&amp;Gray mode</source>
-        <translation>Mode &amp;gris</translation>
-    </message>
-    <message>
         <source>A quiet, dark look for dark places.</source>
         <translation>Un aspect sobre et sombre pour les lieux obscurs.</translation>
-    </message>
-    <message>
-        <source>Always on t&amp;op</source>
-        <translation>Toujours au &amp;premier plan</translation>
     </message>
     <message>
         <source>The window stays above all others.</source>
         <translation>La fenêtre reste au-dessus de toutes les autres.</translation>
     </message>
     <message>
-        <source>&amp;Language:</source>
-        <translation>&amp;Langue&#xa0;:</translation>
-    </message>
-    <message>
         <source>Language of the system</source>
         <translation>Langue du système</translation>
+    </message>
+    <message>
+        <source>Go o&amp;n with virtual beats while stopped</source>
+        <translation>Co&amp;ntinuer les beats virtuels à l’arrêt</translation>
+    </message>
+    <message>
+        <source>Show when the music is sto&amp;pped</source>
+        <translation>Signaler l’arrêt de la musi&amp;que</translation>
+    </message>
+    <message>
+        <source>Gra&amp;y mode</source>
+        <translation>Mode &amp;gris</translation>
+    </message>
+    <message>
+        <source>Always on &amp;top</source>
+        <translation>Toujours au &amp;premier plan</translation>
+    </message>
+    <message>
+        <source>Lan&amp;guage:</source>
+        <translation>&amp;Langue&#xa0;:</translation>
+    </message>
+</context>
+<context>
+    <name>AudioFileReader</name>
+    <message>
+        <source>there is no such file; check its name and folder</source>
+        <translation>ce fichier n’existe pas&#xa0;; vérifiez son nom et son dossier</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>ne s’ouvre pas&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>is a folder; name the audio files in it</source>
+        <translation>est un dossier&#xa0;; indiquez les fichiers audio qu’il contient</translation>
+    </message>
+    <message>
+        <source>the file is empty; get a whole copy of it</source>
+        <translation>le fichier est vide&#xa0;; procurez-vous une copie complète</translation>
+    </message>
+    <message>
+        <source>may not be read; check its permissions</source>
+        <translation>n’est pas lisible&#xa0;; vérifiez ses droits d’accès</translation>
+    </message>
+    <message>
+        <source>is not audio, or is damaged at its start; WAV, FLAC, Ogg Vorbis, Opus, MP3 and AIFF files are read</source>
+        <translation>n’est pas de l’audio ou est endommagé au début&#xa0;; les fichiers WAV, FLAC, Ogg Vorbis, Opus, MP3 et AIFF sont lus</translation>
+    </message>
+    <message>
+        <source>is no audio stream that can be read; for raw 16-bit samples add --raw RATE, else save it to a file first</source>
+        <translation>n’est pas un flux audio lisible&#xa0;; pour des échantillons bruts de 16 bits, ajoutez --raw RATE, sinon enregistrez-le d’abord dans un fichier</translation>
+    </message>
+    <message>
+        <source>has a sample rate of %1 Hz; convert it to one from %2 to %3 Hz</source>
+        <translation>a une fréquence d’échantillonnage de %1 Hz&#xa0;; convertissez-le entre %2 et %3 Hz</translation>
+    </message>
+    <message>
+        <source>truncated: its end is missing; get a whole copy of it</source>
+        <translation>tronqué&#xa0;: la fin manque&#xa0;; procurez-vous une copie complète</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
+        <translation>tronqué&#xa0;: %1 octets sur %2 sont là&#xa0;; procurez-vous une copie complète</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
+        <translation>endommagé ou tronqué&#xa0;: seulement %1 s sur %2 s sont lisibles&#xa0;; procurez-vous une copie complète</translation>
+    </message>
+    <message>
+        <source>damaged: %1; get a whole copy of it</source>
+        <translation>endommagé&#xa0;: %1&#xa0;; procurez-vous une copie complète</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationStore</name>
+    <message>
+        <source>%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset</source>
+        <translation>%1 est illisible ou endommagé&#xa0;; pour repartir de zéro&#xa0;: audio-analyzer config reset</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
+        <translation>%1 ne peut pas être écrit&#xa0;; le dossier %2 doit être accessible en écriture et le nom libre pour un fichier</translation>
     </message>
 </context>
 <context>
@@ -179,10 +241,6 @@
         <translation>Entrées audio</translation>
     </message>
     <message>
-        <source>Look a&amp;gain</source>
-        <translation>&amp;Chercher à nouveau</translation>
-    </message>
-    <message>
         <source>Looks for inputs now. Where that takes long, it is not done by itself while sound is recorded.</source>
         <translation>Cherche les entrées maintenant. Quand c’est long, cela ne se fait pas tout seul pendant l’enregistrement.</translation>
     </message>
@@ -205,6 +263,10 @@
             <numerusform>%n entrées</numerusform>
         </translation>
     </message>
+    <message>
+        <source>L&amp;ook again</source>
+        <translation>&amp;Chercher à nouveau</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -221,16 +283,8 @@
         <translation>Frappez en rythme&#xa0;: ici ou avec la touche T.</translation>
     </message>
     <message>
-        <source>&amp;Half</source>
-        <translation>&amp;Moitié</translation>
-    </message>
-    <message>
         <source>Half the tempo.</source>
         <translation>La moitié du tempo.</translation>
-    </message>
-    <message>
-        <source>&amp;Double</source>
-        <translation>&amp;Double</translation>
     </message>
     <message>
         <source>Twice the tempo.</source>
@@ -238,15 +292,11 @@
     </message>
     <message>
         <source>&amp;Round</source>
-        <translation>&amp;Arrondir</translation>
+        <translation>Arr&amp;ondir</translation>
     </message>
     <message>
         <source>The nearest whole tempo.</source>
         <translation>Le tempo entier le plus proche.</translation>
-    </message>
-    <message>
-        <source>&amp;Lock</source>
-        <translation>&amp;Verrouiller</translation>
     </message>
     <message>
         <source>Impose this tempo, or the measured one, until it is released.</source>
@@ -282,6 +332,18 @@
     <message>
         <source>The profile takes %1 to %2 BPM: %3 holds</source>
         <translation>Le profil admet %1 à %2 BPM&#xa0;: %3 s’applique</translation>
+    </message>
+    <message>
+        <source>Ha&amp;lf</source>
+        <translation>Moi&amp;tié</translation>
+    </message>
+    <message>
+        <source>Dou&amp;ble</source>
+        <translation>Dou&amp;ble</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck</source>
+        <translation>&amp;Verrouiller</translation>
     </message>
 </context>
 <context>
@@ -440,10 +502,6 @@
         <translation>Profils</translation>
     </message>
     <message>
-        <source>&amp;Add…</source>
-        <translation>&amp;Ajouter…</translation>
-    </message>
-    <message>
         <source>Make a new profile.</source>
         <translation>Créer un nouveau profil.</translation>
     </message>
@@ -511,6 +569,10 @@
     <message>
         <source>%1 to %2 Hz</source>
         <translation>%1 à %2 Hz</translation>
+    </message>
+    <message>
+        <source>A&amp;dd…</source>
+        <translation>A&amp;jouter…</translation>
     </message>
 </context>
 </TS>

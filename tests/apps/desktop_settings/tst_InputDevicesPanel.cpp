@@ -244,7 +244,7 @@ void tst_InputDevicesPanel::everything_hasAName()
 void tst_InputDevicesPanel::mnemonics_differ()
 {
     const Panel panel;
-    QCOMPARE(PanelTest::Mnemonics(panel.panel), Text("G"));
+    QCOMPARE(PanelTest::Mnemonics(panel.panel), Text("O"));
 }
 
 QTEST_MAIN(tst_InputDevicesPanel)

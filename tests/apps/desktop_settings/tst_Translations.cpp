@@ -170,6 +170,8 @@ private Q_SLOTS:
     void editor_changesLanguage_andKeepsItsValues();
     void mnemonics_differ_data();
     void mnemonics_differ();
+    void mnemonics_differ_amongThePanelsOfTheFirstStart_data();
+    void mnemonics_differ_amongThePanelsOfTheFirstStart();
 
     void files_areUpToDate();
     void files_holdTheSameTexts_data();
@@ -396,7 +398,7 @@ void tst_Translations::widgets_changeLanguage_whileRunning()
     QTRY_COMPARE(stop.text(), Text("0,50 s"));
     QCOMPARE(stop.accessibleName(), Text("Gestoppt nach"));
     QTRY_COMPARE(profiles.m_pModel->index(0).data().toString(), Text("Electro (90 bis 175 BPM)"));
-    QTRY_COMPARE(PanelTest::Get<QPushButton>(manual, "half").text(), Text("&Halb"));
+    QTRY_COMPARE(PanelTest::Get<QPushButton>(manual, "half").text(), Text("Ha&lb"));
 }
 
 void tst_Translations::editor_changesLanguage_andKeepsItsValues()
@@ -437,6 +439,27 @@ void tst_Translations::mnemonics_differ()
         const bool isTwice = std::adjacent_find(letters.begin(), letters.end()) != letters.end();
         QVERIFY2(!isTwice, qPrintable(pWindow->windowTitle() + Text(": ") + letters));
     }
+}
+
+void tst_Translations::mnemonics_differ_amongThePanelsOfTheFirstStart_data()
+{
+    LanguageRows();
+}
+
+void tst_Translations::mnemonics_differ_amongThePanelsOfTheFirstStart()
+{
+    QFETCH(const QString, language);
+    Translations translations;
+    QVERIFY(translations.setLanguage(language));
+    const Panels panels;
+    QString letters;
+    for (const auto& panel : panels.panels)
+        if (!qobject_cast<DurationsPanel*>(panel.get()))
+            letters += PanelTest::Mnemonics(*panel);
+    QCOMPARE(letters.size(), 16);
+    std::sort(letters.begin(), letters.end());
+    QVERIFY2(std::adjacent_find(letters.begin(), letters.end()) == letters.end(),
+             qPrintable(letters));
 }
 
 // ---- The files ----------------------------------------------------------------------------------
