@@ -9,7 +9,7 @@ namespace {
 
 QString tr(const char* pText)
 {
-    return QCoreApplication::translate("SourceTexts", pText);
+    return QCoreApplication::translate("sourcetexts", pText);
 }
 
 Text describeNotice(const SourceState& pState)

@@ -21,8 +21,8 @@ struct FlagSetting
 {
     const char* pName;  ///< of the field
     bool (*get)(const Configuration&);
-    bool (Configuration::*set)(bool);
-    void (AdvancedSettingsPanel::*changed)(bool);
+    bool (*set)(Configuration&, bool);  ///< whether it changed
+    void (*tell)(AdvancedSettingsPanel&, bool);
 };
 
 template <bool (Configuration::*kGetter)() const>
@@ -31,19 +31,34 @@ bool Get(const Configuration& pConfiguration)
     return (pConfiguration.*kGetter)();
 }
 
+template <bool (Configuration::*kSetter)(bool)>
+bool Set(Configuration& pConfiguration, bool pIsOn)
+{
+    return (pConfiguration.*kSetter)(pIsOn);
+}
+
+template <void (AdvancedSettingsPanel::*kSignal)(bool)>
+void Tell(AdvancedSettingsPanel& pPanel, bool pIsOn)
+{
+    Q_EMIT(pPanel.*kSignal)(pIsOn);
+}
+
 // In the order of the panel's enumeration.
 constexpr FlagSetting kFlags[] = {
     {"virtualBeats",
      &Get<&C::getDisplayVirtualBeatsWhenStopped>,
-     &C::setDisplayVirtualBeatsWhenStopped,
-     &P::OnVirtualBeatsWhenStoppedChanged},
-    {"stopped", &P::isStoppedDisplayed, &C::setDisplayStopped, &P::OnDisplayStoppedChanged},
+     &Set<&C::setDisplayVirtualBeatsWhenStopped>,
+     &Tell<&P::OnVirtualBeatsWhenStoppedChanged>},
+    {"stopped",
+     &P::isStoppedDisplayed,
+     &Set<&C::setDisplayStopped>,
+     &Tell<&P::OnDisplayStoppedChanged>},
     {"speakers",
      &Get<&C::getDisplaySpeakers>,
-     &C::setDisplaySpeakers,
-     &P::OnDisplaySpeakersChanged},
-    {"grayMode", &Get<&C::getGrayMode>, &C::setGrayMode, &P::OnGrayModeChanged},
-    {"topMost", &Get<&C::isTopMost>, &C::setTopMost, &P::OnTopMostChanged},
+     &Set<&C::setDisplaySpeakers>,
+     &Tell<&P::OnDisplaySpeakersChanged>},
+    {"grayMode", &Get<&C::getGrayMode>, &Set<&C::setGrayMode>, &Tell<&P::OnGrayModeChanged>},
+    {"topMost", &Get<&C::isTopMost>, &Set<&C::setTopMost>, &Tell<&P::OnTopMostChanged>},
 };
 
 }  // namespace
@@ -84,9 +99,10 @@ bool AdvancedSettingsPanel::isStoppedDisplayed(const Configuration& pConfigurati
 
 void AdvancedSettingsPanel::_StoreFlag(eFlag pFlag, bool pIsOn)
 {
-    if (!(m_configuration.*kFlags[pFlag].set)(pIsOn))
+    const FlagSetting& setting = kFlags[pFlag];
+    if (!setting.set(m_configuration, pIsOn))
         return;
-    Q_EMIT(this->*kFlags[pFlag].changed)(pIsOn);
+    setting.tell(*this, pIsOn);
     Q_EMIT OnConfigurationChanged();
 }
 

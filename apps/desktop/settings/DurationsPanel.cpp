@@ -17,52 +17,72 @@
 
 namespace {
 
+using C = Configuration;
+using A = AudioAnalyzer;
+
 struct DurationSetting
 {
     const char* pName;  ///< of the field
     detail::DurationLimits limits;
-    double (Configuration::*get)() const;
-    bool (Configuration::*set)(double);
-    bool (AudioAnalyzer::*live)(double);  ///< null where the analysis reads the configuration
+    double (*get)(const Configuration&);
+    bool (*set)(Configuration&, double);    ///< whether it changed
+    void (*apply)(AudioAnalyzer&, double);  ///< null where the analysis reads the configuration
 };
 
 struct LevelSetting
 {
     const char* pName;  ///< of the field
-    short (Configuration::*get)() const;
-    bool (Configuration::*set)(short);
+    short (*get)(const Configuration&);
+    bool (*set)(Configuration&, short);  ///< whether it changed
 };
 
-using C = Configuration;
-using A = AudioAnalyzer;
+template <auto kGetter>
+auto Get(const Configuration& pConfiguration)
+{
+    return (pConfiguration.*kGetter)();
+}
+
+template <auto kSetter, typename Value>
+bool Set(Configuration& pConfiguration, Value pValue)
+{
+    return (pConfiguration.*kSetter)(pValue);
+}
+
+template <auto kSetter>
+void Apply(AudioAnalyzer& pAnalyzer, double pSeconds)
+{
+    (pAnalyzer.*kSetter)(pSeconds);
+}
 
 // In the order of the panel's enumerations.
 constexpr DurationSetting kDurations[] = {
     {"averageVolume",
      detail::kAverageVolumeLimits,
-     &C::getAverageVolumeCalculationDuration,
-     &C::setAverageVolumeCalculationDuration,
-     &A::setAverageVolumeCalculationDuration},
+     &Get<&C::getAverageVolumeCalculationDuration>,
+     &Set<&C::setAverageVolumeCalculationDuration>,
+     &Apply<&A::setAverageVolumeCalculationDuration>},
     {"bpm",
      detail::kBPMLimits,
-     &C::getBPMCalculationDuration,
-     &C::setBPMCalculationDuration,
+     &Get<&C::getBPMCalculationDuration>,
+     &Set<&C::setBPMCalculationDuration>,
      nullptr},
     {"stop",
      detail::kStopDetectionLimits,
-     &C::getStopDetectionDuration,
-     &C::setStopDetectionDuration,
-     &A::setStopDetectionDuration},
+     &Get<&C::getStopDetectionDuration>,
+     &Set<&C::setStopDetectionDuration>,
+     &Apply<&A::setStopDetectionDuration>},
     {"normalization",
      detail::kNormalizationLimits,
-     &C::getNormalizationDuration,
-     &C::setNormalizationDuration,
+     &Get<&C::getNormalizationDuration>,
+     &Set<&C::setNormalizationDuration>,
      nullptr},
 };
 
 constexpr LevelSetting kLevels[] = {
-    {"stopLevel", &C::getStopDetectionThreshold, &C::setStopDetectionThreshold},
-    {"normalizationLevel", &C::getNormalizationThreshold, &C::setNormalizationThreshold},
+    {"stopLevel", &Get<&C::getStopDetectionThreshold>, &Set<&C::setStopDetectionThreshold>},
+    {"normalizationLevel",
+     &Get<&C::getNormalizationThreshold>,
+     &Set<&C::setNormalizationThreshold>},
 };
 
 bool IsWithin(double pSeconds, const detail::DurationLimits& pLimits)
@@ -136,18 +156,19 @@ void DurationsPanel::_AddLevel(eLevel pLevel, QGridLayout* pGrid)
 void DurationsPanel::_StoreDuration(eDuration pDuration, double pSeconds)
 {
     const DurationSetting& setting = kDurations[pDuration];
-    if (!(m_configuration.*setting.set)(pSeconds))
+    if (!setting.set(m_configuration, pSeconds))
         return;
     // The analyzer reads the stop duration from the configuration: that comes first.
-    if (m_pAnalyzer && setting.live)
-        (*m_pAnalyzer.*setting.live)(pSeconds);
+    if (m_pAnalyzer && setting.apply)
+        setting.apply(*m_pAnalyzer, pSeconds);
     _ShowDurationHint(pDuration);
     Q_EMIT OnConfigurationChanged();
 }
 
 void DurationsPanel::_StoreLevel(eLevel pLevel, int pMagnitude)
 {
-    if (!(m_configuration.*kLevels[pLevel].set)(static_cast<short>(pMagnitude)))
+    const LevelSetting& setting = kLevels[pLevel];
+    if (!setting.set(m_configuration, static_cast<short>(pMagnitude)))
         return;
     _ShowLevelHint(pLevel);
     Q_EMIT OnConfigurationChanged();
@@ -158,10 +179,9 @@ void DurationsPanel::_RestoreDefaults()
     const Configuration defaults;
     for (int i = 0; i < eDurationCount; ++i)
         _StoreDuration(eDuration(i),
-                       i == eStop ? AnalysisOptions::kStopDuration
-                                  : (defaults.*kDurations[i].get)());
+                       i == eStop ? AnalysisOptions::kStopDuration : kDurations[i].get(defaults));
     for (int i = 0; i < eLevelCount; ++i)
-        _StoreLevel(eLevel(i), (defaults.*kLevels[i].get)());
+        _StoreLevel(eLevel(i), kLevels[i].get(defaults));
     Refresh();
 }
 
@@ -171,11 +191,11 @@ void DurationsPanel::Refresh()
 {
     for (int i = 0; i < eDurationCount; ++i) {
         const QSignalBlocker blocker(m_durations[i].pField);
-        m_durations[i].pField->setValue((m_configuration.*kDurations[i].get)());
+        m_durations[i].pField->setValue(kDurations[i].get(m_configuration));
     }
     for (int i = 0; i < eLevelCount; ++i) {
         const QSignalBlocker blocker(m_levels[i].pField);
-        m_levels[i].pField->setValue((m_configuration.*kLevels[i].get)());
+        m_levels[i].pField->setValue(kLevels[i].get(m_configuration));
     }
     _ShowHints();
 }
@@ -230,7 +250,7 @@ void DurationsPanel::_ShowDurationHint(eDuration pDuration)
 {
     const DurationSetting& setting = kDurations[pDuration];
     const DurationRow& row = m_durations[pDuration];
-    const double stored = (m_configuration.*setting.get)();
+    const double stored = setting.get(m_configuration);
     const QLocale locale;
     QString hint =
         tr("%1 to %2 s")
@@ -252,7 +272,7 @@ void DurationsPanel::_ShowDurationHint(eDuration pDuration)
 void DurationsPanel::_ShowLevelHint(eLevel pLevel)
 {
     const LevelRow& row = m_levels[pLevel];
-    const int stored = (m_configuration.*kLevels[pLevel].get)();
+    const int stored = kLevels[pLevel].get(m_configuration);
     if (stored < 0)
         row.pHint->setRefusal(
             tr("%1 is stored, below 0; it stays until you change it").arg(QString::number(stored)));

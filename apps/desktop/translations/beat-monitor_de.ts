@@ -108,6 +108,62 @@
     </message>
 </context>
 <context>
+    <name>BpmPanel</name>
+    <message>
+        <source>BPM</source>
+        <comment>beats per minute</comment>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tempo in beats per minute</source>
+        <translation>Tempo in Schlägen pro Minute</translation>
+    </message>
+    <message>
+        <source>Accuracy</source>
+        <translation>Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Falls with every beat in a row that was predicted but not heard.</source>
+        <translation>Sinkt mit jedem Beat in Folge, der erwartet, aber nicht gehört wurde.</translation>
+    </message>
+    <message>
+        <source>Fixed tempo: beats are not announced.</source>
+        <translation>Festes Tempo: Beats werden nicht gemeldet.</translation>
+    </message>
+    <message>
+        <source>Waiting for sound.</source>
+        <translation>Wartet auf Ton.</translation>
+    </message>
+    <message>
+        <source>Stopped; this was the tempo.</source>
+        <translation>Gestoppt; das war das Tempo.</translation>
+    </message>
+    <message>
+        <source>Stopped: no music.</source>
+        <translation>Gestoppt: keine Musik.</translation>
+    </message>
+    <message>
+        <source>Held: not measured now.</source>
+        <translation>Gehalten: wird gerade nicht gemessen.</translation>
+    </message>
+    <message>
+        <source>Measuring&#x2009;…</source>
+        <translation>Messung läuft&#x2009;…</translation>
+    </message>
+    <message>
+        <source>Measured %1 BPM, out of the range of “%2”</source>
+        <translation>Gemessen: %1 BPM, außerhalb des Bereichs von „%2“</translation>
+    </message>
+    <message>
+        <source>%1; half of it: %2.</source>
+        <translation>%1; die Hälfte: %2.</translation>
+    </message>
+    <message>
+        <source>%1; the double: %2.</source>
+        <translation>%1; das Doppelte: %2.</translation>
+    </message>
+</context>
+<context>
     <name>ConfigurationStore</name>
     <message>
         <source>%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset</source>
@@ -266,6 +322,203 @@
     <message>
         <source>L&amp;ook again</source>
         <translation>&amp;Erneut suchen</translation>
+    </message>
+</context>
+<context>
+    <name>LedPanel</name>
+    <message>
+        <source>Beat</source>
+        <translation>Beat</translation>
+    </message>
+    <message>
+        <source>Pulse</source>
+        <translation>Impuls</translation>
+    </message>
+    <message>
+        <source>Beat lamp</source>
+        <translation>Beat-Lampe</translation>
+    </message>
+    <message>
+        <source>Pulse lamp</source>
+        <translation>Impulslampe</translation>
+    </message>
+    <message>
+        <source>Flashes when a beat falls due. A ring only: the beat was not heard but predicted.</source>
+        <translation>Blitzt, wenn ein Beat fällig ist. Nur ein Ring: Der Beat wurde nicht gehört, sondern erwartet.</translation>
+    </message>
+    <message>
+        <source>Flashes when a pulse is heard. A ring only: a beat was missing and is assumed.</source>
+        <translation>Blitzt, wenn ein Impuls gehört wird. Nur ein Ring: Ein Beat fehlte und wird angenommen.</translation>
+    </message>
+    <message>
+        <source>virtual</source>
+        <translation>virtuell</translation>
+    </message>
+    <message>
+        <source>real</source>
+        <translation>echt</translation>
+    </message>
+</context>
+<context>
+    <name>LevelPanel</name>
+    <message>
+        <source>&amp;Automatic threshold</source>
+        <translation>A&amp;utomatische Schwelle</translation>
+    </message>
+    <message>
+        <source>The threshold follows the average volume and the sensibility of the profile.</source>
+        <translation>Die Schwelle folgt der mittleren Lautstärke und der Empfindlichkeit des Profils.</translation>
+    </message>
+    <message>
+        <source>Threshold in dB below full scale</source>
+        <translation>Schwelle in dB unter Vollaussteuerung</translation>
+    </message>
+    <message>
+        <source>A block is a pulse when a quarter of its samples reach the threshold.</source>
+        <translation>Ein Block ist ein Impuls, wenn ein Viertel seiner Samples die Schwelle erreicht.</translation>
+    </message>
+    <message>
+        <source>Volume meter</source>
+        <translation>Pegelanzeige</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Aktuell</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwelle</translation>
+    </message>
+    <message>
+        <source>dBFS</source>
+        <translation>dBFS</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Beat Monitor</source>
+        <translation>Beat Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open audio file&#x2009;…</source>
+        <translation>Audio&amp;datei öffnen&#x2009;…</translation>
+    </message>
+    <message>
+        <source>&amp;Listen to the input again</source>
+        <translation>Wieder den &amp;Eingang hören</translation>
+    </message>
+    <message>
+        <source>&amp;Reset the analysis</source>
+        <translation>Analyse &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Tempo</source>
+        <translation>&amp;Tempo</translation>
+    </message>
+    <message>
+        <source>&amp;Beat lamp</source>
+        <translation>&amp;Beat-Lampe</translation>
+    </message>
+    <message>
+        <source>P&amp;ulse lamp</source>
+        <translation>&amp;Impulslampe</translation>
+    </message>
+    <message>
+        <source>&amp;Spectrum</source>
+        <translation>&amp;Spektrum</translation>
+    </message>
+    <message>
+        <source>T&amp;hreshold</source>
+        <translation>S&amp;chwelle</translation>
+    </message>
+    <message>
+        <source>&amp;Input devices</source>
+        <translation>&amp;Audioeingänge</translation>
+    </message>
+    <message>
+        <source>&amp;Profiles</source>
+        <translation>&amp;Profile</translation>
+    </message>
+    <message>
+        <source>&amp;Manual beat</source>
+        <translation>Beat von &amp;Hand</translation>
+    </message>
+    <message>
+        <source>&amp;Durations</source>
+        <translation>&amp;Zeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Advanced settings</source>
+        <translation>&amp;Weitere Einstellungen</translation>
+    </message>
+    <message>
+        <source>R&amp;eset button</source>
+        <translation>Taste „Zu&amp;rücksetzen“</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About beat-monitor</source>
+        <translation>Ü&amp;ber beat-monitor</translation>
+    </message>
+    <message>
+        <source>Spectrum</source>
+        <translation>Spektrum</translation>
+    </message>
+    <message>
+        <source>Volume and threshold</source>
+        <translation>Lautstärke und Schwelle</translation>
+    </message>
+    <message>
+        <source>Reset (R)</source>
+        <translation>Zurücksetzen (R)</translation>
+    </message>
+    <message>
+        <source>Forgets the tempo and starts to search again.</source>
+        <translation>Vergisst das Tempo und beginnt die Suche von vorn.</translation>
+    </message>
+    <message>
+        <source>Open audio file</source>
+        <translation>Audiodatei öffnen</translation>
+    </message>
+    <message>
+        <source>Audio files (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;All files (*)</source>
+        <translation>Audiodateien (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>About beat-monitor</source>
+        <translation>Über beat-monitor</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Shows the beat and the tempo of live music.&lt;/p&gt;&lt;p&gt;MIT licence.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Zeigt Beat und Tempo von Livemusik.&lt;/p&gt;&lt;p&gt;MIT-Lizenz.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -573,6 +826,106 @@
     <message>
         <source>A&amp;dd…</source>
         <translation>&amp;Neu…</translation>
+    </message>
+</context>
+<context>
+    <name>SpeakersPanel</name>
+    <message>
+        <source>Speakers that pump with the beat</source>
+        <translation>Lautsprecher, die im Takt pumpen</translation>
+    </message>
+</context>
+<context>
+    <name>SpectrumPanel</name>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>dB</source>
+        <translation>dB</translation>
+    </message>
+    <message>
+        <source>Amplitude spectrum</source>
+        <translation>Amplitudenspektrum</translation>
+    </message>
+    <message>
+        <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
+        <translation>0 dB ist der bisher lauteste Wert. Getönt: das Band des gewählten Profils, in dem nach Impulsen gesucht wird.</translation>
+    </message>
+</context>
+<context>
+    <name>Tray</name>
+    <message>
+        <source>&amp;Hide window</source>
+        <translation>Fenster &amp;verbergen</translation>
+    </message>
+    <message>
+        <source>&amp;Show window</source>
+        <translation>Fenster &amp;zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>sourcetexts</name>
+    <message>
+        <source>No data comes from “%1”. Check that nothing else holds it.</source>
+        <translation>Von „%1“ kommen keine Daten. Prüfen Sie, ob etwas anderes den Eingang belegt.</translation>
+    </message>
+    <message>
+        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
+        <translation>Nur Stille von „%1“. Starten Sie die Musik oder heben Sie die Stummschaltung auf.</translation>
+    </message>
+    <message>
+        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
+        <translation>Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stille-Schwelle.</translation>
+    </message>
+    <message>
+        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
+        <translation>Übersteuert: Der Pegel ist bei Vollaussteuerung abgeschnitten. Drehen Sie den Eingang herunter.</translation>
+    </message>
+    <message>
+        <source>“%1” offers no format that can be analysed. Choose another input.</source>
+        <translation>„%1“ bietet kein Format, das sich analysieren lässt. Wählen Sie einen anderen Eingang.</translation>
+    </message>
+    <message>
+        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
+        <translation>„%1“ liefert nur %2 Kanäle; nötig ist ein Mono-Eingang oder ein Monitor.</translation>
+    </message>
+    <message>
+        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
+        <translation>Wartet auf „%1“; es geht weiter, sobald das Gerät da ist.</translation>
+    </message>
+    <message>
+        <source>Opening “%1” …</source>
+        <translation>„%1“ wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”</source>
+        <translation>Hört „%1“</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”: no music</source>
+        <translation>Hört „%1“: keine Musik</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2 of %3</source>
+        <translation>Spielt „%1“   %2 von %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2</source>
+        <translation>Spielt „%1“   %2</translation>
+    </message>
+    <message>
+        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
+        <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
+    </message>
+    <message>
+        <source>“%1” has ended</source>
+        <translation>„%1“ ist zu Ende</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation>„%1“: %2</translation>
     </message>
 </context>
 </TS>

@@ -108,6 +108,62 @@
     </message>
 </context>
 <context>
+    <name>BpmPanel</name>
+    <message>
+        <source>BPM</source>
+        <comment>beats per minute</comment>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tempo in beats per minute</source>
+        <translation>Tempo en pulsaciones por minuto</translation>
+    </message>
+    <message>
+        <source>Accuracy</source>
+        <translation>Precisión</translation>
+    </message>
+    <message>
+        <source>Falls with every beat in a row that was predicted but not heard.</source>
+        <translation>Baja con cada beat seguido que se esperaba y no se oyó.</translation>
+    </message>
+    <message>
+        <source>Fixed tempo: beats are not announced.</source>
+        <translation>Tempo fijo: los beats no se anuncian.</translation>
+    </message>
+    <message>
+        <source>Waiting for sound.</source>
+        <translation>A la espera de sonido.</translation>
+    </message>
+    <message>
+        <source>Stopped; this was the tempo.</source>
+        <translation>En pausa; este era el tempo.</translation>
+    </message>
+    <message>
+        <source>Stopped: no music.</source>
+        <translation>En pausa: no hay música.</translation>
+    </message>
+    <message>
+        <source>Held: not measured now.</source>
+        <translation>Mantenido: ahora no se mide.</translation>
+    </message>
+    <message>
+        <source>Measuring&#x2009;…</source>
+        <translation>Midiendo&#x2009;…</translation>
+    </message>
+    <message>
+        <source>Measured %1 BPM, out of the range of “%2”</source>
+        <translation>Medido: %1 BPM, fuera del margen de «%2»</translation>
+    </message>
+    <message>
+        <source>%1; half of it: %2.</source>
+        <translation>%1; la mitad: %2.</translation>
+    </message>
+    <message>
+        <source>%1; the double: %2.</source>
+        <translation>%1; el doble: %2.</translation>
+    </message>
+</context>
+<context>
     <name>ConfigurationStore</name>
     <message>
         <source>%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset</source>
@@ -266,6 +322,203 @@
     <message>
         <source>L&amp;ook again</source>
         <translation>&amp;Buscar de nuevo</translation>
+    </message>
+</context>
+<context>
+    <name>LedPanel</name>
+    <message>
+        <source>Beat</source>
+        <translation>Beat</translation>
+    </message>
+    <message>
+        <source>Pulse</source>
+        <translation>Pulso</translation>
+    </message>
+    <message>
+        <source>Beat lamp</source>
+        <translation>Luz de beat</translation>
+    </message>
+    <message>
+        <source>Pulse lamp</source>
+        <translation>Luz de pulso</translation>
+    </message>
+    <message>
+        <source>Flashes when a beat falls due. A ring only: the beat was not heard but predicted.</source>
+        <translation>Destella cuando toca un beat. Solo un anillo: el beat no se oyó, se predijo.</translation>
+    </message>
+    <message>
+        <source>Flashes when a pulse is heard. A ring only: a beat was missing and is assumed.</source>
+        <translation>Destella cuando se oye un pulso. Solo un anillo: faltaba un beat y se supone.</translation>
+    </message>
+    <message>
+        <source>virtual</source>
+        <translation>virtual</translation>
+    </message>
+    <message>
+        <source>real</source>
+        <translation>real</translation>
+    </message>
+</context>
+<context>
+    <name>LevelPanel</name>
+    <message>
+        <source>&amp;Automatic threshold</source>
+        <translation>Umbral a&amp;utomático</translation>
+    </message>
+    <message>
+        <source>The threshold follows the average volume and the sensibility of the profile.</source>
+        <translation>El umbral sigue el volumen medio y la sensibilidad del perfil.</translation>
+    </message>
+    <message>
+        <source>Threshold in dB below full scale</source>
+        <translation>Umbral en dB por debajo del fondo de escala</translation>
+    </message>
+    <message>
+        <source>A block is a pulse when a quarter of its samples reach the threshold.</source>
+        <translation>Un bloque es un pulso cuando un cuarto de sus muestras alcanza el umbral.</translation>
+    </message>
+    <message>
+        <source>Volume meter</source>
+        <translation>Medidor de volumen</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Actual</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Media</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Máximo</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Umbral</translation>
+    </message>
+    <message>
+        <source>dBFS</source>
+        <translation>dBFS</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Beat Monitor</source>
+        <translation>Beat Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Open audio file&#x2009;…</source>
+        <translation>&amp;Abrir archivo de audio&#x2009;…</translation>
+    </message>
+    <message>
+        <source>&amp;Listen to the input again</source>
+        <translation>&amp;Escuchar de nuevo la entrada</translation>
+    </message>
+    <message>
+        <source>&amp;Reset the analysis</source>
+        <translation>&amp;Reiniciar el análisis</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>&amp;Tempo</source>
+        <translation>&amp;Tempo</translation>
+    </message>
+    <message>
+        <source>&amp;Beat lamp</source>
+        <translation>Luz de &amp;beat</translation>
+    </message>
+    <message>
+        <source>P&amp;ulse lamp</source>
+        <translation>Luz de &amp;pulso</translation>
+    </message>
+    <message>
+        <source>&amp;Spectrum</source>
+        <translation>&amp;Espectro</translation>
+    </message>
+    <message>
+        <source>T&amp;hreshold</source>
+        <translation>&amp;Umbral</translation>
+    </message>
+    <message>
+        <source>&amp;Input devices</source>
+        <translation>E&amp;ntradas de audio</translation>
+    </message>
+    <message>
+        <source>&amp;Profiles</source>
+        <translation>Per&amp;files</translation>
+    </message>
+    <message>
+        <source>&amp;Manual beat</source>
+        <translation>Beat &amp;manual</translation>
+    </message>
+    <message>
+        <source>&amp;Durations</source>
+        <translation>&amp;Duraciones</translation>
+    </message>
+    <message>
+        <source>&amp;Advanced settings</source>
+        <translation>Ajustes &amp;avanzados</translation>
+    </message>
+    <message>
+        <source>R&amp;eset button</source>
+        <translation>Botón de re&amp;inicio</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>Pantalla &amp;completa</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>&amp;About beat-monitor</source>
+        <translation>&amp;Acerca de beat-monitor</translation>
+    </message>
+    <message>
+        <source>Spectrum</source>
+        <translation>Espectro</translation>
+    </message>
+    <message>
+        <source>Volume and threshold</source>
+        <translation>Volumen y umbral</translation>
+    </message>
+    <message>
+        <source>Reset (R)</source>
+        <translation>Reiniciar (R)</translation>
+    </message>
+    <message>
+        <source>Forgets the tempo and starts to search again.</source>
+        <translation>Olvida el tempo y vuelve a buscarlo.</translation>
+    </message>
+    <message>
+        <source>Open audio file</source>
+        <translation>Abrir archivo de audio</translation>
+    </message>
+    <message>
+        <source>Audio files (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;All files (*)</source>
+        <translation>Archivos de audio (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>About beat-monitor</source>
+        <translation>Acerca de beat-monitor</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Shows the beat and the tempo of live music.&lt;/p&gt;&lt;p&gt;MIT licence.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Muestra el beat y el tempo de la música en directo.&lt;/p&gt;&lt;p&gt;Licencia MIT.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -573,6 +826,106 @@
     <message>
         <source>A&amp;dd…</source>
         <translation>Aña&amp;dir…</translation>
+    </message>
+</context>
+<context>
+    <name>SpeakersPanel</name>
+    <message>
+        <source>Speakers that pump with the beat</source>
+        <translation>Altavoces que laten con el beat</translation>
+    </message>
+</context>
+<context>
+    <name>SpectrumPanel</name>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>dB</source>
+        <translation>dB</translation>
+    </message>
+    <message>
+        <source>Amplitude spectrum</source>
+        <translation>Espectro de amplitud</translation>
+    </message>
+    <message>
+        <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
+        <translation>0 dB es el valor más fuerte hasta ahora. Sombreada: la banda del perfil elegido, en la que se buscan pulsos.</translation>
+    </message>
+</context>
+<context>
+    <name>Tray</name>
+    <message>
+        <source>&amp;Hide window</source>
+        <translation>&amp;Ocultar la ventana</translation>
+    </message>
+    <message>
+        <source>&amp;Show window</source>
+        <translation>&amp;Mostrar la ventana</translation>
+    </message>
+</context>
+<context>
+    <name>sourcetexts</name>
+    <message>
+        <source>No data comes from “%1”. Check that nothing else holds it.</source>
+        <translation>No llegan datos de «%1». Compruebe que nada más la esté usando.</translation>
+    </message>
+    <message>
+        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
+        <translation>Solo silencio de «%1». Ponga la música o quite el silencio de la entrada.</translation>
+    </message>
+    <message>
+        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
+        <translation>Demasiado bajo para contar como música. Suba la entrada o baje el umbral de silencio.</translation>
+    </message>
+    <message>
+        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
+        <translation>Saturación: el nivel se corta en el fondo de escala. Baje la entrada.</translation>
+    </message>
+    <message>
+        <source>“%1” offers no format that can be analysed. Choose another input.</source>
+        <translation>«%1» no ofrece ningún formato que se pueda analizar. Elija otra entrada.</translation>
+    </message>
+    <message>
+        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
+        <translation>«%1» solo entrega %2 canales; hace falta una entrada mono o un monitor.</translation>
+    </message>
+    <message>
+        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
+        <translation>A la espera de «%1»; se reanuda en cuanto esté el dispositivo.</translation>
+    </message>
+    <message>
+        <source>Opening “%1” …</source>
+        <translation>Abriendo «%1» …</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”</source>
+        <translation>Escuchando «%1»</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”: no music</source>
+        <translation>Escuchando «%1»: sin música</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2 of %3</source>
+        <translation>Reproduciendo «%1»   %2 de %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2</source>
+        <translation>Reproduciendo «%1»   %2</translation>
+    </message>
+    <message>
+        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
+        <translation>No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
+    </message>
+    <message>
+        <source>“%1” has ended</source>
+        <translation>«%1» ha terminado</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation>«%1»: %2</translation>
     </message>
 </context>
 </TS>

@@ -108,6 +108,62 @@
     </message>
 </context>
 <context>
+    <name>BpmPanel</name>
+    <message>
+        <source>BPM</source>
+        <comment>beats per minute</comment>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tempo in beats per minute</source>
+        <translation>Tempo en battements par minute</translation>
+    </message>
+    <message>
+        <source>Accuracy</source>
+        <translation>Précision</translation>
+    </message>
+    <message>
+        <source>Falls with every beat in a row that was predicted but not heard.</source>
+        <translation>Baisse à chaque beat consécutif prévu mais non entendu.</translation>
+    </message>
+    <message>
+        <source>Fixed tempo: beats are not announced.</source>
+        <translation>Tempo imposé&#xa0;: les beats ne sont pas annoncés.</translation>
+    </message>
+    <message>
+        <source>Waiting for sound.</source>
+        <translation>En attente de son.</translation>
+    </message>
+    <message>
+        <source>Stopped; this was the tempo.</source>
+        <translation>À l’arrêt&#xa0;; c’était le tempo.</translation>
+    </message>
+    <message>
+        <source>Stopped: no music.</source>
+        <translation>À l’arrêt&#xa0;: pas de musique.</translation>
+    </message>
+    <message>
+        <source>Held: not measured now.</source>
+        <translation>Maintenu&#xa0;: pas de mesure en ce moment.</translation>
+    </message>
+    <message>
+        <source>Measuring&#x2009;…</source>
+        <translation>Mesure en cours&#x2009;…</translation>
+    </message>
+    <message>
+        <source>Measured %1 BPM, out of the range of “%2”</source>
+        <translation>Mesuré&#xa0;: %1 BPM, hors de la plage de «&#xa0;%2&#xa0;»</translation>
+    </message>
+    <message>
+        <source>%1; half of it: %2.</source>
+        <translation>%1&#xa0;; la moitié&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>%1; the double: %2.</source>
+        <translation>%1&#xa0;; le double&#xa0;: %2.</translation>
+    </message>
+</context>
+<context>
     <name>ConfigurationStore</name>
     <message>
         <source>%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset</source>
@@ -266,6 +322,203 @@
     <message>
         <source>L&amp;ook again</source>
         <translation>&amp;Chercher à nouveau</translation>
+    </message>
+</context>
+<context>
+    <name>LedPanel</name>
+    <message>
+        <source>Beat</source>
+        <translation>Beat</translation>
+    </message>
+    <message>
+        <source>Pulse</source>
+        <translation>Impulsion</translation>
+    </message>
+    <message>
+        <source>Beat lamp</source>
+        <translation>Voyant de beat</translation>
+    </message>
+    <message>
+        <source>Pulse lamp</source>
+        <translation>Voyant d’impulsion</translation>
+    </message>
+    <message>
+        <source>Flashes when a beat falls due. A ring only: the beat was not heard but predicted.</source>
+        <translation>S’allume à chaque beat attendu. Un simple anneau&#xa0;: le beat n’a pas été entendu mais prévu.</translation>
+    </message>
+    <message>
+        <source>Flashes when a pulse is heard. A ring only: a beat was missing and is assumed.</source>
+        <translation>S’allume quand une impulsion est entendue. Un simple anneau&#xa0;: un beat manquait et il est supposé.</translation>
+    </message>
+    <message>
+        <source>virtual</source>
+        <translation>virtuel</translation>
+    </message>
+    <message>
+        <source>real</source>
+        <translation>réel</translation>
+    </message>
+</context>
+<context>
+    <name>LevelPanel</name>
+    <message>
+        <source>&amp;Automatic threshold</source>
+        <translation>Seuil a&amp;utomatique</translation>
+    </message>
+    <message>
+        <source>The threshold follows the average volume and the sensibility of the profile.</source>
+        <translation>Le seuil suit le volume moyen et la sensibilité du profil.</translation>
+    </message>
+    <message>
+        <source>Threshold in dB below full scale</source>
+        <translation>Seuil en dB sous la pleine échelle</translation>
+    </message>
+    <message>
+        <source>A block is a pulse when a quarter of its samples reach the threshold.</source>
+        <translation>Un bloc est une impulsion quand un quart de ses échantillons atteint le seuil.</translation>
+    </message>
+    <message>
+        <source>Volume meter</source>
+        <translation>Indicateur de volume</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Actuel</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Moyenne</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Seuil</translation>
+    </message>
+    <message>
+        <source>dBFS</source>
+        <translation>dBFS</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Beat Monitor</source>
+        <translation>Beat Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Open audio file&#x2009;…</source>
+        <translation>&amp;Ouvrir un fichier audio&#x2009;…</translation>
+    </message>
+    <message>
+        <source>&amp;Listen to the input again</source>
+        <translation>Éco&amp;uter à nouveau l’entrée</translation>
+    </message>
+    <message>
+        <source>&amp;Reset the analysis</source>
+        <translation>&amp;Réinitialiser l’analyse</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Affichage</translation>
+    </message>
+    <message>
+        <source>&amp;Tempo</source>
+        <translation>&amp;Tempo</translation>
+    </message>
+    <message>
+        <source>&amp;Beat lamp</source>
+        <translation>Voyant de &amp;beat</translation>
+    </message>
+    <message>
+        <source>P&amp;ulse lamp</source>
+        <translation>Voyant d’&amp;impulsion</translation>
+    </message>
+    <message>
+        <source>&amp;Spectrum</source>
+        <translation>&amp;Spectre</translation>
+    </message>
+    <message>
+        <source>T&amp;hreshold</source>
+        <translation>Se&amp;uil</translation>
+    </message>
+    <message>
+        <source>&amp;Input devices</source>
+        <translation>&amp;Entrées audio</translation>
+    </message>
+    <message>
+        <source>&amp;Profiles</source>
+        <translation>&amp;Profils</translation>
+    </message>
+    <message>
+        <source>&amp;Manual beat</source>
+        <translation>Beat &amp;manuel</translation>
+    </message>
+    <message>
+        <source>&amp;Durations</source>
+        <translation>&amp;Durées</translation>
+    </message>
+    <message>
+        <source>&amp;Advanced settings</source>
+        <translation>Réglages &amp;avancés</translation>
+    </message>
+    <message>
+        <source>R&amp;eset button</source>
+        <translation>Bouton de &amp;réinitialisation</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>Plein é&amp;cran</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Aid&amp;e</translation>
+    </message>
+    <message>
+        <source>&amp;About beat-monitor</source>
+        <translation>À &amp;propos de beat-monitor</translation>
+    </message>
+    <message>
+        <source>Spectrum</source>
+        <translation>Spectre</translation>
+    </message>
+    <message>
+        <source>Volume and threshold</source>
+        <translation>Volume et seuil</translation>
+    </message>
+    <message>
+        <source>Reset (R)</source>
+        <translation>Réinitialiser (R)</translation>
+    </message>
+    <message>
+        <source>Forgets the tempo and starts to search again.</source>
+        <translation>Oublie le tempo et recommence la recherche.</translation>
+    </message>
+    <message>
+        <source>Open audio file</source>
+        <translation>Ouvrir un fichier audio</translation>
+    </message>
+    <message>
+        <source>Audio files (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;All files (*)</source>
+        <translation>Fichiers audio (*.wav *.flac *.ogg *.opus *.mp3 *.aiff *.aif);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>About beat-monitor</source>
+        <translation>À propos de beat-monitor</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Shows the beat and the tempo of live music.&lt;/p&gt;&lt;p&gt;MIT licence.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Montre le beat et le tempo de la musique en direct.&lt;/p&gt;&lt;p&gt;Licence MIT.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -573,6 +826,106 @@
     <message>
         <source>A&amp;dd…</source>
         <translation>A&amp;jouter…</translation>
+    </message>
+</context>
+<context>
+    <name>SpeakersPanel</name>
+    <message>
+        <source>Speakers that pump with the beat</source>
+        <translation>Enceintes qui pulsent en rythme</translation>
+    </message>
+</context>
+<context>
+    <name>SpectrumPanel</name>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>dB</source>
+        <translation>dB</translation>
+    </message>
+    <message>
+        <source>Amplitude spectrum</source>
+        <translation>Spectre d’amplitude</translation>
+    </message>
+    <message>
+        <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
+        <translation>0 dB est la valeur la plus forte jusqu’ici. En teinté&#xa0;: la bande du profil choisi, où les impulsions sont cherchées.</translation>
+    </message>
+</context>
+<context>
+    <name>Tray</name>
+    <message>
+        <source>&amp;Hide window</source>
+        <translation>&amp;Masquer la fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Show window</source>
+        <translation>&amp;Afficher la fenêtre</translation>
+    </message>
+</context>
+<context>
+    <name>sourcetexts</name>
+    <message>
+        <source>No data comes from “%1”. Check that nothing else holds it.</source>
+        <translation>Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez que rien d’autre ne l’occupe.</translation>
+    </message>
+    <message>
+        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
+        <translation>Rien que du silence de «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
+    </message>
+    <message>
+        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
+        <translation>Trop faible pour compter comme de la musique. Montez l’entrée ou baissez le seuil de silence.</translation>
+    </message>
+    <message>
+        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
+        <translation>Saturation&#xa0;: le niveau est écrêté à pleine échelle. Baissez l’entrée.</translation>
+    </message>
+    <message>
+        <source>“%1” offers no format that can be analysed. Choose another input.</source>
+        <translation>«&#xa0;%1&#xa0;» n’offre aucun format analysable. Choisissez une autre entrée.</translation>
+    </message>
+    <message>
+        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
+        <translation>«&#xa0;%1&#xa0;» ne fournit que %2 canaux&#xa0;; il faut une entrée mono ou un moniteur.</translation>
+    </message>
+    <message>
+        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
+        <translation>En attente de «&#xa0;%1&#xa0;»&#xa0;; reprise dès que le périphérique est là.</translation>
+    </message>
+    <message>
+        <source>Opening “%1” …</source>
+        <translation>Ouverture de «&#xa0;%1&#xa0;» …</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”</source>
+        <translation>Écoute de «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”: no music</source>
+        <translation>Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2 of %3</source>
+        <translation>Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2</source>
+        <translation>Lecture de «&#xa0;%1&#xa0;»   %2</translation>
+    </message>
+    <message>
+        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
+        <translation>Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
+    </message>
+    <message>
+        <source>“%1” has ended</source>
+        <translation>«&#xa0;%1&#xa0;» est terminé</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
 </context>
 </TS>

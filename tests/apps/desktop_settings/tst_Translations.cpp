@@ -4,10 +4,12 @@
 #include "PanelTest.h"
 
 #include <QAbstractSpinBox>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSet>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -176,6 +178,7 @@ private Q_SLOTS:
     void files_areUpToDate();
     void files_holdTheSameTexts_data();
     void files_holdTheSameTexts();
+    void contexts_areThoseOfTheFiles();
     void texts_areTranslated_data();
     void texts_areTranslated();
     void placeholders_agree_data();
@@ -490,6 +493,34 @@ void tst_Translations::files_holdTheSameTexts()
     const QStringList texts = names(language);
     QVERIFY(texts.size() > 100);
     QCOMPARE(texts, names(Text("de")));
+}
+
+/// A helper that gives the context by name is not understood by lupdate, which takes the context
+/// from the place: both must be the same, or the text is never found.
+void tst_Translations::contexts_areThoseOfTheFiles()
+{
+    QSet<QString> contexts;
+    for (const Message& message : ReadMessages(Text("de")))
+        contexts.insert(message.context);
+    const QRegularExpression call(Text("translate\\(\\s*\"(\\w+)\""));
+    QDirIterator files(kProject + Text("/apps/desktop"),
+                       {Text("*.cpp")},
+                       QDir::Files,
+                       QDirIterator::Subdirectories);
+    int calls = 0;
+    while (files.hasNext()) {
+        QFile file(files.next());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString source = QString::fromUtf8(file.readAll());
+        auto matches = call.globalMatch(source);
+        for (; matches.hasNext(); ++calls) {
+            const QString context = matches.next().captured(1);
+            // The help on the terminal is written before a language is known.
+            const bool isTerminal = context == QLatin1String("MonitorOptions");
+            QVERIFY2(isTerminal || contexts.contains(context), qPrintable(file.fileName()));
+        }
+    }
+    QVERIFY(calls > 0);
 }
 
 void tst_Translations::texts_areTranslated_data()
