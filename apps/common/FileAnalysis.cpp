@@ -8,7 +8,6 @@
 namespace {
 
 constexpr quint64 kStartTime = 1000000;  ///< µs; any constant above 0
-constexpr quint64 kBlocksPerEventLoop = 64;
 
 QAudioFormat MakeFormat(int pSampleRate)
 {
@@ -38,6 +37,7 @@ FileAnalysis::FileAnalysis(const AnalysisOptions& pOptions, AudioSource& pSource
       m_batch(m_analyzer.getPulseBlockSize())
 {
     m_options.Apply(m_analyzer);
+    m_analyzer.setBeatTimerAllowed(false);
     m_log.Follow(&m_analyzer, pSource.getSampleRate());
     QObject::connect(&m_analyzer,
                      &AudioAnalyzer::OnAudioSamplesAnalyzed,
@@ -61,7 +61,7 @@ bool FileAnalysis::Run(const BatchObserver& pObserver)
 /// Feeds all whole blocks; the samples of the last, shorter one stay at the front of the batch.
 bool FileAnalysis::_AnalyzeSource(const BatchObserver& pObserver)
 {
-    for (quint64 block = 1;; ++block) {
+    for (;;) {
         const std::size_t count = m_source.Read(m_batch.data(), m_batch.size());
         m_sampleCount += count;
         for (std::size_t i = 0; i < count; ++i)
@@ -72,8 +72,6 @@ bool FileAnalysis::_AnalyzeSource(const BatchObserver& pObserver)
             return false;
         if (count < m_batch.size())
             return true;
-        if (block % kBlocksPerEventLoop == 0)
-            QCoreApplication::processEvents();
     }
 }
 
