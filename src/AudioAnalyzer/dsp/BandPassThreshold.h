@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/Export.h>
+
 #include <QtGlobal>
 
 #include <cstddef>
@@ -16,8 +18,8 @@ class FastFourierTransform;
 /// farther from the threshold than everything that rounding can do; docs/stop-decision.md proves
 /// the bound. What they leave open goes through the full transform.
 ///
-/// Internal to the library: neither installed nor exported. Threads: one thread at a time.
-class BandPassThreshold
+/// Threads: one thread at a time.
+class AUDIOANALYZER_EXPORT BandPassThreshold
 {
 public:
     /// A band in Hz, the rate of the samples in Hz, and the line as a 16-bit sample value.
