@@ -66,9 +66,13 @@ set(CPACK_DEBIAN_TOOLS_DESCRIPTION
 "find the beats and the tempo of music, in files and live
 audio-analyzer prints the beats of audio files and of live inputs in the
 formats of label editors and of music research, and writes click tracks and
-plots. A Vamp plugin shows the same beats in hosts such as Sonic Visualiser.
-.
-beat-monitor, where it was built, shows beat, tempo and spectrum in a window.")
+plots. A Vamp plugin shows the same beats in hosts such as Sonic Visualiser.")
+if(TARGET beat-monitor)
+  string(APPEND CPACK_DEBIAN_TOOLS_DESCRIPTION
+"
+beat-monitor shows the beat, the tempo and the spectrum of live music in a
+window.")
+endif()
 
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-audioanalyzer)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
