@@ -65,6 +65,8 @@ BeatTracker::BeatTracker(float pSampleRate)
       m_blockSize(m_analysis ? size_t(AudioAnalysis_GetBlockSize(m_analysis.get()))
                              : kBlockSizeWithoutAnalysis)
 {
+    if (!m_analysis)
+        m_refusal = AudioAnalysis_GetErrorText(nullptr);
     _Connect();
 }
 
@@ -112,7 +114,7 @@ void BeatTracker::setParameter(std::string pName, float pValue)
 bool BeatTracker::initialise(size_t pChannels, size_t pStepSize, size_t pBlockSize)
 {
     if (!m_analysis)
-        return _Refuse(AudioAnalysis_GetErrorText(nullptr));
+        return _Refuse(m_refusal);
     if (pChannels < 1 || pChannels > kMaximalChannels)
         return _Refuse("1 to " + std::to_string(kMaximalChannels) + " channels can be analysed");
     if (pStepSize < 1 || pStepSize > pBlockSize)

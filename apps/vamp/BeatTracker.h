@@ -67,6 +67,7 @@ private:
 
     TrackerParameters m_parameters;
     Analysis m_analysis;           ///< null when the sample rate cannot be used
+    std::string m_refusal;         ///< why m_analysis is null
     size_t m_blockSize;            ///< samples of a pulse block
     size_t m_channels = 0;         ///< 0 = not initialised
     size_t m_stepSize = 0;         ///< frames
