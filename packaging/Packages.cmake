@@ -80,6 +80,10 @@ set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
   "${this_library}, python3 (>= 3.9)")
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-numpy)
+# Compiled files come and go with the package.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+  ${CMAKE_CURRENT_SOURCE_DIR}/debian/python/postinst
+  ${CMAKE_CURRENT_SOURCE_DIR}/debian/python/prerm)
 set(CPACK_DEBIAN_PYTHON_DESCRIPTION
 "beats and tempo of audio as it is pushed - Python module
 AudioAnalyzer finds pulses, beats and the tempo of live audio, and announces
