@@ -187,6 +187,7 @@ void MainWindow::_Connect()
     connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
     connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
     connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
+    connect(&m_session.getFeed(), &LiveFeed::OnFlashed, this, &MainWindow::_OnFlashed);
     connect(&m_refresh, &QTimer::timeout, this, &MainWindow::_Refresh);
 }
 
@@ -258,16 +259,31 @@ void MainWindow::_Refresh()
     for (LivePanel* pPanel : m_livePanels)
         if (pPanel->isVisible())
             pPanel->Refresh(values, now);
+    _ChoosePace(values, now);
     if (now - m_lastStatus >= kStatusMs) {
         m_lastStatus = now;
         _ShowSource();
     }
 }
 
+void MainWindow::_OnFlashed()
+{
+    if (m_refresh.isActive() && m_refresh.interval() != kFlashMs)
+        m_refresh.start(kFlashMs);
+}
+
+void MainWindow::_ChoosePace(const LiveValues& pValues, qint64 pNow)
+{
+    const bool isFading = pNow - pValues.beatTime <= SpeakersPanel::kFadeMs + kCalmMs ||
+                          pNow - pValues.pulseTime <= LedPanel::kFadeMs + kCalmMs;
+    if (!isFading && m_refresh.interval() != kCalmMs)
+        m_refresh.start(kCalmMs);
+}
+
 void MainWindow::_WatchRefresh()
 {
     if (isVisible() && !isMinimized())
-        m_refresh.start(kRefreshMs);
+        m_refresh.start(kCalmMs);
     else
         m_refresh.stop();
 }

@@ -15,6 +15,7 @@ class Card;
 class LedPanel;
 class LevelPanel;
 class LivePanel;
+struct LiveValues;
 class MonitorSession;
 class QAction;
 class QMenu;
@@ -33,7 +34,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    static constexpr int kRefreshMs = 16;
+    static constexpr int kFlashMs = 16;  ///< between two looks while a lamp fades
+    static constexpr int kCalmMs = 32;   ///< and otherwise
 
     /// pSession is not owned. pDesktop: the palette before the program set its own.
     MainWindow(MonitorSession& pSession,
@@ -86,6 +88,8 @@ private:
     void _Retranslate();
     void _Refresh();
     void _WatchRefresh();
+    void _OnFlashed();
+    void _ChoosePace(const LiveValues& pValues, qint64 pNow);
     void _ShowSource();
     void _HideEmptyCards();
     void _ApplyLook();

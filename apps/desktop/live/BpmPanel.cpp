@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kTempoScale = 4.2;  ///< of the window's font
 constexpr double kUnitScale = 1.4;
+constexpr qint64 kFrameMs = 100;  ///< a tempo changes with beats
 
 QFont Scaled(QFont pFont, double pScale, QFont::Weight pWeight)
 {
@@ -85,8 +86,11 @@ void BpmPanel::Retranslate()
 
 void BpmPanel::setColors(const LookColors&) {}
 
-void BpmPanel::Refresh(const LiveValues& pValues, qint64)
+void BpmPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 {
+    if (pNow - m_lastFrame < kFrameMs)
+        return;
+    m_lastFrame = pNow;
     _ShowTempo(pValues);
     const int accuracy = pValues.isPlaying ? int(std::lround(100.0 * pValues.accuracy)) : 0;
     if (m_pAccuracy->value() != accuracy)

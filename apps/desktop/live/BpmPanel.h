@@ -39,4 +39,5 @@ private:
     QProgressBar* m_pAccuracy;
     QLabel* m_pHint;
     bool m_isStoppedShown = false;
+    qint64 m_lastFrame = 0;  ///< ms
 };

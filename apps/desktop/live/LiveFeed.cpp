@@ -80,6 +80,7 @@ void LiveFeed::_OnPulse(const Pulse& pPulse)
 {
     m_values.pulseTime = getTime();
     m_values.isPulseVirtual = pPulse.getType() == eVirtualBeat;
+    Q_EMIT OnFlashed();
 }
 
 /// The beat that falls due now was predicted from the one that was chosen last.
@@ -88,6 +89,7 @@ void LiveFeed::_OnBeat()
     m_values.beatTime = getTime();
     m_values.isBeatVirtual = m_isLastBeatVirtual;
     ++m_beatCount;
+    Q_EMIT OnFlashed();
 }
 
 void LiveFeed::_OnBeatLogged(const LoggedBeat& pBeat)

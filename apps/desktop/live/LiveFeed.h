@@ -38,6 +38,10 @@ public:
     /// Real and virtual beats that have been announced since the program started.
     quint64 getBeatCount() const { return m_beatCount; }
 
+Q_SIGNALS:
+    /// A beat or a pulse has come.
+    void OnFlashed();
+
 private:
     void _Connect(AudioAnalyzer* pAnalyzer);
     void _OnSpectrum(const double* pAmplitudes, unsigned int pCount);

@@ -5,6 +5,7 @@
 #include <qwt_scale_map.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -12,21 +13,7 @@ constexpr double kFall = 90.0;      ///< dB a second
 constexpr double kPeakFall = 24.0;  ///< likewise
 constexpr qint64 kPeakHoldMs = 800;
 
-/// Lowers pLevel towards the floor. True when it has moved.
-bool Lower(double& pLevel, double pBy)
-{
-    const double before = pLevel;
-    pLevel = std::max(pLevel - pBy, SpectrumBars::kLeast);
-    return pLevel < before;
-}
-
 }  // namespace
-
-void SpectrumBars::setColors(const QColor& pBar, const QColor& pPeak)
-{
-    m_bar = pBar;
-    m_peak = pPeak;
-}
 
 void SpectrumBars::_SetBars(std::size_t pBinCount, int pSampleRate)
 {
@@ -50,43 +37,55 @@ void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, 
         const auto [first, last] = m_bars[i].bins;
         const double power = *std::max_element(pAmplitudes.begin() + std::ptrdiff_t(first),
                                                pAmplitudes.begin() + std::ptrdiff_t(last) + 1);
-        m_levels[i] = std::max(m_levels[i], detail::PowerDecibels(power, kLeast));
+        _Move(m_levels[i], std::max(m_levels[i], detail::PowerDecibels(power, kLeast)));
         if (m_levels[i] >= m_peaks[i]) {
-            m_peaks[i] = m_levels[i];
+            _Move(m_peaks[i], m_levels[i]);
             m_peakTimes[i] = pNow;
         }
     }
 }
 
-bool SpectrumBars::Fall(qint64 pNow)
+void SpectrumBars::Fall(qint64 pNow)
 {
     const double seconds = double(std::clamp<qint64>(pNow - m_lastFall, 0, 1000)) / 1000.0;
     m_lastFall = pNow;
-    bool hasMoved = false;
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
-        hasMoved |= Lower(m_levels[i], kFall * seconds);
+        _Move(m_levels[i], std::max(m_levels[i] - kFall * seconds, kLeast));
         if (pNow - m_peakTimes[i] >= kPeakHoldMs)
-            hasMoved |= Lower(m_peaks[i], kPeakFall * seconds);
+            _Move(m_peaks[i], std::max(m_peaks[i] - kPeakFall * seconds, kLeast));
     }
-    return hasMoved;
+}
+
+SpectrumBars::Range SpectrumBars::TakeMoved()
+{
+    return std::exchange(m_moved, kStill);
+}
+
+void SpectrumBars::_Move(double& pLevel, double pTo)
+{
+    if (pTo >= pLevel && pTo <= pLevel)
+        return;
+    m_moved = {std::min({m_moved.low, pLevel, pTo}), std::max({m_moved.high, pLevel, pTo})};
+    pLevel = pTo;
 }
 
 void SpectrumBars::Draw(QPainter& pPainter,
                         const QwtScaleMap& pX,
                         const QwtScaleMap& pY,
+                        const LookColors& pColors,
                         const QRectF& pCanvas) const
 {
     const double bottom = pCanvas.bottom() + 1.0;
     const double gap = std::max(1.0, pCanvas.width() / 400.0);
-    const double line = std::max(1.5, pCanvas.height() / 90.0);
+    const double line = getPeakLine(pCanvas.height());
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
         const double left = pX.transform(m_bars[i].low);
         const double width = pX.transform(m_bars[i].high) - left - gap;
         if (m_levels[i] > kLeast) {
             const double top = pY.transform(m_levels[i]);
-            pPainter.fillRect(QRectF(left, top, width, bottom - top), m_bar);
+            pPainter.fillRect(QRectF(left, top, width, bottom - top), pColors.spectrum);
         }
         if (m_peaks[i] > kLeast)
-            pPainter.fillRect(QRectF(left, pY.transform(m_peaks[i]), width, line), m_peak);
+            pPainter.fillRect(QRectF(left, pY.transform(m_peaks[i]), width, line), pColors.peak);
     }
 }

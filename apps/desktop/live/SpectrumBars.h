@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "../Look.h"
 #include "../detail/SpectrumBands.h"
 
-#include <QColor>
 #include <QRectF>
 
 #include <cstddef>
@@ -21,20 +21,32 @@ public:
     static constexpr double kHigh = 16000.0;   ///< Hz
     static constexpr double kLeast = -60.0;    ///< dB
 
-    void setColors(const QColor& pBar, const QColor& pPeak);
     /// A new spectrum of normalised powers; pNow: ms.
     void Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow);
-    /// Lets the bars fall as time goes by. True when anything has moved.
-    bool Fall(qint64 pNow);
+    /// Lets the bars fall as time goes by.
+    void Fall(qint64 pNow);
+    /// Where bars and peaks have moved since the last call.
+    struct Range
+    {
+        double low;   ///< dB
+        double high;  ///< dB; below low = nothing has moved
+    };
+    Range TakeMoved();
     const std::vector<double>& getLevels() const { return m_levels; }  ///< dB
     const std::vector<double>& getPeaks() const { return m_peaks; }
 
+    /// How thick a peak is drawn on a canvas of that height, pixels.
+    static double getPeakLine(double pHeight) { return pHeight < 180.0 ? 1.5 : pHeight / 120.0; }
     void Draw(QPainter& pPainter,
               const QwtScaleMap& pX,
               const QwtScaleMap& pY,
+              const LookColors& pColors,
               const QRectF& pCanvas) const;
 
 private:
+    static constexpr Range kStill = {1.0, -1000.0};
+
+    void _Move(double& pLevel, double pTo);
     void _SetBars(std::size_t pBinCount, int pSampleRate);
 
     std::vector<detail::SpectrumBar> m_bars;  ///< none before the first spectrum
@@ -44,6 +56,5 @@ private:
     std::size_t m_binCount = 0;
     int m_sampleRate = 0;   ///< Hz
     qint64 m_lastFall = 0;  ///< ms
-    QColor m_bar;
-    QColor m_peak;
+    Range m_moved = kStill;
 };

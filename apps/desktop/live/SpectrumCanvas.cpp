@@ -3,34 +3,80 @@
 
 #include "SpectrumBars.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <qwt_plot.h>
+#include <qwt_scale_div.h>
+#include <qwt_scale_map.h>
 
 SpectrumCanvas::SpectrumCanvas(QwtPlot* pPlot, const SpectrumBars& pBars)
-    : QwtPlotCanvas(pPlot), m_bars(pBars)
+    : QwtPlotCanvas(pPlot), m_bars(pBars), m_pColors(&::getColors(eLightLook))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setPaintAttribute(BackingStore, false);
     setFrameStyle(QFrame::NoFrame);
 }
 
-void SpectrumCanvas::Redraw()
+void SpectrumCanvas::setColors(const LookColors& pColors)
 {
-    m_ground.Clear();
+    m_pColors = &pColors;
     update();
 }
 
-void SpectrumCanvas::paintEvent(QPaintEvent*)
+void SpectrumCanvas::setBand(int pLow, int pHigh)
 {
-    const auto drawGround = [this](QPainter& pPainter) {
-        pPainter.setRenderHint(QPainter::Antialiasing, false);
-        plot()->drawCanvas(&pPainter);
-    };
+    if (pLow == m_low && pHigh == m_high)
+        return;
+    m_low = pLow;
+    m_high = pHigh;
+    update();
+}
+
+void SpectrumCanvas::RepaintBetween(double pLow, double pHigh)
+{
+    const QwtScaleMap map = plot()->canvasMap(QwtPlot::yLeft);
+    const int top = int(map.transform(pHigh)) - 1;
+    const int bottom = int(map.transform(pLow) + SpectrumBars::getPeakLine(height())) + 2;
+    update(0, top, width(), bottom - top);
+}
+
+void SpectrumCanvas::paintEvent(QPaintEvent* pEvent)
+{
     QPainter painter(this);
-    painter.drawPixmap(0, 0, m_ground.Get(0, *this, drawGround));
+    painter.fillRect(pEvent->rect(), palette().color(backgroundRole()));
+    _DrawBand(painter);
+    _DrawGrid(painter);
     m_bars.Draw(painter,
                 plot()->canvasMap(QwtPlot::xBottom),
                 plot()->canvasMap(QwtPlot::yLeft),
+                *m_pColors,
                 contentsRect());
+}
+
+void SpectrumCanvas::_DrawBand(QPainter& pPainter) const
+{
+    const QwtScaleMap map = plot()->canvasMap(QwtPlot::xBottom);
+    const double left = m_low < 1 ? 0.0 : map.transform(m_low);
+    const double right = m_high < 1 ? width() : map.transform(m_high);
+    if (right > left)
+        pPainter.fillRect(QRectF(left, 0.0, right - left, height()), m_pColors->band);
+}
+
+void SpectrumCanvas::_DrawGrid(QPainter& pPainter) const
+{
+    const auto ticks = [this](int pAxis) {
+        return plot()->axisScaleDiv(pAxis).ticks(QwtScaleDiv::MajorTick);
+    };
+    const auto frequencies = ticks(QwtPlot::xBottom);
+    for (const double hertz : frequencies) {
+        const double x = plot()->transform(QwtPlot::xBottom, hertz);
+        pPainter.fillRect(QRectF(x, 0.0, 1.0, height()), m_pColors->trough);
+    }
+    const auto levels = ticks(QwtPlot::yLeft);
+    for (const double level : levels) {
+        const double y = plot()->transform(QwtPlot::yLeft, level);
+        pPainter.fillRect(QRectF(0.0, y, width(), 1.0), m_pColors->trough);
+    }
 }
 
 #include "moc_SpectrumCanvas.cpp"

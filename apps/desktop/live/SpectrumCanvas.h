@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FrameCache.h"
+#include "../Look.h"
 
 #include <qwt_plot_canvas.h>
 
 class SpectrumBars;
 
-/// Draws the bars over a picture of all that does not move.
+/// Draws the bars on the grid of the plot's scales and the band of a profile.
+///
+/// All of it is plain rectangles: it is painted thirty times a second.
 class SpectrumCanvas : public QwtPlotCanvas
 {
     Q_OBJECT
@@ -16,13 +18,23 @@ public:
     /// pBars is not owned.
     SpectrumCanvas(QwtPlot* pPlot, const SpectrumBars& pBars);
 
-    /// Grid, band or colours are others now.
-    void Redraw();
+    void setColors(const LookColors& pColors);
+    /// Hz; below 1 = no such edge.
+    void setBand(int pLow, int pHigh);
+    int getLow() const { return m_low; }
+    int getHigh() const { return m_high; }
+    /// Repaints from one level to another, dB.
+    void RepaintBetween(double pLow, double pHigh);
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
-    const SpectrumBars& m_bars;  ///< not owned
-    FrameCache m_ground;
+    void _DrawBand(QPainter& pPainter) const;
+    void _DrawGrid(QPainter& pPainter) const;
+
+    const SpectrumBars& m_bars;   ///< not owned
+    const LookColors* m_pColors;  ///< not owned
+    int m_low = 0;                ///< Hz
+    int m_high = 0;               ///< Hz
 };

@@ -7,8 +7,6 @@
 
 #include <QVBoxLayout>
 #include <qwt_plot.h>
-#include <qwt_plot_grid.h>
-#include <qwt_plot_zoneitem.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_widget.h>
@@ -40,7 +38,6 @@ QwtScaleDiv FrequencyTicks()
 
 SpectrumPanel::SpectrumPanel(Configuration& pConfiguration, QWidget* pParent)
     : LivePanel(pParent), m_configuration(pConfiguration), m_pPlot(new QwtPlot(this)),
-      m_pGrid(new QwtPlotGrid), m_pBand(new QwtPlotZoneItem),
       m_pCanvas(new SpectrumCanvas(m_pPlot, m_bars))
 {
     auto* pLayout = new QVBoxLayout(this);
@@ -48,10 +45,6 @@ SpectrumPanel::SpectrumPanel(Configuration& pConfiguration, QWidget* pParent)
     pLayout->addWidget(m_pPlot);
     m_pPlot->setCanvas(m_pCanvas);
     m_pPlot->setAutoReplot(false);
-    m_pBand->setOrientation(Qt::Vertical);
-    m_pBand->setPen(QPen(Qt::NoPen));
-    m_pGrid->attach(m_pPlot);
-    m_pBand->attach(m_pPlot);
     _MakeAxes();
     _SetFonts();
     _ShowBand();
@@ -70,7 +63,6 @@ void SpectrumPanel::_MakeAxes()
         m_pPlot->axisScaleDraw(axis)->enableComponent(QwtAbstractScaleDraw::Backbone, false);
     }
     m_pPlot->setMinimumHeight(8 * fontMetrics().height());
-    m_pGrid->enableXMin(false);
 }
 
 void SpectrumPanel::_SetFonts()
@@ -107,11 +99,7 @@ void SpectrumPanel::Retranslate()
 
 void SpectrumPanel::setColors(const LookColors& pColors)
 {
-    m_bars.setColors(pColors.spectrum, pColors.peak);
-    m_pBand->setBrush(pColors.band);
-    m_pGrid->setPen(QPen(pColors.trough, 0.0));
-    m_pPlot->setCanvasBackground(palette().brush(backgroundRole()));
-    m_pCanvas->Redraw();
+    m_pCanvas->setColors(pColors);
 }
 
 void SpectrumPanel::Refresh(const LiveValues& pValues, qint64 pNow)
@@ -119,31 +107,21 @@ void SpectrumPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastFrame < kFrameMs)
         return;
     m_lastFrame = pNow;
-    bool hasMoved = m_bars.Fall(pNow);
+    m_bars.Fall(pNow);
     if (pValues.spectrumCount != m_spectrumCount) {
         m_spectrumCount = pValues.spectrumCount;
         m_bars.Add(pValues.amplitudes, pValues.sampleRate, pNow);
-        hasMoved = true;
     }
-    if (_ShowBand())
-        m_pCanvas->Redraw();
-    else if (hasMoved)
-        m_pCanvas->update();
+    const SpectrumBars::Range moved = m_bars.TakeMoved();
+    if (moved.low <= moved.high)
+        m_pCanvas->RepaintBetween(moved.low, moved.high);
+    _ShowBand();
 }
 
-/// True when the band is another one now.
-bool SpectrumPanel::_ShowBand()
+void SpectrumPanel::_ShowBand()
 {
     const Profile profile = m_configuration.getSelectedProfile();
-    const int low = profile.getFilterLowFrequency();
-    const int high = profile.getFilterHighFrequency();
-    if (low == m_low && high == m_high)
-        return false;
-    m_low = low;
-    m_high = high;
-    m_pBand->setInterval(low < 1 ? SpectrumBars::kLow : double(low),
-                         high < 1 ? SpectrumBars::kHigh : double(high));
-    return true;
+    m_pCanvas->setBand(profile.getFilterLowFrequency(), profile.getFilterHighFrequency());
 }
 
 #include "moc_SpectrumPanel.cpp"
