@@ -222,7 +222,7 @@ void MainWindow::_Retranslate()
 {
     setWindowTitle(tr("Beat Monitor"));
     m_pFileMenu->setTitle(tr("&File"));
-    m_pOpen->setText(tr("&Open audio file\u2009\u2026"));
+    m_pOpen->setText(tr("&Open audio file…"));
     m_pStop->setText(tr("&Listen to the input again"));
     m_pReset->setText(tr("&Reset the analysis"));
     m_pQuit->setText(tr("&Quit"));
@@ -291,7 +291,7 @@ void MainWindow::_WatchRefresh()
 void MainWindow::_ShowSource()
 {
     const SourceState source = m_session.getSource();
-    const sourcetexts::Text text = sourcetexts::describe(source);
+    const SourceTexts::Text text = SourceTexts::Describe(source);
     m_pStatus->setSource(text.text, text.isWarning);
     m_pStop->setEnabled(source.kind == SourceState::eFile || source.kind == SourceState::eEnded);
 }

@@ -3,7 +3,6 @@
 
 #include <AudioAnalyzer/Version.h>
 
-#include <QCoreApplication>
 #include <QFile>
 
 #include <CLI/CLI.hpp>
@@ -20,27 +19,23 @@ struct Values
     bool isLooped = false;
 };
 
-std::string tr(const char* pText)
-{
-    return QCoreApplication::translate("MonitorOptions", pText).toStdString();
-}
-
+// In English: they are said before the language is known.
 void AddOptions(CLI::App& pApp, Values& pValues)
 {
-    pApp.add_option("--device", pValues.device, tr("Input device to listen to, by its name"))
-        ->type_name(tr("NAME"));
+    pApp.add_option("--device", pValues.device, "Input device to listen to, by its name")
+        ->type_name("NAME");
     pApp.add_option("--ini",
                     pValues.ini,
-                    tr("Settings of the panels (default: AudioAnalyzer.ini "
-                       "beside the program)"))
-        ->type_name(tr("FILE"))
+                    "Settings of the panels (default: AudioAnalyzer.ini "
+                    "beside the program)")
+        ->type_name("FILE")
         ->check(CLI::ExistingFile);
     CLI::Option* pPlay =
-        pApp.add_option("--play", pValues.file, tr("Audio file to play as if it were live"))
-            ->type_name(tr("FILE"));
-    pApp.add_flag("--loop", pValues.isLooped, tr("Play that file over and over"))->needs(pPlay);
+        pApp.add_option("--play", pValues.file, "Audio file to play as if it were live")
+            ->type_name("FILE");
+    pApp.add_flag("--loop", pValues.isLooped, "Play that file over and over")->needs(pPlay);
     pApp.set_version_flag("--version", std::string("beat-monitor ") + AUDIOANALYZER_VERSION);
-    pApp.footer(tr("Example: beat-monitor --play song.flac"));
+    pApp.footer("Example: beat-monitor --play song.flac");
 }
 
 MonitorOptions Refusal(const CLI::App& pApp, const CLI::ParseError& pError)
@@ -58,7 +53,7 @@ MonitorOptions Refusal(const CLI::App& pApp, const CLI::ParseError& pError)
 
 MonitorOptions parseMonitorOptions(int pCount, const char* const* pValues)
 {
-    CLI::App app(tr("Shows the beat and the tempo of live music."), "beat-monitor");
+    CLI::App app("Shows the beat and the tempo of live music.", "beat-monitor");
     Values values;
     AddOptions(app, values);
     try {

@@ -101,8 +101,7 @@ void BpmPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 void BpmPanel::_ShowTempo(const LiveValues& pValues)
 {
     const bool isKnown = pValues.bpm > 0.0;
-    setTextOf(*m_pTempo,
-              isKnown ? QLocale().toString(pValues.bpm, 'f', 1) : QStringLiteral("\u2013"));
+    setTextOf(*m_pTempo, isKnown ? QLocale().toString(pValues.bpm, 'f', 1) : QStringLiteral("–"));
     const auto role = isKnown && !pValues.isHeld ? QPalette::WindowText : QPalette::PlaceholderText;
     if (m_pTempo->foregroundRole() != role)
         m_pTempo->setForegroundRole(role);
@@ -126,7 +125,7 @@ QString BpmPanel::_DescribeState(const LiveValues& pValues) const
         return pValues.bpm > 0.0 ? tr("Stopped; this was the tempo.") : tr("Stopped: no music.");
     if (pValues.isHeld)
         return tr("Held: not measured now.");
-    return pValues.bpm > 0.0 ? QString() : tr("Measuring\u2009\u2026");
+    return pValues.bpm > 0.0 ? QString() : tr("Measuring…");
 }
 
 QString BpmPanel::_DescribeRange(double pMeasured) const
@@ -136,7 +135,7 @@ QString BpmPanel::_DescribeRange(double pMeasured) const
         detail::FindTempoHint(pMeasured, profile.getMinimalBPM(), profile.getMaximalBPM());
     if (hint.kind == detail::eNoHint)
         return {};
-    const QString measured = tr("Measured %1 BPM, out of the range of \u201c%2\u201d")
+    const QString measured = tr("Measured %1 BPM, out of the range of “%2”")
                                  .arg(QLocale().toString(pMeasured, 'f', 1), profile.getName());
     const QString other = QLocale().toString(hint.bpm, 'f', 1);
     if (hint.kind == detail::eHalfHint)

@@ -55,7 +55,7 @@ void LedPanel::Retranslate()
 void LedPanel::_Describe()
 {
     if (!m_hasFlashed)
-        m_pType->setText(QStringLiteral("\u2013"));
+        m_pType->setText(QStringLiteral("–"));
     else
         m_pType->setText(m_isVirtual ? tr("virtual") : tr("real"));
 }

@@ -156,7 +156,7 @@ void LevelPanel::_ShowNumber(eReadout pReadout, int pMagnitude)
 {
     const int decibels = int(std::lround(detail::ToDecibels(pMagnitude)));
     m_readouts[pReadout]->setValue(pMagnitude > 0 ? QLocale().toString(decibels)
-                                                  : QStringLiteral("\u2013"));
+                                                  : QStringLiteral("–"));
 }
 
 /// A threshold may also be set elsewhere.

@@ -13,7 +13,7 @@ Readout::Readout(QWidget* pParent)
     m_pSwatch->setAutoFillBackground(true);
     m_pValue->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     // As wide as any value, so that nothing moves when it changes.
-    m_pValue->setFixedSize(fontMetrics().horizontalAdvance(QStringLiteral("\u221260")),
+    m_pValue->setFixedSize(fontMetrics().horizontalAdvance(QStringLiteral("−60")),
                            fontMetrics().height());
     auto* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);

@@ -3,19 +3,28 @@
 
 #include "SourceState.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 /// The words in which the window says what it hears.
-namespace sourcetexts {
-
-struct Text
+class SourceTexts
 {
-    QString text;
-    bool isWarning;  ///< something is to be done
+    Q_DECLARE_TR_FUNCTIONS(SourceTexts)
+
+public:
+    struct Text
+    {
+        QString text;
+        bool isWarning;  ///< something is to be done
+    };
+
+    static Text Describe(const SourceState& pState);
+    /// m:ss, or h:mm:ss from an hour on.
+    static QString DescribeTime(double pSeconds);
+
+private:
+    static Text _DescribeNotice(const SourceState& pState);
+    static Text _DescribeUnusable(const SourceState& pState);
+    static Text _DescribeDevice(const SourceState& pState);
+    static Text _DescribeFile(const SourceState& pState);
 };
-
-Text describe(const SourceState& pState);
-/// m:ss, or h:mm:ss from an hour on.
-QString describeTime(double pSeconds);
-
-}  // namespace sourcetexts

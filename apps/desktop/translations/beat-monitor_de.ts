@@ -147,10 +147,6 @@
         <translation>Gehalten: wird gerade nicht gemessen.</translation>
     </message>
     <message>
-        <source>Measuring&#x2009;…</source>
-        <translation>Messung läuft&#x2009;…</translation>
-    </message>
-    <message>
         <source>Measured %1 BPM, out of the range of “%2”</source>
         <translation>Gemessen: %1 BPM, außerhalb des Bereichs von „%2“</translation>
     </message>
@@ -161,6 +157,10 @@
     <message>
         <source>%1; the double: %2.</source>
         <translation>%1; das Doppelte: %2.</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Misst …</translation>
     </message>
 </context>
 <context>
@@ -413,10 +413,6 @@
         <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>&amp;Open audio file&#x2009;…</source>
-        <translation>Audio&amp;datei öffnen&#x2009;…</translation>
-    </message>
-    <message>
         <source>&amp;Listen to the input again</source>
         <translation>Wieder den &amp;Eingang hören</translation>
     </message>
@@ -519,6 +515,10 @@
     <message>
         <source>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Shows the beat and the tempo of live music.&lt;/p&gt;&lt;p&gt;MIT licence.&lt;/p&gt;</source>
         <translation>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Zeigt Beat und Tempo von Livemusik.&lt;/p&gt;&lt;p&gt;MIT-Lizenz.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Open audio file…</source>
+        <translation>Audiodatei ö&amp;ffnen …</translation>
     </message>
 </context>
 <context>
@@ -829,6 +829,69 @@
     </message>
 </context>
 <context>
+    <name>SourceTexts</name>
+    <message>
+        <source>No data comes from “%1”. Check that nothing else holds it.</source>
+        <translation type="unfinished">Von „%1“ kommen keine Daten. Prüfen Sie, ob etwas anderes den Eingang belegt.</translation>
+    </message>
+    <message>
+        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
+        <translation type="unfinished">Nur Stille von „%1“. Starten Sie die Musik oder heben Sie die Stummschaltung auf.</translation>
+    </message>
+    <message>
+        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
+        <translation type="unfinished">Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stille-Schwelle.</translation>
+    </message>
+    <message>
+        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
+        <translation type="unfinished">Übersteuert: Der Pegel ist bei Vollaussteuerung abgeschnitten. Drehen Sie den Eingang herunter.</translation>
+    </message>
+    <message>
+        <source>“%1” offers no format that can be analysed. Choose another input.</source>
+        <translation type="unfinished">„%1“ bietet kein Format, das sich analysieren lässt. Wählen Sie einen anderen Eingang.</translation>
+    </message>
+    <message>
+        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
+        <translation type="unfinished">„%1“ liefert nur %2 Kanäle; nötig ist ein Mono-Eingang oder ein Monitor.</translation>
+    </message>
+    <message>
+        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
+        <translation type="unfinished">Wartet auf „%1“; es geht weiter, sobald das Gerät da ist.</translation>
+    </message>
+    <message>
+        <source>Opening “%1” …</source>
+        <translation type="unfinished">„%1“ wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”</source>
+        <translation type="unfinished">Hört „%1“</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”: no music</source>
+        <translation type="unfinished">Hört „%1“: keine Musik</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2 of %3</source>
+        <translation type="unfinished">Spielt „%1“   %2 von %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2</source>
+        <translation type="unfinished">Spielt „%1“   %2</translation>
+    </message>
+    <message>
+        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
+        <translation type="unfinished">Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
+    </message>
+    <message>
+        <source>“%1” has ended</source>
+        <translation type="unfinished">„%1“ ist zu Ende</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished">„%1“: %2</translation>
+    </message>
+</context>
+<context>
     <name>SpeakersPanel</name>
     <message>
         <source>Speakers that pump with the beat</source>
@@ -863,69 +926,6 @@
     <message>
         <source>&amp;Show window</source>
         <translation>Fenster &amp;zeigen</translation>
-    </message>
-</context>
-<context>
-    <name>sourcetexts</name>
-    <message>
-        <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation>Von „%1“ kommen keine Daten. Prüfen Sie, ob etwas anderes den Eingang belegt.</translation>
-    </message>
-    <message>
-        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation>Nur Stille von „%1“. Starten Sie die Musik oder heben Sie die Stummschaltung auf.</translation>
-    </message>
-    <message>
-        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation>Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stille-Schwelle.</translation>
-    </message>
-    <message>
-        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation>Übersteuert: Der Pegel ist bei Vollaussteuerung abgeschnitten. Drehen Sie den Eingang herunter.</translation>
-    </message>
-    <message>
-        <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation>„%1“ bietet kein Format, das sich analysieren lässt. Wählen Sie einen anderen Eingang.</translation>
-    </message>
-    <message>
-        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation>„%1“ liefert nur %2 Kanäle; nötig ist ein Mono-Eingang oder ein Monitor.</translation>
-    </message>
-    <message>
-        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation>Wartet auf „%1“; es geht weiter, sobald das Gerät da ist.</translation>
-    </message>
-    <message>
-        <source>Opening “%1” …</source>
-        <translation>„%1“ wird geöffnet …</translation>
-    </message>
-    <message>
-        <source>Listening to “%1”</source>
-        <translation>Hört „%1“</translation>
-    </message>
-    <message>
-        <source>Listening to “%1”: no music</source>
-        <translation>Hört „%1“: keine Musik</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Spielt „%1“   %2 von %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Spielt „%1“   %2</translation>
-    </message>
-    <message>
-        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
-    </message>
-    <message>
-        <source>“%1” has ended</source>
-        <translation>„%1“ ist zu Ende</translation>
-    </message>
-    <message>
-        <source>“%1”: %2</source>
-        <translation>„%1“: %2</translation>
     </message>
 </context>
 </TS>

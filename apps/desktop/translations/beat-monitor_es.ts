@@ -147,10 +147,6 @@
         <translation>Mantenido: ahora no se mide.</translation>
     </message>
     <message>
-        <source>Measuring&#x2009;…</source>
-        <translation>Midiendo&#x2009;…</translation>
-    </message>
-    <message>
         <source>Measured %1 BPM, out of the range of “%2”</source>
         <translation>Medido: %1 BPM, fuera del margen de «%2»</translation>
     </message>
@@ -161,6 +157,10 @@
     <message>
         <source>%1; the double: %2.</source>
         <translation>%1; el doble: %2.</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Midiendo…</translation>
     </message>
 </context>
 <context>
@@ -413,10 +413,6 @@
         <translation>&amp;Archivo</translation>
     </message>
     <message>
-        <source>&amp;Open audio file&#x2009;…</source>
-        <translation>&amp;Abrir archivo de audio&#x2009;…</translation>
-    </message>
-    <message>
         <source>&amp;Listen to the input again</source>
         <translation>&amp;Escuchar de nuevo la entrada</translation>
     </message>
@@ -519,6 +515,10 @@
     <message>
         <source>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Shows the beat and the tempo of live music.&lt;/p&gt;&lt;p&gt;MIT licence.&lt;/p&gt;</source>
         <translation>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Muestra el beat y el tempo de la música en directo.&lt;/p&gt;&lt;p&gt;Licencia MIT.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Open audio file…</source>
+        <translation>&amp;Abrir archivo de audio…</translation>
     </message>
 </context>
 <context>
@@ -829,6 +829,69 @@
     </message>
 </context>
 <context>
+    <name>SourceTexts</name>
+    <message>
+        <source>No data comes from “%1”. Check that nothing else holds it.</source>
+        <translation type="unfinished">No llegan datos de «%1». Compruebe que nada más la esté usando.</translation>
+    </message>
+    <message>
+        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
+        <translation type="unfinished">Solo silencio de «%1». Ponga la música o quite el silencio de la entrada.</translation>
+    </message>
+    <message>
+        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
+        <translation type="unfinished">Demasiado bajo para contar como música. Suba la entrada o baje el umbral de silencio.</translation>
+    </message>
+    <message>
+        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
+        <translation type="unfinished">Saturación: el nivel se corta en el fondo de escala. Baje la entrada.</translation>
+    </message>
+    <message>
+        <source>“%1” offers no format that can be analysed. Choose another input.</source>
+        <translation type="unfinished">«%1» no ofrece ningún formato que se pueda analizar. Elija otra entrada.</translation>
+    </message>
+    <message>
+        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
+        <translation type="unfinished">«%1» solo entrega %2 canales; hace falta una entrada mono o un monitor.</translation>
+    </message>
+    <message>
+        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
+        <translation type="unfinished">A la espera de «%1»; se reanuda en cuanto esté el dispositivo.</translation>
+    </message>
+    <message>
+        <source>Opening “%1” …</source>
+        <translation type="unfinished">Abriendo «%1» …</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”</source>
+        <translation type="unfinished">Escuchando «%1»</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”: no music</source>
+        <translation type="unfinished">Escuchando «%1»: sin música</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2 of %3</source>
+        <translation type="unfinished">Reproduciendo «%1»   %2 de %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2</source>
+        <translation type="unfinished">Reproduciendo «%1»   %2</translation>
+    </message>
+    <message>
+        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
+        <translation type="unfinished">No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
+    </message>
+    <message>
+        <source>“%1” has ended</source>
+        <translation type="unfinished">«%1» ha terminado</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished">«%1»: %2</translation>
+    </message>
+</context>
+<context>
     <name>SpeakersPanel</name>
     <message>
         <source>Speakers that pump with the beat</source>
@@ -863,69 +926,6 @@
     <message>
         <source>&amp;Show window</source>
         <translation>&amp;Mostrar la ventana</translation>
-    </message>
-</context>
-<context>
-    <name>sourcetexts</name>
-    <message>
-        <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation>No llegan datos de «%1». Compruebe que nada más la esté usando.</translation>
-    </message>
-    <message>
-        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation>Solo silencio de «%1». Ponga la música o quite el silencio de la entrada.</translation>
-    </message>
-    <message>
-        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation>Demasiado bajo para contar como música. Suba la entrada o baje el umbral de silencio.</translation>
-    </message>
-    <message>
-        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation>Saturación: el nivel se corta en el fondo de escala. Baje la entrada.</translation>
-    </message>
-    <message>
-        <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation>«%1» no ofrece ningún formato que se pueda analizar. Elija otra entrada.</translation>
-    </message>
-    <message>
-        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation>«%1» solo entrega %2 canales; hace falta una entrada mono o un monitor.</translation>
-    </message>
-    <message>
-        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation>A la espera de «%1»; se reanuda en cuanto esté el dispositivo.</translation>
-    </message>
-    <message>
-        <source>Opening “%1” …</source>
-        <translation>Abriendo «%1» …</translation>
-    </message>
-    <message>
-        <source>Listening to “%1”</source>
-        <translation>Escuchando «%1»</translation>
-    </message>
-    <message>
-        <source>Listening to “%1”: no music</source>
-        <translation>Escuchando «%1»: sin música</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Reproduciendo «%1»   %2 de %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Reproduciendo «%1»   %2</translation>
-    </message>
-    <message>
-        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation>No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
-    </message>
-    <message>
-        <source>“%1” has ended</source>
-        <translation>«%1» ha terminado</translation>
-    </message>
-    <message>
-        <source>“%1”: %2</source>
-        <translation>«%1»: %2</translation>
     </message>
 </context>
 </TS>

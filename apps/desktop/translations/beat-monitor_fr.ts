@@ -147,10 +147,6 @@
         <translation>Maintenu&#xa0;: pas de mesure en ce moment.</translation>
     </message>
     <message>
-        <source>Measuring&#x2009;…</source>
-        <translation>Mesure en cours&#x2009;…</translation>
-    </message>
-    <message>
         <source>Measured %1 BPM, out of the range of “%2”</source>
         <translation>Mesuré&#xa0;: %1 BPM, hors de la plage de «&#xa0;%2&#xa0;»</translation>
     </message>
@@ -161,6 +157,10 @@
     <message>
         <source>%1; the double: %2.</source>
         <translation>%1&#xa0;; le double&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Mesure en cours…</translation>
     </message>
 </context>
 <context>
@@ -413,10 +413,6 @@
         <translation>&amp;Fichier</translation>
     </message>
     <message>
-        <source>&amp;Open audio file&#x2009;…</source>
-        <translation>&amp;Ouvrir un fichier audio&#x2009;…</translation>
-    </message>
-    <message>
         <source>&amp;Listen to the input again</source>
         <translation>Éco&amp;uter à nouveau l’entrée</translation>
     </message>
@@ -519,6 +515,10 @@
     <message>
         <source>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Shows the beat and the tempo of live music.&lt;/p&gt;&lt;p&gt;MIT licence.&lt;/p&gt;</source>
         <translation>&lt;b&gt;beat-monitor %1&lt;/b&gt;&lt;p&gt;Montre le beat et le tempo de la musique en direct.&lt;/p&gt;&lt;p&gt;Licence MIT.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Open audio file…</source>
+        <translation>&amp;Ouvrir un fichier audio…</translation>
     </message>
 </context>
 <context>
@@ -829,6 +829,69 @@
     </message>
 </context>
 <context>
+    <name>SourceTexts</name>
+    <message>
+        <source>No data comes from “%1”. Check that nothing else holds it.</source>
+        <translation type="unfinished">Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez que rien d’autre ne l’occupe.</translation>
+    </message>
+    <message>
+        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
+        <translation type="unfinished">Rien que du silence de «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
+    </message>
+    <message>
+        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
+        <translation type="unfinished">Trop faible pour compter comme de la musique. Montez l’entrée ou baissez le seuil de silence.</translation>
+    </message>
+    <message>
+        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
+        <translation type="unfinished">Saturation&#xa0;: le niveau est écrêté à pleine échelle. Baissez l’entrée.</translation>
+    </message>
+    <message>
+        <source>“%1” offers no format that can be analysed. Choose another input.</source>
+        <translation type="unfinished">«&#xa0;%1&#xa0;» n’offre aucun format analysable. Choisissez une autre entrée.</translation>
+    </message>
+    <message>
+        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
+        <translation type="unfinished">«&#xa0;%1&#xa0;» ne fournit que %2 canaux&#xa0;; il faut une entrée mono ou un moniteur.</translation>
+    </message>
+    <message>
+        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
+        <translation type="unfinished">En attente de «&#xa0;%1&#xa0;»&#xa0;; reprise dès que le périphérique est là.</translation>
+    </message>
+    <message>
+        <source>Opening “%1” …</source>
+        <translation type="unfinished">Ouverture de «&#xa0;%1&#xa0;» …</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”</source>
+        <translation type="unfinished">Écoute de «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>Listening to “%1”: no music</source>
+        <translation type="unfinished">Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2 of %3</source>
+        <translation type="unfinished">Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1”   %2</source>
+        <translation type="unfinished">Lecture de «&#xa0;%1&#xa0;»   %2</translation>
+    </message>
+    <message>
+        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
+        <translation type="unfinished">Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
+    </message>
+    <message>
+        <source>“%1” has ended</source>
+        <translation type="unfinished">«&#xa0;%1&#xa0;» est terminé</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished">«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
     <name>SpeakersPanel</name>
     <message>
         <source>Speakers that pump with the beat</source>
@@ -863,69 +926,6 @@
     <message>
         <source>&amp;Show window</source>
         <translation>&amp;Afficher la fenêtre</translation>
-    </message>
-</context>
-<context>
-    <name>sourcetexts</name>
-    <message>
-        <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation>Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez que rien d’autre ne l’occupe.</translation>
-    </message>
-    <message>
-        <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation>Rien que du silence de «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
-    </message>
-    <message>
-        <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation>Trop faible pour compter comme de la musique. Montez l’entrée ou baissez le seuil de silence.</translation>
-    </message>
-    <message>
-        <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation>Saturation&#xa0;: le niveau est écrêté à pleine échelle. Baissez l’entrée.</translation>
-    </message>
-    <message>
-        <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation>«&#xa0;%1&#xa0;» n’offre aucun format analysable. Choisissez une autre entrée.</translation>
-    </message>
-    <message>
-        <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation>«&#xa0;%1&#xa0;» ne fournit que %2 canaux&#xa0;; il faut une entrée mono ou un moniteur.</translation>
-    </message>
-    <message>
-        <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation>En attente de «&#xa0;%1&#xa0;»&#xa0;; reprise dès que le périphérique est là.</translation>
-    </message>
-    <message>
-        <source>Opening “%1” …</source>
-        <translation>Ouverture de «&#xa0;%1&#xa0;» …</translation>
-    </message>
-    <message>
-        <source>Listening to “%1”</source>
-        <translation>Écoute de «&#xa0;%1&#xa0;»</translation>
-    </message>
-    <message>
-        <source>Listening to “%1”: no music</source>
-        <translation>Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Lecture de «&#xa0;%1&#xa0;»   %2</translation>
-    </message>
-    <message>
-        <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation>Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
-    </message>
-    <message>
-        <source>“%1” has ended</source>
-        <translation>«&#xa0;%1&#xa0;» est terminé</translation>
-    </message>
-    <message>
-        <source>“%1”: %2</source>
-        <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
 </context>
 </TS>
