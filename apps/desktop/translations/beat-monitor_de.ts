@@ -832,63 +832,63 @@
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation type="unfinished">Von „%1“ kommen keine Daten. Prüfen Sie, ob etwas anderes den Eingang belegt.</translation>
+        <translation>Von „%1“ kommen keine Daten. Prüfen Sie, ob ein anderes Programm den Eingang belegt.</translation>
     </message>
     <message>
         <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation type="unfinished">Nur Stille von „%1“. Starten Sie die Musik oder heben Sie die Stummschaltung auf.</translation>
+        <translation>Von „%1“ kommt nur Stille. Starten Sie die Musik oder schalten Sie den Eingang ein.</translation>
     </message>
     <message>
         <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation type="unfinished">Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stille-Schwelle.</translation>
+        <translation>Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stoppschwelle.</translation>
     </message>
     <message>
         <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation type="unfinished">Übersteuert: Der Pegel ist bei Vollaussteuerung abgeschnitten. Drehen Sie den Eingang herunter.</translation>
+        <translation>Übersteuert: Der Pegel wird bei Vollausschlag abgeschnitten. Drehen Sie den Eingang herunter.</translation>
     </message>
     <message>
         <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation type="unfinished">„%1“ bietet kein Format, das sich analysieren lässt. Wählen Sie einen anderen Eingang.</translation>
+        <translation>„%1“ bietet kein Format, das analysiert werden kann. Wählen Sie einen anderen Eingang.</translation>
     </message>
     <message>
         <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation type="unfinished">„%1“ liefert nur %2 Kanäle; nötig ist ein Mono-Eingang oder ein Monitor.</translation>
+        <translation>„%1“ liefert nur %2 Kanäle; nötig ist ein Mono-Eingang oder ein Monitor.</translation>
     </message>
     <message>
         <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation type="unfinished">Wartet auf „%1“; es geht weiter, sobald das Gerät da ist.</translation>
+        <translation>Wartet auf „%1“; es geht weiter, sobald das Gerät da ist.</translation>
     </message>
     <message>
         <source>Opening “%1” …</source>
-        <translation type="unfinished">„%1“ wird geöffnet …</translation>
+        <translation>„%1“ wird geöffnet …</translation>
     </message>
     <message>
         <source>Listening to “%1”</source>
-        <translation type="unfinished">Hört „%1“</translation>
+        <translation>Hört „%1“</translation>
     </message>
     <message>
         <source>Listening to “%1”: no music</source>
-        <translation type="unfinished">Hört „%1“: keine Musik</translation>
+        <translation>Hört „%1“: keine Musik</translation>
     </message>
     <message>
         <source>Playing “%1”   %2 of %3</source>
-        <translation type="unfinished">Spielt „%1“   %2 von %3</translation>
+        <translation>Spielt „%1“   %2 von %3</translation>
     </message>
     <message>
         <source>Playing “%1”   %2</source>
-        <translation type="unfinished">Spielt „%1“   %2</translation>
+        <translation>Spielt „%1“   %2</translation>
     </message>
     <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation type="unfinished">Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
+        <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver, oder ziehen Sie eine Audiodatei hierher.</translation>
     </message>
     <message>
         <source>“%1” has ended</source>
-        <translation type="unfinished">„%1“ ist zu Ende</translation>
+        <translation>„%1“ ist zu Ende</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished">„%1“: %2</translation>
+        <translation>„%1“: %2</translation>
     </message>
 </context>
 <context>

@@ -832,63 +832,63 @@
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation type="unfinished">No llegan datos de «%1». Compruebe que nada más la esté usando.</translation>
+        <translation>No llegan datos de «%1». Compruebe que ningún otro programa lo ocupe.</translation>
     </message>
     <message>
         <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation type="unfinished">Solo silencio de «%1». Ponga la música o quite el silencio de la entrada.</translation>
+        <translation>Solo llega silencio de «%1». Inicie la música o active el sonido de la entrada.</translation>
     </message>
     <message>
         <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation type="unfinished">Demasiado bajo para contar como música. Suba la entrada o baje el umbral de silencio.</translation>
+        <translation>Demasiado bajo para contar como música. Suba la entrada o baje el umbral de parada.</translation>
     </message>
     <message>
         <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation type="unfinished">Saturación: el nivel se corta en el fondo de escala. Baje la entrada.</translation>
+        <translation>Saturado: el nivel se recorta a plena escala. Baje la entrada.</translation>
     </message>
     <message>
         <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation type="unfinished">«%1» no ofrece ningún formato que se pueda analizar. Elija otra entrada.</translation>
+        <translation>«%1» no ofrece ningún formato analizable. Elija otra entrada.</translation>
     </message>
     <message>
         <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation type="unfinished">«%1» solo entrega %2 canales; hace falta una entrada mono o un monitor.</translation>
+        <translation>«%1» solo ofrece %2 canales; hace falta una entrada mono o un monitor.</translation>
     </message>
     <message>
         <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation type="unfinished">A la espera de «%1»; se reanuda en cuanto esté el dispositivo.</translation>
+        <translation>Esperando a «%1»; se reanuda en cuanto el dispositivo esté disponible.</translation>
     </message>
     <message>
         <source>Opening “%1” …</source>
-        <translation type="unfinished">Abriendo «%1» …</translation>
+        <translation>Abriendo «%1»…</translation>
     </message>
     <message>
         <source>Listening to “%1”</source>
-        <translation type="unfinished">Escuchando «%1»</translation>
+        <translation>Escuchando «%1»</translation>
     </message>
     <message>
         <source>Listening to “%1”: no music</source>
-        <translation type="unfinished">Escuchando «%1»: sin música</translation>
+        <translation>Escuchando «%1»: no hay música</translation>
     </message>
     <message>
         <source>Playing “%1”   %2 of %3</source>
-        <translation type="unfinished">Reproduciendo «%1»   %2 de %3</translation>
+        <translation>Reproduciendo «%1»   %2 de %3</translation>
     </message>
     <message>
         <source>Playing “%1”   %2</source>
-        <translation type="unfinished">Reproduciendo «%1»   %2</translation>
+        <translation>Reproduciendo «%1»   %2</translation>
     </message>
     <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation type="unfinished">No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
+        <translation>No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
     </message>
     <message>
         <source>“%1” has ended</source>
-        <translation type="unfinished">«%1» ha terminado</translation>
+        <translation>«%1» ha terminado</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished">«%1»: %2</translation>
+        <translation>«%1»: %2</translation>
     </message>
 </context>
 <context>

@@ -832,63 +832,63 @@
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation type="unfinished">Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez que rien d’autre ne l’occupe.</translation>
+        <translation>Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez qu’aucun autre programme ne l’occupe.</translation>
     </message>
     <message>
         <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation type="unfinished">Rien que du silence de «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
+        <translation>Rien que du silence sur «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
     </message>
     <message>
         <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation type="unfinished">Trop faible pour compter comme de la musique. Montez l’entrée ou baissez le seuil de silence.</translation>
+        <translation>Trop faible pour compter comme musique. Montez l’entrée ou baissez le seuil d’arrêt.</translation>
     </message>
     <message>
         <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation type="unfinished">Saturation&#xa0;: le niveau est écrêté à pleine échelle. Baissez l’entrée.</translation>
+        <translation>Saturation&#xa0;: le niveau est écrêté à pleine échelle. Baissez l’entrée.</translation>
     </message>
     <message>
         <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation type="unfinished">«&#xa0;%1&#xa0;» n’offre aucun format analysable. Choisissez une autre entrée.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’offre aucun format analysable. Choisissez une autre entrée.</translation>
     </message>
     <message>
         <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation type="unfinished">«&#xa0;%1&#xa0;» ne fournit que %2 canaux&#xa0;; il faut une entrée mono ou un moniteur.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne fournit que %2 canaux&#xa0;; il faut une entrée mono ou un moniteur.</translation>
     </message>
     <message>
         <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation type="unfinished">En attente de «&#xa0;%1&#xa0;»&#xa0;; reprise dès que le périphérique est là.</translation>
+        <translation>En attente de «&#xa0;%1&#xa0;»&#xa0;; reprise dès que le périphérique est là.</translation>
     </message>
     <message>
         <source>Opening “%1” …</source>
-        <translation type="unfinished">Ouverture de «&#xa0;%1&#xa0;» …</translation>
+        <translation>Ouverture de «&#xa0;%1&#xa0;»…</translation>
     </message>
     <message>
         <source>Listening to “%1”</source>
-        <translation type="unfinished">Écoute de «&#xa0;%1&#xa0;»</translation>
+        <translation>Écoute de «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>Listening to “%1”: no music</source>
-        <translation type="unfinished">Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
+        <translation>Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
     </message>
     <message>
         <source>Playing “%1”   %2 of %3</source>
-        <translation type="unfinished">Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
+        <translation>Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
     </message>
     <message>
         <source>Playing “%1”   %2</source>
-        <translation type="unfinished">Lecture de «&#xa0;%1&#xa0;»   %2</translation>
+        <translation>Lecture de «&#xa0;%1&#xa0;»   %2</translation>
     </message>
     <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation type="unfinished">Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
+        <translation>Aucune entrée. Branchez-en une, démarrez un serveur de son ou déposez ici un fichier audio.</translation>
     </message>
     <message>
         <source>“%1” has ended</source>
-        <translation type="unfinished">«&#xa0;%1&#xa0;» est terminé</translation>
+        <translation>«&#xa0;%1&#xa0;» est terminé</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished">«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
+        <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
 </context>
 <context>
