@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/// An X server without a screen, for this process and its children. To be made before the
+/// QApplication, which then finds it.
+class VirtualDisplay
+{
+public:
+    VirtualDisplay()
+    {
+        const QStringList arguments = {QStringLiteral("-displayfd"),
+                                       QStringLiteral("1"),
+                                       QStringLiteral("-screen"),
+                                       QStringLiteral("0"),
+                                       QStringLiteral("1280x900x24"),
+                                       QStringLiteral("-dpi"),
+                                       QStringLiteral("96"),
+                                       QStringLiteral("-nolisten"),
+                                       QStringLiteral("tcp")};
+        m_server.start(QStringLiteral("Xvfb"), arguments);
+        if (!m_server.waitForReadyRead(20000))
+            qFatal("Xvfb does not start: %s", m_server.readAllStandardError().constData());
+        qputenv("DISPLAY", ':' + m_server.readAllStandardOutput().trimmed());
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+    ~VirtualDisplay()
+    {
+        m_server.terminate();
+        if (!m_server.waitForFinished(5000))
+            m_server.kill();
+        m_server.waitForFinished(5000);
+    }
+    VirtualDisplay(const VirtualDisplay&) = delete;
+    VirtualDisplay& operator=(const VirtualDisplay&) = delete;
+
+private:
+    QProcess m_server;
+};

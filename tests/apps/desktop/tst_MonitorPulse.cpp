@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "DesktopTest.h"
+
+#include <QFile>
+#include <QListView>
+
+#include <common/SoundServer.h>
+#include <desktop/MainWindow.h>
+#include <desktop/SettingsColumn.h>
+#include <desktop/StatusLine.h>
+#include <desktop/live/BpmPanel.h>
+#include <desktop/session/MonitorSession.h>
+#include <pulse/PulseServer.h>
+
+/// The window captures from a sound server, which is the test's own.
+class tst_MonitorPulse : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void sink_isListedAndCaptured();
+
+private:
+    PulseServer m_server;
+    QString m_track;
+};
+
+void tst_MonitorPulse::initTestCase()
+{
+    desktoptest::ForgetSettings();
+    const std::vector<qint16> samples = desktoptest::DemoPart(8.0, 30.0);
+    m_track = m_server.folder() + QStringLiteral("/music.raw");
+    QFile file(m_track);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const auto size = qint64(samples.size() * sizeof(qint16));
+    QCOMPARE(file.write(reinterpret_cast<const char*>(samples.data()), size), size);
+    file.close();
+    QVERIFY2(m_server.Start(), qPrintable(m_server.error()));
+    QVERIFY2(!m_server.LoadSink(QStringLiteral("deck")).isEmpty(), qPrintable(m_server.error()));
+    QVERIFY(preferSoundServer());
+}
+
+void tst_MonitorPulse::sink_isListedAndCaptured()
+{
+    QVERIFY(m_server.Play(m_track, QStringLiteral("deck")));
+    MonitorSession session;
+    MainWindow window(session, WindowSettings(), QPalette());
+    window.show();
+    session.Listen({});
+    auto& list = PanelTest::Get<QListView>(window.getSettings(), "devices");
+    QCOMPARE(list.model()->rowCount(), 1);
+    QVERIFY(list.model()->index(0, 0).data().toString().contains(QLatin1String("deck.monitor")));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        window.getStatus().getSource(), QStringLiteral("Listening to “deck.monitor”"), 15000);
+    QTRY_VERIFY_WITH_TIMEOUT(std::abs(window.getBpm().m_pTempo->text().toDouble() - 128.0) < 1.5,
+                             15000);
+    QVERIFY(session.getFeed().getBeatCount() >= 3);
+    m_server.End();
+    QTRY_VERIFY_WITH_TIMEOUT(
+        window.getStatus().getSource().startsWith(QLatin1String("Waiting for “deck.monitor”")),
+        10000);
+}
+
+/// Qt's plugin for the sound server now and then crashes when the process unloads it.
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    int result = 0;
+    {
+        tst_MonitorPulse test;
+        result = QTest::qExec(&test, argc, argv);
+    }
+    std::fflush(nullptr);
+    std::_Exit(result);
+}
+#include "tst_MonitorPulse.moc"
