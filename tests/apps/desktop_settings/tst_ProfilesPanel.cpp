@@ -1,67 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/config/Configuration.h>
-
-#include "PanelTest.h"
-
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QSpinBox>
+#include "ProfilesPanelFixture.h"
 
 #include <algorithm>
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/ProfilesModel.h>
-#include <desktop/settings/ProfilesPanel.h>
 
-namespace {
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
-
-/// A panel with a user profile "Zouk" in its configuration, and its signals in one log.
-struct Panel
-{
-    Panel()
-    {
-        configuration.Add(Text("Zouk"), 80.0, 110.0, 1.5, 20, 90);
-        configuration.setIsModified(false);
-        panel.Refresh();
-        QObject::connect(
-            &panel, &ProfilesPanel::OnProfileChanged, [this] { log.append(Text("profile")); });
-        QObject::connect(&panel, &SettingsPanel::OnConfigurationChanged, [this] {
-            log.append(Text("changed"));
-        });
-        if (!PanelTest::Show(panel))
-            qFatal("the panel is not shown");
-    }
-
-    QListView& List() { return PanelTest::Get<QListView>(panel, "profiles"); }
-    QString Summary() { return PanelTest::Get<QLabel>(panel, "summary").text(); }
-    QPushButton& Button(const char* pName) { return PanelTest::Get<QPushButton>(panel, pName); }
-    void Click(const char* pName) { PanelTest::Click(panel, pName); }
-    void Select(int pRow) { List().setCurrentIndex(panel.m_pModel->index(pRow)); }
-    QStringList Names() const { return panel.m_pModel->getNames(); }
-    QString Selected() const { return configuration.getSelectedProfile().getName(); }
-    QStringList TakeLog() { return std::exchange(log, {}); }
-    ProfileEditor& Editor() { return *panel.m_pEditor; }
-    void Type(const char* pField, const char* pText)
-    {
-        auto& field = PanelTest::Get<QWidget>(Editor(), pField);
-        QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(&field, Text(pText));
-    }
-
-    Configuration configuration;
-    ProfilesPanel panel{configuration};
-    QStringList log;
-};
-
-const QStringList kBoth{QStringLiteral("profile"), QStringLiteral("changed")};
-
-}  // namespace
-
+/// The list and what its buttons do at once.
 class tst_ProfilesPanel : public QObject
 {
     Q_OBJECT
@@ -75,22 +17,12 @@ private Q_SLOTS:
     void click_selects();
     void summary_tellsBandAndKind_data();
     void summary_tellsBandAndKind();
-    void add_makesAProfile();
-    void add_isCancelled();
     void duplicate_copiesEverything();
     void duplicate_findsAFreeName();
     void duplicate_takesAnyName();
-    void edit_changesAProfileOfOnesOwn();
-    void edit_changesABuiltInProfile_untilExit();
-    void edit_keepsABuiltInProfile_asANewOne();
-    void edit_opensOnce();
-    void editor_blocksNothing();
-    void keys_editAndRemove();
-    void doubleClick_edits();
     void remove_takesAProfile_andBringsItBack();
     void remove_isRefused_forABuiltInProfile();
     void remove_keepsTheLastOneToBringBack();
-    void readOnlyProfile_isNotEdited();
     void refresh_showsWhatChangedElsewhere();
     void everything_hasAName();
     void mnemonics_differ();
@@ -157,41 +89,6 @@ void tst_ProfilesPanel::summary_tellsBandAndKind()
                   "keep them, duplicate it."));
 }
 
-void tst_ProfilesPanel::add_makesAProfile()
-{
-    Panel panel;
-    panel.Click("add");
-    panel.Type("name", "Ambient");
-    panel.Type("minimalBPM", "60");
-    panel.Type("maximalBPM", "95");
-    PanelTest::Click(panel.Editor(), "accept");
-    QCOMPARE(panel.Names().at(3), Text("Ambient"));
-    QCOMPARE(panel.Selected(), Text("Ambient"));
-    const Profile added = panel.configuration.getSelectedProfile();
-    QVERIFY(added.isSerializable());
-    QCOMPARE(added.getMinimalBPM(), 60.0);
-    QCOMPARE(added.getMaximalBPM(), 95.0);
-    QCOMPARE(added.getFilterLowFrequency(), 0);
-    QCOMPARE(added.getFilterHighFrequency(), 75);
-    QCOMPARE(added.getSensibility(), 2.0);
-    QCOMPARE(panel.List().currentIndex().row(), 3);
-    QVERIFY(panel.configuration.isModified());
-    QCOMPARE(panel.log, kBoth);
-    QTRY_VERIFY(!panel.panel.m_pEditor);
-}
-
-void tst_ProfilesPanel::add_isCancelled()
-{
-    Panel panel;
-    panel.Click("add");
-    panel.Type("name", "Ambient");
-    PanelTest::Click(panel.Editor(), "cancel");
-    QCOMPARE(panel.Names().size(), 4);
-    QCOMPARE(panel.log, QStringList());
-    QVERIFY(!panel.configuration.isModified());
-    QTRY_VERIFY(!panel.panel.m_pEditor);
-}
-
 void tst_ProfilesPanel::duplicate_copiesEverything()
 {
     Panel panel;
@@ -239,107 +136,6 @@ void tst_ProfilesPanel::duplicate_takesAnyName()
     panel.Select(panel.Names().indexOf(Text("100 %1 %2 & <b>")));
     panel.Click("duplicate");
     QCOMPARE(panel.Selected(), Text("100 %1 %2 & <b> (copy 2)"));
-}
-
-void tst_ProfilesPanel::edit_changesAProfileOfOnesOwn()
-{
-    Panel panel;
-    panel.Select(3);
-    panel.TakeLog();
-    panel.configuration.setIsModified(false);
-    panel.Click("edit");
-    panel.Type("name", "Ambient");
-    panel.Type("high", "200");
-    PanelTest::Click(panel.Editor(), "accept");
-    QCOMPARE(panel.Names().last(), Text("Ambient"));
-    QCOMPARE(panel.configuration.getSelectedProfile().getFilterHighFrequency(), 200);
-    // No setter of a profile does it.
-    QVERIFY(panel.configuration.isModified());
-    QCOMPARE(panel.log, kBoth);
-}
-
-void tst_ProfilesPanel::edit_changesABuiltInProfile_untilExit()
-{
-    Panel panel;
-    panel.Click("edit");
-    QVERIFY(panel.Editor().m_pNotice->isVisible());
-    panel.Type("maximalBPM", "160");
-    PanelTest::Click(panel.Editor(), "accept");
-    QCOMPARE(panel.configuration.getSelectedProfile().getMaximalBPM(), 160.0);
-    QCOMPARE(panel.List().currentIndex().data().toString(),
-             Text("Electro (90 to 160 BPM), changed until exit"));
-    // There is nothing to save.
-    QVERIFY(!panel.configuration.isModified());
-    QCOMPARE(panel.log, kBoth);
-}
-
-void tst_ProfilesPanel::edit_keepsABuiltInProfile_asANewOne()
-{
-    Panel panel;
-    panel.Click("edit");
-    panel.Type("maximalBPM", "160");
-    panel.Type("name", "My Electro");
-    PanelTest::Click(panel.Editor(), "saveAsNew");
-    const Profile kept = panel.configuration.getSelectedProfile();
-    QCOMPARE(kept.getName(), Text("My Electro"));
-    QVERIFY(kept.isSerializable());
-    QCOMPARE(kept.getMaximalBPM(), 160.0);
-    QCOMPARE(panel.panel.m_pModel->getProfile(0).getMaximalBPM(), 175.0);
-    QCOMPARE(panel.panel.m_pModel->getProfile(0).getName(), Text("Electro"));
-    QVERIFY(panel.configuration.isModified());
-}
-
-void tst_ProfilesPanel::edit_opensOnce()
-{
-    Panel panel;
-    panel.Click("edit");
-    const ProfileEditor* pEditor = panel.panel.m_pEditor;
-    panel.Button("add").click();
-    QCOMPARE(panel.panel.m_pEditor.data(), pEditor);
-    panel.Editor().reject();
-    QTRY_VERIFY(!panel.panel.m_pEditor);
-    panel.Click("add");
-    QVERIFY(panel.panel.m_pEditor);
-}
-
-void tst_ProfilesPanel::editor_blocksNothing()
-{
-    Panel panel;
-    // Returns while the editor is open: the event loop is nobody else's.
-    panel.Click("edit");
-    QVERIFY(panel.Editor().isVisible());
-    QCOMPARE(panel.Editor().windowModality(), Qt::WindowModal);
-}
-
-void tst_ProfilesPanel::keys_editAndRemove()
-{
-    Panel panel;
-    panel.Select(3);
-    panel.List().setFocus();
-    QTest::keyClick(&panel.List(), Qt::Key_F2);
-    QVERIFY(panel.panel.m_pEditor);
-    panel.Editor().reject();
-    QTRY_VERIFY(!panel.panel.m_pEditor);
-    QVERIFY(PanelTest::Show(panel.panel));
-    panel.List().setFocus();
-    QTest::keyClick(&panel.List(), Qt::Key_Return);
-    QVERIFY(panel.panel.m_pEditor);
-    panel.Editor().reject();
-    QTRY_VERIFY(!panel.panel.m_pEditor);
-    QVERIFY(PanelTest::Show(panel.panel));
-    panel.List().setFocus();
-    QTest::keyClick(&panel.List(), Qt::Key_Delete);
-    QCOMPARE(panel.Names().size(), 3);
-}
-
-void tst_ProfilesPanel::doubleClick_edits()
-{
-    Panel panel;
-    const QRect place = panel.List().visualRect(panel.panel.m_pModel->index(3));
-    QTest::mouseClick(panel.List().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
-    QTest::mouseDClick(panel.List().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
-    QVERIFY(panel.panel.m_pEditor);
-    QCOMPARE(PanelTest::Get<QLineEdit>(panel.Editor(), "name").text(), Text("Zouk"));
 }
 
 void tst_ProfilesPanel::remove_takesAProfile_andBringsItBack()
@@ -398,15 +194,6 @@ void tst_ProfilesPanel::remove_keepsTheLastOneToBringBack()
     panel.Click("remove");
     panel.Click("undo");
     QCOMPARE(panel.Names().mid(3), QStringList(Text("Zouk")));
-}
-
-void tst_ProfilesPanel::readOnlyProfile_isNotEdited()
-{
-    Panel panel;
-    panel.configuration.setSelectedProfile(Profile());
-    panel.panel.Refresh();
-    QVERIFY(!panel.Button("edit").isEnabled());
-    QVERIFY(!panel.Button("remove").isEnabled());
 }
 
 void tst_ProfilesPanel::refresh_showsWhatChangedElsewhere()

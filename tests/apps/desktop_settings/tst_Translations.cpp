@@ -4,13 +4,7 @@
 #include "PanelTest.h"
 
 #include <QAbstractSpinBox>
-#include <QDirIterator>
-#include <QFile>
-#include <QProcess>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QSet>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <desktop/settings/AdvancedSettingsPanel.h>
@@ -26,84 +20,9 @@
 
 namespace {
 
-const QString kProject = QStringLiteral(PROJECT_FOLDER);
-
 QString Text(const char* pText)
 {
     return QString::fromUtf8(pText);
-}
-
-/// One text of a translation file.
-struct Message
-{
-    QString context;
-    QString source;
-    QString comment;
-    QStringList translations;  ///< several of a plural
-    bool isPlural = false;
-    bool isFinished = true;
-
-    QString getName() const { return context + Text(": ") + source; }
-};
-
-std::vector<Message> ReadMessages(const QString& pLanguage)
-{
-    QFile file(kProject +
-               QStringLiteral("/apps/desktop/translations/beat-monitor_%1.ts").arg(pLanguage));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    std::vector<Message> messages;
-    QXmlStreamReader xml(&file);
-    QString context;
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        const auto element = xml.name();
-        if (element == QLatin1String("name")) {
-            context = xml.readElementText();
-        } else if (element == QLatin1String("message")) {
-            messages.emplace_back();
-            messages.back().context = context;
-            messages.back().isPlural = xml.attributes().hasAttribute(QLatin1String("numerus"));
-        } else if (element == QLatin1String("source")) {
-            messages.back().source = xml.readElementText();
-        } else if (element == QLatin1String("comment")) {
-            messages.back().comment = xml.readElementText();
-        } else if (element == QLatin1String("translation")) {
-            messages.back().isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
-            if (!messages.back().isPlural)
-                messages.back().translations.append(xml.readElementText());
-        } else if (element == QLatin1String("numerusform")) {
-            messages.back().translations.append(xml.readElementText());
-        }
-    }
-    if (xml.hasError())
-        qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(xml.errorString()));
-    return messages;
-}
-
-/// %1, %L2, %n and the like, sorted.
-QStringList Placeholders(const QString& pText)
-{
-    static const QRegularExpression kPlaceholder(Text("%(L?\\d+|n)"));
-    QStringList found;
-    auto matches = kPlaceholder.globalMatch(pText);
-    while (matches.hasNext())
-        found.append(matches.next().captured());
-    found.sort();
-    return found;
-}
-
-int MnemonicCount(QString pText)
-{
-    return pText.remove(Text("&&")).count(QLatin1Char('&'));
-}
-
-/// The sign that a label, a sentence or an opening button ends with; none for other texts.
-QString End(const QString& pText)
-{
-    const QString last = pText.trimmed().right(1);
-    return Text(":….?").contains(last) ? last : QString();
 }
 
 void LanguageRows()
@@ -111,13 +30,6 @@ void LanguageRows()
     QTest::addColumn<QString>("language");
     for (const Translations::Language& language : Translations::getLanguages())
         QTest::newRow(qPrintable(language.code)) << language.code;
-}
-
-void ForeignRows()
-{
-    QTest::addColumn<QString>("language");
-    for (const char* pLanguage : {"de", "es", "fr"})
-        QTest::newRow(pLanguage) << Text(pLanguage);
 }
 
 /// Every panel.
@@ -174,19 +86,6 @@ private Q_SLOTS:
     void mnemonics_differ();
     void mnemonics_differ_amongThePanelsOfTheFirstStart_data();
     void mnemonics_differ_amongThePanelsOfTheFirstStart();
-
-    void files_areUpToDate();
-    void files_holdTheSameTexts_data();
-    void files_holdTheSameTexts();
-    void contexts_areThoseOfTheFiles();
-    void texts_areTranslated_data();
-    void texts_areTranslated();
-    void placeholders_agree_data();
-    void placeholders_agree();
-    void mnemonics_areKept_data();
-    void mnemonics_areKept();
-    void ends_agree_data();
-    void ends_agree();
 };
 
 void tst_Translations::languages_areFour()
@@ -463,126 +362,6 @@ void tst_Translations::mnemonics_differ_amongThePanelsOfTheFirstStart()
     std::sort(letters.begin(), letters.end());
     QVERIFY2(std::adjacent_find(letters.begin(), letters.end()) == letters.end(),
              qPrintable(letters));
-}
-
-// ---- The files ----------------------------------------------------------------------------------
-
-void tst_Translations::files_areUpToDate()
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(kProject + Text("/script/translations"), {Text("--check")});
-    QVERIFY(process.waitForFinished(60000));
-    QVERIFY2(process.exitCode() == 0, process.readAll().constData());
-}
-
-void tst_Translations::files_holdTheSameTexts_data()
-{
-    ForeignRows();
-}
-
-void tst_Translations::files_holdTheSameTexts()
-{
-    QFETCH(const QString, language);
-    const auto names = [](const QString& pLanguage) {
-        QStringList texts;
-        for (const Message& message : ReadMessages(pLanguage))
-            texts.append(message.getName() + message.comment);
-        return texts;
-    };
-    const QStringList texts = names(language);
-    QVERIFY(texts.size() > 100);
-    QCOMPARE(texts, names(Text("de")));
-}
-
-/// A helper that gives the context by name is not understood by lupdate, which takes the context
-/// from the place: both must be the same, or the text is never found.
-void tst_Translations::contexts_areThoseOfTheFiles()
-{
-    QSet<QString> contexts;
-    for (const Message& message : ReadMessages(Text("de")))
-        contexts.insert(message.context);
-    const QRegularExpression call(Text("translate\\(\\s*\"(\\w+)\""));
-    QDirIterator files(kProject + Text("/apps/desktop"),
-                       {Text("*.cpp")},
-                       QDir::Files,
-                       QDirIterator::Subdirectories);
-    int calls = 0;
-    while (files.hasNext()) {
-        QFile file(files.next());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QString source = QString::fromUtf8(file.readAll());
-        auto matches = call.globalMatch(source);
-        for (; matches.hasNext(); ++calls) {
-            const QString context = matches.next().captured(1);
-            // The help on the terminal is written before a language is known.
-            const bool isTerminal = context == QLatin1String("MonitorOptions");
-            QVERIFY2(isTerminal || contexts.contains(context), qPrintable(file.fileName()));
-        }
-    }
-    QVERIFY(calls > 0);
-}
-
-void tst_Translations::texts_areTranslated_data()
-{
-    LanguageRows();
-}
-
-void tst_Translations::texts_areTranslated()
-{
-    QFETCH(const QString, language);
-    for (const Message& message : ReadMessages(language)) {
-        QVERIFY2(message.isFinished, qPrintable(message.getName()));
-        // All four have a singular and a plural.
-        QVERIFY2(message.translations.size() == (message.isPlural ? 2 : 1),
-                 qPrintable(message.getName()));
-        for (const QString& text : message.translations)
-            QVERIFY2(!text.trimmed().isEmpty(), qPrintable(message.getName()));
-    }
-}
-
-void tst_Translations::placeholders_agree_data()
-{
-    LanguageRows();
-}
-
-void tst_Translations::placeholders_agree()
-{
-    QFETCH(const QString, language);
-    for (const Message& message : ReadMessages(language))
-        for (const QString& text : message.translations)
-            QVERIFY2(Placeholders(text) == Placeholders(message.source), qPrintable(text));
-}
-
-void tst_Translations::mnemonics_areKept_data()
-{
-    LanguageRows();
-}
-
-void tst_Translations::mnemonics_areKept()
-{
-    QFETCH(const QString, language);
-    for (const Message& message : ReadMessages(language))
-        for (const QString& text : message.translations)
-            QVERIFY2(MnemonicCount(text) == MnemonicCount(message.source), qPrintable(text));
-}
-
-void tst_Translations::ends_agree_data()
-{
-    LanguageRows();
-}
-
-void tst_Translations::ends_agree()
-{
-    QFETCH(const QString, language);
-    for (const Message& message : ReadMessages(language)) {
-        for (const QString& text : message.translations) {
-            QVERIFY2(End(text) == End(message.source), qPrintable(text));
-            // Units begin with their blank.
-            const QLatin1Char blank(' ');
-            QVERIFY2(text.startsWith(blank) == message.source.startsWith(blank), qPrintable(text));
-        }
-    }
 }
 
 QTEST_MAIN(tst_Translations)
