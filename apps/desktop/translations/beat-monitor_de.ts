@@ -832,23 +832,23 @@
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation>Von „%1“ kommen keine Daten. Prüfen Sie, ob ein anderes Programm den Eingang belegt.</translation>
+        <translation>Von „%1“ kommen keine Daten. Prüfen Sie, ob etwas anderes den Eingang belegt.</translation>
     </message>
     <message>
         <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation>Von „%1“ kommt nur Stille. Starten Sie die Musik oder schalten Sie den Eingang ein.</translation>
+        <translation>Nur Stille von „%1“. Starten Sie die Musik oder heben Sie die Stummschaltung auf.</translation>
     </message>
     <message>
         <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation>Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stoppschwelle.</translation>
+        <translation>Zu leise, um als Musik zu gelten. Drehen Sie den Eingang auf oder senken Sie die Stille-Schwelle.</translation>
     </message>
     <message>
         <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation>Übersteuert: Der Pegel wird bei Vollausschlag abgeschnitten. Drehen Sie den Eingang herunter.</translation>
+        <translation>Übersteuert: Der Pegel ist bei Vollaussteuerung abgeschnitten. Drehen Sie den Eingang herunter.</translation>
     </message>
     <message>
         <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation>„%1“ bietet kein Format, das analysiert werden kann. Wählen Sie einen anderen Eingang.</translation>
+        <translation>„%1“ bietet kein Format, das sich analysieren lässt. Wählen Sie einen anderen Eingang.</translation>
     </message>
     <message>
         <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
@@ -880,7 +880,7 @@
     </message>
     <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver, oder ziehen Sie eine Audiodatei hierher.</translation>
+        <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
     </message>
     <message>
         <source>“%1” has ended</source>

@@ -832,35 +832,35 @@
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation>No llegan datos de «%1». Compruebe que ningún otro programa lo ocupe.</translation>
+        <translation>No llegan datos de «%1». Compruebe que nada más la esté usando.</translation>
     </message>
     <message>
         <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation>Solo llega silencio de «%1». Inicie la música o active el sonido de la entrada.</translation>
+        <translation>Solo silencio de «%1». Ponga la música o quite el silencio de la entrada.</translation>
     </message>
     <message>
         <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation>Demasiado bajo para contar como música. Suba la entrada o baje el umbral de parada.</translation>
+        <translation>Demasiado bajo para contar como música. Suba la entrada o baje el umbral de silencio.</translation>
     </message>
     <message>
         <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
-        <translation>Saturado: el nivel se recorta a plena escala. Baje la entrada.</translation>
+        <translation>Saturación: el nivel se corta en el fondo de escala. Baje la entrada.</translation>
     </message>
     <message>
         <source>“%1” offers no format that can be analysed. Choose another input.</source>
-        <translation>«%1» no ofrece ningún formato analizable. Elija otra entrada.</translation>
+        <translation>«%1» no ofrece ningún formato que se pueda analizar. Elija otra entrada.</translation>
     </message>
     <message>
         <source>“%1” delivers %2 channels only; a mono input or a monitor is needed.</source>
-        <translation>«%1» solo ofrece %2 canales; hace falta una entrada mono o un monitor.</translation>
+        <translation>«%1» solo entrega %2 canales; hace falta una entrada mono o un monitor.</translation>
     </message>
     <message>
         <source>Waiting for “%1”; it resumes as soon as the device is there.</source>
-        <translation>Esperando a «%1»; se reanuda en cuanto el dispositivo esté disponible.</translation>
+        <translation>A la espera de «%1»; se reanuda en cuanto esté el dispositivo.</translation>
     </message>
     <message>
         <source>Opening “%1” …</source>
-        <translation>Abriendo «%1»…</translation>
+        <translation>Abriendo «%1» …</translation>
     </message>
     <message>
         <source>Listening to “%1”</source>
@@ -868,7 +868,7 @@
     </message>
     <message>
         <source>Listening to “%1”: no music</source>
-        <translation>Escuchando «%1»: no hay música</translation>
+        <translation>Escuchando «%1»: sin música</translation>
     </message>
     <message>
         <source>Playing “%1”   %2 of %3</source>

@@ -832,15 +832,15 @@
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
-        <translation>Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez qu’aucun autre programme ne l’occupe.</translation>
+        <translation>Aucune donnée ne vient de «&#xa0;%1&#xa0;». Vérifiez que rien d’autre ne l’occupe.</translation>
     </message>
     <message>
         <source>Nothing but silence from “%1”. Start the music or unmute the input.</source>
-        <translation>Rien que du silence sur «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
+        <translation>Rien que du silence de «&#xa0;%1&#xa0;». Lancez la musique ou rétablissez le son de l’entrée.</translation>
     </message>
     <message>
         <source>Too quiet to count as music. Turn the input up, or lower the stop threshold.</source>
-        <translation>Trop faible pour compter comme musique. Montez l’entrée ou baissez le seuil d’arrêt.</translation>
+        <translation>Trop faible pour compter comme de la musique. Montez l’entrée ou baissez le seuil de silence.</translation>
     </message>
     <message>
         <source>Clipped: the level is cut off at full scale. Turn the input down.</source>
@@ -860,7 +860,7 @@
     </message>
     <message>
         <source>Opening “%1” …</source>
-        <translation>Ouverture de «&#xa0;%1&#xa0;»…</translation>
+        <translation>Ouverture de «&#xa0;%1&#xa0;» …</translation>
     </message>
     <message>
         <source>Listening to “%1”</source>
@@ -880,7 +880,7 @@
     </message>
     <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
-        <translation>Aucune entrée. Branchez-en une, démarrez un serveur de son ou déposez ici un fichier audio.</translation>
+        <translation>Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
     </message>
     <message>
         <source>“%1” has ended</source>
