@@ -155,7 +155,7 @@ void tst_TranslationFiles::files_holdTheSameTexts()
     QCOMPARE(texts, names(Text("de")));
 }
 
-/// A helper that names its context is not understood by lupdate, which takes the context from the
+/// A function that names its context is not understood by lupdate, which takes the context from the
 /// place: such a text would never be found.
 void tst_TranslationFiles::contexts_areThoseOfClasses()
 {
