@@ -11,7 +11,7 @@ for program in "$prefix"/bin/*; do
     [ -x "$program" ] || continue
     name=$(basename "$program")
     [ "$(QT_QPA_PLATFORM=offscreen "$program" --version)" = "$name $version" ] || fail "$name --version"
-    ldd "$program" | grep -q "libAudioAnalyzer.so.* => $prefix/" ||
+    ldd "$program" | grep "libAudioAnalyzer.so.* => $prefix/" >/dev/null ||
         fail "$name does not find the library beside it"
 done
 
@@ -25,5 +25,5 @@ awk -v tempo="$tempo" 'BEGIN { exit !(tempo > 127.5 && tempo < 128.5) }' || fail
 [ "$("$analyzer" config path)" = "$prefix/bin/AudioAnalyzer.cfg" ] || fail "config path"
 "$analyzer" config set stop-threshold 500
 [ -f "$prefix/bin/AudioAnalyzer.cfg" ] || fail "the settings were not saved beside the program"
-"$analyzer" config show | grep -q '^stop-threshold *500 ' || fail "the settings were not read"
+"$analyzer" config show | grep '^stop-threshold *500 ' >/dev/null || fail "the settings were not read"
 rm "$prefix/bin/AudioAnalyzer.cfg"
