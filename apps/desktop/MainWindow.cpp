@@ -30,7 +30,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
-#include <QStatusBar>
 #include <QWindow>
 
 #include <algorithm>
@@ -159,22 +158,25 @@ void MainWindow::_MakeLayout()
     pLive->addWidget(m_pLiveCard);
     pLive->addWidget(m_pSpectrumCard, 1);
     pLive->addWidget(m_pLevelCard);
-    auto* pLayout = new QHBoxLayout(pCenter);
+    auto* pColumns = new QHBoxLayout;
+    pColumns->setSpacing(gap);
+    pColumns->addLayout(pLive, 3);
+    pColumns->addWidget(m_pSettings, 1);
+    auto* pLayout = new QVBoxLayout(pCenter);
     pLayout->setContentsMargins(gap, gap, gap, gap);
     pLayout->setSpacing(gap);
-    pLayout->addLayout(pLive, 3);
-    pLayout->addWidget(m_pSettings, 1);
+    pLayout->addLayout(pColumns, 1);
+    pLayout->addWidget(m_pStatus);
     setCentralWidget(pCenter);
-    statusBar()->addWidget(m_pStatus, 1);
-    statusBar()->setSizeGripEnabled(false);
 }
 
 /// High enough for all settings, as far as the screen goes.
 void MainWindow::_SetSize()
 {
     const QSize screenSize = screen()->availableSize() * 9 / 10;
-    const int above = menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
-    const int height = m_pSettings->sizeHint().height() + above + 2 * fontMetrics().height();
+    const int around = menuBar()->sizeHint().height() + m_pStatus->sizeHint().height();
+    const int gaps = 2 * fontMetrics().height();
+    const int height = m_pSettings->sizeHint().height() + around + gaps;
     resize(sizeHint().expandedTo({0, height}).boundedTo(screenSize));
 }
 

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kListLines = 7;
+constexpr int kListLines = 9;
 
 }  // namespace
 

@@ -9,7 +9,7 @@ StatusLine::StatusLine(QWidget* pParent)
 {
     auto* pLayout = new QVBoxLayout(this);
     const int margin = fontMetrics().height() / 3;
-    pLayout->setContentsMargins(margin, margin / 2, margin, margin / 2);
+    pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(margin / 2);
     for (QLabel* pLabel : {m_pSource, m_pProblem}) {
         // Long names must not widen the window.

@@ -5,7 +5,7 @@
 
 class QLabel;
 
-/// What the status bar says: what is heard, and beneath it what could not be saved.
+/// The status bar: what is heard, and beneath it what could not be saved, in full.
 class StatusLine : public QWidget
 {
     Q_OBJECT

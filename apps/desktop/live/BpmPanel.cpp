@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kTempoScale = 4.2;  ///< of the window's font
 constexpr double kUnitScale = 1.4;
+constexpr int kAccuracyLetters = 20;
 constexpr qint64 kFrameMs = 100;  ///< a tempo changes with beats
 
 QFont Scaled(QFont pFont, double pScale, QFont::Weight pWeight)
@@ -48,7 +49,7 @@ BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setVerticalSpacing(2);
     pLayout->addWidget(m_pTempo, 0, 0, 2, 1);
-    pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBaseline);
+    pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBottom);
     pLayout->addWidget(m_pAccuracyTitle, 0, 2, Qt::AlignBottom);
     pLayout->addWidget(m_pAccuracy, 1, 2, Qt::AlignTop);
     pLayout->addWidget(m_pHint, 2, 0, 1, 3);
@@ -64,6 +65,9 @@ void BpmPanel::_SetFonts()
     const QFontMetrics metrics = m_pTempo->fontMetrics();
     m_pTempo->setFixedSize(metrics.horizontalAdvance(QStringLiteral("888.8")), metrics.height());
     m_pUnit->setFont(Scaled(font(), kUnitScale, QFont::Normal));
+    // On the line on which the number stands.
+    m_pUnit->setContentsMargins(0, 0, 0, metrics.descent() - m_pUnit->fontMetrics().descent());
+    m_pAccuracy->setMaximumWidth(kAccuracyLetters * fontMetrics().averageCharWidth());
     // Two lines always, so that a hint moves nothing.
     m_pHint->setFixedHeight(2 * m_pHint->fontMetrics().lineSpacing());
 }

@@ -43,12 +43,12 @@ void Led::setLight(int pStep, bool pIsRing)
 
 QSize Led::sizeHint() const
 {
-    return minimumSizeHint() * 5 / 4;
+    return minimumSizeHint();
 }
 
 QSize Led::minimumSizeHint() const
 {
-    const int side = 3 * fontMetrics().height();
+    const int side = 7 * fontMetrics().height() / 2;
     return {side, side};
 }
 

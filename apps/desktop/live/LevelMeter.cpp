@@ -73,7 +73,7 @@ void LevelMeter::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), palette().brush(backgroundRole()));
     painter.fillRect(bar(0.0, 0.0), colors.trough);
     painter.fillRect(bar(m_levels.current, 0.0), colors.spectrum);
-    painter.fillRect(bar(m_levels.average, high * 0.62), colors.beat);
+    painter.fillRect(bar(m_levels.average, high * 0.62), colors.average);
     if (m_levels.maximal > detail::kLeastDecibels)
         painter.fillRect(QRectF(_ToX(m_levels.maximal) - mark, 0.0, mark, high), colors.peak);
     if (m_levels.threshold > detail::kLeastDecibels)

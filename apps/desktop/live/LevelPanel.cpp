@@ -128,7 +128,7 @@ void LevelPanel::setColors(const LookColors& pColors)
 {
     m_pMeter->setColors(pColors);
     m_readouts[eCurrent]->setColor(pColors.spectrum);
-    m_readouts[eAverage]->setColor(pColors.beat);
+    m_readouts[eAverage]->setColor(pColors.average);
     m_readouts[eMaximal]->setColor(pColors.peak);
     m_readouts[eThreshold]->setColor(pColors.threshold);
 }

@@ -63,9 +63,11 @@ const LiveValues& LiveFeed::Read()
                       (!m_values.isPlaying || !(analyzer.getComputedBPM() > 0.0));
     m_values.measuredBPM = m_values.isPlaying ? m_tempo.getBPM(m_values.sampleRate) : 0.0;
     m_values.accuracy = analyzer.getAccuracy();
-    m_values.current = analyzer.getCurrentVolume();
-    m_values.average = analyzer.getAverageVolume();
-    m_values.maximal = analyzer.getMaximalVolume();
+    // The analyzer keeps the volumes of an analysis that has ended.
+    const bool hasVolumes = m_values.isAnalyzing;
+    m_values.current = hasVolumes ? analyzer.getCurrentVolume() : -1;
+    m_values.average = hasVolumes ? analyzer.getAverageVolume() : -1;
+    m_values.maximal = hasVolumes ? analyzer.getMaximalVolume() : -1;
     m_values.threshold = analyzer.getThreshold();
     return m_values;
 }

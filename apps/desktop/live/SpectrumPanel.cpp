@@ -62,7 +62,7 @@ void SpectrumPanel::_MakeAxes()
         m_pPlot->axisWidget(axis)->setMargin(0);
         m_pPlot->axisScaleDraw(axis)->enableComponent(QwtAbstractScaleDraw::Backbone, false);
     }
-    m_pPlot->setMinimumHeight(8 * fontMetrics().height());
+    m_pPlot->setMinimumHeight(11 * fontMetrics().height());
 }
 
 void SpectrumPanel::_SetFonts()

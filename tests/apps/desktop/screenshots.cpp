@@ -11,11 +11,14 @@
 #include <cstdio>
 #include <desktop/Look.h>
 #include <desktop/MainWindow.h>
+#include <desktop/SettingsColumn.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/Translations.h>
 #include <fake/FakeAudioState.h>
 #include <fake/FakeAudioTrack.h>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -59,62 +62,154 @@ FakeAudioDevice Silence(const char* pName)
         QString::fromUtf8(pName), kRate, [](qint64) { return qint16(0); });
 }
 
-/// One window with its session on the fake machine.
+/// The window with its session on the fake machine, and where its pictures go.
 class Scene
 {
 public:
-    explicit Scene(const WindowSettings& pSettings = WindowSettings(),
-                   bool pIsGray = false,
-                   bool pIsDark = false)
+    explicit Scene(const QDir& pFolder) : m_folder(pFolder)
     {
-        session.getConfiguration().setGrayMode(pIsGray);
         session.getConfiguration().setTopMost(false);
-        const QPalette desktop = makePalette(pIsDark ? eDarkLook : eLightLook);
-        window = std::make_unique<MainWindow>(session, pSettings, desktop);
+        translations.setLanguage(QStringLiteral("en"));
+        window = std::make_unique<MainWindow>(session, WindowSettings(), makePalette(eLightLook));
+        setLook(eLightLook);
         window->show();
     }
 
-    void Save(const QDir& pFolder, const char* pName)
+    void setLook(eLook pLook)
     {
-        const QString path = pFolder.filePath(QString::fromUtf8(pName) + QStringLiteral(".png"));
+        session.getConfiguration().setGrayMode(pLook == eGrayLook);
+        window->m_desktop = makePalette(pLook);
+        window->ApplyFlags();
+        window->m_pSettings->getAdvanced().Refresh();
+    }
+
+    /// Waits for a beat, so that the lamp shines.
+    void SaveOnBeat(const char* pName)
+    {
+        LiveFeed& feed = session.getFeed();
+        const quint64 beats = feed.getBeatCount();
+        while (feed.getBeatCount() == beats)
+            Wait(1);
+        window->_Refresh();
+        Save(pName);
+    }
+
+    void Save(const char* pName)
+    {
+        const QString path = m_folder.filePath(QString::fromUtf8(pName) + QStringLiteral(".png"));
         const QImage image = window->grab().toImage().convertToFormat(QImage::Format_RGB888);
         if (!image.save(path, nullptr, 0))
             qFatal("cannot write %s", qPrintable(path));
         std::printf("%s\n", qPrintable(path));
+        std::fflush(stdout);
     }
 
     MonitorSession session;
+    Translations translations;
     std::unique_ptr<MainWindow> window;
+
+private:
+    QDir m_folder;
 };
 
-void Plug(const FakeAudioDevice& pDevice)
+QByteArray Plug(const FakeAudioDevice& pDevice)
 {
-    FakeAudioState::Get().Plug(pDevice);
+    const QByteArray handle = FakeAudioState::Get().Plug(pDevice);
     QtAudioInputDevicesManager::GetInstance()->Enumerate(true);
+    return handle;
 }
 
-void ShootDevices(const QDir& pFolder)
+void ShootLooks(Scene& pScene)
 {
-    Scene scene;
+    pScene.SaveOnBeat("playing");
+    pScene.setLook(eDarkLook);
+    pScene.SaveOnBeat("dark");
+    pScene.setLook(eGrayLook);
+    pScene.SaveOnBeat("gray");
+}
+
+void ShootLanguages(Scene& pScene)
+{
+    for (const char* code : {"de", "es", "fr"}) {
+        pScene.session.getConfiguration().setLanguage(QLatin1String(code));
+        pScene.translations.setLanguage(QLatin1String(code));
+        pScene.window->m_pSettings->getAdvanced().Refresh();
+        Wait(400);
+        pScene.Save((std::string("playing-") + code).c_str());
+    }
+    pScene.session.getConfiguration().setLanguage({});
+    pScene.translations.setLanguage(QStringLiteral("en"));
+    pScene.window->m_pSettings->getAdvanced().Refresh();
+}
+
+void ShootPanels(Scene& pScene)
+{
+    MainWindow& window = *pScene.window;
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        window.setPanelVisible(ePanel(panel), panel <= eThresholdPanel);
+    window.resize(window.minimumSizeHint().width(), 600);
+    Wait(300);
+    pScene.SaveOnBeat("live-panels");
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        window.setPanelVisible(ePanel(panel), panel <= eThresholdPanel || panel == eDurationsPanel);
+    window._SetSize();
+    Wait(300);
+    pScene.Save("durations");
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        window.setPanelVisible(ePanel(panel), panel != eDurationsPanel);
+    window._SetSize();
+    Wait(300);
+}
+
+void ShootTroubles(Scene& pScene, const QByteArray& pDeck)
+{
+    pScene.session.Listen(QStringLiteral("Line in"));
+    Wait(6000);
+    pScene.Save("silence");
+    pScene.session.getConfiguration().setDisplayStopped(true);
+    pScene.window->ApplyFlags();
+    pScene.session.Listen(QStringLiteral("Deck A"));
+    Wait(kSettleMs);
+    FakeAudioState::Get().Unplug(pDeck);
+    QtAudioInputDevicesManager::GetInstance()->Enumerate(true);
+    Wait(1000);
+    pScene.Save("device-gone");
+    pScene.window->ShowProblem(QStringLiteral(
+        "/opt/beat-monitor/AudioAnalyzer.cfg cannot be written; the folder /opt/beat-monitor must "
+        "be writable, and the name free for a file"));
+    Wait(200);
+    pScene.Save("not-saved");
+    pScene.window->ShowProblem({});
+}
+
+/// Music that stops.
+void ShootStop(Scene& pScene)
+{
+    Plug(FakeAudioTrack::FromGenerator(QStringLiteral("Tape"), kRate, [](qint64 pIndex) {
+        static const std::vector<qint16> samples = DemoSamples();
+        return pIndex < 12 * kRate ? samples[std::size_t(pIndex + 8 * kRate)] : qint16(0);
+    }));
+    pScene.session.Listen(QStringLiteral("Tape"));
+    Wait(14000);
+    pScene.Save("stopped");
+}
+
+void Shoot(const QDir& pFolder)
+{
+    Scene scene(pFolder);
     scene.session.Listen({});
     Wait(500);
-    scene.Save(pFolder, "no-device");
-    Plug(Deck("Deck A"));
+    scene.Save("no-device");
+    const QByteArray deck = Plug(Deck("Deck A"));
     Plug(Silence("Line in"));
     scene.session.Listen(QStringLiteral("Deck A"));
     Wait(kSettleMs);
-    scene.Save(pFolder, "playing");
-    scene.session.Listen(QStringLiteral("Line in"));
-    Wait(7000);
-    scene.Save(pFolder, "stopped");
-}
-
-void ShootLook(const QDir& pFolder, const char* pName, bool pIsGray, bool pIsDark)
-{
-    Scene scene(WindowSettings(), pIsGray, pIsDark);
-    scene.session.Listen(QStringLiteral("Deck A"));
-    Wait(kSettleMs);
-    scene.Save(pFolder, pName);
+    ShootLooks(scene);
+    scene.setLook(eLightLook);
+    ShootLanguages(scene);
+    ShootPanels(scene);
+    ShootTroubles(scene, deck);
+    ShootStop(scene);
 }
 
 }  // namespace
@@ -128,12 +223,8 @@ int main(int argc, char* argv[])
         qFatal("usage: %s FOLDER", argv[0]);
     FakeAudioState::Install();
     FakeAudioState::Get().Clear();
-    Translations translations;
-    translations.setLanguage(QStringLiteral("en"));
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     folder.mkpath(QStringLiteral("."));
-    ShootDevices(folder);
-    ShootLook(folder, "gray", true, false);
-    ShootLook(folder, "dark", false, true);
+    Shoot(folder);
     return 0;
 }

@@ -77,7 +77,7 @@ void tst_MonitorDisplay::demo_isShown()
     QVERIFY2(std::abs(tempo - 128.0) < 1.5, qPrintable(window.getBpm().m_pTempo->text()));
     QCOMPARE(window.getBpm().m_pTempo->foregroundRole(), QPalette::WindowText);
     const QString status = window.getStatus().getSource();
-    QVERIFY2(status.startsWith(QLatin1String("Playing “demo.wav”   0:1")), qPrintable(status));
+    QVERIFY2(status.startsWith(QStringLiteral("Playing “demo.wav”   0:1")), qPrintable(status));
     const auto& levels = window.getSpectrum().getBars().getLevels();
     QVERIFY(*std::max_element(levels.begin(), levels.end()) > -30.0);
 }
@@ -98,7 +98,7 @@ void tst_MonitorDisplay::devices_areListedLive()
     FakeAudioState::Get().Unplug(handle);
     PanelTest::Poll();
     // It stays listed, as absent, and is waited for.
-    QTRY_VERIFY(window.getStatus().getSource().startsWith(QLatin1String("Waiting for “Deck”")));
+    QTRY_VERIFY(window.getStatus().getSource().startsWith(QStringLiteral("Waiting for “Deck”")));
     QCOMPARE(list.model()->rowCount(), 1);
 }
 

@@ -58,7 +58,7 @@ void tst_MonitorPulse::sink_isListedAndCaptured()
     QVERIFY(session.getFeed().getBeatCount() >= 3);
     m_server.End();
     QTRY_VERIFY_WITH_TIMEOUT(
-        window.getStatus().getSource().startsWith(QLatin1String("Waiting for “deck.monitor”")),
+        window.getStatus().getSource().startsWith(QStringLiteral("Waiting for “deck.monitor”")),
         10000);
 }
 
