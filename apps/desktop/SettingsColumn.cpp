@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int kListLines = 9;
+constexpr int kReadableWidth = 27;  ///< in heights of a letter
 
 }  // namespace
 
@@ -90,7 +91,8 @@ int SettingsColumn::_NeededWidth() const
 
 QSize SettingsColumn::sizeHint() const
 {
-    return {_NeededWidth(), widget()->sizeHint().height()};
+    const int readable = kReadableWidth * fontMetrics().height();
+    return {std::max(_NeededWidth(), readable), widget()->sizeHint().height()};
 }
 
 /// Never narrower than its panels, which then need no horizontal scroll bar.

@@ -52,8 +52,8 @@ BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
     pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBottom);
     pLayout->addWidget(m_pAccuracyTitle, 0, 2, Qt::AlignBottom);
     pLayout->addWidget(m_pAccuracy, 1, 2, Qt::AlignTop);
-    pLayout->addWidget(m_pHint, 2, 0, 1, 3);
-    pLayout->setColumnStretch(2, 1);
+    pLayout->addWidget(m_pHint, 2, 0, 1, 4);
+    pLayout->setColumnStretch(3, 1);
     _SetFonts();
     Retranslate();
 }

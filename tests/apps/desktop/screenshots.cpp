@@ -168,6 +168,7 @@ void ShootTroubles(Scene& pScene, const QByteArray& pDeck)
     pScene.Save("silence");
     pScene.session.getConfiguration().setDisplayStopped(true);
     pScene.window->ApplyFlags();
+    pScene.window->m_pSettings->getAdvanced().Refresh();
     pScene.session.Listen(QStringLiteral("Deck A"));
     Wait(kSettleMs);
     FakeAudioState::Get().Unplug(pDeck);
