@@ -17,7 +17,7 @@ struct LookColors
     QColor beat;
     QColor virtualBeat;
     QColor pulse;
-    QColor average;    ///< volume
+    QColor average;  ///< volume
     QColor spectrum;
     QColor peak;       ///< held maximum
     QColor band;       ///< of the profile, translucent

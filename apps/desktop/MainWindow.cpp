@@ -276,8 +276,8 @@ void MainWindow::_OnFlashed()
 
 void MainWindow::_ChoosePace(const LiveValues& pValues, qint64 pNow)
 {
-    const bool isFading = pNow - pValues.beatTime <= SpeakersPanel::kFadeMs + kCalmMs ||
-                          pNow - pValues.pulseTime <= LedPanel::kFadeMs + kCalmMs;
+    const qint64 last = std::max(pValues.beatTime, pValues.pulseTime);
+    const bool isFading = pNow - last <= LedPanel::kFadeMs + kFlashMs;
     if (!isFading && m_refresh.interval() != kCalmMs)
         m_refresh.start(kCalmMs);
 }

@@ -34,8 +34,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    static constexpr int kFlashMs = 16;  ///< between two looks while a lamp fades
-    static constexpr int kCalmMs = 32;   ///< and otherwise
+    static constexpr int kFlashMs = 20;  ///< between two looks while a lamp fades
+    static constexpr int kCalmMs = 33;   ///< and otherwise
 
     /// pSession is not owned. pDesktop: the palette before the program set its own.
     MainWindow(MonitorSession& pSession,

@@ -8,7 +8,7 @@ class QLabel;
 class QProgressBar;
 
 /// The tempo, large, with its accuracy and what there is to say about it.
-class BpmPanel : public LivePanel
+class BpmPanel final : public LivePanel
 {
     Q_OBJECT
 

@@ -8,7 +8,7 @@ class QLabel;
 
 /// A lamp that flashes with beats, or with pulses, and tells real ones from virtual ones: those are
 /// rings, and named.
-class LedPanel : public LivePanel
+class LedPanel final : public LivePanel
 {
     Q_OBJECT
 

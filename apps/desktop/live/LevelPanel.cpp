@@ -67,7 +67,7 @@ void LevelPanel::_MakeSlider()
     m_pSlider->setPageStep(6 * kTenths);
     m_pScale->setScaleDiv(QwtLinearScaleEngine().divideScale(least, 0.0, 6, 0, 10.0));
     m_pScale->scaleDraw()->enableComponent(QwtAbstractScaleDraw::Backbone, false);
-    m_pScale->scaleDraw()->setTickLength(QwtScaleDiv::MajorTick, fontMetrics().height() / 3);
+    m_pScale->scaleDraw()->setTickLength(QwtScaleDiv::MajorTick, fontMetrics().height() / 3.0);
     m_pScale->setMargin(0);
 }
 

@@ -15,7 +15,7 @@ class QwtScaleWidget;
 class Readout;
 
 /// The volumes against the threshold, which is automatic or set by a slider.
-class LevelPanel : public LivePanel
+class LevelPanel final : public LivePanel
 {
     Q_OBJECT
 

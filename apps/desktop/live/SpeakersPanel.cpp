@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int kSpeakers = 2;
+constexpr qint64 kFrameMs = 30;
 constexpr double kAspect = 0.62;  ///< width over height of a box
 constexpr double kGap = 0.18;     ///< between the boxes, in box widths
 
@@ -23,6 +24,9 @@ SpeakersPanel::SpeakersPanel(QWidget* pParent) : LivePanel(pParent)
 
 void SpeakersPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 {
+    if (pNow - m_lastFrame < kFrameMs)
+        return;
+    m_lastFrame = pNow;
     const int step = detail::FlashStep(pNow - pValues.beatTime, kFadeMs);
     if (step == m_step)
         return;

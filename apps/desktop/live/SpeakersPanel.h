@@ -5,7 +5,7 @@
 #include "LivePanel.h"
 
 /// Two drawn speakers whose membranes pump with the beat.
-class SpeakersPanel : public LivePanel
+class SpeakersPanel final : public LivePanel
 {
     Q_OBJECT
 
@@ -35,5 +35,6 @@ private:
     QColor m_body;
     QColor m_lit;
     FrameCache m_frames;
+    qint64 m_lastFrame = 0;  ///< ms
     int m_step = 0;
 };

@@ -9,6 +9,22 @@
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 
+namespace {
+
+/// A translucent colour on a ground: to fill with the mixture is far cheaper.
+QColor Blend(const QColor& pGround, const QColor& pColor)
+{
+    const double share = pColor.alphaF();
+    const auto mix = [share](double pBelow, double pAbove) {
+        return pBelow + (pAbove - pBelow) * share;
+    };
+    return QColor::fromRgbF(mix(pGround.redF(), pColor.redF()),
+                            mix(pGround.greenF(), pColor.greenF()),
+                            mix(pGround.blueF(), pColor.blueF()));
+}
+
+}  // namespace
+
 SpectrumCanvas::SpectrumCanvas(QwtPlot* pPlot, const SpectrumBars& pBars)
     : QwtPlotCanvas(pPlot), m_bars(pBars), m_pColors(&::getColors(eLightLook))
 {
@@ -43,8 +59,9 @@ void SpectrumCanvas::RepaintBetween(double pLow, double pHigh)
 void SpectrumCanvas::paintEvent(QPaintEvent* pEvent)
 {
     QPainter painter(this);
-    painter.fillRect(pEvent->rect(), palette().color(backgroundRole()));
-    _DrawBand(painter);
+    const QColor ground = palette().color(backgroundRole());
+    painter.fillRect(pEvent->rect(), ground);
+    _DrawBand(painter, ground);
     _DrawGrid(painter);
     m_bars.Draw(painter,
                 plot()->canvasMap(QwtPlot::xBottom),
@@ -53,13 +70,14 @@ void SpectrumCanvas::paintEvent(QPaintEvent* pEvent)
                 contentsRect());
 }
 
-void SpectrumCanvas::_DrawBand(QPainter& pPainter) const
+void SpectrumCanvas::_DrawBand(QPainter& pPainter, const QColor& pGround) const
 {
     const QwtScaleMap map = plot()->canvasMap(QwtPlot::xBottom);
     const double left = m_low < 1 ? 0.0 : map.transform(m_low);
     const double right = m_high < 1 ? width() : map.transform(m_high);
     if (right > left)
-        pPainter.fillRect(QRectF(left, 0.0, right - left, height()), m_pColors->band);
+        pPainter.fillRect(QRectF(left, 0.0, right - left, height()),
+                          Blend(pGround, m_pColors->band));
 }
 
 void SpectrumCanvas::_DrawGrid(QPainter& pPainter) const

@@ -30,7 +30,7 @@ protected:
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
-    void _DrawBand(QPainter& pPainter) const;
+    void _DrawBand(QPainter& pPainter, const QColor& pGround) const;
     void _DrawGrid(QPainter& pPainter) const;
 
     const SpectrumBars& m_bars;   ///< not owned

@@ -9,7 +9,7 @@ class QwtPlot;
 class SpectrumCanvas;
 
 /// The amplitude spectrum on a logarithmic frequency axis, with the band of the selected profile.
-class SpectrumPanel : public LivePanel
+class SpectrumPanel final : public LivePanel
 {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kTickMs = 40;  ///< about as often as live sound arrives
+constexpr int kTickMs = 50;  ///< about as often as live sound arrives
 constexpr double kLevelSeconds = 3.0;
 constexpr double kLateSeconds = 0.5;  ///< behind the clock, or before it: to be anchored anew
 

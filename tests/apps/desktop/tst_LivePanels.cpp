@@ -276,11 +276,11 @@ void tst_LivePanels::speakers_pumpWithTheBeat()
     panel.Refresh(values, 1000);
     QCOMPARE(panel.getStep(), 0);
     const QImage still = panel.grab().toImage();
-    values.beatTime = 1000;
-    panel.Refresh(values, 1000);
+    values.beatTime = 1100;
+    panel.Refresh(values, 1100);
     QCOMPARE(panel.getStep(), detail::kFlashSteps);
     QVERIFY(panel.grab().toImage() != still);
-    panel.Refresh(values, 1250);
+    panel.Refresh(values, 1350);
     QCOMPARE(panel.grab().toImage(), still);
 }
 
