@@ -12,6 +12,9 @@ namespace {
 constexpr double kFall = 90.0;      ///< dB a second
 constexpr double kPeakFall = 24.0;  ///< likewise
 constexpr qint64 kPeakHoldMs = 800;
+constexpr std::size_t kGroup = 6;  ///< bars that are painted together
+constexpr double kStillLow = 1.0;  ///< dB; nothing has moved
+constexpr double kStillHigh = -1000.0;
 
 }  // namespace
 
@@ -26,6 +29,7 @@ void SpectrumBars::_SetBars(std::size_t pBinCount, int pSampleRate)
     m_levels.assign(m_bars.size(), kLeast);
     m_peaks.assign(m_bars.size(), kLeast);
     m_peakTimes.assign(m_bars.size(), 0);
+    m_moved.assign(m_bars.size(), {kLeast, 0.0});
 }
 
 void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow)
@@ -37,9 +41,9 @@ void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, 
         const auto [first, last] = m_bars[i].bins;
         const double power = *std::max_element(pAmplitudes.begin() + std::ptrdiff_t(first),
                                                pAmplitudes.begin() + std::ptrdiff_t(last) + 1);
-        _Move(m_levels[i], std::max(m_levels[i], detail::PowerDecibels(power, kLeast)));
+        _Move(i, m_levels[i], std::max(m_levels[i], detail::PowerDecibels(power, kLeast)));
         if (m_levels[i] >= m_peaks[i]) {
-            _Move(m_peaks[i], m_levels[i]);
+            _Move(i, m_peaks[i], m_levels[i]);
             m_peakTimes[i] = pNow;
         }
     }
@@ -50,22 +54,35 @@ void SpectrumBars::Fall(qint64 pNow)
     const double seconds = double(std::clamp<qint64>(pNow - m_lastFall, 0, 1000)) / 1000.0;
     m_lastFall = pNow;
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
-        _Move(m_levels[i], std::max(m_levels[i] - kFall * seconds, kLeast));
+        _Move(i, m_levels[i], std::max(m_levels[i] - kFall * seconds, kLeast));
         if (pNow - m_peakTimes[i] >= kPeakHoldMs)
-            _Move(m_peaks[i], std::max(m_peaks[i] - kPeakFall * seconds, kLeast));
+            _Move(i, m_peaks[i], std::max(m_peaks[i] - kPeakFall * seconds, kLeast));
     }
 }
 
-SpectrumBars::Range SpectrumBars::TakeMoved()
+std::vector<SpectrumBars::Moved> SpectrumBars::TakeMoved()
 {
-    return std::exchange(m_moved, kStill);
+    std::vector<Moved> areas;
+    for (std::size_t first = 0; first < m_bars.size(); first += kGroup) {
+        const std::size_t end = std::min(first + kGroup, m_bars.size());
+        Moved area = {m_bars[first].low, m_bars[end - 1].high, kStillLow, kStillHigh};
+        for (std::size_t i = first; i < end; ++i) {
+            area.low = std::min(area.low, m_moved[i].low);
+            area.high = std::max(area.high, m_moved[i].high);
+            m_moved[i] = {kStillLow, kStillHigh};
+        }
+        if (area.low <= area.high)
+            areas.push_back(area);
+    }
+    return areas;
 }
 
-void SpectrumBars::_Move(double& pLevel, double pTo)
+void SpectrumBars::_Move(std::size_t pBar, double& pLevel, double pTo)
 {
     if (pTo >= pLevel && pTo <= pLevel)
         return;
-    m_moved = {std::min({m_moved.low, pLevel, pTo}), std::max({m_moved.high, pLevel, pTo})};
+    Range& moved = m_moved[pBar];
+    moved = {std::min({moved.low, pLevel, pTo}), std::max({moved.high, pLevel, pTo})};
     pLevel = pTo;
 }
 

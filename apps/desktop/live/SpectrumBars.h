@@ -25,13 +25,17 @@ public:
     void Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow);
     /// Lets the bars fall as time goes by.
     void Fall(qint64 pNow);
-    /// Where bars and peaks have moved since the last call.
-    struct Range
+    /// An area in which bars or peaks have moved.
+    struct Moved
     {
-        double low;   ///< dB
-        double high;  ///< dB; below low = nothing has moved
+        double left;   ///< Hz
+        double right;  ///< Hz
+        double low;    ///< dB
+        double high;   ///< dB
     };
-    Range TakeMoved();
+    /// All areas since the last call, from left to right: a few neighbours each, so that little is
+    /// painted anew.
+    std::vector<Moved> TakeMoved();
     const std::vector<double>& getLevels() const { return m_levels; }  ///< dB
     const std::vector<double>& getPeaks() const { return m_peaks; }
 
@@ -44,9 +48,13 @@ public:
               const QRectF& pCanvas) const;
 
 private:
-    static constexpr Range kStill = {1.0, -1000.0};
+    struct Range
+    {
+        double low;   ///< dB
+        double high;  ///< dB; below low = nothing has moved
+    };
 
-    void _Move(double& pLevel, double pTo);
+    void _Move(std::size_t pBar, double& pLevel, double pTo);
     void _SetBars(std::size_t pBinCount, int pSampleRate);
 
     std::vector<detail::SpectrumBar> m_bars;  ///< none before the first spectrum
@@ -54,7 +62,7 @@ private:
     std::vector<double> m_peaks;              ///< dB
     std::vector<qint64> m_peakTimes;          ///< ms
     std::size_t m_binCount = 0;
-    int m_sampleRate = 0;   ///< Hz
-    qint64 m_lastFall = 0;  ///< ms
-    Range m_moved = kStill;
+    int m_sampleRate = 0;        ///< Hz
+    qint64 m_lastFall = 0;       ///< ms
+    std::vector<Range> m_moved;  ///< of each bar, since TakeMoved()
 };

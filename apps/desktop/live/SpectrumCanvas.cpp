@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SpectrumCanvas.h"
 
-#include "SpectrumBars.h"
-
 #include <QPaintEvent>
 #include <QPainter>
 #include <qwt_plot.h>
@@ -48,12 +46,23 @@ void SpectrumCanvas::setBand(int pLow, int pHigh)
     update();
 }
 
-void SpectrumCanvas::RepaintBetween(double pLow, double pHigh)
+void SpectrumCanvas::Repaint(const std::vector<SpectrumBars::Moved>& pAreas)
 {
-    const QwtScaleMap map = plot()->canvasMap(QwtPlot::yLeft);
-    const int top = int(map.transform(pHigh)) - 1;
-    const int bottom = int(map.transform(pLow) + SpectrumBars::getPeakLine(height())) + 2;
-    update(0, top, width(), bottom - top);
+    QRegion region;
+    for (const SpectrumBars::Moved& area : pAreas)
+        region += _ToPixels(area);
+    if (!region.isEmpty())
+        update(region);
+}
+
+QRect SpectrumCanvas::_ToPixels(const SpectrumBars::Moved& pArea) const
+{
+    const QwtScaleMap x = plot()->canvasMap(QwtPlot::xBottom);
+    const QwtScaleMap y = plot()->canvasMap(QwtPlot::yLeft);
+    const QPoint corner(int(x.transform(pArea.left)) - 1, int(y.transform(pArea.high)) - 1);
+    const double line = SpectrumBars::getPeakLine(height());
+    const QPoint end(int(x.transform(pArea.right)) + 1, int(y.transform(pArea.low) + line) + 2);
+    return {corner, end};
 }
 
 void SpectrumCanvas::paintEvent(QPaintEvent* pEvent)

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "../Look.h"
+#include "SpectrumBars.h"
 
 #include <qwt_plot_canvas.h>
-
-class SpectrumBars;
 
 /// Draws the bars on the grid of the plot's scales and the band of a profile.
 ///
@@ -23,8 +22,7 @@ public:
     void setBand(int pLow, int pHigh);
     int getLow() const { return m_low; }
     int getHigh() const { return m_high; }
-    /// Repaints from one level to another, dB.
-    void RepaintBetween(double pLow, double pHigh);
+    void Repaint(const std::vector<SpectrumBars::Moved>& pAreas);
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
@@ -32,6 +30,8 @@ protected:
 private:
     void _DrawBand(QPainter& pPainter, const QColor& pGround) const;
     void _DrawGrid(QPainter& pPainter) const;
+
+    QRect _ToPixels(const SpectrumBars::Moved& pArea) const;
 
     const SpectrumBars& m_bars;   ///< not owned
     const LookColors* m_pColors;  ///< not owned

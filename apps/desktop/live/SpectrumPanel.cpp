@@ -112,9 +112,7 @@ void SpectrumPanel::Refresh(const LiveValues& pValues, qint64 pNow)
         m_spectrumCount = pValues.spectrumCount;
         m_bars.Add(pValues.amplitudes, pValues.sampleRate, pNow);
     }
-    const SpectrumBars::Range moved = m_bars.TakeMoved();
-    if (moved.low <= moved.high)
-        m_pCanvas->RepaintBetween(moved.low, moved.high);
+    m_pCanvas->Repaint(m_bars.TakeMoved());
     _ShowBand();
 }
 
