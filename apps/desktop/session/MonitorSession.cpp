@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <common/AnalysisOptions.h>
 #include <common/InputDevices.h>
 #include <utility>
 
@@ -36,7 +37,17 @@ bool MonitorSession::Load(QString& pError)
     const bool isLoaded = m_store.Load();
     pError = m_store.getError();
     m_deviceName = m_store.getDeviceName();
+    if (!QFileInfo::exists(ConfigurationStore::getPath()))
+        _SetHostDefaults();
     return isLoaded;
+}
+
+/// Until the user chooses, silence is judged as often as in the other hosts.
+void MonitorSession::_SetHostDefaults()
+{
+    Configuration& configuration = m_store.getConfiguration();
+    configuration.setStopDetectionDuration(AnalysisOptions::kStopDuration);
+    configuration.setIsModified(false);
 }
 
 AudioAnalyzer* MonitorSession::getAnalyzer() const

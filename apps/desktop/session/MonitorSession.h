@@ -68,6 +68,7 @@ Q_SIGNALS:
     void OnSourceChanged();
 
 private:
+    void _SetHostDefaults();
     void _Close();
     void _OpenCapture();
     void _WaitForAnyDevice();

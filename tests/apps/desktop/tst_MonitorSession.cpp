@@ -34,6 +34,7 @@ private Q_SLOTS:
     void listen_takesTheStoredDevice();
     void listen_waitsForTheStoredDevice_whenItIsAway();
     void noDevice_isSaid_andTheFirstOneIsTaken();
+    void silence_isJudgedEvery1500Ms_untilAnotherPaceIsStored();
     void choice_isStored();
     void analyzer_isAnnouncedBeforeItIsGone();
     void vanishedDevice_isSaidAndResumed();
@@ -118,6 +119,23 @@ void tst_MonitorSession::noDevice_isSaid_andTheFirstOneIsTaken()
     PanelTest::Poll();
     QTRY_COMPARE(session.getSource().capture, eCaptureRunning);
     QCOMPARE(session.getDeviceName(), Name("Deck"));
+}
+
+void tst_MonitorSession::silence_isJudgedEvery1500Ms_untilAnotherPaceIsStored()
+{
+    QString error;
+    {
+        MonitorSession session;
+        QVERIFY(session.Load(error));
+        QCOMPARE(session.getConfiguration().getStopDetectionDuration(), 1.5);
+        // Nobody has changed a thing: nothing is written.
+        QVERIFY(!session.getConfiguration().isModified());
+        session.getConfiguration().setStopDetectionDuration(0.75);
+        QVERIFY(session.getSaver().Save());
+    }
+    MonitorSession session;
+    QVERIFY(session.Load(error));
+    QCOMPARE(session.getConfiguration().getStopDetectionDuration(), 0.75);
 }
 
 void tst_MonitorSession::choice_isStored()
