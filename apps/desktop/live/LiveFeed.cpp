@@ -33,7 +33,7 @@ void LiveFeed::_Connect(AudioAnalyzer* pAnalyzer)
     connect(pAnalyzer, &A::OnAmplitudesComputed, this, &LiveFeed::_OnSpectrum);
     connect(pAnalyzer, &A::OnPulseDetected, this, &LiveFeed::_OnPulse);
     connect(pAnalyzer, &A::OnBeat, this, &LiveFeed::_OnBeat);
-    connect(pAnalyzer, &A::OnBPMChanged, this, [this](double pBPM) { m_reportedBPM = pBPM; });
+    connect(pAnalyzer, &A::OnBPMChanged, this, &LiveFeed::_OnTempo);
 }
 
 void LiveFeed::Restart()
@@ -83,6 +83,13 @@ void LiveFeed::_OnPulse(const Pulse& pPulse)
     m_values.pulseTime = getTime();
     m_values.isPulseVirtual = pPulse.getType() == eVirtualBeat;
     Q_EMIT OnFlashed();
+}
+
+/// In silence the analyzer goes on to measure the beats that it assumes: that is no tempo of music.
+void LiveFeed::_OnTempo(double pBPM)
+{
+    if (m_log->isPlaying())
+        m_reportedBPM = pBPM;
 }
 
 /// The beat that falls due now was predicted from the one that was chosen last.

@@ -46,6 +46,7 @@ private:
     void _Connect(AudioAnalyzer* pAnalyzer);
     void _OnSpectrum(const double* pAmplitudes, unsigned int pCount);
     void _OnPulse(const Pulse& pPulse);
+    void _OnTempo(double pBPM);
     void _OnBeat();
     void _OnBeatLogged(const LoggedBeat& pBeat);
     void _TrimLog();

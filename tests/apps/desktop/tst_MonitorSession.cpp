@@ -39,6 +39,7 @@ private Q_SLOTS:
     void analyzer_isAnnouncedBeforeItIsGone();
     void vanishedDevice_isSaidAndResumed();
     void tempo_isMeasured();
+    void silence_hasNoTempo();
     void beats_flash();
     void reset_forgetsTheTempo();
     void fixedTempo_outlivesTheSource();
@@ -210,6 +211,20 @@ void tst_MonitorSession::tempo_isMeasured()
     QVERIFY(values.threshold > 0);
     QCOMPARE(values.amplitudes.size(), std::size_t(512));
     QVERIFY(session.TakePeak() > 20000);
+}
+
+void tst_MonitorSession::silence_hasNoTempo()
+{
+    Machine().Plug(desktoptest::SilentDevice("Line"));
+    MonitorSession session;
+    session.Listen({});
+    // The analyzer assumes beats at the middle of the profile's range, 132.5 BPM.
+    QTRY_VERIFY_WITH_TIMEOUT(session.getAnalyzer() && session.getAnalyzer()->getComputedBPM() > 0.0,
+                             12000);
+    QTest::qWait(600);
+    QCOMPARE(session.getFeed().Read().bpm, 0.0);
+    QCOMPARE(session.getFeed().Read().measuredBPM, 0.0);
+    QVERIFY(!session.getFeed().Read().isHeld);
 }
 
 void tst_MonitorSession::beats_flash()
