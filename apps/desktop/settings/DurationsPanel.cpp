@@ -90,13 +90,22 @@ bool IsWithin(double pSeconds, const detail::DurationLimits& pLimits)
     return pSeconds >= pLimits.minimum && pSeconds <= pLimits.maximum;
 }
 
+/// The hint stands below, where it has the width of the panel.
+void AddRow(QGridLayout* pGrid, QLabel* pLabel, QWidget* pField, HintLabel* pHint)
+{
+    const int line = pGrid->rowCount();
+    pGrid->addWidget(pLabel, line, 0);
+    pGrid->addWidget(pField, line, 1);
+    pGrid->addWidget(pHint, line + 1, 0, 1, 2);
+}
+
 }  // namespace
 
 DurationsPanel::DurationsPanel(Configuration& pConfiguration, QWidget* pParent)
     : SettingsPanel(pConfiguration, pParent), m_pDefaults(new QPushButton(this))
 {
     auto* pGrid = new QGridLayout(this);
-    pGrid->setColumnStretch(2, 1);
+    pGrid->setColumnStretch(0, 1);
     _AddDuration(eAverageVolume, pGrid);
     _AddDuration(eBPM, pGrid);
     _AddDuration(eStop, pGrid);
@@ -125,10 +134,7 @@ void DurationsPanel::_AddDuration(eDuration pDuration, QGridLayout* pGrid)
             QOverload<double>::of(&QDoubleSpinBox::valueChanged),
             this,
             [this, pDuration](double pSeconds) { _StoreDuration(pDuration, pSeconds); });
-    const int line = pGrid->rowCount();
-    pGrid->addWidget(row.pLabel, line, 0);
-    pGrid->addWidget(row.pField, line, 1);
-    pGrid->addWidget(row.pHint, line, 2);
+    AddRow(pGrid, row.pLabel, row.pField, row.pHint);
 }
 
 void DurationsPanel::_AddLevel(eLevel pLevel, QGridLayout* pGrid)
@@ -145,10 +151,7 @@ void DurationsPanel::_AddLevel(eLevel pLevel, QGridLayout* pGrid)
             QOverload<int>::of(&QSpinBox::valueChanged),
             this,
             [this, pLevel](int pMagnitude) { _StoreLevel(pLevel, pMagnitude); });
-    const int line = pGrid->rowCount();
-    pGrid->addWidget(row.pLabel, line, 0);
-    pGrid->addWidget(row.pField, line, 1);
-    pGrid->addWidget(row.pHint, line, 2);
+    AddRow(pGrid, row.pLabel, row.pField, row.pHint);
 }
 
 // ---- Changes ------------------------------------------------------------------------------------
