@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/dsp/BandPassThreshold.h>
 #include <AudioAnalyzer/dsp/FastFourierTransform.h>
+#include <AudioAnalyzer/dsp/detail/BandAngles.h>
+#include <AudioAnalyzer/dsp/detail/BandGrid.h>
+#include <AudioAnalyzer/dsp/detail/BandSpectrum.h>
 #include <AudioAnalyzer/dsp/detail/BinRanges.h>
 #include <AudioAnalyzer/dsp/detail/LengthSelection.h>
 
@@ -11,7 +14,6 @@
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 constexpr std::size_t kLeastLength = 4096;  // below, the full transform is cheap
 constexpr std::size_t kSegments = 8;        // of a block, each with its own candidate
 constexpr std::size_t kCandidates = 3;      // that are worth a look before a transform
@@ -52,13 +54,33 @@ double Dot(const qint16* pSamples, const double* pKernel, std::size_t pCount)
     return sum;
 }
 
+struct Candidate
+{
+    qint32 sum;
+    std::size_t index;
+};
+
+/// The middle of the chunk with the highest positive sum, of pChunks chunks from pFirst on.
+Candidate
+HighestChunk(const qint16* pSamples, std::size_t pFirst, std::size_t pChunks, std::size_t pChunk)
+{
+    Candidate best{0, pFirst};
+    for (std::size_t i = 0; i < pChunks; ++i) {
+        const std::size_t start = pFirst + i * pChunk;
+        qint32 sum = 0;
+        for (std::size_t j = 0; j < pChunk; ++j)
+            sum += pSamples[start + j];
+        if (sum > best.sum)
+            best = {sum, start + pChunk / 2};
+    }
+    return best;
+}
+
 }  // namespace
 
-BandPassThreshold::~BandPassThreshold()
-{
-    delete[] m_pReal;
-    delete[] m_pImaginary;
-}
+BandPassThreshold::BandPassThreshold() = default;
+
+BandPassThreshold::~BandPassThreshold() = default;
 
 bool BandPassThreshold::RisesAbove(const qint16* pSamples,
                                    std::size_t pCount,
@@ -74,7 +96,7 @@ bool BandPassThreshold::RisesAbove(const qint16* pSamples,
     if (verdict == Verdict::eOpen)
         verdict = _DecideByPeaks(pSamples);
     if (verdict == Verdict::eOpen)
-        verdict = _DecideByHalfTransform(pSamples);
+        verdict = _DecideBySpectrum(pSamples);
     if (verdict == Verdict::eOpen)
         return RisesAboveByTransform(pSamples, pCount, pQuestion, pTransform);
     return verdict == Verdict::eAbove;
@@ -118,12 +140,14 @@ bool BandPassThreshold::_ChooseBins(std::size_t pCount, const Question& pQuestio
 
 void BandPassThreshold::_Prepare(const qint16* pSamples, FastFourierTransform& pTransform)
 {
-    m_chunk = static_cast<int>(std::max<std::size_t>(m_length / m_highBin / 3, 1));
-    _MakeTwiddles();
+    m_chunk = std::max<std::size_t>(m_length / m_highBin / 3, 1);
     _MakeKernel();
+    _MakeGrids();
     // Once through each way that has arrays of its own, so that none is made in the midst of music.
     pTransform.Compute(pSamples, m_count);
-    _DecideByHalfTransform(pSamples);
+    m_pSpectrum->Compute(pSamples, m_count);
+    m_pCoarseGrid->Compute(*m_pSpectrum);
+    m_pFineGrid->Compute(*m_pSpectrum);
 }
 
 /// The filter keeps bins L to H - 1 and, mirrored one bin off, N - H to N - L - 1. The real part of
@@ -131,7 +155,7 @@ void BandPassThreshold::_Prepare(const qint16* pSamples, FastFourierTransform& p
 /// form.
 void BandPassThreshold::_MakeKernel()
 {
-    const double step = 2.0 * kPi / static_cast<double>(m_length);
+    const double step = 2.0 * detail::kPi / static_cast<double>(m_length);
     const auto sine = [this, step](std::size_t pBin, std::size_t pIndex) {
         return std::sin(step * static_cast<double>(pBin * pIndex % m_length));
     };
@@ -143,19 +167,14 @@ void BandPassThreshold::_MakeKernel()
             (std::tan(0.5 * step * static_cast<double>(i)) * static_cast<double>(m_length));
 }
 
-void BandPassThreshold::_MakeTwiddles()
+void BandPassThreshold::_MakeGrids()
 {
-    const double step = 2.0 * kPi / static_cast<double>(m_length);
-    m_cosines.clear();
-    m_sines.clear();
-    for (std::size_t k = m_lowBin; k <= m_highBin; ++k) {
-        m_cosines.push_back(std::cos(step * static_cast<double>(k)));
-        m_sines.push_back(std::sin(step * static_cast<double>(k)));
-    }
-    m_even.assign((m_count + 1) / 2, 0);
-    m_odd.assign((m_count + 1) / 2, 0);
-    m_packedReal.assign(m_length / 2, 0.0);
-    m_packedImaginary.assign(m_length / 2, 0.0);
+    std::size_t step = 1;
+    while (m_length / (2 * step) > 4 * m_highBin)
+        step *= 2;
+    m_pSpectrum = std::make_unique<detail::BandSpectrum>(m_length, m_lowBin, m_highBin);
+    m_pCoarseGrid = std::make_unique<detail::BandGrid>(m_length, m_lowBin, m_highBin, step);
+    m_pFineGrid = std::make_unique<detail::BandGrid>(m_length, m_lowBin, m_highBin, 1);
 }
 
 /// The full transform truncates toward zero and keeps 16 bits. A value from threshold + 1 up to
@@ -186,22 +205,10 @@ BandPassThreshold::Verdict BandPassThreshold::_DecideByEnergy() const
 /// Looks at the filtered signal where the raw one is high for longer than a high frequency lasts.
 BandPassThreshold::Verdict BandPassThreshold::_DecideByPeaks(const qint16* pSamples) const
 {
-    struct Candidate
-    {
-        qint32 sum;
-        std::size_t index;
-    };
     std::array<Candidate, kSegments> candidates{};
-    const std::size_t chunk = static_cast<std::size_t>(m_chunk);
-    const std::size_t chunks = m_count / chunk;
-    for (std::size_t i = 0; i < chunks; ++i) {
-        qint32 sum = 0;
-        for (std::size_t j = 0; j < chunk; ++j)
-            sum += pSamples[i * chunk + j];
-        Candidate& best = candidates[i * kSegments / chunks];
-        if (sum > best.sum)
-            best = {sum, i * chunk + chunk / 2};
-    }
+    const std::size_t chunks = m_count / m_chunk / kSegments;
+    for (std::size_t i = 0; i < kSegments; ++i)
+        candidates[i] = HighestChunk(pSamples, i * chunks * m_chunk, chunks, m_chunk);
     std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
         return a.sum > b.sum;
     });
@@ -217,59 +224,24 @@ double BandPassThreshold::_FilteredSample(const qint16* pSamples, std::size_t pI
            (pIndex > 0 ? Dot<-1>(pSamples + pIndex - 1, m_kernel.data() + 1, pIndex) : 0.0);
 }
 
-/// All of the filtered signal, by transforms of half the length: even samples travel as real parts,
-/// odd ones as imaginary parts. Leaves open only what lies within the error of the threshold.
-BandPassThreshold::Verdict BandPassThreshold::_DecideByHalfTransform(const qint16* pSamples)
+/// All of the filtered signal: first from a few points of it, then from every sample. Leaves open
+/// only what lies within the error of the threshold.
+BandPassThreshold::Verdict BandPassThreshold::_DecideBySpectrum(const qint16* pSamples)
 {
-    for (std::size_t i = 0; i < m_count / 2; ++i) {
-        m_even[i] = pSamples[2 * i];
-        m_odd[i] = pSamples[2 * i + 1];
-    }
-    if (m_count % 2 == 1)
-        m_even.back() = pSamples[m_count - 1];
-    FastFourierTransform::Compute(
-        m_even.data(), m_odd.data(), m_even.size(), m_pReal, m_pImaginary, m_resultCount, false);
-    _FilterHalfSpectrum();
-    FastFourierTransform::Compute(m_packedReal.data(),
-                                  m_packedImaginary.data(),
-                                  m_packedReal.size(),
-                                  m_pReal,
-                                  m_pImaginary,
-                                  m_resultCount,
-                                  true);
-    double greatest = 0.0;
-    bool isAbove = false;
-    for (std::size_t i = 0; i < m_count; ++i) {
-        const double value = i % 2 == 0 ? m_pReal[i / 2] : m_pImaginary[i / 2];
-        greatest = std::max(greatest, std::fabs(value));
-        isAbove |= _IsAbove(value);
-    }
-    if (isAbove)
-        return Verdict::eAbove;
-    return greatest < m_ceiling ? Verdict::eNotAbove : Verdict::eOpen;
+    m_pSpectrum->Compute(pSamples, m_count);
+    const Verdict verdict = _DecideOnGrid(*m_pCoarseGrid);
+    return verdict == Verdict::eOpen ? _DecideOnGrid(*m_pFineGrid) : verdict;
 }
 
-/// From the transform Z of even + i odd: the spectrum X of the block in the band, filtered, and
-/// from it the transform W of the filtered even + i odd. With phi = 2 pi k / N and M = N/2:
-///     X(k) = (Z(k) + conj Z(M-k)) / 2 + e^(i phi) (Z(k) - conj Z(M-k)) / 2i
-///     W(k) = X(k) (1 + i e^(-i phi)) / 2,   W(M-k) = conj X(k) (1 + i e^(i phi)) / 2
-void BandPassThreshold::_FilterHalfSpectrum()
+BandPassThreshold::Verdict BandPassThreshold::_DecideOnGrid(detail::BandGrid& pGrid) const
 {
-    const std::size_t half = m_length / 2;
-    for (std::size_t k = m_lowBin; k <= m_highBin; ++k) {
-        const double c = m_cosines[k - m_lowBin];
-        const double s = m_sines[k - m_lowBin];
-        const bool isEdge = k == m_lowBin || k == m_highBin;
-        const double weight = isEdge ? 0.25 : 0.5;
-        const double evenReal = m_pReal[k] + m_pReal[half - k];
-        const double evenImaginary = m_pImaginary[k] - m_pImaginary[half - k];
-        const double oddReal = m_pImaginary[k] + m_pImaginary[half - k];
-        const double oddImaginary = m_pReal[half - k] - m_pReal[k];
-        const double real = 0.5 * weight * (evenReal + c * oddReal - s * oddImaginary);
-        const double imaginary = 0.5 * weight * (evenImaginary + c * oddImaginary + s * oddReal);
-        m_packedReal[k] = real * (1.0 + s) - imaginary * c;
-        m_packedImaginary[k] = real * c + imaginary * (1.0 + s);
-        m_packedReal[half - k] = real * (1.0 - s) + imaginary * c;
-        m_packedImaginary[half - k] = real * c - imaginary * (1.0 - s);
-    }
+    pGrid.Compute(*m_pSpectrum);
+    const std::size_t ownPoints = (m_count + pGrid.step() - 1) / pGrid.step();
+    for (std::size_t i = 0; i < ownPoints; ++i)
+        if (_IsAbove(pGrid.at(i)))
+            return Verdict::eAbove;
+    double greatest = 0.0;
+    for (std::size_t i = 0; i < pGrid.size(); ++i)
+        greatest = std::max(greatest, std::fabs(pGrid.at(i)));
+    return greatest < pGrid.leastShare() * m_ceiling ? Verdict::eNotAbove : Verdict::eOpen;
 }

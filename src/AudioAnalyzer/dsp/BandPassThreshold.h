@@ -6,9 +6,15 @@
 #include <QtGlobal>
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 class FastFourierTransform;
+
+namespace detail {
+class BandGrid;
+class BandSpectrum;
+}  // namespace detail
 
 /// Decides whether a band-passed block rises above a threshold: exactly as the full transform does,
 /// and nearly always without it.
@@ -31,7 +37,7 @@ public:
         qint16 threshold;
     };
 
-    BandPassThreshold() = default;
+    BandPassThreshold();
     ~BandPassThreshold();
     BandPassThreshold(const BandPassThreshold&) = delete;
     BandPassThreshold& operator=(const BandPassThreshold&) = delete;
@@ -61,35 +67,28 @@ private:
     bool _ChooseBins(std::size_t pCount, const Question& pQuestion);
     void _Prepare(const qint16* pSamples, FastFourierTransform& pTransform);
     void _MakeKernel();
-    void _MakeTwiddles();
+    void _MakeGrids();
     void _SetLimits(const qint16* pSamples, qint16 pThreshold);
     Verdict _DecideByEnergy() const;
     Verdict _DecideByPeaks(const qint16* pSamples) const;
-    Verdict _DecideByHalfTransform(const qint16* pSamples);
+    Verdict _DecideBySpectrum(const qint16* pSamples);
+    Verdict _DecideOnGrid(detail::BandGrid& pGrid) const;
     double _FilteredSample(const qint16* pSamples, std::size_t pIndex) const;
     bool _IsAbove(double pFiltered) const;
-    void _FilterHalfSpectrum();
 
     std::size_t m_count = 0;    ///< samples of a block
     std::size_t m_length = 0;   ///< N of the full transform
     std::size_t m_lowBin = 0;   ///< L: the first bin that passes
     std::size_t m_highBin = 0;  ///< H: the first bin above the band
-    int m_chunk = 0;            ///< samples that are summed to find where the signal is high
+    std::size_t m_chunk = 0;    ///< samples that are summed to find where the signal is high
 
     double m_norm = 0.0;     ///< Euclidean norm of the block
     double m_ceiling = 0.0;  ///< filtered magnitudes below it are not above the threshold
     double m_floor = 0.0;    ///< filtered values from here ...
     double m_roof = 0.0;     ///< ... to here are above the threshold
 
-    std::vector<double>
-        m_kernel;  ///< response to a unit impulse, m_count values; empty = to be made
-    std::vector<double> m_cosines;     ///< cos(2 pi k / N), k = L to H
-    std::vector<double> m_sines;       ///< sin(2 pi k / N), k = L to H
-    std::vector<qint16> m_even;        ///< samples 0, 2, 4, ...
-    std::vector<qint16> m_odd;         ///< samples 1, 3, 5, ..., padded to the size of m_even
-    std::vector<double> m_packedReal;  ///< filtered spectrum of the halves, N/2 values
-    std::vector<double> m_packedImaginary;
-    double* m_pReal = nullptr;       ///< owned result of a half transform
-    double* m_pImaginary = nullptr;  ///< owned result of a half transform
-    std::size_t m_resultCount = 0;   ///< values in each
+    std::vector<double> m_kernel;  ///< response to an impulse, m_count values; empty = to be made
+    std::unique_ptr<detail::BandSpectrum> m_pSpectrum;
+    std::unique_ptr<detail::BandGrid> m_pCoarseGrid;
+    std::unique_ptr<detail::BandGrid> m_pFineGrid;  ///< every sample
 };
