@@ -3,8 +3,10 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <type_traits>
 
 /// Interleaved samples of any channel count to the mono 16-bit samples that the analyzer takes.
 ///
@@ -19,12 +21,10 @@ public:
     /// becomes 0. [any thread] [audio path: no allocation]
     static qint16 ToSample16(double pValue)
     {
-        const double scaled = std::round(pValue * kFullScale);
-        if (std::isnan(scaled))
-            return 0;
-        if (scaled >= 32767.0)
-            return 32767;
-        return scaled <= -kFullScale ? qint16(-32768) : static_cast<qint16>(scaled);
+        const double scaled = pValue * kFullScale;
+        const double number = std::isnan(scaled) ? 0.0 : scaled;
+        const double clamped = std::min(std::max(number, -kFullScale), kFullScale - 1.0);
+        return static_cast<qint16>(clamped + std::copysign(kBelowHalf, clamped));
     }
 
     /// Mean of the pChannels samples of one frame, at least 1; full scale is 1. [any thread]
@@ -43,12 +43,26 @@ public:
     template <typename Sample>
     static void ToMono(const Sample* pFrames, int pChannels, std::size_t pCount, qint16* pSamples)
     {
-        for (std::size_t i = 0; i < pCount; ++i)
-            pSamples[i] = ToSample16(MeanOfFrame(pFrames + i * std::size_t(pChannels), pChannels));
+        if (pChannels == 1)
+            MixEach(pFrames, std::integral_constant<int, 1>(), pCount, pSamples);
+        else if (pChannels == 2)
+            MixEach(pFrames, std::integral_constant<int, 2>(), pCount, pSamples);
+        else
+            MixEach(pFrames, pChannels, pCount, pSamples);
     }
 
 private:
     static constexpr double kFullScale = 32768.0;
+    static constexpr double kBelowHalf = 0.49999999999999994;  // a half would round it up to 1
+
+    /// A channel count that the compiler knows needs neither loop nor division.
+    template <typename Sample, typename Channels>
+    static void
+    MixEach(const Sample* pFrames, Channels pChannels, std::size_t pCount, qint16* pSamples)
+    {
+        for (std::size_t i = 0; i < pCount; ++i)
+            pSamples[i] = ToSample16(MeanOfFrame(pFrames + i * std::size_t(pChannels), pChannels));
+    }
 
     static double ToUnit(float pSample) { return static_cast<double>(pSample); }
     static double ToUnit(qint16 pSample) { return pSample / kFullScale; }

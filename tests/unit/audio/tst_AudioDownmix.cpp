@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -14,6 +15,7 @@ class tst_AudioDownmix : public QObject
 private Q_SLOTS:
     void toSample16_roundsHalvesAwayFromZeroAndSaturates_data();
     void toSample16_roundsHalvesAwayFromZeroAndSaturates();
+    void toSample16_roundsLikeTheStandard_besideEveryHalf();
     void toMono_averagesEachFrame();
     void toMono_averagesIntegersAndRoundsOnce();
     void toMono_keepsMonoIntegers();
@@ -29,6 +31,7 @@ void tst_AudioDownmix::toSample16_roundsHalvesAwayFromZeroAndSaturates_data()
     QTest::newRow("zero") << 0.0 << qint16(0);
     QTest::newRow("below a half") << 0.49 * step << qint16(0);
     QTest::newRow("a half") << 0.5 * step << qint16(1);
+    QTest::newRow("the number before a half") << std::nextafter(0.5, 0.0) * step << qint16(0);
     QTest::newRow("minus a half") << -0.5 * step << qint16(-1);
     QTest::newRow("minus below a half") << -0.49 * step << qint16(0);
     QTest::newRow("half scale") << 0.5 << qint16(16384);
@@ -50,6 +53,15 @@ void tst_AudioDownmix::toSample16_roundsHalvesAwayFromZeroAndSaturates()
     QFETCH(double, value);
     QFETCH(qint16, sample);
     QCOMPARE(AudioDownmix::ToSample16(value), sample);
+}
+
+void tst_AudioDownmix::toSample16_roundsLikeTheStandard_besideEveryHalf()
+{
+    for (int whole = -32768; whole < 32767; ++whole) {
+        const double half = whole + 0.5;
+        for (const double value : {std::nextafter(half, -1e9), half, std::nextafter(half, 1e9)})
+            QCOMPARE(AudioDownmix::ToSample16(value / 32768.0), qint16(std::round(value)));
+    }
 }
 
 void tst_AudioDownmix::toMono_averagesEachFrame()
