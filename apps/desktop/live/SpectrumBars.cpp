@@ -12,9 +12,6 @@ namespace {
 constexpr double kFall = 90.0;      ///< dB a second
 constexpr double kPeakFall = 24.0;  ///< likewise
 constexpr qint64 kPeakHoldMs = 800;
-constexpr std::size_t kGroup = 6;  ///< bars that are painted together
-constexpr double kStillLow = 1.0;  ///< dB; nothing has moved
-constexpr double kStillHigh = -1000.0;
 
 }  // namespace
 
@@ -29,7 +26,7 @@ void SpectrumBars::_SetBars(std::size_t pBinCount, int pSampleRate)
     m_levels.assign(m_bars.size(), kLeast);
     m_peaks.assign(m_bars.size(), kLeast);
     m_peakTimes.assign(m_bars.size(), 0);
-    m_moved.assign(m_bars.size(), {kLeast, 0.0});
+    m_moved = {kLow, kHigh, kLeast, 0.0};
 }
 
 void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow)
@@ -60,29 +57,19 @@ void SpectrumBars::Fall(qint64 pNow)
     }
 }
 
-std::vector<SpectrumBars::Moved> SpectrumBars::TakeMoved()
+SpectrumBars::Moved SpectrumBars::TakeMoved()
 {
-    std::vector<Moved> areas;
-    for (std::size_t first = 0; first < m_bars.size(); first += kGroup) {
-        const std::size_t end = std::min(first + kGroup, m_bars.size());
-        Moved area = {m_bars[first].low, m_bars[end - 1].high, kStillLow, kStillHigh};
-        for (std::size_t i = first; i < end; ++i) {
-            area.low = std::min(area.low, m_moved[i].low);
-            area.high = std::max(area.high, m_moved[i].high);
-            m_moved[i] = {kStillLow, kStillHigh};
-        }
-        if (area.low <= area.high)
-            areas.push_back(area);
-    }
-    return areas;
+    return std::exchange(m_moved, Moved());
 }
 
 void SpectrumBars::_Move(std::size_t pBar, double& pLevel, double pTo)
 {
     if (pTo >= pLevel && pTo <= pLevel)
         return;
-    Range& moved = m_moved[pBar];
-    moved = {std::min({moved.low, pLevel, pTo}), std::max({moved.high, pLevel, pTo})};
+    m_moved.left = std::min(m_moved.left, m_bars[pBar].low);
+    m_moved.right = std::max(m_moved.right, m_bars[pBar].high);
+    m_moved.low = std::min({m_moved.low, pLevel, pTo});
+    m_moved.high = std::max({m_moved.high, pLevel, pTo});
     pLevel = pTo;
 }
 

@@ -25,17 +25,17 @@ public:
     void Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow);
     /// Lets the bars fall as time goes by.
     void Fall(qint64 pNow);
-    /// An area in which bars or peaks have moved.
+    /// The area in which bars or peaks have moved; empty when left is not below right.
     struct Moved
     {
-        double left;   ///< Hz
-        double right;  ///< Hz
-        double low;    ///< dB
-        double high;   ///< dB
+        double left = kHigh;   ///< Hz
+        double right = kLow;   ///< Hz
+        double low = 0.0;      ///< dB
+        double high = kLeast;  ///< dB
     };
-    /// All areas since the last call, from left to right: a few neighbours each, so that little is
-    /// painted anew.
-    std::vector<Moved> TakeMoved();
+    /// The area since the last call. One, since painting in several pieces costs more than it
+    /// saves.
+    Moved TakeMoved();
     const std::vector<double>& getLevels() const { return m_levels; }  ///< dB
     const std::vector<double>& getPeaks() const { return m_peaks; }
 
@@ -48,12 +48,6 @@ public:
               const QRectF& pCanvas) const;
 
 private:
-    struct Range
-    {
-        double low;   ///< dB
-        double high;  ///< dB; below low = nothing has moved
-    };
-
     void _Move(std::size_t pBar, double& pLevel, double pTo);
     void _SetBars(std::size_t pBinCount, int pSampleRate);
 
@@ -62,7 +56,7 @@ private:
     std::vector<double> m_peaks;              ///< dB
     std::vector<qint64> m_peakTimes;          ///< ms
     std::size_t m_binCount = 0;
-    int m_sampleRate = 0;        ///< Hz
-    qint64 m_lastFall = 0;       ///< ms
-    std::vector<Range> m_moved;  ///< of each bar, since TakeMoved()
+    int m_sampleRate = 0;   ///< Hz
+    qint64 m_lastFall = 0;  ///< ms
+    Moved m_moved;          ///< since TakeMoved()
 };

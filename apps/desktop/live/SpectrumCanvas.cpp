@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <qwt_plot.h>
 #include <qwt_scale_div.h>
-#include <qwt_scale_map.h>
 
 namespace {
 
@@ -46,19 +45,20 @@ void SpectrumCanvas::setBand(int pLow, int pHigh)
     update();
 }
 
-void SpectrumCanvas::Repaint(const std::vector<SpectrumBars::Moved>& pAreas)
+void SpectrumCanvas::Repaint(const SpectrumBars::Moved& pArea)
 {
-    QRegion region;
-    for (const SpectrumBars::Moved& area : pAreas)
-        region += _ToPixels(area);
-    if (!region.isEmpty())
-        update(region);
+    if (pArea.left < pArea.right)
+        update(_ToPixels(pArea, _MakeMaps()));
 }
 
-QRect SpectrumCanvas::_ToPixels(const SpectrumBars::Moved& pArea) const
+SpectrumCanvas::Maps SpectrumCanvas::_MakeMaps() const
 {
-    const QwtScaleMap x = plot()->canvasMap(QwtPlot::xBottom);
-    const QwtScaleMap y = plot()->canvasMap(QwtPlot::yLeft);
+    return {plot()->canvasMap(QwtPlot::xBottom), plot()->canvasMap(QwtPlot::yLeft)};
+}
+
+QRect SpectrumCanvas::_ToPixels(const SpectrumBars::Moved& pArea, const Maps& pMaps) const
+{
+    const auto& [x, y] = pMaps;
     const QPoint corner(int(x.transform(pArea.left)) - 1, int(y.transform(pArea.high)) - 1);
     const double line = SpectrumBars::getPeakLine(height());
     const QPoint end(int(x.transform(pArea.right)) + 1, int(y.transform(pArea.low) + line) + 2);
@@ -68,42 +68,34 @@ QRect SpectrumCanvas::_ToPixels(const SpectrumBars::Moved& pArea) const
 void SpectrumCanvas::paintEvent(QPaintEvent* pEvent)
 {
     QPainter painter(this);
+    const Maps maps = _MakeMaps();
     const QColor ground = palette().color(backgroundRole());
     painter.fillRect(pEvent->rect(), ground);
-    _DrawBand(painter, ground);
-    _DrawGrid(painter);
-    m_bars.Draw(painter,
-                plot()->canvasMap(QwtPlot::xBottom),
-                plot()->canvasMap(QwtPlot::yLeft),
-                *m_pColors,
-                contentsRect());
+    _DrawBand(painter, maps, ground);
+    _DrawGrid(painter, maps);
+    m_bars.Draw(painter, maps.x, maps.y, *m_pColors, contentsRect());
 }
 
-void SpectrumCanvas::_DrawBand(QPainter& pPainter, const QColor& pGround) const
+void SpectrumCanvas::_DrawBand(QPainter& pPainter, const Maps& pMaps, const QColor& pGround) const
 {
-    const QwtScaleMap map = plot()->canvasMap(QwtPlot::xBottom);
-    const double left = m_low < 1 ? 0.0 : map.transform(m_low);
-    const double right = m_high < 1 ? width() : map.transform(m_high);
+    const double left = m_low < 1 ? 0.0 : pMaps.x.transform(m_low);
+    const double right = m_high < 1 ? width() : pMaps.x.transform(m_high);
     if (right > left)
         pPainter.fillRect(QRectF(left, 0.0, right - left, height()),
                           Blend(pGround, m_pColors->band));
 }
 
-void SpectrumCanvas::_DrawGrid(QPainter& pPainter) const
+void SpectrumCanvas::_DrawGrid(QPainter& pPainter, const Maps& pMaps) const
 {
     const auto ticks = [this](int pAxis) {
         return plot()->axisScaleDiv(pAxis).ticks(QwtScaleDiv::MajorTick);
     };
     const auto frequencies = ticks(QwtPlot::xBottom);
-    for (const double hertz : frequencies) {
-        const double x = plot()->transform(QwtPlot::xBottom, hertz);
-        pPainter.fillRect(QRectF(x, 0.0, 1.0, height()), m_pColors->trough);
-    }
+    for (const double hertz : frequencies)
+        pPainter.fillRect(QRectF(pMaps.x.transform(hertz), 0.0, 1.0, height()), m_pColors->trough);
     const auto levels = ticks(QwtPlot::yLeft);
-    for (const double level : levels) {
-        const double y = plot()->transform(QwtPlot::yLeft, level);
-        pPainter.fillRect(QRectF(0.0, y, width(), 1.0), m_pColors->trough);
-    }
+    for (const double level : levels)
+        pPainter.fillRect(QRectF(0.0, pMaps.y.transform(level), width(), 1.0), m_pColors->trough);
 }
 
 #include "moc_SpectrumCanvas.cpp"

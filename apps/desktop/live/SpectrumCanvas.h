@@ -5,6 +5,7 @@
 #include "SpectrumBars.h"
 
 #include <qwt_plot_canvas.h>
+#include <qwt_scale_map.h>
 
 /// Draws the bars on the grid of the plot's scales and the band of a profile.
 ///
@@ -22,16 +23,23 @@ public:
     void setBand(int pLow, int pHigh);
     int getLow() const { return m_low; }
     int getHigh() const { return m_high; }
-    void Repaint(const std::vector<SpectrumBars::Moved>& pAreas);
+    void Repaint(const SpectrumBars::Moved& pArea);
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
-    void _DrawBand(QPainter& pPainter, const QColor& pGround) const;
-    void _DrawGrid(QPainter& pPainter) const;
+    /// Hz and dB to pixels. Making them costs more than a bar.
+    struct Maps
+    {
+        QwtScaleMap x;
+        QwtScaleMap y;
+    };
 
-    QRect _ToPixels(const SpectrumBars::Moved& pArea) const;
+    Maps _MakeMaps() const;
+    QRect _ToPixels(const SpectrumBars::Moved& pArea, const Maps& pMaps) const;
+    void _DrawBand(QPainter& pPainter, const Maps& pMaps, const QColor& pGround) const;
+    void _DrawGrid(QPainter& pPainter, const Maps& pMaps) const;
 
     const SpectrumBars& m_bars;   ///< not owned
     const LookColors* m_pColors;  ///< not owned
