@@ -5,6 +5,7 @@
 #include <AudioAnalyzer/dsp/detail/StrongestBands.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 double* FastFourierTransform::getAmplitudes()
@@ -78,7 +79,7 @@ size_t FastFourierTransform::FindMaximalAmplitudes(size_t pMaxCount,
     detail::StrongestBands strongest(m_pBands, capacity);
     for (size_t i = 0; i < m_amplitudesCount; ++i) {
         const double amplitude = m_pAmplitudes[i];
-        if (!(amplitude >= pMinimalAmplitude) || !strongest.isWanted(amplitude))
+        if (!strongest.isWanted(amplitude) || !(amplitude >= pMinimalAmplitude))
             continue;
         const int index = static_cast<int>(i);
         const double lower = detail::lowerEdge(index, halfRate, m_amplitudesCount);
@@ -149,14 +150,28 @@ void FastFourierTransform::_ResizeAmplitudes()
     m_amplitudesCount = count;
 }
 
+/// A maximum per lane, since one maximum would make each bin wait for the bin before.
 double FastFourierTransform::_ComputePowers()
 {
-    double peak = 0.0;
-    for (size_t i = 0; i < m_amplitudesCount; ++i) {
-        m_pAmplitudes[i] = m_pReal[i] * m_pReal[i] + m_pImaginary[i] * m_pImaginary[i];
-        peak = std::max(peak, m_pAmplitudes[i]);
+    constexpr size_t kLanes = 8;
+    const auto power = [this](size_t i) {
+        return m_pReal[i] * m_pReal[i] + m_pImaginary[i] * m_pImaginary[i];
+    };
+    std::array<double, kLanes> peaks{};
+    size_t i = 0;
+    for (; i + kLanes <= m_amplitudesCount; i += kLanes) {
+        std::array<double, kLanes> powers;
+        for (size_t lane = 0; lane < kLanes; ++lane)
+            powers[lane] = power(i + lane);
+        std::copy(powers.begin(), powers.end(), m_pAmplitudes + i);
+        for (size_t lane = 0; lane < kLanes; ++lane)
+            peaks[lane] = powers[lane] > peaks[lane] ? powers[lane] : peaks[lane];
     }
-    return peak;
+    for (; i < m_amplitudesCount; ++i) {
+        m_pAmplitudes[i] = power(i);
+        peaks[0] = std::max(peaks[0], m_pAmplitudes[i]);
+    }
+    return *std::max_element(peaks.begin(), peaks.end());
 }
 
 void FastFourierTransform::_ResizeBands(size_t pCapacity)

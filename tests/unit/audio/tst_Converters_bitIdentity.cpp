@@ -20,7 +20,7 @@ class tst_Converters_bitIdentity : public QObject
 private Q_SLOTS:
     void converters_equalThePlainOnes_data();
     void converters_equalThePlainOnes();
-    void byteAverages_areThePlainOnes_onEveryPath();
+    void averages_areThePlainOnes_onEveryPath();
 };
 
 namespace {
@@ -118,32 +118,41 @@ void tst_Converters_bitIdentity::converters_equalThePlainOnes()
 }
 
 template <typename T, typename Accumulator, size_t kChannels>
-void compareByteAverages(waves::Random& random)
+void compareAverages(waves::Random& random)
 {
+    using Sum = std::conditional_t<sizeof(Accumulator) < sizeof(int), int, Accumulator>;
     for (const size_t frames : {0u, 1u, 255u, 256u, 257u, 1000u}) {
-        const std::vector<char> input = makeInput(frames * kChannels, random);
+        const std::vector<char> input = makeInput(frames * kChannels * sizeof(T), random);
         std::vector<short> expected(frames), portable(frames), vector(frames);
         plain::multiToMono<T, Accumulator>(input.data(), frames, kChannels, expected.data());
-        detail::AverageBytes<T, kChannels>(input.data(), frames, portable.data());
+        detail::AverageKnown<T, Sum, kChannels>(input.data(), frames, portable.data());
         QVERIFY(portable == expected);
         if (!detail::HasAvx2())
             continue;
-        detail::AverageBytesAvx2<T, kChannels>(input.data(), frames, vector.data());
+        detail::AverageKnownAvx2<T, Sum, kChannels>(input.data(), frames, vector.data());
         QVERIFY(vector == expected);
     }
 }
 
-void tst_Converters_bitIdentity::byteAverages_areThePlainOnes_onEveryPath()
+template <typename T, typename Accumulator>
+void compareAverages(waves::Random& random)
+{
+    compareAverages<T, Accumulator, 2>(random);
+    compareAverages<T, Accumulator, 3>(random);
+    compareAverages<T, Accumulator, 4>(random);
+    compareAverages<T, Accumulator, 6>(random);
+    compareAverages<T, Accumulator, 8>(random);
+}
+
+void tst_Converters_bitIdentity::averages_areThePlainOnes_onEveryPath()
 {
     waves::Random random(seed());
-    compareByteAverages<signed char, short, 2>(random);
-    compareByteAverages<signed char, short, 3>(random);
-    compareByteAverages<signed char, short, 6>(random);
-    compareByteAverages<signed char, short, 8>(random);
-    compareByteAverages<unsigned char, unsigned short, 2>(random);
-    compareByteAverages<unsigned char, unsigned short, 3>(random);
-    compareByteAverages<unsigned char, unsigned short, 6>(random);
-    compareByteAverages<unsigned char, unsigned short, 8>(random);
+    compareAverages<signed char, short>(random);
+    compareAverages<unsigned char, unsigned short>(random);
+    compareAverages<short, int>(random);
+    compareAverages<unsigned short, unsigned int>(random);
+    compareAverages<int, long long>(random);
+    compareAverages<unsigned int, unsigned long long>(random);
 }
 
 QTEST_APPLESS_MAIN(tst_Converters_bitIdentity)

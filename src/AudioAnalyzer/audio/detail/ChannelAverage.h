@@ -76,23 +76,24 @@ void AverageSixBytes(const char* pData, std::size_t pFrames, short* pOut)
     }
 }
 
-template <typename T, std::size_t kChannels>
-void AverageBytes(const char* pData, std::size_t pFrames, short* pOut)
+template <typename T, typename Sum, std::size_t kChannels>
+void AverageKnown(const char* pData, std::size_t pFrames, short* pOut)
 {
-    if constexpr (kChannels == 6)
+    if constexpr (sizeof(T) == 1 && kChannels == 6)
         AverageSixBytes<T>(pData, pFrames, pOut);
     else
-        AverageFrames<T, int, kChannels>(pData, pFrames, kChannels, pOut);
+        AverageFrames<T, Sum, kChannels>(pData, pFrames, kChannels, pOut);
 }
 
 #if defined(__x86_64__)
 
-/// Bytes of three channels need shuffles that the first x86-64 has not: 2.7 -> 9 GB/s.
-template <typename T, std::size_t kChannels>
+/// Three channels need shuffles that the first x86-64 has not: bytes go from 2.7 to 9 GB/s, 16 bits
+/// from 2.9 to 5.
+template <typename T, typename Sum, std::size_t kChannels>
 __attribute__((target("avx2"), flatten)) void
-AverageBytesAvx2(const char* pData, std::size_t pFrames, short* pOut)
+AverageKnownAvx2(const char* pData, std::size_t pFrames, short* pOut)
 {
-    AverageBytes<T, kChannels>(pData, pFrames, pOut);
+    AverageKnown<T, Sum, kChannels>(pData, pFrames, pOut);
 }
 
 inline bool HasAvx2()
@@ -102,10 +103,10 @@ inline bool HasAvx2()
 
 #else
 
-template <typename T, std::size_t kChannels>
-void AverageBytesAvx2(const char* pData, std::size_t pFrames, short* pOut)
+template <typename T, typename Sum, std::size_t kChannels>
+void AverageKnownAvx2(const char* pData, std::size_t pFrames, short* pOut)
 {
-    AverageBytes<T, kChannels>(pData, pFrames, pOut);
+    AverageKnown<T, Sum, kChannels>(pData, pFrames, pOut);
 }
 
 inline bool HasAvx2()
@@ -118,12 +119,10 @@ inline bool HasAvx2()
 template <typename T, typename Sum, std::size_t kChannels>
 void AverageFrames(const char* pData, std::size_t pFrames, short* pOut)
 {
-    if constexpr (sizeof(T) > 1)
-        AverageFrames<T, Sum, kChannels>(pData, pFrames, kChannels, pOut);
-    else if (HasAvx2())
-        AverageBytesAvx2<T, kChannels>(pData, pFrames, pOut);
+    if (HasAvx2())
+        AverageKnownAvx2<T, Sum, kChannels>(pData, pFrames, pOut);
     else
-        AverageBytes<T, kChannels>(pData, pFrames, pOut);
+        AverageKnown<T, Sum, kChannels>(pData, pFrames, pOut);
 }
 
 /// Frames of pChannels samples, 2 to 2^31, whose sums fit into Sum.
