@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "DesktopTest.h"
+#include "LivePanelTest.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -21,49 +21,7 @@
 
 Q_DECLARE_METATYPE(LiveValues)
 
-namespace {
-
-/// Music of 128 BPM that is measured.
-LiveValues Playing()
-{
-    LiveValues values;
-    values.isAnalyzing = true;
-    values.isPlaying = true;
-    values.bpm = 128.04;
-    values.measuredBPM = 128.0;
-    values.sampleRate = 48000;
-    return values;
-}
-
-/// How many points of a picture have about that colour.
-int Count(const QImage& pImage, const QColor& pColor)
-{
-    int count = 0;
-    for (int y = 0; y < pImage.height(); ++y)
-        for (int x = 0; x < pImage.width(); ++x) {
-            const QColor point = pImage.pixelColor(x, y);
-            count += std::abs(point.red() - pColor.red()) < 12 &&
-                     std::abs(point.green() - pColor.green()) < 12 &&
-                     std::abs(point.blue() - pColor.blue()) < 12;
-        }
-    return count;
-}
-
-/// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& pWidget) { pWidget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* pEvent) override
-    {
-        count += pEvent->type() == QEvent::Paint;
-        return false;
-    }
-
-    int count = 0;
-};
-
-}  // namespace
+using namespace livetest;
 
 /// What the live panels show of given values.
 class tst_LivePanels : public QObject
@@ -90,10 +48,6 @@ private Q_SLOTS:
     void threshold_isAutomaticAtFirst();
     void threshold_isSetByTheSlider();
     void threshold_followsTheConfiguration();
-    void spectrum_showsTheAmplitudes();
-    void spectrum_holdsPeaks();
-    void spectrum_fallsToTheFloor_andRests();
-    void spectrum_shadesTheProfilesBand();
     void colors_reachEveryPanel();
     void widgets_haveAccessibleNames();
 };
@@ -362,79 +316,6 @@ void tst_LivePanels::threshold_followsTheConfiguration()
     QCOMPARE(panel.getSlider().value(), -200);
     QCOMPARE(changes.count(), 0);
     QCOMPARE(configuration.getThreshold(), qint16(3277));
-}
-
-void tst_LivePanels::spectrum_showsTheAmplitudes()
-{
-    Configuration configuration;
-    SpectrumPanel panel(configuration);
-    LiveValues values = Playing();
-    values.amplitudes.assign(512, 0.0);
-    values.amplitudes[21] = 0.01;  // 984 to 1031 Hz at 48000 Hz
-    values.spectrumCount = 1;
-    panel.Refresh(values, 1000);
-    const SpectrumBars& bars = panel.getBars();
-    int raised = 0;
-    for (std::size_t i = 0; i < bars.m_bars.size(); ++i)
-        if (bars.getLevels()[i] > SpectrumBars::kLeast) {
-            ++raised;
-            QCOMPARE(bars.getLevels()[i], -20.0);
-            QVERIFY(bars.m_bars[i].low < 1032.0 && bars.m_bars[i].high > 984.0);
-        }
-    QCOMPARE(raised, 1);
-}
-
-void tst_LivePanels::spectrum_holdsPeaks()
-{
-    Configuration configuration;
-    SpectrumPanel panel(configuration);
-    LiveValues values = Playing();
-    values.amplitudes.assign(512, 1.0);
-    values.spectrumCount = 1;
-    panel.Refresh(values, 1000);
-    QCOMPARE(panel.getBars().getLevels().front(), 0.0);
-    panel.Refresh(values, 1500);
-    QVERIFY(panel.getBars().getLevels().front() < -40.0);
-    QCOMPARE(panel.getBars().getPeaks().front(), 0.0);
-    panel.Refresh(values, 2000);
-    panel.Refresh(values, 2500);
-    QVERIFY(panel.getBars().getPeaks().front() < -5.0);
-}
-
-void tst_LivePanels::spectrum_fallsToTheFloor_andRests()
-{
-    Configuration configuration;
-    SpectrumPanel panel(configuration);
-    panel.setColors(getColors(eLightLook));
-    panel.resize(400, 200);
-    QVERIFY(PanelTest::Show(panel));
-    LiveValues values = Playing();
-    values.amplitudes.assign(512, 1.0);
-    values.spectrumCount = 1;
-    for (qint64 now = 1000; now < 8000; now += 100)
-        panel.Refresh(values, now);
-    QCOMPARE(panel.getBars().getPeaks().front(), SpectrumBars::kLeast);
-    QTest::qWait(50);
-    PaintCounter counter(*panel.m_pCanvas);
-    for (qint64 now = 8000; now < 9000; now += 100) {
-        panel.Refresh(values, now);
-        QTest::qWait(2);
-    }
-    QCOMPARE(counter.count, 0);
-}
-
-void tst_LivePanels::spectrum_shadesTheProfilesBand()
-{
-    Configuration configuration;
-    SpectrumPanel panel(configuration);
-    // "Electro" has no lower edge.
-    QCOMPARE(panel.getCanvas().getLow(), 0);
-    QCOMPARE(panel.getCanvas().getHigh(), 75);
-    configuration.setSelectedProfile(
-        configuration.Add(QStringLiteral("Mine"), 90.0, 120.0, 2.0, 100, 900));
-    panel.Refresh(Playing(), 1000);
-    QCOMPARE(panel.getCanvas().getLow(), 100);
-    QCOMPARE(panel.getCanvas().getHigh(), 900);
 }
 
 void tst_LivePanels::colors_reachEveryPanel()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "DesktopTest.h"
+#include "WindowTest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -10,42 +10,17 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include <desktop/Look.h>
-#include <desktop/MainWindow.h>
 #include <desktop/SettingsColumn.h>
 #include <desktop/StatusLine.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
-#include <desktop/session/MonitorSession.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
-#include <desktop/settings/Translations.h>
-#include <memory>
 
-namespace {
-
-FakeAudioState& Machine()
-{
-    return FakeAudioState::Get();
-}
-
-/// The window of a session with the default settings.
-struct Stand
-{
-    explicit Stand(const WindowSettings& pSettings = WindowSettings())
-        : window(session, pSettings, makePalette(eLightLook))
-    {
-    }
-
-    MonitorSession session;
-    MainWindow window;
-};
-
-}  // namespace
+using namespace windowtest;
 
 /// The window as a whole.
 class tst_MainWindow : public QObject
@@ -56,8 +31,6 @@ private Q_SLOTS:
     void initTestCase() { PanelTest::Install(); }
     void init();
 
-    void panel_isShownByItsKey_data();
-    void panel_isShownByItsKey();
     void panel_isToggledByTheMenu();
     void emptyCards_takeNoRoom();
     void resetKey_resets();
@@ -70,14 +43,8 @@ private Q_SLOTS:
     void droppedFile_isPlayed();
     void droppedText_isRefused();
     void stopFile_isOffered_onlyForAFile();
-    void flags_takeEffect();
-    void look_followsTheDesktop_data();
-    void look_followsTheDesktop();
     void chosenDevice_isRecorded();
     void manualTempo_isImposed();
-    void lock_comesFromTheSettings();
-    void language_isChangedWhileRunning();
-    void place_movesTheWindow();
     void closing_quits();
     void widgets_sayWhatTheyAre();
     void mnemonics_ofTheMenusDiffer();
@@ -87,28 +54,6 @@ void tst_MainWindow::init()
 {
     PanelTest::Clear();
     desktoptest::ForgetSettings();
-}
-
-void tst_MainWindow::panel_isShownByItsKey_data()
-{
-    QTest::addColumn<int>("panel");
-    for (int panel = 0; panel < ePanelCount; ++panel)
-        QTest::addRow("%d", panel) << panel;
-}
-
-void tst_MainWindow::panel_isShownByItsKey()
-{
-    QFETCH(int, panel);
-    WindowSettings settings;
-    settings.visible.reset();
-    settings.visible.set(std::size_t(panel));
-    Stand stand(settings);
-    stand.window.show();
-    for (int other = 0; other < ePanelCount; ++other) {
-        QCOMPARE(stand.window.isPanelVisible(ePanel(other)), other == panel);
-        QCOMPARE(stand.window.m_panels[std::size_t(other)]->isVisible(), other == panel);
-        QCOMPARE(stand.window.m_actions[std::size_t(other)]->isChecked(), other == panel);
-    }
 }
 
 void tst_MainWindow::panel_isToggledByTheMenu()
@@ -276,48 +221,6 @@ void tst_MainWindow::stopFile_isOffered_onlyForAFile()
     QVERIFY(!stand.window.m_pStop->isEnabled());
 }
 
-void tst_MainWindow::flags_takeEffect()
-{
-    Stand stand;
-    stand.window.show();
-    SettingsColumn& column = stand.window.getSettings();
-    // The defaults: gray, on top, with speakers.
-    QCOMPARE(QApplication::palette().color(QPalette::Window),
-             makePalette(eGrayLook).color(QPalette::Window));
-    QVERIFY(stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    QVERIFY(stand.window.m_pSpeakers->isVisible());
-    PanelTest::Get<QCheckBox>(column, "grayMode").click();
-    QCOMPARE(QApplication::palette().color(QPalette::Window),
-             makePalette(eLightLook).color(QPalette::Window));
-    PanelTest::Get<QCheckBox>(column, "topMost").click();
-    QVERIFY(!stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    QVERIFY(stand.window.isVisible());
-    PanelTest::Get<QCheckBox>(column, "speakers").click();
-    QVERIFY(!stand.window.m_pSpeakers->isVisible());
-    QVERIFY(!stand.window.getBpm().m_isStoppedShown);
-    PanelTest::Get<QCheckBox>(column, "stopped").click();
-    QVERIFY(stand.window.getBpm().m_isStoppedShown);
-}
-
-void tst_MainWindow::look_followsTheDesktop_data()
-{
-    QTest::addColumn<int>("desktop");
-    QTest::addColumn<bool>("isGray");
-    QTest::addColumn<int>("look");
-    QTest::newRow("light") << int(eLightLook) << false << int(eLightLook);
-    QTest::newRow("dark") << int(eDarkLook) << false << int(eDarkLook);
-    QTest::newRow("gray on light") << int(eLightLook) << true << int(eGrayLook);
-    QTest::newRow("gray on dark") << int(eDarkLook) << true << int(eGrayLook);
-}
-
-void tst_MainWindow::look_followsTheDesktop()
-{
-    QFETCH(int, desktop);
-    QFETCH(bool, isGray);
-    QFETCH(int, look);
-    QCOMPARE(int(chooseLook(isGray, makePalette(eLook(desktop)))), look);
-}
-
 void tst_MainWindow::chosenDevice_isRecorded()
 {
     Machine().Plug(desktoptest::MusicDevice("Deck"));
@@ -344,41 +247,6 @@ void tst_MainWindow::manualTempo_isImposed()
     QCOMPARE(stand.session.getAnalyzer()->getFixedBPM(), 111.0);
     QCOMPARE(stand.window.getSettings().getManualBeat().m_pAnalyzer.data(),
              stand.session.getAnalyzer());
-}
-
-void tst_MainWindow::lock_comesFromTheSettings()
-{
-    WindowSettings settings;
-    Stand loose(settings);
-    QVERIFY(!loose.window.getSettings().getManualBeat().m_isLocking);
-    settings.isManualBeatLockingBPM = true;
-    Stand locking(settings);
-    QVERIFY(locking.window.getSettings().getManualBeat().m_isLocking);
-}
-
-void tst_MainWindow::language_isChangedWhileRunning()
-{
-    Stand stand;
-    stand.window.show();
-    Translations translations;
-    connect(
-        &stand.window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
-    Q_EMIT stand.window.getSettings().getAdvanced().OnLanguageChanged(QStringLiteral("de"));
-    QCOMPARE(translations.getLanguage(), QStringLiteral("de"));
-    QTRY_COMPARE(stand.window.m_pFileMenu->title(), QStringLiteral("&Datei"));
-    QVERIFY(stand.window.getStatus().getSource().startsWith(QLatin1String("Kein Eingang")));
-    translations.setLanguage(QStringLiteral("en"));
-    QTRY_COMPARE(stand.window.m_pFileMenu->title(), QStringLiteral("&File"));
-}
-
-void tst_MainWindow::place_movesTheWindow()
-{
-    Stand stand;
-    stand.window.resize(300, 200);
-    stand.window.show();
-    stand.window.Place(TopLeft);
-    QCOMPARE(stand.window.frameGeometry().topLeft(),
-             stand.window.screen()->availableGeometry().topLeft());
 }
 
 void tst_MainWindow::closing_quits()

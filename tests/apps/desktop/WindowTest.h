@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DesktopTest.h"
+
+#include <desktop/Look.h>
+#include <desktop/MainWindow.h>
+#include <desktop/session/MonitorSession.h>
+
+/// The main window on the fake sound back end.
+namespace windowtest {
+
+inline FakeAudioState& Machine()
+{
+    return FakeAudioState::Get();
+}
+
+/// The window of a session with the default settings.
+struct Stand
+{
+    explicit Stand(const WindowSettings& pSettings = WindowSettings())
+        : window(session, pSettings, makePalette(eLightLook))
+    {
+    }
+
+    MonitorSession session;
+    MainWindow window;
+};
+
+}  // namespace windowtest
