@@ -7,7 +7,8 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-#include <string>
+#include <memory>
+#include <vector>
 
 // The command line program as a user starts it. AA_PROGRAM is empty when the hosts are not built.
 
@@ -31,22 +32,28 @@ void writeWave(const QString& pPath, const waves::Samples& pSamples)
         stream << qint16(sample);
 }
 
-void run(benchmark::State& state, const QStringList& pArguments)
+/// One process for each list of arguments, side by side.
+void run(benchmark::State& state, const std::vector<QStringList>& pArguments)
 {
     for (auto _ : state) {
-        QProcess process;
-        process.start(QStringLiteral(AA_PROGRAM), pArguments);
-        process.waitForFinished();
-        if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-            state.SkipWithError("the program failed");
-            return;
+        std::vector<std::unique_ptr<QProcess>> processes;
+        for (const QStringList& arguments : pArguments) {
+            processes.push_back(std::make_unique<QProcess>());
+            processes.back()->start(QStringLiteral(AA_PROGRAM), arguments);
+        }
+        for (const auto& pProcess : processes) {
+            pProcess->waitForFinished();
+            if (pProcess->exitStatus() != QProcess::NormalExit || pProcess->exitCode() != 0) {
+                state.SkipWithError("the program failed");
+                return;
+            }
         }
     }
 }
 
 void version(benchmark::State& state)
 {
-    run(state, {QStringLiteral("--version")});
+    run(state, {{QStringLiteral("--version")}});
 }
 
 void fileOfOneSecond(benchmark::State& state)
@@ -55,43 +62,46 @@ void fileOfOneSecond(benchmark::State& state)
     const QString path = folder.filePath(QStringLiteral("one-second.wav"));
     const waves::Samples& track = bench::track();
     writeWave(path, waves::Samples(track.begin(), track.begin() + 44100));
-    run(state, {QStringLiteral("analyze"), path});
+    run(state, {{QStringLiteral("analyze"), path}});
 }
 
-/// A minute of FLAC under as many names as there are files.
-void flacFiles(benchmark::State& state, int files, int jobs)
+constexpr int kFiles = 8;
+
+/// A minute of FLAC under kFiles names, analysed by so many programs with so many jobs each.
+void flacFiles(benchmark::State& state, int programs, int jobs)
 {
     const QTemporaryDir folder;
-    const QString original = folder.filePath(QStringLiteral("0.flac"));
+    const QString original = folder.filePath(QStringLiteral("original.flac"));
     if (QProcess::execute(QStringLiteral(AA_DEMO_PROGRAM), {original}) != 0) {
         state.SkipWithError("no demo track");
         return;
     }
-    QStringList arguments = {QStringLiteral("analyze"),
-                             QStringLiteral("--quiet"),
-                             QStringLiteral("--jobs"),
-                             QString::number(jobs),
-                             original};
-    for (int i = 1; i < files; ++i) {
-        arguments << folder.filePath(QStringLiteral("%1.flac").arg(i));
-        QFile::link(original, arguments.last());
+    const QStringList start = {QStringLiteral("analyze"),
+                               QStringLiteral("--quiet"),
+                               QStringLiteral("--jobs"),
+                               QString::number(jobs)};
+    std::vector<QStringList> arguments(size_t(programs), start);
+    for (int i = 0; i < kFiles; ++i) {
+        const QString name = folder.filePath(QStringLiteral("%1.flac").arg(i));
+        QFile::link(original, name);
+        arguments[size_t(i % programs)] << name;
     }
     run(state, arguments);
     state.counters["realtime"] = benchmark::Counter(
-        60.0 * files * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+        60.0 * kFiles * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
 }
 
 bool registerAll()
 {
     if (sizeof(AA_PROGRAM) > 1) {
-        for (const int jobs : {1, 2})
-            benchmark::RegisterBenchmark(
-                ("program/8 minutes of FLAC, jobs " + std::to_string(jobs)).c_str(),
-                flacFiles,
-                8,
-                jobs)
+        const auto add = [](const char* pName, int programs, int jobs) {
+            benchmark::RegisterBenchmark(pName, flacFiles, programs, jobs)
                 ->UseRealTime()
                 ->Unit(benchmark::kMillisecond);
+        };
+        add("program/8 minutes of FLAC, jobs 1", 1, 1);
+        add("program/8 minutes of FLAC, jobs 2", 1, 2);
+        add("program/8 minutes of FLAC, two programs", 2, 1);
         benchmark::RegisterBenchmark("start-up/--version", version)
             ->UseRealTime()
             ->Unit(benchmark::kMillisecond);
