@@ -210,8 +210,8 @@ void tst_QtAudioInputDevicesManager::timer_reportsAChange_withinItsPeriod()
     Fake().Plug(QStringLiteral("b"));
     QTRY_VERIFY_WITH_TIMEOUT(elapsed != 0, 5000);
     QCOMPARE(log.Take(), QByteArray("modified +b"));
-    // A coarse timer may be 5% early.
-    QVERIFY2(elapsed >= 1900, QByteArray::number(elapsed).constData());
+    // A coarse timer may be 5% early, and is moved to a tick that it shares with others.
+    QVERIFY2(elapsed >= 1800, QByteArray::number(elapsed).constData());
     QVERIFY(Manager().Stop());
 }
 
