@@ -37,7 +37,6 @@ private:
     Led* m_pLed;
     QLabel* m_pTitle;
     QLabel* m_pType;  ///< of the last flash
-    bool m_isLit = false;
     bool m_hasFlashed = false;
     bool m_isVirtual = false;
 };

@@ -89,8 +89,9 @@ double AudioAnalyzer::getInaccuracyElapsedSeconds() const
     if (m_inaccuracyStartTime == 0)
         return 0.0;
     const quint64 elapsed = HighResolutionTimer::getTime() - m_inaccuracyStartTime;
-    return static_cast<double>(elapsed / kMicroSecondsPerSecond) +
-           static_cast<double>(elapsed % kMicroSecondsPerSecond) / 1000000.0;
+    const quint64 seconds = elapsed / kMicroSecondsPerSecond;
+    const quint64 microSeconds = elapsed % kMicroSecondsPerSecond;
+    return static_cast<double>(seconds) + static_cast<double>(microSeconds) / 1000000.0;
 }
 
 bool AudioAnalyzer::isSendingBeats() const

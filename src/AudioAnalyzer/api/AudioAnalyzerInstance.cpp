@@ -41,7 +41,7 @@ AudioAnalyzer* CreateFromSavedSettings()
     if (!device || !FixFormat(*device))
         return nullptr;
     auto* pAnalyzer = new AudioAnalyzer(configuration.get(), device->getOutputFormat(), nullptr);
-    configuration.release();
+    static_cast<void>(configuration.release());  // the analyzer's from here on
     return pAnalyzer;
 }
 

@@ -116,10 +116,11 @@ bool QtAudioInputDevice::SetRecordingFormat(const QAudioFormat& pFormat)
         !IsUsableSize(pFormat.sampleSize()))
         return false;
 
-    const QAudioFormat format = pFormat;  // pFormat may be our own input format
-    m_frameSize = static_cast<quint64>(qint64{format.channelCount()} * (format.sampleSize() / 8));
-    m_inputFormat = format;
-    m_outputFormat = format;
+    // pFormat may be one of our own: the input format, which stays the same, is set first.
+    m_inputFormat = pFormat;
+    m_outputFormat = m_inputFormat;
+    m_frameSize = static_cast<quint64>(qint64{m_inputFormat.channelCount()} *
+                                       (m_inputFormat.sampleSize() / 8));
     m_outputFormat.setChannelCount(1);
     m_outputFormat.setSampleSize(16);
     m_outputFormat.setSampleType(QAudioFormat::SignedInt);

@@ -33,7 +33,8 @@ TempoOfBeats(quint64 pFirst, quint64 pLast, std::size_t pCount, double pSamplesP
     const quint64 span = pLast - pFirst;
     if (span < intervals)
         return 0.0;
-    return pSamplesPerMinute / static_cast<double>(span / intervals);
+    const quint64 wholeSamples = span / intervals;
+    return pSamplesPerMinute / static_cast<double>(wholeSamples);
 }
 
 }  // namespace detail

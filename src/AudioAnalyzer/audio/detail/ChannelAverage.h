@@ -70,9 +70,11 @@ void AverageSixBytes(const char* pData, std::size_t pFrames, short* pOut)
         const std::size_t frames = pFrames - first < kBlock ? pFrames - first : kBlock;
         for (std::size_t i = 0; i < 3 * frames; ++i)
             pairs[i] = SumChannels<T, short, 2>(pData + 6 * first + 2 * i, 2);
-        for (std::size_t i = 0; i < frames; ++i)
-            pOut[first + i] =
-                ConvertAverage<T, 6>(pairs[3 * i] + pairs[3 * i + 1] + pairs[3 * i + 2], 6);
+        for (std::size_t i = 0; i < frames; ++i) {
+            // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult): they are set.
+            const int sum = pairs[3 * i] + pairs[3 * i + 1] + pairs[3 * i + 2];
+            pOut[first + i] = ConvertAverage<T, 6>(sum, 6);
+        }
     }
 }
 

@@ -39,7 +39,7 @@ namespace {
 
 const TransformKernel& chooseFastest()
 {
-    const TransformKernel* pFastest = nullptr;
+    const TransformKernel* pFastest = &kBaselineTransformKernel;
     for (const TransformKernel* const* ppKernel = kTransformKernels; *ppKernel; ++ppKernel)
         if (isSupported(**ppKernel))
             pFastest = *ppKernel;

@@ -59,7 +59,7 @@ const double* makeStage(bool pInverse, std::size_t pBits)
     return pTable;
 }
 
-// Factor j of a stage belongs to value j % width of block j / width.
+// A stage's factors belong to the values of one block after the other.
 const double* makeColumns(bool pInverse, std::size_t pBits)
 {
     const std::size_t width = sizeOf(pBits - kColumnBits);
@@ -67,14 +67,14 @@ const double* makeColumns(bool pInverse, std::size_t pBits)
     double* pTable = new (kCacheLine) double[2 * width * eights];
     for (std::size_t stage = 0; stage < kColumnBits; ++stage) {
         TwiddleRecurrence twiddles = recurrenceOf(pInverse, pBits - kColumnBits + 1 + stage);
-        for (std::size_t j = 0; j < width << stage; ++j) {
-            twiddles.advance();
-            const std::size_t column = j % width;
-            const std::size_t eight = column / kEight * eights + sizeOf(stage) - 1 + j / width;
-            double* pFactor = pTable + 2 * kEight * eight + column % kEight;
-            pFactor[0] = twiddles.real();
-            pFactor[kEight] = twiddles.imaginary();
-        }
+        for (std::size_t block = 0; block < sizeOf(stage); ++block)
+            for (std::size_t column = 0; column < width; ++column) {
+                twiddles.advance();
+                const std::size_t eight = column / kEight * eights + sizeOf(stage) - 1 + block;
+                double* pFactor = pTable + 2 * kEight * eight + column % kEight;
+                pFactor[0] = twiddles.real();
+                pFactor[kEight] = twiddles.imaginary();
+            }
     }
     return pTable;
 }

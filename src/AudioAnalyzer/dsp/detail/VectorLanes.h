@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+// Each kernel includes these headers once, with options of its own; the vector types are GCC's.
+// NOLINTBEGIN(misc-definitions-in-headers, modernize-use-using)
 #define AA_INLINE inline __attribute__((always_inline))
 // Keeps the compiler from making one pointer per row out of a distance.
 #define AA_OPAQUE(pValue) __asm__("" : "+r"(pValue))
@@ -186,3 +188,5 @@ storeTransposed(double* pReal, double* pImaginary, const Index (&pRow)[kLanes], 
 }
 
 }  // namespace
+
+// NOLINTEND(misc-definitions-in-headers, modernize-use-using)

@@ -4,6 +4,7 @@
 
 #include <AudioAnalyzer/dsp/detail/VectorLanes.h>
 
+// NOLINTBEGIN(misc-definitions-in-headers): see VectorLanes.h
 namespace {
 
 AA_INLINE void butterfly(Complex& pLow, Complex& pHigh, const Complex& pFactor)
@@ -265,3 +266,5 @@ void runStages(Index pStages, const Rows& pIn, const Rows& pBetween, const Targe
 }
 
 }  // namespace
+
+// NOLINTEND(misc-definitions-in-headers)

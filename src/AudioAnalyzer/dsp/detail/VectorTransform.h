@@ -31,6 +31,7 @@
 #include <AudioAnalyzer/dsp/detail/TwiddleTables.h>
 #include <AudioAnalyzer/dsp/detail/VectorPasses.h>
 
+// NOLINTBEGIN(misc-definitions-in-headers): see VectorLanes.h
 namespace {
 
 using detail::TwiddleTables;
@@ -179,6 +180,7 @@ void gather(const TwiddleTables& pTwiddles,
     if (pInImaginary) {
         const Source<T, kIsWhole> imaginary(pInImaginary, pCount);
         gather(pTwiddles, pBits, real, imaginary, pReal, pImaginary);
+        // NOLINTNEXTLINE(bugprone-branch-clone): the same for doubles only.
     } else if (kIsInteger<T> && isFirstFactorOne) {
         gather(pTwiddles, pBits, real, NoSource<kIsInteger<T>>(), pReal, pImaginary);
     } else {
@@ -303,6 +305,8 @@ void inPlace(
 }
 
 }  // namespace
+
+// NOLINTEND(misc-definitions-in-headers)
 
 #undef AA_INLINE
 #undef AA_OPAQUE
