@@ -230,7 +230,8 @@ BandPassThreshold::Verdict BandPassThreshold::_DecideBySpectrum(const qint16* pS
 {
     m_pSpectrum->Compute(pSamples, m_count);
     const Verdict verdict = _DecideOnGrid(*m_pCoarseGrid);
-    return verdict == Verdict::eOpen ? _DecideOnGrid(*m_pFineGrid) : verdict;
+    const bool isFiner = m_pFineGrid->step() < m_pCoarseGrid->step();
+    return verdict == Verdict::eOpen && isFiner ? _DecideOnGrid(*m_pFineGrid) : verdict;
 }
 
 BandPassThreshold::Verdict BandPassThreshold::_DecideOnGrid(detail::BandGrid& pGrid) const

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void peaks_areHeld();
     void bars_fallToTheFloor_andRest();
     void band_ofTheProfileIsShaded();
+    void movedArea_holdsWhatHasMoved_once();
 };
 
 void tst_SpectrumPanel::bars_showTheAmplitudes()
@@ -94,6 +95,25 @@ void tst_SpectrumPanel::band_ofTheProfileIsShaded()
     panel.Refresh(Playing(), 1000);
     QCOMPARE(panel.getCanvas().getLow(), 100);
     QCOMPARE(panel.getCanvas().getHigh(), 900);
+}
+
+void tst_SpectrumPanel::movedArea_holdsWhatHasMoved_once()
+{
+    SpectrumBars bars;
+    std::vector<double> amplitudes(512, 0.0);
+    bars.Add(amplitudes, 48000, 0);
+    const SpectrumBars::Moved first = bars.TakeMoved();
+    QCOMPARE(first.left, SpectrumBars::kLow);
+    QCOMPARE(first.right, SpectrumBars::kHigh);
+    QVERIFY(bars.TakeMoved().left >= bars.TakeMoved().right);
+    amplitudes[21] = 0.01;  // 984 to 1031 Hz at 48000 Hz, -20 dB
+    bars.Add(amplitudes, 48000, 0);
+    const SpectrumBars::Moved raised = bars.TakeMoved();
+    QVERIFY(raised.left <= 984.0 && raised.left > 800.0);
+    QVERIFY(raised.right >= 1031.0 && raised.right < 1250.0);
+    QCOMPARE(raised.low, SpectrumBars::kLeast);
+    QCOMPARE(raised.high, -20.0);
+    QVERIFY(bars.TakeMoved().left >= bars.TakeMoved().right);
 }
 
 QTEST_MAIN(tst_SpectrumPanel)

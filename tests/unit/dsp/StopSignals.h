@@ -8,37 +8,19 @@
 
 #include <cmath>
 #include <limits>
+#include <support/Waves.h>
 #include <vector>
 
 /// Signals for the stop decision, and the values that it decides on.
 namespace stops {
 
-using Samples = std::vector<qint16>;
+using waves::Random;
+using waves::Samples;
+using waves::toSample;
 using Question = BandPassThreshold::Question;
 
-constexpr double kPi = 3.141592653589793;
+constexpr double kPi = waves::pi;
 constexpr double kUnit = std::numeric_limits<double>::epsilon() / 2.0;
-
-/// Small generator of our own, so that a seed means the same everywhere.
-class Random
-{
-public:
-    explicit Random(quint64 pSeed) : m_state(pSeed) {}
-
-    quint64 next()
-    {
-        m_state += 0x9E3779B97F4A7C15ULL;
-        quint64 z = m_state;
-        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
-        z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
-        return z ^ (z >> 31);
-    }
-    double uniform() { return static_cast<double>(next() >> 11) / 9007199254740992.0; }
-    int below(int pLimit) { return static_cast<int>(next() % static_cast<quint64>(pLimit)); }
-
-private:
-    quint64 m_state;
-};
 
 inline quint64 seed()
 {
@@ -49,49 +31,26 @@ inline quint64 seed()
     return chosen;
 }
 
-inline qint16 toSample(double pValue)
-{
-    return static_cast<qint16>(std::lround(std::min(32767.0, std::max(-32768.0, pValue))));
-}
-
-inline Samples sine(int pRate, std::size_t pCount, double pFrequency, double pAmplitude)
-{
-    Samples samples(pCount);
-    for (std::size_t i = 0; i < pCount; ++i)
-        samples[i] = toSample(pAmplitude *
-                              std::sin(2.0 * kPi * pFrequency * static_cast<double>(i) / pRate));
-    return samples;
-}
-
+/// Two a second.
 inline Samples kicks(int pRate, std::size_t pCount, double pAmplitude)
 {
+    const Samples kick = waves::kick(pRate, {55.0, 0.125, pAmplitude, 0.5});
     Samples samples(pCount);
-    const auto period = static_cast<std::size_t>(pRate) / 2;
-    for (std::size_t i = 0; i < pCount; ++i) {
-        const double t = static_cast<double>(i % period) / pRate;
-        samples[i] = toSample(pAmplitude * std::exp(-8.0 * t) * std::sin(2.0 * kPi * 55.0 * t));
-    }
-    return samples;
-}
-
-inline Samples noise(Random& pRandom, std::size_t pCount, double pAmplitude)
-{
-    Samples samples(pCount);
-    for (qint16& sample : samples)
-        sample = toSample(pAmplitude * (2.0 * pRandom.uniform() - 1.0));
+    for (std::size_t i = 0; i < pCount; i += kick.size())
+        waves::mix(samples, i, kick);
     return samples;
 }
 
 inline Samples anySignal(Random& pRandom, int pRate, std::size_t pCount)
 {
-    const double amplitude = std::pow(10.0, 4.6 * pRandom.uniform());
+    const double amplitude = std::pow(10.0, 4.5 * pRandom.uniform());
     switch (pRandom.below(4)) {
     case 0:
-        return sine(pRate, pCount, 20.0 + 3000.0 * pRandom.uniform(), amplitude);
+        return waves::sine(pCount, pRate, pRandom.uniform(20.0, 3020.0), amplitude);
     case 1:
         return kicks(pRate, pCount, amplitude);
     case 2:
-        return noise(pRandom, pCount, amplitude);
+        return waves::noise(pCount, int(amplitude), pRandom);
     default:
         Samples square(pCount);
         for (std::size_t i = 0; i < pCount; ++i)

@@ -34,7 +34,7 @@ void tst_BandPassThreshold::answer_equalsTransform_forRandomSignals()
         const int rate = rates[random.below(4)];
         const auto count = static_cast<std::size_t>(rate * (0.3 + random.uniform()));
         const Samples samples = anySignal(random, rate, count);
-        const Question question{50, 2000, rate, static_cast<qint16>(random.below(32768))};
+        const Question question{50, 2000, rate, static_cast<qint16>(random.between(0, 32767))};
         BandPassThreshold decision;
         FastFourierTransform transform;
         const bool expected =
@@ -60,7 +60,7 @@ void tst_BandPassThreshold::answer_equalsTransform_whenPeakSitsOnThreshold()
     QFETCH(double, amplitude);
     const auto count = static_cast<std::size_t>(rate);
     for (const Samples& samples :
-         {sine(rate, count, 440.0, amplitude), kicks(rate, count, amplitude)}) {
+         {waves::sine(count, rate, 440.0, amplitude), kicks(rate, count, amplitude)}) {
         const std::vector<double> values = filteredValues(samples, rate);
         const int peak = static_cast<int>(*std::max_element(values.begin(), values.end()));
         for (int offset = -40; offset <= 40; offset += offset > -4 && offset < 4 ? 1 : 4) {
@@ -105,7 +105,7 @@ void tst_BandPassThreshold::answer_equalsTransform_forWhatIsNotMadeForIt()
     QFETCH(int, threshold);
     const auto size = static_cast<std::size_t>(count);
     const Question question{low, high, rate, static_cast<qint16>(threshold)};
-    for (const Samples& samples : {Samples(size, 0), sine(44100, size, 300.0, 20000.0)}) {
+    for (const Samples& samples : {Samples(size, 0), waves::sine(size, 44100, 300.0, 20000.0)}) {
         BandPassThreshold decision;
         FastFourierTransform transform;
         const bool expected =
@@ -217,7 +217,7 @@ void tst_BandPassThreshold::twiddles_areWithinTheirBound()
 void tst_BandPassThreshold::energy_provesFaintNoise()
 {
     Random random(seed());
-    const Samples samples = noise(random, 66150, 60.0);
+    const Samples samples = waves::noise(66150, 60, random);
     BandPassThreshold decision;
     prepare(decision, samples, 44100, 3276);
     QCOMPARE(decision._DecideByEnergy(), BandPassThreshold::Verdict::eNotAbove);
@@ -238,7 +238,7 @@ void tst_BandPassThreshold::sizes_mayChangeFromCallToCall()
     FastFourierTransform transform;
     for (std::size_t count : {66150U, 33075U, 66150U, 5000U, 24000U}) {
         for (double amplitude : {0.0, 100.0, 4000.0, 20000.0}) {
-            const Samples samples = sine(44100, count, 200.0, amplitude);
+            const Samples samples = waves::sine(count, 44100, 200.0, amplitude);
             const Question question{50, 2000, 44100, 3276};
             const bool expected = BandPassThreshold::RisesAboveByTransform(
                 samples.data(), count, question, transform);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -9,23 +8,14 @@ namespace detail {
 
 constexpr double kPi = 3.141592653589793;
 
-/// cos(2 pi k / pLength), k = pLow to pHigh.
-inline std::vector<double> bandCosines(std::size_t pLength, std::size_t pLow, std::size_t pHigh)
+/// pFunction, a sine or cosine, of 2 pi k / pLength for k = pLow to pHigh.
+inline std::vector<double>
+ofBandAngles(double (*pFunction)(double), std::size_t pLength, std::size_t pLow, std::size_t pHigh)
 {
     std::vector<double> values;
     for (std::size_t k = pLow; k <= pHigh; ++k)
         values.push_back(
-            std::cos(2.0 * kPi * static_cast<double>(k) / static_cast<double>(pLength)));
-    return values;
-}
-
-/// sin(2 pi k / pLength), k = pLow to pHigh.
-inline std::vector<double> bandSines(std::size_t pLength, std::size_t pLow, std::size_t pHigh)
-{
-    std::vector<double> values;
-    for (std::size_t k = pLow; k <= pHigh; ++k)
-        values.push_back(
-            std::sin(2.0 * kPi * static_cast<double>(k) / static_cast<double>(pLength)));
+            pFunction(2.0 * kPi * static_cast<double>(k) / static_cast<double>(pLength)));
     return values;
 }
 

@@ -2,12 +2,15 @@
 #include <AudioAnalyzer/dsp/detail/BandAngles.h>
 #include <AudioAnalyzer/dsp/detail/BandGrid.h>
 
+#include <cmath>
+
 namespace detail {
 
 BandGrid::BandGrid(std::size_t pLength, std::size_t pLow, std::size_t pHigh, std::size_t pStep)
-    : m_step(pStep), m_highBin(pHigh), m_cosines(bandCosines(pLength / pStep, pLow, pHigh)),
-      m_sines(bandSines(pLength / pStep, pLow, pHigh)), m_real(pLength / pStep / 2, 0.0),
-      m_imaginary(pLength / pStep / 2, 0.0)
+    : m_step(pStep), m_highBin(pHigh),
+      m_cosines(ofBandAngles(std::cos, pLength / pStep, pLow, pHigh)),
+      m_sines(ofBandAngles(std::sin, pLength / pStep, pLow, pHigh)),
+      m_real(pLength / pStep / 2, 0.0), m_imaginary(pLength / pStep / 2, 0.0)
 {
 }
 

@@ -2,12 +2,15 @@
 #include <AudioAnalyzer/dsp/detail/BandAngles.h>
 #include <AudioAnalyzer/dsp/detail/BandSpectrum.h>
 
+#include <cmath>
+
 namespace detail {
 
 BandSpectrum::BandSpectrum(std::size_t pLength, std::size_t pLow, std::size_t pHigh)
     : m_length(pLength), m_lowBin(pLow), m_highBin(pHigh),
-      m_cosines(bandCosines(pLength, pLow, pHigh)), m_sines(bandSines(pLength, pLow, pHigh)),
-      m_real(pHigh - pLow + 1), m_imaginary(pHigh - pLow + 1)
+      m_cosines(ofBandAngles(std::cos, pLength, pLow, pHigh)),
+      m_sines(ofBandAngles(std::sin, pLength, pLow, pHigh)), m_real(pHigh - pLow + 1),
+      m_imaginary(pHigh - pLow + 1)
 {
 }
 
