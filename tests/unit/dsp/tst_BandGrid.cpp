@@ -14,6 +14,7 @@ private Q_SLOTS:
     void coarseGrid_takesTheWidestStep_data();
     void coarseGrid_takesTheWidestStep();
     void points_holdTheirShareOfThePeak();
+    void fineGrid_decidesWhatThePointsLeaveOpen();
 };
 
 void tst_BandGrid::gridPoints_areWithinBound_everywhere()
@@ -89,6 +90,18 @@ void tst_BandGrid::points_holdTheirShareOfThePeak()
     QVERIFY(grid.leastShare() >= std::sqrt(0.5));
     QVERIFY(grid.leastShare() < 1.0);
     QCOMPARE(decision.m_pFineGrid->leastShare(), 1.0);
+}
+
+// A peak of 3000 is below the threshold, but above the share of 0.84 that the points prove.
+void tst_BandGrid::fineGrid_decidesWhatThePointsLeaveOpen()
+{
+    const Samples samples = waves::sine(66150, 44100, 440.0, 3000.0);
+    BandPassThreshold decision;
+    prepare(decision, samples, 44100, 3276);
+    using Verdict = BandPassThreshold::Verdict;
+    decision.m_pSpectrum->Compute(samples.data(), samples.size());
+    QCOMPARE(decision._DecideOnGrid(*decision.m_pCoarseGrid), Verdict::eOpen);
+    QCOMPARE(decision._DecideBySpectrum(samples.data()), Verdict::eNotAbove);
 }
 
 QTEST_APPLESS_MAIN(tst_BandGrid)
