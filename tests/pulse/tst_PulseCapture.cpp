@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <support/TestClass.h>
 #include <unit/audio/WatcherLog.h>
 #include <utility>
 #include <vector>
@@ -332,10 +333,10 @@ void tst_PulseCapture::capture_worksAgain_whenTheServerIsBack()
     QCOMPARE(recording.TakeLog(), QByteArray("started stopped"));
 }
 
-int main(int pCount, char** pArguments)
+/// The plugin warns of a lost source and of a lost server, which is what happens here on purpose;
+/// any other warning fails its case.
+int RunOnASoundServer(int pCount, char** pArguments)
 {
-    // The plugin warns of a lost source and of a lost server, which is what happens here on
-    // purpose; any other warning fails its case.
     qunsetenv("QT_FATAL_WARNINGS");
     int result = EXIT_FAILURE;
     {
@@ -350,4 +351,5 @@ int main(int pCount, char** pArguments)
     std::_Exit(result);
 }
 
+static const TestClass s_class("tst_PulseCapture", &RunOnASoundServer);
 #include "tst_PulseCapture.moc"

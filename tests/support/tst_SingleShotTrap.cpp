@@ -3,6 +3,7 @@
 #include <QtTest>
 
 #include <support/SingleShotTrap.h>
+#include <support/TestClass.h>
 
 class tst_SingleShotTrap : public QObject
 {
@@ -62,5 +63,5 @@ void tst_SingleShotTrap::timer_fires_withoutATrap()
     QTRY_COMPARE(m_fired, 2);
 }
 
-QTEST_GUILESS_MAIN(tst_SingleShotTrap)
+AA_TEST(tst_SingleShotTrap, QCoreApplication)
 #include "tst_SingleShotTrap.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -354,5 +355,5 @@ void tst_Analysis_settings::profile_changesWhatIsHeard()
     QCOMPARE(high.getEvents("pulse").size(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_Analysis_settings)
+AA_TEST(tst_Analysis_settings, QCoreApplication)
 #include "tst_Analysis_settings.moc"

@@ -10,6 +10,7 @@
 #include <memory>
 #include <random>
 #include <reference/PlainConverters.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 /// Every converter gives what the plain loop gives, for every input.
@@ -155,6 +156,6 @@ void tst_Converters_bitIdentity::averages_areThePlainOnes_onEveryPath()
     compareAverages<unsigned int, unsigned long long>(random);
 }
 
-QTEST_APPLESS_MAIN(tst_Converters_bitIdentity)
+AA_TEST(tst_Converters_bitIdentity, NoApplication)
 
 #include "tst_Converters_bitIdentity.moc"

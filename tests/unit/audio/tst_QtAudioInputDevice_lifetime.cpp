@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -393,5 +394,5 @@ void tst_QtAudioInputDevice_lifetime::capture_endsWithTheParent()
     QCOMPARE(c.Take(), Text("stopped"));
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevice_lifetime)
+AA_TEST(tst_QtAudioInputDevice_lifetime, QCoreApplication)
 #include "tst_QtAudioInputDevice_lifetime.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <cstdint>
+#include <support/TestClass.h>
 
 class tst_QtAudioInputDevicesManager : public QObject
 {
@@ -232,5 +233,5 @@ void tst_QtAudioInputDevicesManager::cleanupTestCase()
     QVERIFY(Manager().Start());
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevicesManager)
+AA_TEST(tst_QtAudioInputDevicesManager, QCoreApplication)
 #include "tst_QtAudioInputDevicesManager.moc"

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <support/TestClass.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -218,5 +219,5 @@ void tst_AtomicFile::saving_closesWhatItOpens()
     QCOMPARE(openFiles(), before);
 }
 
-QTEST_GUILESS_MAIN(tst_AtomicFile)
+AA_TEST(tst_AtomicFile, QCoreApplication)
 #include "tst_AtomicFile.moc"

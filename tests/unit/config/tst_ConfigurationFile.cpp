@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 QString dataPath(const char* pName)
@@ -228,5 +230,5 @@ void tst_ConfigurationFile::rejectedFile_mayRaiseNextID_isIntended()
     QCOMPARE(UserProfile::_nextID, 501U);
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile)
+AA_TEST(tst_ConfigurationFile, QCoreApplication)
 #include "tst_ConfigurationFile.moc"

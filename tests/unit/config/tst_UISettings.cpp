@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <type_traits>
 
 namespace {
@@ -310,5 +311,5 @@ void tst_UISettings::copy_takesEveryMember()
     QCOMPARE(assigned.getStartingPosition(), TopRight);
 }
 
-QTEST_GUILESS_MAIN(tst_UISettings)
+AA_TEST(tst_UISettings, QCoreApplication)
 #include "tst_UISettings.moc"
