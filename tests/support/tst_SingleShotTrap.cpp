@@ -4,6 +4,7 @@
 
 #include <support/SingleShotTrap.h>
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 class tst_SingleShotTrap : public QObject
 {
@@ -63,5 +64,5 @@ void tst_SingleShotTrap::timer_fires_withoutATrap()
     QTRY_COMPARE(m_fired, 2);
 }
 
-AA_TEST(tst_SingleShotTrap, QCoreApplication)
+AA_TEST(tst_SingleShotTrap, InVirtualTime<QCoreApplication>)
 #include "tst_SingleShotTrap.moc"

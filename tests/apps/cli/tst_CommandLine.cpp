@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -256,5 +257,5 @@ void tst_CommandLine::worker_getsTheSameAnalysis()
     QVERIFY(!worker.analyze.analysis.isConsistencyAllowed);
 }
 
-QTEST_GUILESS_MAIN(tst_CommandLine)
+AA_TEST(tst_CommandLine, QCoreApplication)
 #include "tst_CommandLine.moc"

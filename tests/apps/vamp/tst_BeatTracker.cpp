@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <support/TestClass.h>
 #include <thread>
 
 using namespace vamptest;
@@ -302,5 +303,5 @@ void tst_BeatTracker::spectrum_showsTheLoudestBin()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_BeatTracker)
+AA_TEST(tst_BeatTracker, QCoreApplication)
 #include "tst_BeatTracker.moc"

@@ -5,6 +5,7 @@
 #include <cli/settings/AnalysisOptionTable.h>
 
 #include <limits>
+#include <support/TestClass.h>
 
 using namespace vamptest;
 
@@ -149,5 +150,5 @@ void tst_BeatTracker_description::calls_areHarmless_beforeInitialise()
     QVERIFY(pPlugin->getRemainingFeatures().empty());
 }
 
-QTEST_GUILESS_MAIN(tst_BeatTracker_description)
+AA_TEST(tst_BeatTracker_description, QCoreApplication)
 #include "tst_BeatTracker_description.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 namespace {
 
@@ -251,5 +252,5 @@ void tst_AudioAnalyzer_schedule::beat_isNotSent_afterStopOrReset()
     QCOMPARE(spy.count(), beats);
 }
 
-AA_TEST(tst_AudioAnalyzer_schedule, QCoreApplication)
+AA_TEST(tst_AudioAnalyzer_schedule, InVirtualTime<QCoreApplication>)
 #include "tst_AudioAnalyzer_schedule.moc"

@@ -12,6 +12,7 @@
 #include <fake/FakeAudioTrack.h>
 #include <memory>
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 #include <vector>
 
 namespace {
@@ -213,5 +214,5 @@ void tst_FakeAudio::wavFile_isRefused_whenBroken()
     QCOMPARE(FromFile(file, false).name, QString());
 }
 
-AA_TEST(tst_FakeAudio, QCoreApplication)
+AA_TEST(tst_FakeAudio, InVirtualTime<QCoreApplication>)
 #include "tst_FakeAudio.moc"

@@ -8,6 +8,7 @@
 #include <memory>
 #include <stdexcept>
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 namespace {
 
@@ -394,5 +395,5 @@ void tst_QtAudioInputDevice_lifetime::capture_endsWithTheParent()
     QCOMPARE(c.Take(), Text("stopped"));
 }
 
-AA_TEST(tst_QtAudioInputDevice_lifetime, QCoreApplication)
+AA_TEST(tst_QtAudioInputDevice_lifetime, InVirtualTime<QCoreApplication>)
 #include "tst_QtAudioInputDevice_lifetime.moc"

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 class tst_QtAudioInputDevicesManager : public QObject
 {
@@ -233,5 +234,5 @@ void tst_QtAudioInputDevicesManager::cleanupTestCase()
     QVERIFY(Manager().Start());
 }
 
-AA_TEST(tst_QtAudioInputDevicesManager, QCoreApplication)
+AA_TEST(tst_QtAudioInputDevicesManager, InVirtualTime<QCoreApplication>)
 #include "tst_QtAudioInputDevicesManager.moc"

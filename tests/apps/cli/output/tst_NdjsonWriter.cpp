@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "HandMadeResult.h"
+#include <cli/output/NdjsonWriter.h>
+
+#include <QtTest>
+
+#include <support/TestClass.h>
+
+/// Lines are compared byte by byte: keys are sorted, nothing but the line feed is around them.
+class tst_NdjsonWriter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void events_areOneLineEach();
+    void tempo_isWritten_whenItChanged();
+    void virtualBeats_areLeftOut_whenAskedTo();
+    void file_isInEveryLine_whenGiven();
+    void finish_sumsUp();
+};
+
+void tst_NdjsonWriter::events_areOneLineEach()
+{
+    BeatLog log;
+    QList<QByteArray> lines;
+    const NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
+    Q_EMIT log.OnPlayingChanged(1.5, true);
+    Q_EMIT log.OnPulseLogged(1.6000004, Pulse(0, 0, 9, 8000, 5, 300, 1200, ePulse));
+    Q_EMIT log.OnBeatLogged({0, 1.6, false, 1200, 1.0 / 3.0, 128.12345});
+    Q_EMIT log.OnTempoLogged(1.75, 128.12345);
+    Q_EMIT log.OnBeatLogged({0, 2.0, true, 20, 1.0, 0.0});
+    Q_EMIT log.OnPlayingChanged(4.0, false);
+    QCOMPARE(
+        lines,
+        (QList<QByteArray>{
+            "{\"t\":1.5,\"type\":\"play\"}\n",
+            "{\"level\":1200,\"t\":1.6,\"threshold\":300,\"type\":\"pulse\"}\n",
+            "{\"bpm\":128.123,\"conf\":0.333333,\"level\":1200,\"t\":1.6,\"type\":\"beat\","
+            "\"virtual\":false}\n",
+            "{\"bpm\":128.123,\"t\":1.75,\"type\":\"tempo\"}\n",
+            "{\"bpm\":null,\"conf\":1,\"level\":20,\"t\":2,\"type\":\"beat\",\"virtual\":true}\n",
+            "{\"t\":4,\"type\":\"stop\"}\n"}));
+}
+
+void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
+{
+    BeatLog log;
+    QList<QByteArray> lines;
+    const NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
+    // Unknown, as at the start; twice the same, to the last decimal written; unknown again.
+    for (const double bpm : {0.0, 120.0, 120.0, 120.0001, 0.0, 0.0})
+        Q_EMIT log.OnTempoLogged(1.0, bpm);
+    QCOMPARE(lines,
+             (QList<QByteArray>{"{\"bpm\":120,\"t\":1,\"type\":\"tempo\"}\n",
+                                "{\"bpm\":null,\"t\":1,\"type\":\"tempo\"}\n"}));
+}
+
+void tst_NdjsonWriter::virtualBeats_areLeftOut_whenAskedTo()
+{
+    BeatLog log;
+    QList<QByteArray> lines;
+    const NdjsonWriter writer(&log, {}, true, [&](const QByteArray& pLine) { lines << pLine; });
+    Q_EMIT log.OnBeatLogged({0, 1.0, true, 1, 1.0, 0.0});
+    QVERIFY(lines.isEmpty());
+    Q_EMIT log.OnBeatLogged({0, 1.5, false, 1, 1.0, 0.0});
+    QCOMPARE(lines.size(), 1);
+}
+
+void tst_NdjsonWriter::file_isInEveryLine_whenGiven()
+{
+    BeatLog log;
+    QList<QByteArray> lines;
+    const NdjsonWriter writer(
+        &log, QStringLiteral("a\n\"b\""), false, [&](const QByteArray& pLine) { lines << pLine; });
+    Q_EMIT log.OnPlayingChanged(0.0, false);
+    QCOMPARE(lines,
+             (QList<QByteArray>{"{\"file\":\"a\\n\\\"b\\\"\",\"t\":0,\"type\":\"stop\"}\n"}));
+}
+
+void tst_NdjsonWriter::finish_sumsUp()
+{
+    BeatLog log;
+    QList<QByteArray> lines;
+    NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
+    writer.Finish(HandMadeResult());
+    QCOMPARE(lines,
+             (QList<QByteArray>{
+                 "{\"bpm\":120.123,\"real\":2,\"t\":2.5,\"type\":\"end\",\"virtual\":1}\n"}));
+}
+
+AA_TEST(tst_NdjsonWriter, NoApplication)
+#include "tst_NdjsonWriter.moc"

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "WindowTest.h"
+#include <desktop/live/BpmPanel.h>
+#include <desktop/live/SpeakersPanel.h>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+#include <desktop/settings/Translations.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/SettingsColumn.h>
+#include <desktop/window/StatusLine.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QMenu>
+#include <QScreen>
+
+#include <support/TestClass.h>
+#include <support/VirtualTime.h>
+
+using namespace windowtest;
+
+/// The window under the settings of its files.
+class tst_MainWindow_settings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { PanelTest::Install(); }
+    void init()
+    {
+        PanelTest::Clear();
+        desktoptest::ForgetSettings();
+    }
+
+    void panel_isShownByItsKey_data();
+    void panel_isShownByItsKey();
+    void flags_takeEffect();
+    void look_followsTheDesktop_data();
+    void look_followsTheDesktop();
+    void lock_comesFromTheSettings();
+    void language_isChangedWhileRunning();
+    void place_movesTheWindow();
+};
+
+void tst_MainWindow_settings::panel_isShownByItsKey_data()
+{
+    QTest::addColumn<int>("panel");
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        QTest::addRow("%d", panel) << panel;
+}
+
+void tst_MainWindow_settings::panel_isShownByItsKey()
+{
+    QFETCH(int, panel);
+    WindowSettings settings;
+    settings.visible.reset();
+    settings.visible.set(std::size_t(panel));
+    Stand stand(settings);
+    stand.window.show();
+    for (int other = 0; other < ePanelCount; ++other) {
+        QCOMPARE(stand.window.isPanelVisible(ePanel(other)), other == panel);
+        QCOMPARE(stand.window.m_panels[std::size_t(other)]->isVisible(), other == panel);
+        QCOMPARE(stand.window.m_actions[std::size_t(other)]->isChecked(), other == panel);
+    }
+}
+
+void tst_MainWindow_settings::flags_takeEffect()
+{
+    Stand stand;
+    stand.window.show();
+    SettingsColumn& column = stand.window.getSettings();
+    // The defaults: gray, on top, with speakers.
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             makePalette(eGrayLook).color(QPalette::Window));
+    QVERIFY(stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(stand.window.m_pSpeakers->isVisible());
+    PanelTest::Get<QCheckBox>(column, "grayMode").click();
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             makePalette(eLightLook).color(QPalette::Window));
+    PanelTest::Get<QCheckBox>(column, "topMost").click();
+    QVERIFY(!stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(stand.window.isVisible());
+    PanelTest::Get<QCheckBox>(column, "speakers").click();
+    QVERIFY(!stand.window.m_pSpeakers->isVisible());
+    QVERIFY(!stand.window.getBpm().m_isStoppedShown);
+    PanelTest::Get<QCheckBox>(column, "stopped").click();
+    QVERIFY(stand.window.getBpm().m_isStoppedShown);
+}
+
+void tst_MainWindow_settings::look_followsTheDesktop_data()
+{
+    QTest::addColumn<int>("desktop");
+    QTest::addColumn<bool>("isGray");
+    QTest::addColumn<int>("look");
+    QTest::newRow("light") << int(eLightLook) << false << int(eLightLook);
+    QTest::newRow("dark") << int(eDarkLook) << false << int(eDarkLook);
+    QTest::newRow("gray on light") << int(eLightLook) << true << int(eGrayLook);
+    QTest::newRow("gray on dark") << int(eDarkLook) << true << int(eGrayLook);
+}
+
+void tst_MainWindow_settings::look_followsTheDesktop()
+{
+    QFETCH(int, desktop);
+    QFETCH(bool, isGray);
+    QFETCH(int, look);
+    QCOMPARE(int(chooseLook(isGray, makePalette(eLook(desktop)))), look);
+}
+
+void tst_MainWindow_settings::lock_comesFromTheSettings()
+{
+    WindowSettings settings;
+    Stand loose(settings);
+    QVERIFY(!loose.window.getSettings().getManualBeat().m_isLocking);
+    settings.isManualBeatLockingBPM = true;
+    Stand locking(settings);
+    QVERIFY(locking.window.getSettings().getManualBeat().m_isLocking);
+}
+
+void tst_MainWindow_settings::language_isChangedWhileRunning()
+{
+    Stand stand;
+    stand.window.show();
+    Translations translations;
+    connect(
+        &stand.window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
+    Q_EMIT stand.window.getSettings().getAdvanced().OnLanguageChanged(QStringLiteral("de"));
+    QCOMPARE(translations.getLanguage(), QStringLiteral("de"));
+    QTRY_COMPARE(stand.window.m_pFileMenu->title(), QStringLiteral("&Datei"));
+    QVERIFY(stand.window.getStatus().getSource().startsWith(QLatin1String("Kein Eingang")));
+    translations.setLanguage(QStringLiteral("en"));
+    QTRY_COMPARE(stand.window.m_pFileMenu->title(), QStringLiteral("&File"));
+}
+
+void tst_MainWindow_settings::place_movesTheWindow()
+{
+    Stand stand;
+    stand.window.resize(300, 200);
+    stand.window.show();
+    stand.window.Place(TopLeft);
+    QCOMPARE(stand.window.frameGeometry().topLeft(),
+             stand.window.screen()->availableGeometry().topLeft());
+}
+
+AA_TEST(tst_MainWindow_settings, InVirtualTime<QApplication>)
+#include "tst_MainWindow_settings.moc"
