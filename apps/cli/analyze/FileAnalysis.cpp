@@ -25,6 +25,7 @@ QAudioFormat MakeFormat(int pSampleRate)
 /// The settings must be in the configuration before the analyzer is made from it.
 Configuration* ApplyTo(Configuration& pConfiguration, const AnalysisOptions& pOptions)
 {
+    SettingsTable::Restore(pConfiguration);
     const QString refusal = pOptions.Apply(pConfiguration);
     Q_ASSERT_X(refusal.isEmpty(), "FileAnalysis", qPrintable(refusal));
     return &pConfiguration;

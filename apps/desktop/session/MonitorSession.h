@@ -68,7 +68,6 @@ Q_SIGNALS:
     void OnSourceChanged();
 
 private:
-    void _SetHostDefaults();
     void _Close();
     void _OpenCapture();
     void _WaitForAnyDevice();

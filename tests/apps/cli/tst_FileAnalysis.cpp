@@ -4,12 +4,12 @@
 
 #include "TestAudio.h"
 #include <cli/analyze/FileAnalysis.h>
-#include <cli/output/OverallTempo.h>
 
 #include <QtTest>
 
 #include <algorithm>
 #include <cmath>
+#include <support/SettingOf.h>
 
 namespace {
 
@@ -123,7 +123,7 @@ void tst_FileAnalysis::run_findsTempoAndBeats()
     QCOMPARE(result.sampleCount, quint64(20 * rate));
     // Beats lie on blocks of at most a fortieth of a second, so that over ten seconds of them the
     // mean interval is wrong by a quarter per cent at most.
-    const double tempo = cli::OverallTempo(result.beats);
+    const double tempo = result.getTempo();
     QVERIFY2(std::abs(tempo - bpm) <= bpm * 0.005, qPrintable(QString::number(tempo)));
     // Music is only known to play after 1.5 s; from the fourth second on every stroke has its beat,
     // within two blocks.
@@ -169,7 +169,7 @@ void tst_FileAnalysis::run_doesNotDependOnTheMachinesClock()
 void tst_FileAnalysis::tenSecondWatch_runsOnTheSamples()
 {
     AnalysisOptions options;
-    options.isConsistencyAllowed = false;
+    options.settings[SettingOf("consistency")] = 0.0;
     const AnalysisResult result = Analyze(testaudio::Kicks(8000, 120, 10.0, 20.0), 8000, options);
     const auto lost =
         std::find_if(result.tempos.begin(), result.tempos.end(), [](const TempoPoint& pPoint) {
@@ -193,9 +193,9 @@ void tst_FileAnalysis::lastBeat_isFound_whenTheFileEndsRightBehindIt()
 void tst_FileAnalysis::nothing_isLoggedBehindTheEnd()
 {
     AnalysisOptions options;
-    options.threshold =
-        qint16(0);  // every block is a pulse, those of the silence behind the end too
-    options.isVirtualWhenStopped = true;
+    // Every block is a pulse, those of the silence behind the end too.
+    options.settings[SettingOf("threshold")] = 0.0;
+    options.settings[SettingOf("virtual-when-stopped")] = 1.0;
     for (const double seconds : {5.0, 5.01, 5.37}) {
         const AnalysisResult result = Analyze(testaudio::Kicks(8000, 120, seconds), 8000, options);
         QCOMPARE(result.sampleCount, quint64(seconds * 8000));
@@ -271,7 +271,7 @@ void tst_FileAnalysis::observer_canEndTheAnalysis()
 void tst_FileAnalysis::fixedTempo_isReported()
 {
     AnalysisOptions options;
-    options.fixedBPM = 110.0;
+    options.settings[SettingOf("fixed-bpm")] = 110.0;
     const AnalysisResult result = Analyze(testaudio::Kicks(8000, 120, 6.0), 8000, options);
     QVERIFY(!result.beats.empty());
     for (const LoggedBeat& beat : result.beats)
