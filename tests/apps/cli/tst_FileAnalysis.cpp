@@ -97,6 +97,7 @@ private Q_SLOTS:
     void observer_seesEveryFrameOnce();
     void observer_canEndTheAnalysis();
     void fixedTempo_isReported();
+    void settings_areTheInitialOnes();
     void levels_coverTheFile();
     void clock_isTheThreadsOwnAgain_afterwards();
 };
@@ -276,6 +277,17 @@ void tst_FileAnalysis::fixedTempo_isReported()
     QVERIFY(!result.beats.empty());
     for (const LoggedBeat& beat : result.beats)
         QCOMPARE(beat.bpm, 110.0);
+}
+
+// Whatever is stored beside the program.
+void tst_FileAnalysis::settings_areTheInitialOnes()
+{
+    MemorySource source(8000, std::vector<float>(1000, 0.0f));
+    const FileAnalysis analysis({}, source);
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.get)
+            QCOMPARE(setting.get(analysis.getConfiguration()), setting.initial);
+    QCOMPARE(analysis.getConfiguration().getStopDetectionDuration(), 1.5);
 }
 
 void tst_FileAnalysis::levels_coverTheFile()

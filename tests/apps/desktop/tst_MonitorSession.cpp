@@ -34,6 +34,7 @@ private Q_SLOTS:
     void listen_waitsForTheStoredDevice_whenItIsAway();
     void noDevice_isSaid_andTheFirstOneIsTaken();
     void silence_isJudgedEvery1500Ms_untilAnotherPaceIsStored();
+    void silence_isJudgedEvery1500Ms_whoeverWroteTheFileFirst();
     void choice_isStored();
     void analyzer_isAnnouncedBeforeItIsGone();
     void vanishedDevice_isSaidAndResumed();
@@ -136,6 +137,20 @@ void tst_MonitorSession::silence_isJudgedEvery1500Ms_untilAnotherPaceIsStored()
     MonitorSession session;
     QVERIFY(session.Load(error));
     QCOMPARE(session.getConfiguration().getStopDetectionDuration(), 0.75);
+}
+
+// Another host may have made the file, for another setting.
+void tst_MonitorSession::silence_isJudgedEvery1500Ms_whoeverWroteTheFileFirst()
+{
+    ConfigurationStore store;
+    QVERIFY(store.Load());
+    store.getConfiguration().setStopDetectionThreshold(99);
+    QVERIFY(store.Save());
+    MonitorSession session;
+    QString error;
+    QVERIFY(session.Load(error));
+    QCOMPARE(session.getConfiguration().getStopDetectionThreshold(), short(99));
+    QCOMPARE(session.getConfiguration().getStopDetectionDuration(), 1.5);
 }
 
 void tst_MonitorSession::choice_isStored()

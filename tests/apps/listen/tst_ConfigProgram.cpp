@@ -30,6 +30,7 @@ class tst_ConfigProgram : public QObject
 private Q_SLOTS:
     void init();
     void defaults_areShown_withoutAFile();
+    void firstChange_leavesTheOthersAsTheyWereShown();
     void path_isBesideTheProgram();
     void set_isKept_data();
     void set_isKept();
@@ -81,6 +82,17 @@ void tst_ConfigProgram::defaults_areShown_withoutAFile()
     for (const auto& [name, value] : defaults)
         QCOMPARE(Setting(m_stage, QLatin1String(name)), QLatin1String(value));
     QVERIFY(!QFile::exists(_ConfigPath()));
+}
+
+// The first change writes all of them, and none as it was not shown before.
+void tst_ConfigProgram::firstChange_leavesTheOthersAsTheyWereShown()
+{
+    const QByteArray before = m_stage.Run("config").output;
+    QCOMPARE(m_stage.Run("config set stop-threshold 99").exitCode, 0);
+    QByteArray after = m_stage.Run("config").output;
+    QCOMPARE(after.replace("  99    ", "  3276  "), before);
+    QCOMPARE(m_stage.Run("config reset").exitCode, 0);
+    QCOMPARE(m_stage.Run("config").output, before);
 }
 
 void tst_ConfigProgram::path_isBesideTheProgram()
