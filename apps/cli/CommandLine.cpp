@@ -41,7 +41,7 @@ QString AnalyzeFooter()
         "\n"
         "Beats are real, heard in the music, or virtual, put where one was expected. The tempo\n"
         "of a file is the median of the tempos that were reported with its real beats, from\n"
-        "ten seconds after the first beat on; in shorter music, of all of them.\n"
+        "ten seconds after the first one on; in shorter music, of all of them.\n"
         "\n"
         "With several files, -o names a folder, and song.flac gives song.beats.txt,\n"
         "song.labels.txt, song.csv, song.svl, song.tempo.txt, song.json or song.ndjson in it.\n"
@@ -110,26 +110,37 @@ void AddInputOptions(CLI::App& pCommand, AnalyzeArguments& pArguments)
     pCommand.add_flag("--worker", pArguments.isWorker)->group("");
 }
 
-/// All analysis options, or those that pNames holds.
+/// "seconds of beats that make the tempo, 0.05 to 600 (default: 10)".
+QString HelpOf(const AnalysisOptionInfo& pInfo, bool pIsStored)
+{
+    if (pIsStored || pInfo.initial.isEmpty())
+        return pInfo.help;
+    return tr("%1 (default: %2)").arg(pInfo.help, pInfo.initial);
+}
+
+/// All analysis options, or those that pNames holds. pIsStored: what is not given is as it is
+/// stored.
 void AddAnalysisOptions(CLI::App& pCommand,
                         std::map<std::string, std::string>& pValues,
+                        bool pIsStored,
                         const std::set<std::string>& pNames = {})
 {
     for (const AnalysisOptionInfo& info : getAnalysisOptionTable()) {
         const std::string name = Utf8(info.name);
         if (!pNames.empty() && pNames.count(name) == 0)
             continue;
+        const std::string help = Utf8(HelpOf(info, pIsStored));
         CLI::Option* pOption = nullptr;
         if (info.valueName.isEmpty()) {
             pOption = pCommand.add_flag_callback(
-                name, [&pValues, name] { pValues[name] = std::string(); }, Utf8(info.help));
+                name, [&pValues, name] { pValues[name] = std::string(); }, help);
         } else {
             pOption =
                 pCommand
                     .add_option_function<std::string>(
                         name,
                         [&pValues, name](const std::string& pValue) { pValues[name] = pValue; },
-                        Utf8(info.help))
+                        help)
                     ->type_name(Utf8(info.valueName));
         }
         pOption->group(Utf8(tr("Analysis")));
@@ -146,7 +157,8 @@ QString ListenFooter()
         "  ndjson  announce when a beat falls due, the events of \"analyze\", and device and\n"
         "          notice events\n"
         "\n"
-        "A device that vanishes is waited for, and recorded again when it is back.\n"
+        "What is not given is as \"audio-analyzer config show\" has it. A device that vanishes is\n"
+        "waited for, and recorded again when it is back.\n"
         "\n"
         "Examples:\n"
         "  audio-analyzer listen\n"
@@ -186,7 +198,7 @@ void AddListen(CLI::App& pApp, ListenArguments& pArguments)
             pArguments.measures,
             tr("tell at the end how far the announced beats were off"));
     addFlag("-q,--quiet", pArguments.isQuiet, tr("no notices, no summary"));
-    AddAnalysisOptions(command, pArguments.analysis);
+    AddAnalysisOptions(command, pArguments.analysis, true);
 }
 
 void AddDevices(CLI::App& pApp, DevicesOptions& pOptions)
@@ -211,7 +223,7 @@ void AddProfiles(CLI::App& pApp, ProfilesArguments& pArguments)
     command.add_option("--name", pArguments.newName, Utf8(tr("new name, for edit")))
         ->check(RefuseEmpty)
         ->type_name(Utf8(tr("NAME")));
-    AddAnalysisOptions(command, pArguments.changes, {"--bpm", "--band", "--sensibility"});
+    AddAnalysisOptions(command, pArguments.changes, false, {"--bpm", "--band", "--sensibility"});
     command.footer(Utf8(tr("Example:\n"
                            "  audio-analyzer profiles add House --bpm 110:140 --band 0:80\n")));
 }
@@ -281,7 +293,7 @@ void AddAnalyze(CLI::App& pApp, AnalyzeArguments& pArguments)
     CLI::App& command = *pApp.add_subcommand("analyze", Utf8(tr("analyse audio files")));
     AddInputOptions(command, pArguments);
     AddOutputOptions(command, pArguments);
-    AddAnalysisOptions(command, pArguments.analysis);
+    AddAnalysisOptions(command, pArguments.analysis, false);
     command.footer(Utf8(AnalyzeFooter()));
 }
 

@@ -91,6 +91,12 @@ _FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
     "Reset": (c_int32, [c_void_p]),
     "Set": (c_int32, [c_void_p, c_int32, c_double]),
     "Get": (c_int32, [c_void_p, c_int32, POINTER(c_double)]),
+    "GetSettingName": (c_char_p, [c_int32]),
+    "GetLimits": (c_int32, [c_int32, POINTER(c_double), POINTER(c_double), POINTER(c_double)]),
+    "ComputeRecordingTempo": (
+        c_int32,
+        [POINTER(c_double), POINTER(c_double), POINTER(c_int32), c_size_t, POINTER(c_double)],
+    ),
     "GetProfileName": (c_char_p, [c_size_t]),
     "FindProfile": (c_int32, [c_char_p, POINTER(ProfileRecord)]),
     "SelectProfile": (c_int32, [c_void_p, c_char_p]),
@@ -154,6 +160,16 @@ def candidates() -> List[str]:
     folders = [package, *package.parents[2:3]]
     near = [str(folder / name) for folder in folders for name in FILE_NAMES]
     return [path for path in near if os.path.exists(path)] + list(FILE_NAMES)
+
+
+@functools.lru_cache(maxsize=None)
+def setting_numbers() -> Dict[str, int]:
+    """The numbers of the settings by their names, "stop-duration" say."""
+    found = library()
+    numbers: Dict[str, int] = {}
+    while (name := found.call("GetSettingName", len(numbers))) is not None:
+        numbers[name.decode()] = len(numbers)
+    return numbers
 
 
 @functools.lru_cache(maxsize=None)

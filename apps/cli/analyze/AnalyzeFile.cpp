@@ -4,7 +4,6 @@
 #include <cli/detail/ProgressLine.h>
 #include <cli/output/JsonWriter.h>
 #include <cli/output/NdjsonWriter.h>
-#include <cli/output/OverallTempo.h>
 #include <cli/output/SvlWriter.h>
 #include <cli/output/TextWriters.h>
 #include <cli/plot/Plot.h>
@@ -159,7 +158,7 @@ void AnalyzeFile::_AddSummary(double pElapsed)
         std::count_if(result.beats.begin(), result.beats.end(), [](const LoggedBeat& pBeat) {
             return pBeat.isVirtual;
         });
-    const double bpm = cli::OverallTempo(result.beats);
+    const double bpm = result.getTempo();
     const double speed = result.duration() / std::max(pElapsed, 1e-6);
     m_notes.append(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual), %7x real time")
                        .arg(m_task.input)
@@ -175,7 +174,7 @@ void AnalyzeFile::_AddSummary(double pElapsed)
 QString AnalyzeFile::_DescribeSilence() const
 {
     const AnalysisResult& result = m_analysis->getLog().getResult();
-    const double stopDuration = m_options.analysis.stopDuration;
+    const double stopDuration = m_analysis->getConfiguration().getStopDetectionDuration();
     const bool isSilent = result.silences.size() == 1 && result.silences.front().start <= 0.0 &&
                           result.silences.front().end >= result.duration();
     if (!isSilent)

@@ -101,10 +101,8 @@ void ListenCommand::_SaveDevice(const QString& pName)
 QString ListenCommand::_ApplyOptions()
 {
     Configuration& configuration = m_store.getConfiguration();
-    // What is not asked for stays as it is stored.
-    m_analysis.isVirtualWhenStopped |= configuration.getDisplayVirtualBeatsWhenStopped();
     const QString refusal = m_analysis.Apply(configuration);
-    if (refusal.isEmpty() && m_analysis.fixedBPM > 0.0)
+    if (refusal.isEmpty() && m_analysis.getFixedBPM() > 0.0)
         _Say(tr("with --fixed-bpm no beat is announced"));
     return refusal;
 }

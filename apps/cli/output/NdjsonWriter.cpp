@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <cli/output/NdjsonWriter.h>
-#include <cli/output/OverallTempo.h>
 #include <cli/output/TextNumbers.h>
 
 #include <QJsonDocument>
@@ -45,7 +44,7 @@ void NdjsonWriter::Finish(const AnalysisResult& pResult)
         });
     _Write(pResult.duration(),
            "end",
-           {{Key("bpm"), BPMValue(cli::OverallTempo(pResult.beats))},
+           {{Key("bpm"), BPMValue(pResult.getTempo())},
             {Key("real"), qint64(pResult.beats.size()) - virtualCount},
             {Key("virtual"), qint64(virtualCount)}});
 }

@@ -7,7 +7,6 @@
 #include <desktop/session/MonitorSession.h>
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
-#include <shared/settings/AnalysisOptions.h>
 
 #include <QFileInfo>
 
@@ -38,17 +37,7 @@ bool MonitorSession::Load(QString& pError)
     const bool isLoaded = m_store.Load();
     pError = m_store.getError();
     m_deviceName = m_store.getDeviceName();
-    if (!QFileInfo::exists(ConfigurationStore::getPath()))
-        _SetHostDefaults();
     return isLoaded;
-}
-
-/// Until the user chooses, silence is judged as often as in the other hosts.
-void MonitorSession::_SetHostDefaults()
-{
-    Configuration& configuration = m_store.getConfiguration();
-    configuration.setStopDetectionDuration(AnalysisOptions::kStopDuration);
-    configuration.setIsModified(false);
 }
 
 AudioAnalyzer* MonitorSession::getAnalyzer() const

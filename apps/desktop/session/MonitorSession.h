@@ -66,7 +66,6 @@ Q_SIGNALS:
     void OnSourceChanged();
 
 private:
-    void _SetHostDefaults();
     void _Close();
     void _TakeSource(std::unique_ptr<LiveSource> pSource);
     void _WaitForAnyDevice();

@@ -185,10 +185,6 @@
         <translation>Stille &amp;bis:</translation>
     </message>
     <message>
-        <source>Normalization &amp;level:</source>
-        <translation>Normalisierungs&amp;pegel:</translation>
-    </message>
-    <message>
         <source>Restore &amp;defaults</source>
         <translation>Standard&amp;werte</translation>
     </message>
@@ -200,14 +196,6 @@
     <message>
         <source>%1 to %2 s</source>
         <translation>%1 bis %2 s</translation>
-    </message>
-    <message>
-        <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation>Gespeichert sind %1 s, außerhalb von %2 bis %3 s; das bleibt, bis Sie es ändern</translation>
-    </message>
-    <message>
-        <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation>Gespeichert ist %1, unter 0; das bleibt, bis Sie es ändern</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
@@ -242,28 +230,12 @@
         <translation>Bis zu diesem Pegel gilt Ton als Stille.</translation>
     </message>
     <message>
-        <source>&amp;Normalization over:</source>
-        <translation>&amp;Normalisierung über:</translation>
-    </message>
-    <message>
-        <source>The span of time for the normalization of the volume.</source>
-        <translation>Die Zeitspanne für die Normalisierung der Lautstärke.</translation>
-    </message>
-    <message>
-        <source>The level for the normalization of the volume.</source>
-        <translation>Der Pegel für die Normalisierung der Lautstärke.</translation>
-    </message>
-    <message>
         <source>All durations and levels as they were at first.</source>
         <translation>Setzt alle Zeiten und Pegel auf ihre Standardwerte.</translation>
     </message>
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS; 0 bis %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 s of quiet</source>
-        <translation>%1 bis %2 s Stille</translation>
     </message>
 </context>
 <context>

@@ -185,10 +185,6 @@
         <translation>Silencio &amp;hasta:</translation>
     </message>
     <message>
-        <source>Normalization &amp;level:</source>
-        <translation>Ni&amp;vel de normalización:</translation>
-    </message>
-    <message>
         <source>Restore &amp;defaults</source>
         <translation>&amp;Restablecer</translation>
     </message>
@@ -200,14 +196,6 @@
     <message>
         <source>%1 to %2 s</source>
         <translation>de %1 a %2 s</translation>
-    </message>
-    <message>
-        <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation>Hay guardado %1 s, fuera de %2 a %3 s; se mantiene hasta que lo cambie</translation>
-    </message>
-    <message>
-        <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation>Hay guardado %1, por debajo de 0; se mantiene hasta que lo cambie</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
@@ -242,28 +230,12 @@
         <translation>Hasta este nivel, el sonido cuenta como silencio.</translation>
     </message>
     <message>
-        <source>&amp;Normalization over:</source>
-        <translation>&amp;Normalización durante:</translation>
-    </message>
-    <message>
-        <source>The span of time for the normalization of the volume.</source>
-        <translation>El intervalo para normalizar el volumen.</translation>
-    </message>
-    <message>
-        <source>The level for the normalization of the volume.</source>
-        <translation>El nivel para normalizar el volumen.</translation>
-    </message>
-    <message>
         <source>All durations and levels as they were at first.</source>
         <translation>Todas las duraciones y niveles con su valor original.</translation>
     </message>
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS; de 0 a %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 s of quiet</source>
-        <translation>de %1 a %2 s de silencio</translation>
     </message>
 </context>
 <context>

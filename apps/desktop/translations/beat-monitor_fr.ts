@@ -185,10 +185,6 @@
         <translation>Silence &amp;jusqu’à&#xa0;:</translation>
     </message>
     <message>
-        <source>Normalization &amp;level:</source>
-        <translation>Ni&amp;veau de normalisation&#xa0;:</translation>
-    </message>
-    <message>
         <source>Restore &amp;defaults</source>
         <translation>Valeurs par &amp;défaut</translation>
     </message>
@@ -200,14 +196,6 @@
     <message>
         <source>%1 to %2 s</source>
         <translation>%1 à %2 s</translation>
-    </message>
-    <message>
-        <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation>%1 s est enregistré, hors des limites de %2 à %3 s&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
-    </message>
-    <message>
-        <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation>%1 est enregistré, au-dessous de 0&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
@@ -242,28 +230,12 @@
         <translation>Jusqu’à ce niveau, le son compte comme du silence.</translation>
     </message>
     <message>
-        <source>&amp;Normalization over:</source>
-        <translation>&amp;Normalisation sur&#xa0;:</translation>
-    </message>
-    <message>
-        <source>The span of time for the normalization of the volume.</source>
-        <translation>La durée de la normalisation du volume.</translation>
-    </message>
-    <message>
-        <source>The level for the normalization of the volume.</source>
-        <translation>Le niveau de la normalisation du volume.</translation>
-    </message>
-    <message>
         <source>All durations and levels as they were at first.</source>
         <translation>Toutes les durées et tous les niveaux d’origine.</translation>
     </message>
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS&#xa0;; 0 à %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 s of quiet</source>
-        <translation>%1 à %2 s de silence</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/QtAudioInputDeviceInfo.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include <shared/settings/ConfigurationStore.h>
 
@@ -26,9 +27,18 @@ QString ReadDeviceName(const QString& pPath)
     return QString::fromUtf8(file.read(qFromLittleEndian<quint16>(length.constData())));
 }
 
+/// What hosts begin with.
+std::unique_ptr<Configuration> MakeConfiguration()
+{
+    auto configuration = std::make_unique<Configuration>();
+    SettingsTable::Restore(*configuration);
+    configuration->setIsModified(false);
+    return configuration;
+}
+
 }  // namespace
 
-ConfigurationStore::ConfigurationStore() : m_configuration(std::make_unique<Configuration>()) {}
+ConfigurationStore::ConfigurationStore() : m_configuration(MakeConfiguration()) {}
 
 ConfigurationStore::~ConfigurationStore() = default;
 
@@ -67,7 +77,7 @@ bool ConfigurationStore::Save()
 
 void ConfigurationStore::Reset(bool pKeepsProfiles)
 {
-    auto fresh = std::make_unique<Configuration>();
+    auto fresh = MakeConfiguration();
     const QList<Profile> profiles = m_configuration->getProfiles();
     for (const Profile& profile : profiles) {
         if (pKeepsProfiles && profile.isSerializable()) {

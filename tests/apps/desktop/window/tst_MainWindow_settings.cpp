@@ -74,16 +74,16 @@ void tst_MainWindow_settings::flags_takeEffect()
              makePalette(eGrayLook).color(QPalette::Window));
     QVERIFY(stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(stand.window.m_pSpeakers->isVisible());
-    PanelTest::Get<QCheckBox>(column, "grayMode").click();
+    PanelTest::Get<QCheckBox>(column, "gray-mode").click();
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              makePalette(eLightLook).color(QPalette::Window));
-    PanelTest::Get<QCheckBox>(column, "topMost").click();
+    PanelTest::Get<QCheckBox>(column, "top-most").click();
     QVERIFY(!stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(stand.window.isVisible());
-    PanelTest::Get<QCheckBox>(column, "speakers").click();
+    PanelTest::Get<QCheckBox>(column, "display-speakers").click();
     QVERIFY(!stand.window.m_pSpeakers->isVisible());
     QVERIFY(!stand.window.getBpm().m_isStoppedShown);
-    PanelTest::Get<QCheckBox>(column, "stopped").click();
+    PanelTest::Get<QCheckBox>(column, "display-stopped").click();
     QVERIFY(stand.window.getBpm().m_isStoppedShown);
 }
 
