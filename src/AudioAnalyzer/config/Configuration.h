@@ -108,10 +108,11 @@ public:
     /// writes nothing; owned by the caller. [event loop]
     static Configuration* LoadOrCreate();
     /// Replaces the stored configuration; false, and the old file whole, when that fails. Renumbers
-    /// the user profiles, keeps the modified mark. [event loop]
+    /// the user profiles, keeps the modified mark, and mode and owner of the old file. [event loop]
     bool Save();
 
-    /// The absolute path of "AudioAnalyzer.cfg" in the folder of the executable.
+    /// The absolute path of "AudioAnalyzer.cfg" in the folder of the executable, or where
+    /// SettingsFolder has it.
     static QString _getConfigFilePath();
     /// The configuration in the file at path, owned by the caller; null when it is missing or
     /// damaged.

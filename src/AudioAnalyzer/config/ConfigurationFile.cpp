@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/QtAudioInputDeviceInfo.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsFolder.h>
 #include <AudioAnalyzer/config/detail/AtomicFile.h>
 #include <AudioAnalyzer/config/detail/BoundedReader.h>
 #include <AudioAnalyzer/config/detail/FileFormat.h>
 #include <AudioAnalyzer/config/detail/UserProfileRecord.h>
 
-#include <QCoreApplication>
 #include <QDataStream>
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
@@ -45,8 +44,7 @@ bool isSealed(detail::BoundedReader& pReader, QIODevice& pFile)
 
 QString Configuration::_getConfigFilePath()
 {
-    const QDir folder(QCoreApplication::applicationDirPath());
-    return folder.absoluteFilePath(QStringLiteral("AudioAnalyzer.cfg"));
+    return SettingsFolder::getPath(QStringLiteral("AudioAnalyzer.cfg"));
 }
 
 Configuration* Configuration::LoadOrCreate()
