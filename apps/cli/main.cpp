@@ -9,6 +9,7 @@
 #include <cli/output/OutputFile.h>
 #include <cli/settings/ConfigCommand.h>
 #include <cli/settings/ProfilesCommand.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QCoreApplication>
 #include <QTextCodec>
@@ -80,6 +81,7 @@ int main(int argc, char* argv[])
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("audio-analyzer"));
+    ConfigurationStore::UseUserFolder();
     const CommandLine command = parseCommandLine(argc, argv);
     if (UsesSound(command))
         qInstallMessageHandler(&IgnoreMessage);

@@ -30,8 +30,10 @@ int ConfigCommand::Run()
     QCoreApplication::setLibraryPaths({});
     if (m_options.action == ConfigOptions::ePath)
         return Print(ConfigurationStore::getPath() + QLatin1Char('\n'));
-    const bool isLoaded = m_store.Load();
-    if (m_options.action == ConfigOptions::eReset) {
+    const bool isShown = m_options.action == ConfigOptions::eShow;
+    const bool isLoaded = isShown ? m_store.Load() : m_store.LoadToChange();
+    // A damaged file is no reason not to begin anew.
+    if (m_options.action == ConfigOptions::eReset && !m_store.isBusy()) {
         m_store.Reset(!m_options.isAll);
         return _Save();
     }

@@ -37,11 +37,12 @@ int ProfilesCommand::Run()
 {
     // No sound is needed, so the sound system is not asked for its devices.
     QCoreApplication::setLibraryPaths({});
-    if (!m_store.Load()) {
+    const bool isListed = m_options.action == ProfilesOptions::eList;
+    if (!(isListed ? m_store.Load() : m_store.LoadToChange())) {
         console::PrintError(m_store.getError());
         return eExitFailed;
     }
-    return m_options.action == ProfilesOptions::eList ? _List() : _Save(_Change());
+    return isListed ? _List() : _Save(_Change());
 }
 
 int ProfilesCommand::_List()
