@@ -9,6 +9,7 @@
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Tray.h>
 #include <shared/capture/SoundServer.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QApplication>
 #include <QFileInfo>
@@ -104,6 +105,7 @@ int main(int argc, char* argv[])
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("beat-monitor"));
+    ConfigurationStore::UseUserFolder();
     QApplication::setWindowIcon(makeIcon());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setQuitOnLastWindowClosed(false);

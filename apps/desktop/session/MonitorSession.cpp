@@ -23,6 +23,7 @@ constexpr int kFullScale = 32767;
 MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
 {
     connect(&m_tick, &QTimer::timeout, this, &MonitorSession::_Tick);
+    connect(&m_saver, &ConfigurationSaver::OnTakenOver, this, &MonitorSession::_OnTakenOver);
     m_tick.start(kTickMs);
 }
 
@@ -38,6 +39,7 @@ bool MonitorSession::Load(QString& pError)
     m_deviceName = m_store.getDeviceName();
     if (!QFileInfo::exists(ConfigurationStore::getPath()))
         _SetHostDefaults();
+    m_saver.Watch();
     return isLoaded;
 }
 
@@ -204,6 +206,18 @@ void MonitorSession::Reset()
     if (getAnalyzer())
         getAnalyzer()->Reset();
     m_feed.Forget();
+}
+
+/// Intended: another device is stored for the next start; what is recorded now goes on.
+void MonitorSession::_OnTakenOver()
+{
+    AudioAnalyzer* pAnalyzer = getAnalyzer();
+    if (!pAnalyzer)
+        return;
+    const Configuration& configuration = m_store.getConfiguration();
+    pAnalyzer->setAverageVolumeCalculationDuration(
+        configuration.getAverageVolumeCalculationDuration());
+    pAnalyzer->setStopDetectionDuration(configuration.getStopDetectionDuration());
 }
 
 void MonitorSession::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer, int pSampleRate)

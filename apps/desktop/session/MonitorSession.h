@@ -72,6 +72,7 @@ private:
     void _Close();
     void _OpenCapture();
     void _WaitForAnyDevice();
+    void _OnTakenOver();
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer, int pSampleRate);
     void _OnAnchored();
     void _OnNotice(eCaptureNotice pNotice);
