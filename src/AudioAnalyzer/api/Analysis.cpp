@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/api/detail/AnalysisAnswer.h>
@@ -19,7 +20,6 @@ constexpr int kMaximalRate = 192000;  ///< Hz
 constexpr int kMostChannels = 1024;
 constexpr quint64 kStartTime = 1000000;  ///< µs; any constant above 0
 constexpr quint64 kMicroSecondsPerSecond = 1000000;
-constexpr double kStopDuration = 1.5;  ///< seconds
 /// Differs from those of the profiles that a configuration has, so that it can be selected.
 constexpr unsigned int kProfileID = std::numeric_limits<unsigned int>::max();
 
@@ -133,7 +133,10 @@ AudioAnalysis::AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>&
 {
     profile.setMinimalThreshold(0);
     configuration.setSelectedProfile(profile);
-    configuration.setStopDetectionDuration(kStopDuration);
+    SettingsTable::Restore(configuration);
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.reader == SettingsTable::eHeld)
+            held.push_back({&setting, setting.initial});
     Restart();
 }
 
@@ -159,8 +162,8 @@ void AudioAnalysis::Restart()
 void AudioAnalysis::_ApplyTo(AudioAnalyzer& pNew) const
 {
     pNew.setBeatTimerAllowed(false);
-    pNew.setFixedBPM(fixedBPM);
-    pNew.setConsistencyAllowed(isConsistencyAllowed);
+    for (const Held& one : held)
+        AnalyzerSettings::Tell(*one.pSetting, one.value, pNew);
 }
 
 template <typename Sample>
