@@ -56,15 +56,14 @@ int Run(const MonitorOptions& pOptions)
     preferSoundServer();
     MonitorSession session;
     QString error;
-    const bool isLoaded = session.Load(error);
+    session.Load(error);
     const WindowSettings settings = WindowSettings::Load(pOptions.iniPath);
     Translations translations;
     translations.setLanguage(session.getConfiguration().getLanguage());
     MainWindow window(session, settings, QApplication::palette());
     QObject::connect(
         &window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
-    if (!isLoaded)
-        window.ShowProblem(error);
+    window.ShowProblem(error);
     Tray tray(window, window.getResetAction(), window.getQuitAction());
     Termination termination;
     QObject::connect(&termination, &Termination::OnRequested, &QCoreApplication::quit);

@@ -49,8 +49,10 @@ ListenCommand::~ListenCommand() = default;
 int ListenCommand::Run()
 {
     preferSoundServer();
-    if (!m_store.Load())
-        console::PrintError(m_store.getError());
+    const bool isLoaded = m_store.Load();
+    const QString problem = isLoaded ? m_store.getNotice() : m_store.getError();
+    if (!problem.isEmpty())
+        console::PrintError(problem);
     const QString device = _ChooseDevice();
     if (device.isEmpty())
         return eExitFailed;

@@ -32,6 +32,8 @@ int ConfigCommand::Run()
         return Print(ConfigurationStore::getPath() + QLatin1Char('\n'));
     const bool isShown = m_options.action == ConfigOptions::eShow;
     const bool isLoaded = isShown ? m_store.Load() : m_store.LoadToChange();
+    if (!m_store.getNotice().isEmpty() && m_options.action != ConfigOptions::eReset)
+        console::PrintError(m_store.getNotice());
     // A damaged file is no reason not to begin anew.
     if (m_options.action == ConfigOptions::eReset && !m_store.isBusy()) {
         m_store.Reset(!m_options.isAll);

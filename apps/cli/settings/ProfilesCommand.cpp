@@ -42,6 +42,8 @@ int ProfilesCommand::Run()
         console::PrintError(m_store.getError());
         return eExitFailed;
     }
+    if (!m_store.getNotice().isEmpty())
+        console::PrintError(m_store.getNotice());
     return isListed ? _List() : _Save(_Change());
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include <desktop/session/DeviceChoice.h>
 #include <desktop/session/MonitorSession.h>
@@ -35,7 +37,7 @@ MonitorSession::~MonitorSession()
 bool MonitorSession::Load(QString& pError)
 {
     const bool isLoaded = m_store.Load();
-    pError = m_store.getError();
+    pError = isLoaded ? m_store.getNotice() : m_store.getError();
     m_deviceName = m_store.getDeviceName();
     if (!QFileInfo::exists(ConfigurationStore::getPath()))
         _SetHostDefaults();
@@ -214,10 +216,9 @@ void MonitorSession::_OnTakenOver()
     AudioAnalyzer* pAnalyzer = getAnalyzer();
     if (!pAnalyzer)
         return;
-    const Configuration& configuration = m_store.getConfiguration();
-    pAnalyzer->setAverageVolumeCalculationDuration(
-        configuration.getAverageVolumeCalculationDuration());
-    pAnalyzer->setStopDetectionDuration(configuration.getStopDetectionDuration());
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.reader == SettingsTable::eTold)
+            AnalyzerSettings::Tell(setting, setting.get(m_store.getConfiguration()), *pAnalyzer);
 }
 
 void MonitorSession::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer, int pSampleRate)

@@ -282,6 +282,8 @@ void MainWindow::ApplyFlags()
 /// Another program has stored other settings.
 void MainWindow::_OnTakenOver()
 {
+    if (!m_session.getNotice().isEmpty())
+        ShowProblem(m_session.getNotice());
     m_pSettings->Refresh();
     // What is recorded goes on, whatever device is stored.
     m_pSettings->getDevices().setCurrentDevice(m_session.getDeviceName(),

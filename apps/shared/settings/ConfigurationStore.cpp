@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QStringList>
 #include <QtEndian>
 
 #include <sys/stat.h>
@@ -101,12 +102,32 @@ std::unique_ptr<Configuration> ConfigurationStore::_Read(QString& pDevice)
         return nullptr;
     }
     std::unique_ptr<Configuration> loaded(Configuration::_Load(path));
-    if (loaded)
-        pDevice = ReadDeviceName(path);
-    else
+    if (!loaded) {
         m_error = tr("%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset")
                       .arg(getPath());
+        return nullptr;
+    }
+    pDevice = ReadDeviceName(path);
+    _Notice(SettingsTable::Clamp(*loaded));
     return loaded;
+}
+
+void ConfigurationStore::_Notice(const std::vector<SettingsTable::Change>& pChanges)
+{
+    QStringList changes;
+    for (const SettingsTable::Change& change : pChanges) {
+        const QString text = tr("%1 %2 instead of %3", "setting, value taken, value in the file")
+                                 .arg(change.identifier,
+                                      QString::number(change.after),
+                                      QString::number(change.before));
+        changes << (change.profile.isEmpty()
+                        ? text
+                        : tr("%1 of the profile \"%2\"").arg(text, change.profile));
+    }
+    m_notice.clear();
+    if (!changes.isEmpty())
+        m_notice = tr("%1 holds values beyond their limits; taken: %2")
+                       .arg(getPath(), changes.join(QLatin1String(", ")));
 }
 
 bool ConfigurationStore::TakeOver()

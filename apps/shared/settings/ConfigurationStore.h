@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/config/SettingsTable.h>
+
 #include <shared/settings/ConfigurationValues.h>
 #include <shared/settings/FileLock.h>
 
@@ -8,6 +10,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 class Configuration;
 
@@ -36,8 +39,9 @@ public:
     /// The file: next to the program, or in the user's folder.
     static QString getPath();
 
-    /// Reads the file; without one there are the defaults. False when it is damaged or no file at
-    /// all: then there are the defaults as well, and getError() says what to do. [event loop]
+    /// Reads the file, within the limits of the settings; without one there are the defaults. False
+    /// when it is damaged or no file at all: then there are the defaults as well, and getError()
+    /// says what to do. [event loop]
     bool Load();
     /// The same in a turn of its own, which ends with Save() or with this object: what is decided
     /// by what is loaded holds until it is saved. False also when another program keeps its turn.
@@ -61,6 +65,9 @@ public:
     const QString& getDeviceName() const { return m_deviceName; }
     void setDeviceName(const QString& pName);
     QString getError() const { return m_error; }
+    /// What the file was last found to hold beyond the limits of its settings, and what was taken
+    /// instead; empty = nothing. The file stays so until it is saved.
+    QString getNotice() const { return m_notice; }
 
 private:
     /// Tells one content of the file from another.
@@ -74,6 +81,7 @@ private:
     static FileState _Look();
     bool _TakeTurn(int pPatienceMs);
     std::unique_ptr<Configuration> _Read(QString& pDevice);
+    void _Notice(const std::vector<SettingsTable::Change>& pChanges);
     bool _Merge();
     bool _Write();
     void _RefuseWriting(const QString& pPath);
@@ -87,4 +95,5 @@ private:
     bool m_hasTakenOver = false;
     bool m_isBusy = false;
     QString m_error;
+    QString m_notice;
 };

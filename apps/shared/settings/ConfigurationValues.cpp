@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 #include <AudioAnalyzer/config/UserProfile.h>
 
 #include <shared/settings/ConfigurationValues.h>
@@ -12,56 +13,12 @@
 
 namespace {
 
-using C = Configuration;
 using Values = ConfigurationValues;
 
-struct Number
+bool IsStored(const SettingsTable::Setting& pSetting)
 {
-    double (*get)(const Configuration&);
-    void (*set)(Configuration&, double);
-};
-
-template <auto kGetter>
-double Get(const Configuration& pConfiguration)
-{
-    return double((pConfiguration.*kGetter)());
+    return pSetting.get != nullptr;
 }
-
-template <auto kSetter, typename Value>
-void Set(Configuration& pConfiguration, double pValue)
-{
-    (pConfiguration.*kSetter)(static_cast<Value>(pValue));
-}
-
-/// A file may hold any negative number for automatic.
-double GetThreshold(const Configuration& pConfiguration)
-{
-    return std::max(-1.0, double(pConfiguration.getThreshold()));
-}
-
-/// There is a setter, and no getter: on a copy, it tells what the value was.
-double GetDisplayStopped(const Configuration& pConfiguration)
-{
-    Configuration copy(pConfiguration);
-    return copy.setDisplayStopped(true) ? 0.0 : 1.0;
-}
-
-constexpr Number kNumbers[] = {
-    {&Get<&C::getAverageVolumeCalculationDuration>,
-     &Set<&C::setAverageVolumeCalculationDuration, double>},
-    {&Get<&C::getBPMCalculationDuration>, &Set<&C::setBPMCalculationDuration, double>},
-    {&Get<&C::getNormalizationDuration>, &Set<&C::setNormalizationDuration, double>},
-    {&Get<&C::getStopDetectionDuration>, &Set<&C::setStopDetectionDuration, double>},
-    {&Get<&C::getNormalizationThreshold>, &Set<&C::setNormalizationThreshold, short>},
-    {&Get<&C::getStopDetectionThreshold>, &Set<&C::setStopDetectionThreshold, short>},
-    {&GetThreshold, &Set<&C::setThreshold, short>},
-    {&Get<&C::getDisplaySpeakers>, &Set<&C::setDisplaySpeakers, bool>},
-    {&GetDisplayStopped, &Set<&C::setDisplayStopped, bool>},
-    {&Get<&C::getDisplayVirtualBeatsWhenStopped>,
-     &Set<&C::setDisplayVirtualBeatsWhenStopped, bool>},
-    {&Get<&C::getGrayMode>, &Set<&C::setGrayMode, bool>},
-    {&Get<&C::isTopMost>, &Set<&C::setTopMost, bool>},
-};
 
 // ---- Profiles -----------------------------------------------------------------------------------
 
@@ -204,8 +161,8 @@ ConfigurationValues ConfigurationValues::Of(const Configuration& pConfiguration,
                                             const QString& pDevice)
 {
     ConfigurationValues values;
-    for (const Number& number : kNumbers)
-        values.numbers.push_back(number.get(pConfiguration));
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        values.numbers.push_back(IsStored(setting) ? setting.get(pConfiguration) : 0.0);
     values.device = pDevice;
     values.language = pConfiguration.getLanguage();
     for (const KeyedProfile& keyed : KeyedProfilesOf(pConfiguration)) {
@@ -219,8 +176,10 @@ ConfigurationValues ConfigurationValues::Of(const Configuration& pConfiguration,
 
 void ConfigurationValues::StoreIn(Configuration& pConfiguration) const
 {
+    const std::vector<SettingsTable::Setting>& settings = SettingsTable::getSettings();
     for (std::size_t i = 0; i < numbers.size(); ++i)
-        kNumbers[i].set(pConfiguration, numbers[i]);
+        if (IsStored(settings[i]))
+            settings[i].set(pConfiguration, numbers[i]);
     pConfiguration.setLanguage(language);
     StoreProfiles(profiles, pConfiguration);
     Select(selected, pConfiguration);

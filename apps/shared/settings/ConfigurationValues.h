@@ -24,7 +24,7 @@ struct ConfigurationValues
         double sensibility = 0.0;
     };
 
-    std::vector<double> numbers;  ///< durations, levels and switches, in one fixed order
+    std::vector<double> numbers;  ///< in the order of the table of settings
     QString device;               ///< name; empty = none
     QString language;             ///< code; empty = none
     QString selected;             ///< key of a profile; empty = one that is not stored
