@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <memory>
 
 namespace {
 
@@ -57,11 +56,11 @@ QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const
     if (profile.isEmpty() || Select(profile, pConfiguration.getProfiles(), pConfiguration))
         return {};
     // A configuration of its own does not know the profiles that the user has saved.
-    const std::unique_ptr<Configuration> saved(Configuration::LoadOrCreate());
-    if (Select(profile, saved->getProfiles(), pConfiguration))
+    const QList<Profile> saved = Configuration::LoadProfiles();
+    if (Select(profile, saved, pConfiguration))
         return {};
     QStringList names;
-    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved->getProfiles()})
+    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved})
         for (const Profile& known : profiles)
             if (!names.contains(known.getName()))
                 names.append(known.getName());

@@ -107,6 +107,9 @@ public:
     /// The stored configuration, or the defaults when there is none or it is damaged. Never null,
     /// writes nothing; owned by the caller. [event loop]
     static Configuration* LoadOrCreate();
+    /// The profiles of the stored configuration, those of the defaults when there is none or it is
+    /// damaged; nothing else of it is kept, and the sound system is not asked for its devices.
+    static QList<Profile> LoadProfiles();
     /// Replaces the stored configuration; false, and the old file whole, when that fails. Renumbers
     /// the user profiles, keeps the modified mark. [event loop]
     bool Save();
@@ -135,9 +138,16 @@ private:
 
     static const unsigned char _SIGNATURE[8];  ///< first bytes of every configuration file
 
-    bool _Read(QIODevice& pFile);
+    /// What a reader of the file wants to know.
+    enum eFilePart
+    {
+        eEverything,
+        eNoDevice  ///< all but the device, which would have to be looked for
+    };
+    static Configuration* _LoadPart(const QString& path, eFilePart pPart);
+    bool _Read(QIODevice& pFile, eFilePart pPart);
     static int _ReadVersion(detail::BoundedReader& pReader);
-    void _ReadDevice(detail::BoundedReader& pReader);
+    void _ReadDevice(detail::BoundedReader& pReader, eFilePart pPart);
     void _ReadThresholdAndFlags(detail::BoundedReader& pReader);
     void _ReadUserProfiles(detail::BoundedReader& pReader);
     void _ReadDurations(detail::BoundedReader& pReader);

@@ -55,6 +55,12 @@ Configuration* Configuration::LoadOrCreate()
     return loaded ? loaded : new Configuration;
 }
 
+QList<Profile> Configuration::LoadProfiles()
+{
+    const std::unique_ptr<Configuration> loaded(_LoadPart(_getConfigFilePath(), eNoDevice));
+    return loaded ? loaded->getProfiles() : Configuration().getProfiles();
+}
+
 bool Configuration::Save()
 {
     return _Save(_getConfigFilePath());
@@ -64,6 +70,11 @@ bool Configuration::Save()
 
 Configuration* Configuration::_Load(const QString& path)
 {
+    return _LoadPart(path, eEverything);
+}
+
+Configuration* Configuration::_LoadPart(const QString& path, eFilePart pPart)
+{
     QFile file(path.trimmed());
     if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
         return nullptr;
@@ -71,10 +82,10 @@ Configuration* Configuration::_Load(const QString& path)
     // Intended: a file that cannot even hold the head counts as an unused one, not as a damaged
     // one.
     const bool isUnused = file.size() < detail::kHeadSize;
-    return isUnused || configuration->_Read(file) ? configuration.release() : nullptr;
+    return isUnused || configuration->_Read(file, pPart) ? configuration.release() : nullptr;
 }
 
-bool Configuration::_Read(QIODevice& pFile)
+bool Configuration::_Read(QIODevice& pFile, eFilePart pPart)
 {
     QDataStream stream(&pFile);
     stream.setByteOrder(QDataStream::LittleEndian);
@@ -83,7 +94,7 @@ bool Configuration::_Read(QIODevice& pFile)
     const int version = _ReadVersion(reader);
     if (version < detail::kFileVersion1_0)
         return false;
-    _ReadDevice(reader);
+    _ReadDevice(reader, pPart);
     const auto selectedID = reader.read<quint32>();
     _ReadThresholdAndFlags(reader);
     _ReadUserProfiles(reader);
@@ -107,10 +118,11 @@ int Configuration::_ReadVersion(detail::BoundedReader& pReader)
     return isOurs ? major * 256 + minor : 0;
 }
 
-void Configuration::_ReadDevice(detail::BoundedReader& pReader)
+void Configuration::_ReadDevice(detail::BoundedReader& pReader, eFilePart pPart)
 {
+    const QString name = pReader.readText();
     // Intended: a device that is not present now is forgotten.
-    const QtAudioInputDeviceInfo* const device = _FindDevice(pReader.readText());
+    const QtAudioInputDeviceInfo* const device = pPart == eEverything ? _FindDevice(name) : nullptr;
     if (device)
         m_selectedAudioInputDevice = device->getDeviceName();
 }

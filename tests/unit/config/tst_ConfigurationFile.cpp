@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <utility>
+
 namespace {
 
 QString dataPath(const char* pName)
@@ -39,6 +41,8 @@ private Q_SLOTS:
     void LoadOrCreate_makesDefaultsAndNoFile_whenThereIsNoFile();
     void LoadOrCreate_makesDefaults_whenFileIsDamaged();
     void LoadOrCreate_readsWhatSaveWrote();
+    void LoadProfiles_givesTheStoredOnes_withoutTheDevices();
+    void LoadProfiles_givesTheBuiltInOnes_withoutAFile();
     void Load_trimsPath();
     void Load_rejects_whenPathIsBlank_data();
     void Load_rejects_whenPathIsBlank();
@@ -95,6 +99,37 @@ void tst_ConfigurationFile::LoadOrCreate_readsWhatSaveWrote()
     const std::unique_ptr<Configuration> loaded(Configuration::LoadOrCreate());
     QCOMPARE(loaded->getThreshold(), short(1234));
     QVERIFY(QFile::remove(executableFile()));
+}
+
+void tst_ConfigurationFile::LoadProfiles_givesTheStoredOnes_withoutTheDevices()
+{
+    const ConfigSandbox sandbox;
+    QFile::remove(executableFile());
+    Configuration saved;
+    saved.Add(QStringLiteral("House"), 110.0, 140.0, 2.0, 0, 80);
+    QVERIFY(
+        saved.setSelectedAudioInputDevice(QtAudioInputDeviceInfo(QStringLiteral("Mic"), false)));
+    QVERIFY(saved.Save());
+    // A watcher would be made anew.
+    const auto watcher = std::exchange(QtAudioInputDevicesManager::s_instance, {});
+    const QList<Profile> profiles = Configuration::LoadProfiles();
+    QVERIFY(!QtAudioInputDevicesManager::s_instance);
+    QtAudioInputDevicesManager::s_instance = watcher;
+    QCOMPARE(profiles.size(), 4);
+    QCOMPARE(profiles[3].getName(), QStringLiteral("House"));
+    QCOMPARE(profiles[3].getMinimalBPM(), 110.0);
+    QVERIFY(QFile::remove(executableFile()));
+}
+
+void tst_ConfigurationFile::LoadProfiles_givesTheBuiltInOnes_withoutAFile()
+{
+    const ConfigSandbox sandbox;
+    QFile::remove(executableFile());
+    QStringList names;
+    for (const Profile& profile : Configuration::LoadProfiles())
+        names.append(profile.getName());
+    QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("Electro Hardcore Slow"));
+    QVERIFY(!QFile::exists(executableFile()));
 }
 
 void tst_ConfigurationFile::Load_trimsPath()
