@@ -332,7 +332,7 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
         tr("name a command: analyze, listen, devices, profiles, config; see audio-analyzer --help");
     if (pCount < 2)
         return Refuse(noCommand);
-    const QString first = QString::fromUtf8(pArguments[1]);
+    const QString first = QString::fromLocal8Bit(pArguments[1]);
     if (!first.startsWith(QLatin1Char('-')) && !HasCommand(app, first))
         return Refuse(tr("there is no command \"%1\"; to analyse a file: audio-analyzer analyze %1")
                           .arg(first));
@@ -350,7 +350,7 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
         const QString name =
             pCommand ? QString::fromStdString(pCommand->get_name()) + QLatin1Char(' ') : QString();
         return Refuse(
-            tr("%1; see audio-analyzer %2--help").arg(QString::fromUtf8(error.what()), name));
+            tr("%1; see audio-analyzer %2--help").arg(QString::fromLocal8Bit(error.what()), name));
     }
     const CLI::App* pCommand = FindParsed(app);
     return pCommand ? Read(pCommand->get_name(), arguments) : Refuse(noCommand);

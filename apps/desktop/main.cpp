@@ -9,12 +9,12 @@
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Tray.h>
 #include <shared/capture/SoundServer.h>
+#include <shared/files/FileNameCodec.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QStyleFactory>
-#include <QTextCodec>
 #include <QTimer>
 
 #include <cstdio>
@@ -84,8 +84,7 @@ void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 int main(int argc, char* argv[])
 {
-    // File names are UTF-8 everywhere, in the C locale as well.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    FileNameCodec::Install();
     const MonitorOptions options = parseMonitorOptions(argc, argv);
     if (options.action != MonitorOptions::eRun) {
         const bool isRefused = options.action == MonitorOptions::eRefuse;

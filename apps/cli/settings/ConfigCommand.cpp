@@ -49,9 +49,9 @@ int ConfigCommand::_Show()
     QString text;
     for (const ConfigurationSetting& setting : getConfigurationSettings()) {
         text += QStringLiteral("%1 %2  # %3\n")
-                    .arg(setting.name, -24)
-                    .arg(setting.get(m_store), -14)
-                    .arg(setting.help);
+                    .arg(setting.name.leftJustified(24),
+                         setting.get(m_store).leftJustified(14),
+                         setting.help);
     }
     return Print(text);
 }

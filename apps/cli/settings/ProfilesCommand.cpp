@@ -54,15 +54,15 @@ int ProfilesCommand::_List()
     const Configuration& configuration = m_store.getConfiguration();
     for (const Profile& profile : configuration.getProfiles()) {
         const QString line = QStringLiteral("%1 %2  %3:%4 BPM  %5:%6 Hz  %7 %8%9\n")
-                                 .arg(QLatin1Char(configuration.isSelected(profile) ? '*' : ' '))
-                                 .arg(profile.getName(), -12)
-                                 .arg(profile.getMinimalBPM())
-                                 .arg(profile.getMaximalBPM())
-                                 .arg(EdgeText(profile.getFilterLowFrequency()),
+                                 .arg(QLatin1String(configuration.isSelected(profile) ? "*" : " "),
+                                      profile.getName().leftJustified(12),
+                                      QString::number(profile.getMinimalBPM()),
+                                      QString::number(profile.getMaximalBPM()),
+                                      EdgeText(profile.getFilterLowFrequency()),
                                       EdgeText(profile.getFilterHighFrequency()),
-                                      tr("sensibility"))
-                                 .arg(profile.getSensibility())
-                                 .arg(profile.isSerializable() ? QString() : tr("  built-in"));
+                                      tr("sensibility"),
+                                      QString::number(profile.getSensibility()),
+                                      profile.isSerializable() ? QString() : tr("  built-in"));
         output.Write(line.toUtf8());
     }
     return output.isReaderGone() ? eExitPipeClosed : eExitDone;

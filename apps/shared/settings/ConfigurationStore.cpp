@@ -101,7 +101,8 @@ std::unique_ptr<Configuration> ConfigurationStore::_Read(QString& pDevice)
         m_error = tr("%1 is not a file; move it away").arg(getPath());
         return nullptr;
     }
-    std::unique_ptr<Configuration> loaded(Configuration::_Load(path));
+    // The store knows the device by its name alone.
+    std::unique_ptr<Configuration> loaded(Configuration::LoadWithoutDevice(path));
     if (!loaded) {
         m_error = tr("%1 cannot be read or is damaged; to begin anew: audio-analyzer config reset")
                       .arg(getPath());

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
 #include "Stage.h"
 
 #include <QtTest>
 
+#include <limits>
 #include <linux/capability.h>
 #include <memory>
 #include <sys/prctl.h>
@@ -44,6 +47,8 @@ private Q_SLOTS:
     void pipe_isRefusedAtOnce_data();
     void pipe_isRefusedAtOnce();
     void link_isKept();
+    void absurdValues_areSaidOnce_data();
+    void absurdValues_areSaidOnce();
     void installedForAll_savesInTheUsersFolder();
     void installedForAll_withSettingsForAll_readsThem();
 
@@ -192,6 +197,36 @@ void tst_ConfigurationPrograms::link_isKept()
     QVERIFY(QFileInfo(target).isFile());
     QCOMPARE(m_stage.Run("config path").output, _Path().toUtf8() + '\n');
     QVERIFY(m_stage.Run("config show").output.contains("threshold                77 "));
+}
+
+void tst_ConfigurationPrograms::absurdValues_areSaidOnce_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("lines");
+    QTest::newRow("show") << Text("config show") << 1;
+    QTest::newRow("set") << Text("config set threshold 5") << 1;
+    QTest::newRow("list") << Text("profiles") << 1;
+    QTest::newRow("add") << Text("profiles add X") << 1;
+    QTest::newRow("reset") << Text("config reset") << 0;
+    QTest::newRow("listen") << Text("listen -q --duration 0.3 --format beats") << 1;
+}
+
+void tst_ConfigurationPrograms::absurdValues_areSaidOnce()
+{
+    QFETCH(QString, arguments);
+    m_stage.setDevices({Stage::Device("Deck", "music")});
+    Configuration absurd;
+    absurd.setAverageVolumeCalculationDuration(1e300);
+    absurd.setBPMCalculationDuration(std::numeric_limits<double>::infinity());
+    absurd.setStopDetectionDuration(1e9);
+    QVERIFY(absurd._Save(_Path()));
+    const StagedRun run = m_stage.Run(arguments.split(QLatin1Char(' ')));
+    // On a busy machine there may be nothing to hear yet; what matters is that it ends by itself.
+    QVERIFY2(run.exitCode >= 0, run.errors.constData());
+    QTEST(int(run.errors.count('\n')), "lines");
+    const QByteArray words = "stop-duration 10 instead of 1e+09, average-duration 60 instead of "
+                             "1e+300, bpm-duration 600 instead of inf\n";
+    QVERIFY2(run.errors.isEmpty() || run.errors.endsWith(words), run.errors.constData());
 }
 
 StagedRun tst_ConfigurationPrograms::_RunOrdinary(const char* pArguments) const

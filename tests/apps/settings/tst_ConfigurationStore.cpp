@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <limits>
 #include <sys/stat.h>
 
 namespace {
@@ -74,6 +75,10 @@ private Q_SLOTS:
     void link_staysAndItsTargetIsWritten();
     void linkInACircle_isReplaced();
     void mode_isKept();
+    void absurdValues_areClampedAndSaid_data();
+    void absurdValues_areClampedAndSaid();
+    void absurdProfile_isClampedAndSaid();
+    void absurdValuesOfAnother_areClampedAndSaid();
 };
 
 void tst_ConfigurationStore::init()
@@ -360,6 +365,70 @@ void tst_ConfigurationStore::mode_isKept()
     QCOMPARE(status.st_mode, mode_t(S_IFREG | 0640));
     QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
              QStringList(QStringLiteral("settings.cfg")));
+}
+
+void tst_ConfigurationStore::absurdValues_areClampedAndSaid_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<double>("taken");
+    QTest::addColumn<QString>("words");
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    QTest::newRow("long") << 1e9 << 10.0 << Text("stop-duration 10 instead of 1e+09");
+    QTest::newRow("longer") << 1e300 << 10.0 << Text("stop-duration 10 instead of 1e+300");
+    QTest::newRow("endless") << kInfinity << 10.0 << Text("stop-duration 10 instead of inf");
+    QTest::newRow("negative") << -1.0 << 0.05 << Text("stop-duration 0.05 instead of -1");
+    QTest::newRow("none") << 0.0 << 0.05 << Text("stop-duration 0.05 instead of 0");
+    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 1.5
+                                  << Text("stop-duration 1.5 instead of nan");
+}
+
+void tst_ConfigurationStore::absurdValues_areClampedAndSaid()
+{
+    QFETCH(double, value);
+    QFETCH(QString, words);
+    Configuration absurd;
+    absurd.setStopDetectionDuration(value);
+    QVERIFY(absurd.Save());
+    ConfigurationStore store;
+    QVERIFY(store.Load());
+    QTEST(store.getConfiguration().getStopDetectionDuration(), "taken");
+    QVERIFY(!store.getConfiguration().isModified());
+    QVERIFY2(store.getNotice().startsWith(Path()), qPrintable(store.getNotice()));
+    QVERIFY2(store.getNotice().endsWith(words), qPrintable(store.getNotice()));
+    // Saved once, it is mended.
+    QVERIFY(store.Save());
+    ConfigurationStore again;
+    QVERIFY(again.Load());
+    QTEST(again.getConfiguration().getStopDetectionDuration(), "taken");
+    QCOMPARE(again.getNotice(), QString());
+}
+
+void tst_ConfigurationStore::absurdProfile_isClampedAndSaid()
+{
+    Configuration absurd;
+    absurd.Add(Text("House %1"), 110.0, 140.0, 1e300, 0, 75);
+    absurd.setBPMCalculationDuration(1e9);
+    QVERIFY(absurd.Save());
+    ConfigurationStore store;
+    QVERIFY(store.Load());
+    QVERIFY(store.getConfiguration().getProfiles().last().getSensibility() <= 1000.0);
+    QVERIFY(store.getNotice().contains(Text("bpm-duration 600 instead of 1e+09")));
+    QVERIFY2(store.getNotice().contains(Text("instead of 1e+300 of the profile \"House %1\"")),
+             qPrintable(store.getNotice()));
+}
+
+void tst_ConfigurationStore::absurdValuesOfAnother_areClampedAndSaid()
+{
+    StoreElsewhere(1000);
+    ConfigurationStore store;
+    QVERIFY(store.Load());
+    QCOMPARE(store.getNotice(), QString());
+    Configuration absurd;
+    absurd.setAverageVolumeCalculationDuration(1e300);
+    QVERIFY(absurd.Save());
+    QVERIFY(store.TakeOver());
+    QCOMPARE(store.getConfiguration().getAverageVolumeCalculationDuration(), 60.0);
+    QVERIFY(store.getNotice().contains(Text("average-duration 60 instead of 1e+300")));
 }
 
 QTEST_GUILESS_MAIN(tst_ConfigurationStore)
