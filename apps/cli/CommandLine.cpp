@@ -223,7 +223,8 @@ void AddConfig(CLI::App& pApp, ConfigArguments& pArguments)
         .add_option("ACTION", pArguments.words, Utf8(tr("show, set SETTING VALUE, path, reset")))
         ->type_name("");
     command.add_flag("--all", pArguments.isAll, Utf8(tr("reset the user's profiles as well")));
-    command.footer(Utf8(tr("The settings stand next to the program; every host there shares "
+    command.footer(Utf8(tr("The settings stand next to the program, or in the user's own folder "
+                           "where it is installed for\nall; every host there shares "
                            "them.\n\nExample:\n"
                            "  audio-analyzer config set stop-threshold 500\n")));
 }

@@ -210,7 +210,7 @@ void MonitorSession::Reset()
     m_feed.Forget();
 }
 
-/// Intended: another device is stored for the next start; what is recorded now goes on.
+/// Another device is for the next start: what is recorded now goes on.
 void MonitorSession::_OnTakenOver()
 {
     AudioAnalyzer* pAnalyzer = getAnalyzer();
