@@ -235,7 +235,8 @@ void AddConfig(CLI::App& pApp, ConfigArguments& pArguments)
         .add_option("ACTION", pArguments.words, Utf8(tr("show, set SETTING VALUE, path, reset")))
         ->type_name("");
     command.add_flag("--all", pArguments.isAll, Utf8(tr("reset the user's profiles as well")));
-    command.footer(Utf8(tr("The settings stand next to the program; every host there shares "
+    command.footer(Utf8(tr("The settings stand next to the program, or in the user's own folder "
+                           "where it is installed for\nall; every host there shares "
                            "them.\n\nExample:\n"
                            "  audio-analyzer config set stop-threshold 500\n")));
 }
@@ -344,7 +345,7 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
         tr("name a command: analyze, listen, devices, profiles, config; see audio-analyzer --help");
     if (pCount < 2)
         return Refuse(noCommand);
-    const QString first = QString::fromUtf8(pArguments[1]);
+    const QString first = QString::fromLocal8Bit(pArguments[1]);
     if (!first.startsWith(QLatin1Char('-')) && !HasCommand(app, first))
         return Refuse(tr("there is no command \"%1\"; to analyse a file: audio-analyzer analyze %1")
                           .arg(first));
@@ -362,7 +363,7 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
         const QString name =
             pCommand ? QString::fromStdString(pCommand->get_name()) + QLatin1Char(' ') : QString();
         return Refuse(
-            tr("%1; see audio-analyzer %2--help").arg(QString::fromUtf8(error.what()), name));
+            tr("%1; see audio-analyzer %2--help").arg(QString::fromLocal8Bit(error.what()), name));
     }
     const CLI::App* pCommand = FindParsed(app);
     return pCommand ? Read(pCommand->get_name(), arguments) : Refuse(noCommand);

@@ -9,9 +9,10 @@
 #include <cli/output/OutputFile.h>
 #include <cli/settings/ConfigCommand.h>
 #include <cli/settings/ProfilesCommand.h>
+#include <shared/files/FileNameCodec.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QCoreApplication>
-#include <QTextCodec>
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -76,10 +77,10 @@ int main(int argc, char* argv[])
 {
     HoldStandardStreams();
     interrupt::Install();
-    // File names are UTF-8 everywhere, in the C locale of containers and services as well.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    FileNameCodec::Install();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("audio-analyzer"));
+    ConfigurationStore::UseUserFolder();
     const CommandLine command = parseCommandLine(argc, argv);
     if (UsesSound(command))
         qInstallMessageHandler(&IgnoreMessage);

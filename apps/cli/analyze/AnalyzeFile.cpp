@@ -161,13 +161,13 @@ void AnalyzeFile::_AddSummary(double pElapsed)
     const double bpm = result.getTempo();
     const double speed = result.duration() / std::max(pElapsed, 1e-6);
     m_notes.append(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual), %7x real time")
-                       .arg(m_task.input)
-                       .arg(cli::Clock(result.duration()))
-                       .arg(bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("tempo unknown"))
-                       .arg(result.beats.size())
-                       .arg(qint64(result.beats.size()) - virtualCount)
-                       .arg(virtualCount)
-                       .arg(speed, 0, 'f', 0));
+                       .arg(m_task.input,
+                            cli::Clock(result.duration()),
+                            bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("tempo unknown"),
+                            QString::number(result.beats.size()),
+                            QString::number(qint64(result.beats.size()) - virtualCount),
+                            QString::number(virtualCount),
+                            QString::number(speed, 'f', 0)));
 }
 
 /// Why the whole file counted as stopped, and what to do; empty when it did not.

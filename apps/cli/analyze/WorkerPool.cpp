@@ -108,7 +108,7 @@ void WorkerPool::_OnMessages(std::size_t pTask)
     for (int end = 0; (end = worker.messages.indexOf('\n')) >= 0;) {
         const QByteArray line = worker.messages.left(end);
         worker.messages.remove(0, end + 1);
-        if (line.startsWith('%'))
+        if (line.startsWith(kProgressMark))
             m_progress.Set(pTask, line.mid(1).toDouble());
         else
             worker.result.messages.append(QString::fromLocal8Bit(line));

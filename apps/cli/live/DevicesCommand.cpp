@@ -94,7 +94,7 @@ QString DevicesCommand::_Describe(const InputDevice& pDevice, int pWidth) const
     if (!pDevice.isUsable())
         notes.append(tr("cannot be analysed: the analysis needs a mono format"));
     return QStringLiteral("%1 %2  %3")
-        .arg(QLatin1Char(pDevice.isDefault ? '*' : ' '))
-        .arg(pDevice.name, -pWidth)
-        .arg(notes.join(QLatin1String("; ")));
+        .arg(QLatin1String(pDevice.isDefault ? "*" : " "),
+             pDevice.name.leftJustified(pWidth),
+             notes.join(QLatin1String("; ")));
 }

@@ -49,8 +49,10 @@ ListenCommand::~ListenCommand() = default;
 int ListenCommand::Run()
 {
     preferSoundServer();
-    if (!m_store.Load())
-        console::PrintError(m_store.getError());
+    const bool isLoaded = m_store.Load();
+    const QString problem = isLoaded ? m_store.getNotice() : m_store.getError();
+    if (!problem.isEmpty())
+        console::PrintError(problem);
     const QString device = _ChooseDevice();
     if (device.isEmpty())
         return eExitFailed;
@@ -253,9 +255,10 @@ void ListenCommand::_Summarize()
         _Tell(listentexts::describeAnnouncements(m_summary->getAnnounceStatistics()));
     const double tempo = m_summary->getTempo();
     _Say(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual)")
-             .arg(m_session->getDeviceName(), cli::Clock(m_summary->getSeconds()))
-             .arg(tempo > 0.0 ? tr("%1 BPM").arg(tempo, 0, 'f', 1) : tr("tempo unknown"))
-             .arg(m_summary->getRealBeats() + m_summary->getVirtualBeats())
-             .arg(m_summary->getRealBeats())
-             .arg(m_summary->getVirtualBeats()));
+             .arg(m_session->getDeviceName(),
+                  cli::Clock(m_summary->getSeconds()),
+                  tempo > 0.0 ? tr("%1 BPM").arg(tempo, 0, 'f', 1) : tr("tempo unknown"),
+                  QString::number(m_summary->getRealBeats() + m_summary->getVirtualBeats()),
+                  QString::number(m_summary->getRealBeats()),
+                  QString::number(m_summary->getVirtualBeats())));
 }

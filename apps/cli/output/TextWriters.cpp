@@ -16,7 +16,7 @@ QByteArray makeHeading(const QString& pFile)
     QString name = pFile;
     // A name with a line feed must not look like a line of its own.
     name.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return "# " + name.toUtf8() + '\n';
+    return "# " + name.toLocal8Bit() + '\n';
 }
 
 QByteArray makeBeatsText(const AnalysisResult& pResult)

@@ -173,6 +173,31 @@
         <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
         <translation>%1 lässt sich nicht schreiben; der Ordner %2 muss beschreibbar und der Name für eine Datei frei sein</translation>
     </message>
+    <message>
+        <source>%1 is not a file; move it away</source>
+        <translation>%1 ist keine Datei; räumen Sie es beiseite</translation>
+    </message>
+    <message>
+        <source>%1 %2 instead of %3</source>
+        <comment>setting, value taken, value in the file</comment>
+        <translation>%1 %2 statt %3</translation>
+    </message>
+    <message>
+        <source>%1 of the profile &quot;%2&quot;</source>
+        <translation>%1 im Profil „%2“</translation>
+    </message>
+    <message>
+        <source>%1 holds values beyond their limits; taken: %2</source>
+        <translation>%1 enthält Werte außerhalb ihrer Grenzen; genommen: %2</translation>
+    </message>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>%1 wird gerade von einem anderen Programm geändert, das nicht fertig wird; beenden Sie es und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; remove %2</source>
+        <translation>%1 lässt sich nicht schreiben; entfernen Sie %2</translation>
+    </message>
 </context>
 <context>
     <name>DurationsPanel</name>

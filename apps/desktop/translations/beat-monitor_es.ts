@@ -173,6 +173,31 @@
         <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
         <translation>%1 no se puede escribir; la carpeta %2 debe permitir escritura y el nombre estar libre para un archivo</translation>
     </message>
+    <message>
+        <source>%1 is not a file; move it away</source>
+        <translation>%1 no es un archivo; muévalo a otro lugar</translation>
+    </message>
+    <message>
+        <source>%1 %2 instead of %3</source>
+        <comment>setting, value taken, value in the file</comment>
+        <translation>%1 %2 en lugar de %3</translation>
+    </message>
+    <message>
+        <source>%1 of the profile &quot;%2&quot;</source>
+        <translation>%1 del perfil «%2»</translation>
+    </message>
+    <message>
+        <source>%1 holds values beyond their limits; taken: %2</source>
+        <translation>%1 contiene valores fuera de sus límites; se toman: %2</translation>
+    </message>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>Otro programa está cambiando %1 y no termina; ciérrelo e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; remove %2</source>
+        <translation>No se puede escribir %1; elimine %2</translation>
+    </message>
 </context>
 <context>
     <name>DurationsPanel</name>

@@ -173,6 +173,31 @@
         <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
         <translation>%1 ne peut pas être écrit&#xa0;; le dossier %2 doit être accessible en écriture et le nom libre pour un fichier</translation>
     </message>
+    <message>
+        <source>%1 is not a file; move it away</source>
+        <translation>%1 n’est pas un fichier ; déplacez-le</translation>
+    </message>
+    <message>
+        <source>%1 %2 instead of %3</source>
+        <comment>setting, value taken, value in the file</comment>
+        <translation>%1 %2 au lieu de %3</translation>
+    </message>
+    <message>
+        <source>%1 of the profile &quot;%2&quot;</source>
+        <translation>%1 du profil « %2 »</translation>
+    </message>
+    <message>
+        <source>%1 holds values beyond their limits; taken: %2</source>
+        <translation>%1 contient des valeurs hors de leurs limites ; retenu : %2</translation>
+    </message>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>%1 est en cours de modification par un autre programme, qui n’aboutit pas ; fermez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; remove %2</source>
+        <translation>%1 ne peut pas être écrit ; supprimez %2</translation>
+    </message>
 </context>
 <context>
     <name>DurationsPanel</name>

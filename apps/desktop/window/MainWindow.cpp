@@ -152,6 +152,7 @@ void MainWindow::_Connect()
     ConfigurationSaver& saver = m_session.getSaver();
     connect(&saver, &ConfigurationSaver::OnFailed, this, &MainWindow::ShowProblem);
     connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
+    connect(&saver, &ConfigurationSaver::OnTakenOver, this, &MainWindow::_OnTakenOver);
     connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
     connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
     connect(&m_session.getFeed(), &LiveFeed::OnFlashed, this, &MainWindow::_OnFlashed);
@@ -276,6 +277,19 @@ void MainWindow::ApplyFlags()
     _HideEmptyCards();
     _ApplyLook();
     _ApplyTopMost();
+}
+
+/// Another program has stored other settings.
+void MainWindow::_OnTakenOver()
+{
+    if (!m_session.getNotice().isEmpty())
+        ShowProblem(m_session.getNotice());
+    m_pSettings->Refresh();
+    // What is recorded goes on, whatever device is stored.
+    m_pSettings->getDevices().setCurrentDevice(m_session.getDeviceName(),
+                                               m_session.isDevicePresent());
+    ApplyFlags();
+    Q_EMIT OnLanguageChosen(m_session.getConfiguration().getLanguage());
 }
 
 void MainWindow::_ApplyLook()

@@ -89,6 +89,7 @@ private:
     void _Refresh();
     void _WatchRefresh();
     void _OnFlashed();
+    void _OnTakenOver();
     void _ChoosePace(const LiveValues& pValues, qint64 pNow);
     void _ShowSource();
     void _HideEmptyCards();

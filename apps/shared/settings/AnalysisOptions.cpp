@@ -4,11 +4,11 @@
 #include <AudioAnalyzer/config/UserProfile.h>
 
 #include <shared/settings/AnalysisOptions.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QStringList>
 
 #include <algorithm>
-#include <memory>
 
 namespace {
 
@@ -66,11 +66,13 @@ QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const
     if (profile.isEmpty() || Select(profile, pConfiguration.getProfiles(), pConfiguration))
         return {};
     // A configuration of its own does not know the profiles that the user has saved.
-    const std::unique_ptr<Configuration> saved(Configuration::LoadOrCreate());
-    if (Select(profile, saved->getProfiles(), pConfiguration))
+    ConfigurationStore store;
+    store.Load();
+    const QList<Profile>& saved = store.getConfiguration().getProfiles();
+    if (Select(profile, saved, pConfiguration))
         return {};
     QStringList names;
-    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved->getProfiles()})
+    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved})
         for (const Profile& known : profiles)
             if (!names.contains(known.getName()))
                 names.append(known.getName());

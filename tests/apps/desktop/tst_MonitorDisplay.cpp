@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "DesktopTest.h"
-#include "VirtualDisplay.h"
+#include <apps/desktop/DesktopTest.h>
+#include <apps/desktop/VirtualDisplay.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>

@@ -2,7 +2,7 @@
 #include <AudioAnalyzer/Version.h>
 #include <AudioAnalyzer/config/SettingsTable.h>
 
-#include "BeatTrackerTest.h"
+#include <apps/vamp/BeatTrackerTest.h>
 #include <cli/settings/AnalysisOptionTable.h>
 
 #include <limits>

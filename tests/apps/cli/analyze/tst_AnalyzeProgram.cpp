@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
-#include "SongFolder.h"
+#include <apps/cli/analyze/SongFolder.h>
 
 #include <QJsonArray>
 #include <QXmlStreamReader>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "HandMadeResult.h"
+#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/JsonWriter.h>
 
 #include <QJsonArray>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "HandMadeResult.h"
+#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/NdjsonWriter.h>
 
 #include <QtTest>

@@ -3,6 +3,7 @@
 
 #include <apps/stage/Stage.h>
 #include <support/TestClass.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void profile_isRefused();
     void builtInProfile_staysAsItIs();
     void analyze_findsTheUsersProfiles();
+    void analyze_asksNoSoundServer();
     void usage_isRefused_data();
     void usage_isRefused();
 
@@ -333,6 +335,31 @@ void tst_ConfigProgram::analyze_findsTheUsersProfiles()
     QStringList wrong = arguments;
     wrong[6] = QStringLiteral("Polka");
     QVERIFY(m_stage.Run(wrong).errors.contains("Electro, Hardcore, Slow, House"));
+}
+
+// A sound server that does not answer: who asks the back end for its devices waits for ever.
+void tst_ConfigProgram::analyze_asksNoSoundServer()
+{
+    const Stage stage({QStringLiteral(AUDIO_ANALYZER_PROGRAM)});
+    QCOMPARE(stage.Run("profiles add House --bpm 111:139").exitCode, 0);
+    QCOMPARE(stage.Run("config set device Deck").exitCode, 0);
+    const QString devices = stage.path(QStringLiteral("devices.json"));
+    QVERIFY(QFile::remove(devices));
+    QCOMPARE(::mkfifo(QFile::encodeName(devices).constData(), 0600), 0);
+    const QString quiet = stage.path(QStringLiteral("quiet.raw"));
+    QVERIFY(stage.Write(QStringLiteral("quiet.raw"), QByteArray(2 * 44100, '\0')));
+    for (const char* pProfile : {"House", "Polka"}) {
+        const StagedRun run = stage.Run({QStringLiteral("analyze"),
+                                         QStringLiteral("-q"),
+                                         QStringLiteral("--raw"),
+                                         QStringLiteral("44100"),
+                                         QStringLiteral("--profile"),
+                                         QLatin1String(pProfile),
+                                         quiet});
+        const bool isKnown = QByteArray(pProfile) == "House";
+        QCOMPARE(run.exitCode, isKnown ? 0 : 2);
+        QCOMPARE(run.errors.count('\n'), isKnown ? 0 : 1);
+    }
 }
 
 void tst_ConfigProgram::usage_isRefused_data()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "WindowTest.h"
+#include <apps/desktop/window/WindowTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "TestAudio.h"
+#include <apps/shared/files/TestAudio.h>
 #include <shared/files/AudioFileReader.h>
 
 #include <QTemporaryDir>
