@@ -242,10 +242,9 @@ void ListenCommand::_Summarize()
     if (m_events) {
         m_events->Finish();
         const OutputFile& output = m_events->getOutput();
-        if (output.isReaderGone())
-            m_exitCode = eExitPipeClosed;
-        else if (!output.getError().isEmpty())
-            console::PrintError(output.getError());
+        const int exitCode = output.Conclude();
+        if (exitCode != eExitDone)
+            m_exitCode = exitCode;
     }
     if (m_session->getAnchorCount() == 0)
         return _Say(tr("nothing was heard"));

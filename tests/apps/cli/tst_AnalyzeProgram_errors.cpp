@@ -26,7 +26,10 @@ private Q_SLOTS:
     void oldOutput_staysAsItWas_whenTheFileIsBad();
     void closedPipe_isNoNoise();
     void closedPipe_endsManyFilesAtOnce();
+    void closedOutput_isSaid();
     void closedStreams_areNoNoise();
+    void fullDisk_isSaid_data();
+    void fullDisk_isSaid();
     void signal_leavesNothingHalfWritten_data();
     void signal_leavesNothingHalfWritten();
 
@@ -240,11 +243,52 @@ void tst_AnalyzeProgram_errors::closedPipe_endsManyFilesAtOnce()
     }
 }
 
+void tst_AnalyzeProgram_errors::closedOutput_isSaid()
+{
+    const QByteArray words = "cannot write to standard output: it is closed\n";
+    for (const char* pFormat : {"beats", "json", "ndjson"}) {
+        const QByteArray line = QByteArray("\"$P\" analyze -q good.wav >&- -f ") + pFormat;
+        const ProgramRun run = RunShell(line.constData());
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors, "audio-analyzer: good.wav: " + words);
+    }
+    for (const char* pArguments : {"--help", "analyze --help", "--version", "profiles", "config"}) {
+        const QByteArray line = QByteArray("\"$P\" >&- ") + pArguments;
+        const ProgramRun run = RunShell(line.constData());
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors, "audio-analyzer: " + words);
+    }
+}
+
+void tst_AnalyzeProgram_errors::fullDisk_isSaid_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("document") << QByteArray("-f json -o out.json") << QByteArray("out.json");
+    QTest::newRow("events") << QByteArray("-f ndjson -o out.ndjson") << QByteArray("out.ndjson");
+    QTest::newRow("workers") << QByteArray("whole.flac -j 2 -f json -o .") << QByteArray("json");
+    QTest::newRow("click track") << QByteArray("--click c.wav") << QByteArray("c.wav");
+    QTest::newRow("plot") << QByteArray("--plot p.svg") << QByteArray("p.svg");
+}
+
+// Files may not grow beyond a kilobyte, which is what a full disk looks like.
+void tst_AnalyzeProgram_errors::fullDisk_isSaid()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(QByteArray, name);
+    const QByteArray line = "ulimit -f 1; \"$P\" analyze -q good.wav " + arguments;
+    const ProgramRun run = RunShell(line.constData());
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.errors.startsWith("audio-analyzer: good.wav: "), run.errors.constData());
+    QVERIFY2(run.errors.contains(name), run.errors.constData());
+    QVERIFY2(run.errors.contains("too large") || run.errors.contains("free space"),
+             run.errors.constData());
+    QVERIFY2(!run.errors.contains("nknown error"), run.errors.constData());
+    QCOMPARE(FilesHere(), m_files);
+}
+
 void tst_AnalyzeProgram_errors::closedStreams_areNoNoise()
 {
-    const ProgramRun noOutput = RunShell("\"$P\" analyze -q good.wav >&-");
-    QCOMPARE(noOutput.exitCode, 0);
-    QCOMPARE(noOutput.errors, QByteArray());
     const ProgramRun noErrors = RunShell("\"$P\" analyze good.wav 2>&-");
     QCOMPARE(noErrors.exitCode, 0);
     QCOMPARE(noErrors.output, Analyze(QStringLiteral("good.wav")).output);

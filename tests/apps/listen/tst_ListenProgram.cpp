@@ -44,6 +44,7 @@ private Q_SLOTS:
     void init();
     void devices_areListed();
     void devices_mayBeNone();
+    void devices_areNotLost_whenNothingCanBeWritten();
     void devices_areWatched();
     void listen_announcesEveryBeatInTime();
     void listen_writesTextAndBeats();
@@ -99,6 +100,21 @@ void tst_ListenProgram::devices_mayBeNone()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
     QVERIFY(run.errors.contains("there is no input device"));
+}
+
+void tst_ListenProgram::devices_areNotLost_whenNothingCanBeWritten()
+{
+    m_stage.setDevices({Stage::Device("Mic", "music")});
+    for (const char* pCommand : {"devices", "profiles", "config", "--help"}) {
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        m_stage.Start(process, QStringLiteral("audio-analyzer"), {QLatin1String(pCommand)});
+        const StagedRun run = Stage::Finish(process);
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors,
+                 QByteArray("audio-analyzer: cannot write to standard output: "
+                            "No space left on device\n"));
+    }
 }
 
 void tst_ListenProgram::devices_areWatched()
