@@ -18,6 +18,8 @@ private Q_SLOTS:
     void badFile_isOneLine();
     void badFile_leavesNoOutput_data();
     void badFile_leavesNoOutput();
+    void damagedFile_isReadInPart_data();
+    void damagedFile_isReadInPart();
     void otherFiles_areDone();
     void badUsage_isOneLine_data();
     void badUsage_isOneLine();
@@ -110,6 +112,34 @@ void tst_AnalyzeProgram_errors::badFile_leavesNoOutput()
         QCOMPARE(run.exitCode, 1);
         QCOMPARE(FilesHere(), m_files);
     }
+}
+
+void tst_AnalyzeProgram_errors::damagedFile_isReadInPart_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("WAV") << "cut-good.wav";
+    QTest::newRow("FLAC") << "cut-whole.flac";
+    QTest::newRow("MP3") << "cut-whole.mp3";
+}
+
+void tst_AnalyzeProgram_errors::damagedFile_isReadInPart()
+{
+    QFETCH(QString, file);
+    const ProgramRun refused = Analyze(file);
+    QCOMPARE(refused.exitCode, 1);
+    QVERIFY2(refused.errors.contains("with --partial\n"), refused.errors.constData());
+    const ProgramRun run = Analyze(QStringLiteral("--partial ") + file);
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.count('\n') >= 2);
+    const QList<QByteArray> lines = run.errors.trimmed().split('\n');
+    QCOMPARE(lines.size(), 2);
+    QVERIFY2(lines[0].startsWith(file.toUtf8() + ": ") && lines[0].contains("truncated"),
+             run.errors.constData());
+    QVERIFY2(lines[1].contains(" long, "), run.errors.constData());
+    QCOMPARE(Analyze(QStringLiteral("-q --partial ") + file).errors, QByteArray());
+    const ProgramRun workers = Analyze(QStringLiteral("-q --partial -j 2 good.wav ") + file);
+    QCOMPARE(workers.exitCode, 0);
+    QVERIFY(workers.output.endsWith("# " + file.toUtf8() + '\n' + run.output));
 }
 
 void tst_AnalyzeProgram_errors::otherFiles_areDone()
