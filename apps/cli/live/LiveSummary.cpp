@@ -17,6 +17,10 @@ LiveSummary::LiveSummary(CaptureSession& pSession, bool pMeasures)
     connect(&pSession, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
     connect(&pSession, &S::OnAnchored, this, &LiveSummary::_OnAnchored);
     connect(&m_log, &BeatLog::OnBeatLogged, this, &LiveSummary::_OnBeatLogged);
+    // Each kind of entry empties the lists, since a night may bring one kind alone.
+    connect(&m_log, &BeatLog::OnPulseLogged, this, &LiveSummary::_EmptyLists);
+    connect(&m_log, &BeatLog::OnTempoLogged, this, &LiveSummary::_EmptyLists);
+    connect(&m_log, &BeatLog::OnPlayingChanged, this, &LiveSummary::_EmptyLists);
 }
 
 double LiveSummary::getSeconds() const
@@ -59,6 +63,11 @@ void LiveSummary::_OnBeatLogged(const LoggedBeat& pBeat)
     const quint64 arrival = m_session.getArrivals().getArrival(pBeat.index);
     if (m_measures && !pBeat.isVirtual && arrival != 0)
         m_errors.AddBeat(arrival);
+    _EmptyLists();
+}
+
+void LiveSummary::_EmptyLists()
+{
     AnalysisResult& result = m_log.getResult();
     result.beats.clear();
     result.pulseTimes.clear();

@@ -41,6 +41,7 @@ private:
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnAnchored();
     void _OnAnnouncement();
+    void _EmptyLists();
     void _OnBeatLogged(const LoggedBeat& pBeat);
 
     CaptureSession& m_session;  ///< not owned

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void initTestCase();
     void summary_countsBeatsAndTempo();
     void summary_keepsNoLists();
+    void summary_keepsNoLists_withoutAnyBeat();
     void seconds_beginWithTheFirstSample();
     void beats_goOnInTime_afterAnAnchor();
     void log_countsFromTheTimeOfItsRestart();
@@ -90,6 +91,24 @@ void tst_LiveSummary::summary_keepsNoLists()
     QVERIFY(result.tempos.size() <= 1);
     QVERIFY(result.pulseTimes.size() <= 20);
     QVERIFY(result.silences.size() <= 1);
+}
+
+// A night in which the music comes and goes, and noise makes pulses, but nothing makes a beat.
+void tst_LiveSummary::summary_keepsNoLists_withoutAnyBeat()
+{
+    Live live;
+    live.Play(1.0);
+    BeatLog& log = live.summary.getLog();
+    const quint64 beats = live.summary.getRealBeats() + live.summary.getVirtualBeats();
+    const Pulse pulse(0, 0, 1023, 48000, 100, 200, 300, ePulse);
+    for (quint64 i = 1; i <= 1000; ++i) {
+        log._LogPlaying(48000 * i, i % 2 == 0);
+        log._LogPulse(pulse);
+        log._LogTempo(48000 * i, 0.0);
+    }
+    QCOMPARE(live.summary.getRealBeats() + live.summary.getVirtualBeats(), beats);
+    const AnalysisResult& result = log.getResult();
+    QVERIFY(result.tempos.size() + result.pulseTimes.size() + result.silences.size() <= 3);
 }
 
 void tst_LiveSummary::seconds_beginWithTheFirstSample()
