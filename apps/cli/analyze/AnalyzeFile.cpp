@@ -8,6 +8,7 @@
 #include <cli/output/SvlWriter.h>
 #include <cli/output/TextWriters.h>
 #include <cli/plot/Plot.h>
+#include <cli/settings/BandCheck.h>
 #include <shared/files/AudioFileReader.h>
 
 #include <QElapsedTimer>
@@ -52,7 +53,9 @@ bool AnalyzeFile::_OpenSource()
     if (!isOpen)
         return _FailToRead(m_source->getError());
     m_analysis = std::make_unique<FileAnalysis>(m_options.analysis, *m_source);
-    return true;
+    const QString refusal =
+        cli::CheckBand(m_analysis->getConfiguration(), m_source->getSampleRate());
+    return refusal.isEmpty() || _Fail(refusal);
 }
 
 /// What cannot be written is found out before the work; only events are written during it.

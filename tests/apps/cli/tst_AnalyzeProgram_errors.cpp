@@ -25,6 +25,8 @@ private Q_SLOTS:
     void badUsage_isOneLine();
     void badOutput_isOneLine_data();
     void badOutput_isOneLine();
+    void bandAboveTheAudio_isRefused_data();
+    void bandAboveTheAudio_isRefused();
     void oldOutput_staysAsItWas_whenTheFileIsBad();
     void closedPipe_isNoNoise();
     void closedPipe_endsManyFilesAtOnce();
@@ -64,6 +66,7 @@ void tst_AnalyzeProgram_errors::initTestCase()
     QVERIFY(testaudio::WriteBytes(QStringLiteral("words.mp3"),
                                   QByteArray("no music here ").repeated(1000)));
     QVERIFY(QDir().mkdir(QStringLiteral("folder")));
+    QVERIFY(QDir().mkdir(QStringLiteral("folder.wav")));
     m_files = FilesHere();
 }
 
@@ -175,6 +178,10 @@ void tst_AnalyzeProgram_errors::badUsage_isOneLine_data()
         << "analyze good.wav whole.flac -f json" << QByteArray("use -o DIR");
     QTest::newRow("same name") << "analyze good.wav folder/good.flac -o new"
                                << QByteArray("good.beats.txt");
+    QTest::newRow("click as MP3") << "analyze good.wav --click c.mp3"
+                                  << QByteArray("--click c.mp3: name a file that ends in .wav");
+    QTest::newRow("click without a kind")
+        << "analyze good.wav --click click" << QByteArray("ends in .wav");
     QTest::newRow("two clicks") << "analyze good.wav whole.flac --click c.wav"
                                 << QByteArray("one input only");
     QTest::newRow("over the input")
@@ -203,7 +210,7 @@ void tst_AnalyzeProgram_errors::badOutput_isOneLine_data()
     QTest::newRow("folder below a file") << "-o good.wav/" << QByteArray("good.wav/");
     QTest::newRow("full disk") << "-o /dev/full" << QByteArray("/dev/full");
     QTest::newRow("full disk, events") << "-o /dev/full -f ndjson" << QByteArray("/dev/full");
-    QTest::newRow("click into a folder") << "--click folder" << QByteArray("folder");
+    QTest::newRow("click into a folder") << "--click folder.wav" << QByteArray("folder");
     QTest::newRow("click without a folder") << "--click none/c.wav" << QByteArray("none");
     QTest::newRow("plot without a folder") << "--plot none/p.svg" << QByteArray("none");
     QTest::newRow("file system without files") << "-o /proc/out.txt" << QByteArray("/proc/out.txt");
@@ -219,6 +226,27 @@ void tst_AnalyzeProgram_errors::badOutput_isOneLine()
     QVERIFY2(run.errors.startsWith("audio-analyzer: ") && run.errors.contains(words),
              run.errors.constData());
     QCOMPARE(FilesHere(), m_files);
+}
+
+void tst_AnalyzeProgram_errors::bandAboveTheAudio_isRefused_data()
+{
+    QTest::addColumn<QString>("band");
+    QTest::addColumn<bool>("isRefused");
+    QTest::newRow("below the end") << "22049:23000" << false;
+    QTest::newRow("upper edge above") << "0:30000" << false;
+    QTest::newRow("at the end") << "22050:23000" << true;
+    QTest::newRow("no upper edge") << "30000:" << true;
+}
+
+// Half of 44100 Hz is where the audio ends.
+void tst_AnalyzeProgram_errors::bandAboveTheAudio_isRefused()
+{
+    QFETCH(QString, band);
+    QFETCH(bool, isRefused);
+    const ProgramRun run = Analyze(QStringLiteral("-q good.wav --band ") + band);
+    QCOMPARE(run.exitCode, isRefused ? 1 : 0);
+    QCOMPARE(run.errors.count('\n'), isRefused ? 1 : 0);
+    QCOMPARE(run.errors.contains("audio of 44100 Hz ends at 22050 Hz"), isRefused);
 }
 
 void tst_AnalyzeProgram_errors::oldOutput_staysAsItWas_whenTheFileIsBad()

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void init();
     void devices_areListed();
     void devices_mayBeNone();
+    void bandAboveTheAudio_isRefused();
     void devices_areNotLost_whenNothingCanBeWritten();
     void devices_areWatched();
     void listen_announcesEveryBeatInTime();
@@ -100,6 +101,16 @@ void tst_ListenProgram::devices_mayBeNone()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
     QVERIFY(run.errors.contains("there is no input device"));
+}
+
+// The fake device delivers 48000 Hz.
+void tst_ListenProgram::bandAboveTheAudio_isRefused()
+{
+    m_stage.setDevices({Stage::Device("Mic", "music")});
+    const StagedRun run = m_stage.Run("listen --quiet --format beats --band 24000:");
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains("audio of 48000 Hz ends at 24000 Hz"), run.errors.constData());
 }
 
 void tst_ListenProgram::devices_areNotLost_whenNothingCanBeWritten()
