@@ -28,16 +28,16 @@ void tst_NdjsonWriter::events_areOneLineEach()
     Q_EMIT log.OnTempoLogged(1.75, 128.12345);
     Q_EMIT log.OnBeatLogged({0, 2.0, true, 20, 1.0, 0.0});
     Q_EMIT log.OnPlayingChanged(4.0, false);
-    QCOMPARE(
-        lines,
-        (QList<QByteArray>{
-            "{\"t\":1.5,\"type\":\"play\"}\n",
-            "{\"level\":1200,\"t\":1.6,\"threshold\":300,\"type\":\"pulse\"}\n",
-            "{\"bpm\":128.123,\"conf\":0.333333,\"level\":1200,\"t\":1.6,\"type\":\"beat\","
-            "\"virtual\":false}\n",
-            "{\"bpm\":128.123,\"t\":1.75,\"type\":\"tempo\"}\n",
-            "{\"bpm\":null,\"conf\":1,\"level\":20,\"t\":2,\"type\":\"beat\",\"virtual\":true}\n",
-            "{\"t\":4,\"type\":\"stop\"}\n"}));
+    QCOMPARE(lines,
+             (QList<QByteArray>{
+                 "{\"time\":1.5,\"type\":\"play\"}\n",
+                 "{\"loudness\":1200,\"threshold\":300,\"time\":1.6,\"type\":\"pulse\"}\n",
+                 "{\"accuracy\":0.333333,\"bpm\":128.123,\"loudness\":1200,\"time\":1.6,"
+                 "\"type\":\"beat\",\"virtual\":false}\n",
+                 "{\"bpm\":128.123,\"time\":1.75,\"type\":\"tempo\"}\n",
+                 "{\"accuracy\":1,\"bpm\":null,\"loudness\":20,\"time\":2,\"type\":\"beat\","
+                 "\"virtual\":true}\n",
+                 "{\"time\":4,\"type\":\"stop\"}\n"}));
 }
 
 void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
@@ -49,8 +49,8 @@ void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
     for (const double bpm : {0.0, 120.0, 120.0, 120.0001, 0.0, 0.0})
         Q_EMIT log.OnTempoLogged(1.0, bpm);
     QCOMPARE(lines,
-             (QList<QByteArray>{"{\"bpm\":120,\"t\":1,\"type\":\"tempo\"}\n",
-                                "{\"bpm\":null,\"t\":1,\"type\":\"tempo\"}\n"}));
+             (QList<QByteArray>{"{\"bpm\":120,\"time\":1,\"type\":\"tempo\"}\n",
+                                "{\"bpm\":null,\"time\":1,\"type\":\"tempo\"}\n"}));
 }
 
 void tst_NdjsonWriter::virtualBeats_areLeftOut_whenAskedTo()
@@ -72,7 +72,7 @@ void tst_NdjsonWriter::file_isInEveryLine_whenGiven()
         &log, QStringLiteral("a\n\"b\""), false, [&](const QByteArray& pLine) { lines << pLine; });
     Q_EMIT log.OnPlayingChanged(0.0, false);
     QCOMPARE(lines,
-             (QList<QByteArray>{"{\"file\":\"a\\n\\\"b\\\"\",\"t\":0,\"type\":\"stop\"}\n"}));
+             (QList<QByteArray>{"{\"file\":\"a\\n\\\"b\\\"\",\"time\":0,\"type\":\"stop\"}\n"}));
 }
 
 void tst_NdjsonWriter::finish_sumsUp()
@@ -82,8 +82,8 @@ void tst_NdjsonWriter::finish_sumsUp()
     NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
     writer.Finish(HandMadeResult());
     QCOMPARE(lines,
-             (QList<QByteArray>{
-                 "{\"bpm\":120.123,\"real\":2,\"t\":2.5,\"type\":\"end\",\"virtual\":1}\n"}));
+             (QList<QByteArray>{"{\"bpm\":120.123,\"realBeats\":2,\"time\":2.5,\"type\":\"end\","
+                                "\"virtualBeats\":1}\n"}));
 }
 
 QTEST_APPLESS_MAIN(tst_NdjsonWriter)

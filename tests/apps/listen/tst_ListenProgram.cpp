@@ -290,8 +290,8 @@ void tst_ListenProgram::listen_survivesAVanishingDevice()
              QStringLiteral("starting running waiting starting running"));
     double last = 0.0;
     for (const QJsonObject& event : Select(Events(run.output), "device")) {
-        QVERIFY(event[QStringLiteral("t")].toDouble() >= last);
-        last = event[QStringLiteral("t")].toDouble();
+        QVERIFY(event[QStringLiteral("time")].toDouble() >= last);
+        last = event[QStringLiteral("time")].toDouble();
     }
 }
 
