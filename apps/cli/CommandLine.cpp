@@ -102,6 +102,11 @@ void AddInputOptions(CLI::App& pCommand, AnalyzeArguments& pArguments)
         ->check(RefuseEmpty)
         ->type_name(Utf8(tr("RATE[:CHANNELS]")))
         ->group(group);
+    pCommand
+        .add_flag("--partial",
+                  pArguments.isPartial,
+                  Utf8(tr("read a damaged or unfinished file as far as it goes")))
+        ->group(group);
     pCommand.add_option("-j,--jobs", pArguments.jobs, Utf8(tr("analyse N files side by side")))
         ->check(RefuseEmpty)
         ->type_name("N")

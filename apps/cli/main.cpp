@@ -22,21 +22,20 @@
 namespace {
 
 /// A standard stream that the caller closed must not be taken by the next file that is opened.
+/// Writing to a closed output fails all the same; for messages there is nobody to be told.
 void HoldStandardStreams()
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(descriptor, F_GETFD) < 0)
-            ::open("/dev/null", O_RDWR);
+            ::open("/dev/null", descriptor == STDERR_FILENO ? O_WRONLY : O_RDONLY);
 }
 
 int ShowText(const QString& pText)
 {
     OutputFile output;
-    if (output.Open(QStringLiteral("-")) && output.Write(pText.toLocal8Bit()))
-        return eExitDone;
-    if (!output.isReaderGone())
-        console::PrintError(output.getError());
-    return output.isReaderGone() ? eExitPipeClosed : eExitFailed;
+    output.Open(QStringLiteral("-"));
+    output.Write(pText.toLocal8Bit());
+    return output.Conclude();
 }
 
 int Run(const CommandLine& pCommand)

@@ -67,8 +67,8 @@ int Run(const MonitorOptions& pOptions)
     Tray tray(window, window.getResetAction(), window.getQuitAction());
     Termination termination;
     QObject::connect(&termination, &Termination::OnRequested, &QCoreApplication::quit);
-    tray.Start(settings.isHiddenOnStart);
     window.Place(settings.position);
+    tray.Start(settings.isHiddenOnStart);
     QTimer::singleShot(0, &session, [&] { Begin(session, pOptions); });
     QApplication::exec();
     if (session.getSaver().Save())

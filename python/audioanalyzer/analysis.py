@@ -11,10 +11,18 @@ from typing import TypeVar, Union, cast, overload
 from . import samples as buffers
 from .errors import ClosedError
 from .events import Beat, Event, Pulse, Spectrum, Stop, Tempo
-from .library import CALLBACKS, ProfileRecord, library, setting_numbers
+from .library import (
+    CALLBACKS,
+    MEMORY_ERROR,
+    RANGE_ERROR,
+    ProfileRecord,
+    library,
+    setting_numbers,
+)
 from .profiles import Profile, from_record, to_record
 
 Number = TypeVar("Number", bound=float)
+_RATES = range(8000, 192001)  # Hz
 
 
 class _Setting(Generic[Number]):
@@ -156,7 +164,7 @@ class Analysis:
     finish() raise. A callback must not push, finish, restart or close its own analysis. The other
     arguments are the settings below, such as stop_duration=0.5; None leaves the default.
 
-    Raises RangeError, UnknownNameError and LibraryNotFoundError.
+    Raises RangeError, UnknownNameError, MemoryError and LibraryNotFoundError.
     """
 
     profile = _ProfileSetting()
@@ -191,9 +199,11 @@ class Analysis:
             if not isinstance(getattr(type(self), name, None), _Setting):
                 raise TypeError(f"there is no argument {name}")
         self._library = library()
-        handle = self._library.call("Create", _rate(sample_rate))
+        rate = _rate(sample_rate)
+        handle = self._library.call("Create", rate)
         if handle is None:
-            self._library.check(2, None)
+            # It has two reasons, and the rate is looked at first.
+            self._library.check(MEMORY_ERROR if rate in _RATES else RANGE_ERROR, None)
         self._handle: Any = handle
         self._sink = _Sink()
         self._thunks = {kind: self._sink.thunk(kind, make) for kind, make in _MAKERS.items()}

@@ -116,13 +116,15 @@ _FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
 for _kind, _type in CALLBACKS.items():
     _FUNCTIONS[f"Set{_kind}Callback"] = (c_int32, [c_void_p, _type, c_void_p])
 
+RANGE_ERROR = 2
+MEMORY_ERROR = 6
 _ERRORS: Dict[int, Type[Exception]] = {
     1: TypeError,
-    2: errors.RangeError,
+    RANGE_ERROR: errors.RangeError,
     3: errors.UnknownNameError,
     4: errors.BusyError,
     5: errors.FinishedError,
-    6: MemoryError,
+    MEMORY_ERROR: MemoryError,
 }
 
 

@@ -85,6 +85,7 @@ QString readAnalyzeArguments(const AnalyzeArguments& pArguments, AnalyzeOptions&
     pOptions.click = QFile::decodeName(pArguments.click.c_str());
     pOptions.plot = QFile::decodeName(pArguments.plot.c_str());
     pOptions.isRealOnly = pArguments.isRealOnly;
+    pOptions.isPartial = pArguments.isPartial;
     pOptions.isQuiet = pArguments.isQuiet;
     pOptions.isWorker = pArguments.isWorker;
     const QString refusal = ReadChoices(pArguments, pOptions);

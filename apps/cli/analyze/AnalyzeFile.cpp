@@ -7,6 +7,7 @@
 #include <cli/output/SvlWriter.h>
 #include <cli/output/TextWriters.h>
 #include <cli/plot/Plot.h>
+#include <cli/settings/BandCheck.h>
 #include <shared/files/AudioFileReader.h>
 
 #include <QElapsedTimer>
@@ -43,13 +44,17 @@ bool AnalyzeFile::_OpenSource()
         m_source = std::move(reader);
     } else {
         auto reader = std::make_unique<AudioFileReader>();
+        if (m_options.isPartial)
+            reader->setPartial();
         isOpen = reader->Open(m_task.input);
         m_source = std::move(reader);
     }
     if (!isOpen)
-        return _Fail(m_source->getError());
+        return _FailToRead(m_source->getError());
     m_analysis = std::make_unique<FileAnalysis>(m_options.analysis, *m_source);
-    return true;
+    const QString refusal =
+        cli::CheckBand(m_analysis->getConfiguration(), m_source->getSampleRate());
+    return refusal.isEmpty() || _Fail(refusal);
 }
 
 /// What cannot be written is found out before the work; only events are written during it.
@@ -86,7 +91,7 @@ bool AnalyzeFile::_Analyze(const Progress& pProgress)
         return !m_output.isReaderGone() && _Report(pProgress);
     });
     if (!isDone && !m_analysis->getError().isEmpty())
-        return _Fail(m_analysis->getError());
+        return _FailToRead(m_analysis->getError());
     return isDone;
 }
 
@@ -151,6 +156,8 @@ QByteArray AnalyzeFile::_MakeText(const AnalysisResult& pResult) const
 void AnalyzeFile::_AddSummary(double pElapsed)
 {
     const AnalysisResult& result = m_analysis->getLog().getResult();
+    if (!m_source->getLoss().isEmpty())
+        m_notes.append(tr("%1: %2").arg(m_task.input, m_source->getLoss()));
     const QString silence = _DescribeSilence();
     if (!silence.isEmpty())
         m_notes.append(tr("%1: %2").arg(m_task.input, silence));
@@ -190,6 +197,13 @@ QString AnalyzeFile::_DescribeSilence() const
               "between 50 and 2000 Hz (its peak is %2); lower --stop-threshold")
         .arg(threshold)
         .arg(m_analysis->getPeak());
+}
+
+bool AnalyzeFile::_FailToRead(const QString& pReason)
+{
+    const bool isRest = !m_source->getLoss().isEmpty() && !m_options.isPartial;
+    return _Fail(isRest ? tr("%1, or read it as far as it goes with --partial").arg(pReason)
+                        : pReason);
 }
 
 bool AnalyzeFile::_Fail(const QString& pReason)

@@ -61,6 +61,8 @@ QStringList WorkerPool::makeArguments(const AnalyzeOptions& pOptions, const Anal
                           getOutputFormat(pOptions.format).name};
     if (pOptions.isRealOnly)
         arguments.append(QStringLiteral("--real-only"));
+    if (pOptions.isPartial)
+        arguments.append(QStringLiteral("--partial"));
     if (pOptions.rawRate > 0) {
         arguments += {QStringLiteral("--raw"),
                       QStringLiteral("%1:%2").arg(pOptions.rawRate).arg(pOptions.rawChannels)};

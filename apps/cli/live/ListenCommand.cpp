@@ -10,6 +10,7 @@
 #include <cli/live/LiveEvents.h>
 #include <cli/live/LiveSummary.h>
 #include <cli/live/detail/LiveLine.h>
+#include <cli/settings/BandCheck.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundServer.h>
 
@@ -139,6 +140,12 @@ void ListenCommand::_Connect()
         &S::OnAnalyzerCreated,
         [this](AudioAnalyzer* pAnalyzer) {
             m_analysis.Apply(*pAnalyzer);
+            const QString refusal = cli::CheckBand(m_store.getConfiguration(),
+                                                   m_session->getSampleClock().getSampleRate());
+            if (!refusal.isEmpty()) {
+                console::PrintError(refusal);
+                return _End(eExitFailed);
+            }
             if (m_options.showsFormat)
                 _Tell(listentexts::describeFormat(*m_session));
         });
@@ -242,10 +249,9 @@ void ListenCommand::_Summarize()
     if (m_events) {
         m_events->Finish();
         const OutputFile& output = m_events->getOutput();
-        if (output.isReaderGone())
-            m_exitCode = eExitPipeClosed;
-        else if (!output.getError().isEmpty())
-            console::PrintError(output.getError());
+        const int exitCode = output.Conclude();
+        if (exitCode != eExitDone)
+            m_exitCode = exitCode;
     }
     if (m_session->getAnchorCount() == 0)
         return _Say(tr("nothing was heard"));

@@ -13,11 +13,9 @@ namespace {
 int Print(const QString& pText)
 {
     OutputFile output;
-    if (output.Open(QStringLiteral("-")) && output.Write(pText.toUtf8()))
-        return eExitDone;
-    if (!output.isReaderGone())
-        console::PrintError(output.getError());
-    return output.isReaderGone() ? eExitPipeClosed : eExitFailed;
+    output.Open(QStringLiteral("-"));
+    output.Write(pText.toLocal8Bit());
+    return output.Conclude();
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ int ProfilesCommand::_List()
                                       profile.isSerializable() ? QString() : tr("  built-in"));
         output.Write(line.toUtf8());
     }
-    return output.isReaderGone() ? eExitPipeClosed : eExitDone;
+    return output.Conclude();
 }
 
 int ProfilesCommand::_Save(const QString& pRefusal)

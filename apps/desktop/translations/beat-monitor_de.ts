@@ -91,20 +91,36 @@
         <translation>hat eine Abtastrate von %1 Hz; wandeln Sie sie in eine von %2 bis %3 Hz um</translation>
     </message>
     <message>
-        <source>truncated: its end is missing; get a whole copy of it</source>
-        <translation>abgeschnitten: das Ende fehlt; besorgen Sie eine vollständige Kopie</translation>
+        <source>cannot be kept in %1 for its decoder: %2; save it to a file first</source>
+        <translation>lässt sich für den Decoder nicht in %1 zwischenspeichern: %2; speichern Sie es zuerst in einer Datei</translation>
     </message>
     <message>
-        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
-        <translation>abgeschnitten: %1 von %2 Bytes sind da; besorgen Sie eine vollständige Kopie</translation>
+        <source>its header counts no samples, though %1 bytes follow it: the recording was not closed</source>
+        <translation>der Kopf nennt keine Abtastwerte, obwohl %1 Bytes folgen: die Aufnahme wurde nicht abgeschlossen</translation>
     </message>
     <message>
-        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
-        <translation>beschädigt oder abgeschnitten: nur %1 s von %2 s sind lesbar; besorgen Sie eine vollständige Kopie</translation>
+        <source>is a file of the kind %1, which is not read; convert it to WAV, FLAC, Ogg Vorbis, Opus, MP3 or AIFF: ffmpeg -i FILE song.flac</source>
+        <translation>ist eine Datei der Art %1, die nicht gelesen wird; wandeln Sie sie in WAV, FLAC, Ogg Vorbis, Opus, MP3 oder AIFF um: ffmpeg -i DATEI song.flac</translation>
     </message>
     <message>
-        <source>damaged: %1; get a whole copy of it</source>
-        <translation>beschädigt: %1; besorgen Sie eine vollständige Kopie</translation>
+        <source>truncated: its end is missing</source>
+        <translation>abgeschnitten: das Ende fehlt</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there</source>
+        <translation>abgeschnitten: %1 von %2 Bytes sind da</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read</source>
+        <translation>beschädigt oder abgeschnitten: nur %1 s von %2 s sind lesbar</translation>
+    </message>
+    <message>
+        <source>damaged: %1</source>
+        <translation>beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>%1; get a whole copy of it</source>
+        <translation>%1; besorgen Sie eine vollständige Kopie</translation>
     </message>
 </context>
 <context>

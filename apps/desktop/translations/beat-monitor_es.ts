@@ -91,20 +91,36 @@
         <translation>tiene una frecuencia de muestreo de %1 Hz; conviértalo a una de %2 a %3 Hz</translation>
     </message>
     <message>
-        <source>truncated: its end is missing; get a whole copy of it</source>
-        <translation>truncado: falta el final; consiga una copia completa</translation>
+        <source>cannot be kept in %1 for its decoder: %2; save it to a file first</source>
+        <translation>no se puede guardar en %1 para su decodificador: %2; guárdelo antes en un archivo</translation>
     </message>
     <message>
-        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
-        <translation>truncado: hay %1 de %2 bytes; consiga una copia completa</translation>
+        <source>its header counts no samples, though %1 bytes follow it: the recording was not closed</source>
+        <translation>su cabecera no cuenta muestras, aunque la siguen %1 bytes: la grabación no se cerró</translation>
     </message>
     <message>
-        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
-        <translation>dañado o truncado: solo se pueden leer %1 s de %2 s; consiga una copia completa</translation>
+        <source>is a file of the kind %1, which is not read; convert it to WAV, FLAC, Ogg Vorbis, Opus, MP3 or AIFF: ffmpeg -i FILE song.flac</source>
+        <translation>es un archivo del tipo %1, que no se lee; conviértalo a WAV, FLAC, Ogg Vorbis, Opus, MP3 o AIFF: ffmpeg -i ARCHIVO song.flac</translation>
     </message>
     <message>
-        <source>damaged: %1; get a whole copy of it</source>
-        <translation>dañado: %1; consiga una copia completa</translation>
+        <source>truncated: its end is missing</source>
+        <translation>truncado: falta el final</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there</source>
+        <translation>truncado: hay %1 de %2 bytes</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read</source>
+        <translation>dañado o truncado: solo se pueden leer %1 s de %2 s</translation>
+    </message>
+    <message>
+        <source>damaged: %1</source>
+        <translation>dañado: %1</translation>
+    </message>
+    <message>
+        <source>%1; get a whole copy of it</source>
+        <translation>%1; consiga una copia completa</translation>
     </message>
 </context>
 <context>

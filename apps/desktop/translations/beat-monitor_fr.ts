@@ -91,20 +91,36 @@
         <translation>a une fréquence d’échantillonnage de %1 Hz&#xa0;; convertissez-le entre %2 et %3 Hz</translation>
     </message>
     <message>
-        <source>truncated: its end is missing; get a whole copy of it</source>
-        <translation>tronqué&#xa0;: la fin manque&#xa0;; procurez-vous une copie complète</translation>
+        <source>cannot be kept in %1 for its decoder: %2; save it to a file first</source>
+        <translation>ne peut pas être gardé dans %1 pour son décodeur&#xa0;: %2&#xa0;; enregistrez-le d’abord dans un fichier</translation>
     </message>
     <message>
-        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
-        <translation>tronqué&#xa0;: %1 octets sur %2 sont là&#xa0;; procurez-vous une copie complète</translation>
+        <source>its header counts no samples, though %1 bytes follow it: the recording was not closed</source>
+        <translation>son en-tête ne compte aucun échantillon, alors que %1 octets le suivent&#xa0;: l’enregistrement n’a pas été clos</translation>
     </message>
     <message>
-        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
-        <translation>endommagé ou tronqué&#xa0;: seulement %1 s sur %2 s sont lisibles&#xa0;; procurez-vous une copie complète</translation>
+        <source>is a file of the kind %1, which is not read; convert it to WAV, FLAC, Ogg Vorbis, Opus, MP3 or AIFF: ffmpeg -i FILE song.flac</source>
+        <translation>est un fichier du type %1, qui n’est pas lu&#xa0;; convertissez-le en WAV, FLAC, Ogg Vorbis, Opus, MP3 ou AIFF&#xa0;: ffmpeg -i FICHIER song.flac</translation>
     </message>
     <message>
-        <source>damaged: %1; get a whole copy of it</source>
-        <translation>endommagé&#xa0;: %1&#xa0;; procurez-vous une copie complète</translation>
+        <source>truncated: its end is missing</source>
+        <translation>tronqué&#xa0;: la fin manque</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there</source>
+        <translation>tronqué&#xa0;: %1 octets sur %2 sont là</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read</source>
+        <translation>endommagé ou tronqué&#xa0;: seulement %1 s sur %2 s sont lisibles</translation>
+    </message>
+    <message>
+        <source>damaged: %1</source>
+        <translation>endommagé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1; get a whole copy of it</source>
+        <translation>%1&#xa0;; procurez-vous une copie complète</translation>
     </message>
 </context>
 <context>

@@ -316,6 +316,8 @@ void MainWindow::_ApplyTopMost()
 
 void MainWindow::Place(eStartingPosition pPosition)
 {
+    // Before it is shown, a position is that of the frame; only the frame's size is unknown yet.
+    m_place = frameGeometry().size() == size() ? pPosition : Default;
     const QScreen* pScreen = screen();
     const QSize frame = frameGeometry().size();
     if (const auto corner = placeWindow(pPosition, frame, pScreen->availableGeometry()))
@@ -323,6 +325,14 @@ void MainWindow::Place(eStartingPosition pPosition)
 }
 
 // ---- What happens to it -------------------------------------------------------------------------
+
+void MainWindow::moveEvent(QMoveEvent* pEvent)
+{
+    QMainWindow::moveEvent(pEvent);
+    // The window manager has put its frame around the window, which moved what is in it.
+    if (m_place != Default && frameGeometry().size() != size())
+        Place(m_place);
+}
 
 void MainWindow::changeEvent(QEvent* pEvent)
 {
