@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <cli/evaluate/EvaluateOptions.h>
+
 /// What the arguments ask the program to do.
 struct CommandLine
 {
@@ -17,7 +19,8 @@ struct CommandLine
         eListen,
         eDevices,
         eProfiles,
-        eConfig
+        eConfig,
+        eEvaluate
     };
 
     eAction action = eRefuse;
@@ -27,6 +30,7 @@ struct CommandLine
     DevicesOptions devices;
     ProfilesOptions profiles;
     ConfigOptions config;
+    EvaluateOptions evaluate;
 };
 
 /// Reads the arguments, the program's name among them, in UTF-8.

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QTextCodec>
 
+#include <cli/evaluate/EvaluateCommand.h>
 #include <common/OutputFile.h>
 #include <cstdlib>
 #include <fcntl.h>
@@ -52,6 +53,8 @@ int Run(const CommandLine& pCommand)
         return ProfilesCommand(pCommand.profiles).Run();
     case CommandLine::eConfig:
         return ConfigCommand(pCommand.config).Run();
+    case CommandLine::eEvaluate:
+        return EvaluateCommand(pCommand.evaluate).Run();
     case CommandLine::eRefuse:
         break;
     }
