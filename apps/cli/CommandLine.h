@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "AnalyzeOptions.h"
-#include "LiveOptions.h"
+#include <cli/analyze/AnalyzeOptions.h>
+#include <cli/evaluate/EvaluateOptions.h>
+#include <cli/live/LiveOptions.h>
+#include <cli/settings/SettingsOptions.h>
 
 #include <QString>
-
-#include <cli/evaluate/EvaluateOptions.h>
 
 /// What the arguments ask the program to do.
 struct CommandLine

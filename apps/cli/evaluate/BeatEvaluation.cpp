@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "BeatEvaluation.h"
-
-#include "BeatMeasures.h"
-#include "LockMeasures.h"
-#include "TempoMeasures.h"
+#include <cli/evaluate/BeatEvaluation.h>
+#include <cli/evaluate/BeatMeasures.h>
+#include <cli/evaluate/LockMeasures.h>
+#include <cli/evaluate/TempoMeasures.h>
 
 #include <algorithm>
 #include <numeric>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "BeatMatching.h"
+#include <cli/evaluate/BeatMatching.h>
 
 #include <algorithm>
 

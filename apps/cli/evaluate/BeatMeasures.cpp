@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "BeatMeasures.h"
-
-#include "detail/NearestBeat.h"
+#include <cli/evaluate/BeatMeasures.h>
+#include <cli/evaluate/detail/NearestBeat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +23,7 @@ double getCemgil(const BeatTimes& pReference, const BeatTimes& pEstimate)
         return 0.0;
     double sum = 0.0;
     for (const double beat : pReference) {
-        const double error = beat - pEstimate[detail::FindNearest(pEstimate, beat)];
+        const double error = beat - pEstimate[cli::FindNearest(pEstimate, beat)];
         sum += std::exp(-(error * error) / (2.0 * kSigma * kSigma));
     }
     return sum / (0.5 * double(pReference.size() + pEstimate.size()));

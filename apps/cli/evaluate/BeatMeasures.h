@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BeatMatching.h"
+#include <cli/evaluate/BeatMatching.h>
 
 /// The measures of the literature on beat tracking, 0 to 1, each with its usual parameters. They
 /// give what mir_eval 0.7 gives, oddities included, since figures are compared across papers.

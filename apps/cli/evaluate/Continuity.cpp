@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "BeatMeasures.h"
-#include "detail/NearestBeat.h"
+#include <cli/evaluate/BeatMeasures.h>
+#include <cli/evaluate/detail/NearestBeat.h>
 
 #include <algorithm>
 #include <array>
@@ -62,7 +62,7 @@ Runs CountRuns(const BeatTimes& pReference, const BeatTimes& pEstimate)
     std::size_t longest = 0;
     std::size_t total = 0;
     for (std::size_t i = 0; i < pEstimate.size(); ++i) {
-        const std::size_t nearest = detail::FindNearest(pReference, pEstimate[i]);
+        const std::size_t nearest = cli::FindNearest(pReference, pEstimate[i]);
         const bool isRight = !isUsed[nearest] && IsRight(pReference, nearest, pEstimate, i);
         isUsed[nearest] = isUsed[nearest] || isRight;
         run = isRight ? run + 1 : 0;

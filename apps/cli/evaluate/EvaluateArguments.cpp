@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "EvaluateArguments.h"
+#include <cli/detail/ParseNumber.h>
+#include <cli/evaluate/EvaluateArguments.h>
 
 #include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
-#include <common/detail/ParseNumber.h>
 
 namespace {
 
@@ -33,7 +33,7 @@ QString readEvaluateArguments(const EvaluateArguments& pArguments, EvaluateOptio
         return tr("--format %1: give one of %2").arg(format, formats.join(QLatin1String(", ")));
     pOptions.format = eEvaluationFormat(std::max(0, index));
     const QString from = QString::fromStdString(pArguments.from);
-    const auto seconds = detail::ParseNumber(from, 0.0, kMaximalFrom);
+    const auto seconds = cli::ParseNumber(from, 0.0, kMaximalFrom);
     if (!from.isEmpty() && !seconds)
         return tr("--from %1: give a number of seconds from 0 on").arg(from);
     pOptions.from = seconds.value_or(pOptions.from);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "EvaluateOptions.h"
+#include <cli/evaluate/EvaluateOptions.h>
 
 #include <string>
 

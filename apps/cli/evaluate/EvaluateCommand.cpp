@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "EvaluateCommand.h"
-
-#include "EvaluationFiles.h"
-
-#include <cli/AnalyzeCommand.h>
 #include <cli/Console.h>
-#include <common/OutputFile.h>
+#include <cli/ExitCode.h>
+#include <cli/evaluate/EvaluateCommand.h>
+#include <cli/evaluate/EvaluationFiles.h>
+#include <cli/output/OutputFile.h>
 
 EvaluateCommand::EvaluateCommand(const EvaluateOptions& pOptions) : m_options(pOptions) {}
 

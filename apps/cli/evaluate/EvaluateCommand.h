@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "EvaluateOptions.h"
-#include "EvaluatePlan.h"
+#include <cli/evaluate/EvaluateOptions.h>
+#include <cli/evaluate/EvaluatePlan.h>
 
 #include <QCoreApplication>
 

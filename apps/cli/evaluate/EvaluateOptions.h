@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "EvaluationWriters.h"
+#include <cli/evaluate/EvaluationWriters.h>
 
 /// What "evaluate" was asked to do.
 struct EvaluateOptions

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "EvaluatePlan.h"
-
-#include "EvaluationFiles.h"
+#include <cli/evaluate/EvaluatePlan.h>
+#include <cli/evaluate/EvaluationFiles.h>
 
 #include <QDirIterator>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BeatEvaluation.h"
+#include <cli/evaluate/BeatEvaluation.h>
 
 #include <QString>
 #include <QStringList>

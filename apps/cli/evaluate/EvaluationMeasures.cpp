@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "EvaluationMeasures.h"
+#include <cli/evaluate/EvaluationMeasures.h>
 
 #include <QCoreApplication>
 #include <QMap>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "EvaluationWriters.h"
+#include <cli/evaluate/EvaluationWriters.h>
+#include <cli/output/TextNumbers.h>
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <common/detail/TextNumbers.h>
 
 namespace {
 
@@ -54,7 +54,7 @@ QString Align(const std::vector<QStringList>& pRows)
 /// A number that JSON can hold: null = never.
 QJsonValue ToJson(double pValue)
 {
-    return std::isinf(pValue) ? QJsonValue() : QJsonValue(detail::Rounded(pValue, kDecimals));
+    return std::isinf(pValue) ? QJsonValue() : QJsonValue(cli::Rounded(pValue, kDecimals));
 }
 
 QJsonObject MakeRecording(const EvaluatedRecording& pRecording)

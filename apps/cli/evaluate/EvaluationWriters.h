@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "EvaluationMeasures.h"
+#include <cli/evaluate/EvaluationMeasures.h>
 
 #include <QByteArray>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "BeatMeasures.h"
-#include "detail/NearestBeat.h"
+#include <cli/evaluate/BeatMeasures.h>
+#include <cli/evaluate/detail/NearestBeat.h>
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,7 @@ constexpr std::size_t kBins = 41;
 /// The distance of pTime from its nearest beat, as a share of the interval there.
 double GetError(const BeatTimes& pBeats, double pTime)
 {
-    const std::size_t nearest = detail::FindNearest(pBeats, pTime);
+    const std::size_t nearest = cli::FindNearest(pBeats, pTime);
     const std::size_t last = pBeats.size() - 1;
     const double error = pTime - pBeats[nearest];
     double interval = 0.0;

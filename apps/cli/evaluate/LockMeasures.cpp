@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "LockMeasures.h"
-
-#include "detail/NearestBeat.h"
+#include <cli/evaluate/LockMeasures.h>
+#include <cli/evaluate/detail/NearestBeat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +23,7 @@ std::optional<double> GetOctave(const BeatTimes& pBeats, double pTime)
 {
     if (pBeats.size() < 2)
         return std::nullopt;
-    const std::size_t nearest = std::max<std::size_t>(1, detail::FindNearest(pBeats, pTime));
+    const std::size_t nearest = std::max<std::size_t>(1, cli::FindNearest(pBeats, pTime));
     const double interval = pBeats[nearest] - pBeats[nearest - 1];
     return interval > 0.0 ? std::optional(std::log2(interval)) : std::nullopt;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BeatMatching.h"
+#include <cli/evaluate/BeatMatching.h>
 
 /// How soon a tracker follows the music, and whether it stays at its level. All [allocate].
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "EvaluationFiles.h"
+#include <cli/evaluate/EvaluationFiles.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "TempoMeasures.h"
+#include <cli/evaluate/TempoMeasures.h>
 
 #include <initializer_list>
 

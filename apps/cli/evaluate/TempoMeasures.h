@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BeatMatching.h"
+#include <cli/evaluate/BeatMatching.h>
 
 /// The tempos that are right, BPM, both ends included.
 struct TempoRange

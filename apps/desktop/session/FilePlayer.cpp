@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "FilePlayer.h"
-
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/config/Configuration.h>
+
+#include <desktop/session/FilePlayer.h>
 
 #include <algorithm>
 #include <utility>
@@ -87,7 +87,7 @@ void FilePlayer::_MakeAnalyzer(const ReadAhead::Chunk& pChunk)
 {
     m_sampleRate = pChunk.sampleRate;
     m_frameCount = pChunk.frameCount;
-    m_levels = detail::LevelWatch(quint64(kLevelSeconds * m_sampleRate));
+    m_levels = shared::LevelWatch(quint64(kLevelSeconds * m_sampleRate));
     m_analyzer = std::make_unique<AudioAnalyzer>(&m_configuration, FormatOf(m_sampleRate), nullptr);
     connect(
         m_analyzer.get(),

@@ -3,14 +3,14 @@
 
 #include <AudioAnalyzer/analysis/AudioAnalyzer.h>
 
-#include "ReadAhead.h"
+#include <desktop/session/ReadAhead.h>
+#include <shared/capture/CaptureNotice.h>
+#include <shared/capture/LevelWatch.h>
 
 #include <QObject>
 #include <QString>
 #include <QTimer>
 
-#include <common/CaptureNotice.h>
-#include <common/detail/LevelWatch.h>
 #include <memory>
 
 class Configuration;
@@ -75,6 +75,6 @@ private:
     quint64 m_position = 0;     ///< samples since the file was opened
     bool m_isBlockHeard = false;
     bool m_isPlaying = false;
-    detail::LevelWatch m_levels{0};
+    shared::LevelWatch m_levels{0};
     QTimer m_tick;
 };

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "MonitorSession.h"
-
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "DeviceChoice.h"
+#include <desktop/session/DeviceChoice.h>
+#include <desktop/session/MonitorSession.h>
+#include <shared/capture/InputDevices.h>
+#include <shared/settings/AnalysisOptions.h>
 
 #include <QFileInfo>
 
 #include <algorithm>
-#include <common/AnalysisOptions.h>
-#include <common/InputDevices.h>
 #include <utility>
 
 namespace {

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../live/LiveFeed.h"
-#include "ConfigurationSaver.h"
-#include "FilePlayer.h"
-#include "SourceState.h"
+#include <desktop/session/ConfigurationSaver.h>
+#include <desktop/session/FilePlayer.h>
+#include <desktop/session/LiveFeed.h>
+#include <desktop/session/SourceState.h>
+#include <shared/capture/CaptureSession.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QTimer>
 
-#include <common/CaptureSession.h>
-#include <common/ConfigurationStore.h>
 #include <memory>
 #include <optional>
 

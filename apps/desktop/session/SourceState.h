@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/capture/CaptureNotice.h>
+#include <shared/capture/CaptureSession.h>
+
 #include <QString>
 
-#include <common/CaptureNotice.h>
-#include <common/CaptureSession.h>
 #include <optional>
 
 /// Where the sound comes from, and how it is.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "SourceState.h"
+#include <desktop/session/SourceState.h>
 
 #include <QCoreApplication>
 #include <QString>

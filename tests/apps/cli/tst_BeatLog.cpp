@@ -2,12 +2,13 @@
 #include <AudioAnalyzer/analysis/AudioAnalyzer.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <shared/beats/BeatLog.h>
+
 #include <QAudioFormat>
 #include <QRandomGenerator>
 #include <QtTest>
 
 #include <algorithm>
-#include <common/BeatLog.h>
 #include <memory>
 #include <vector>
 

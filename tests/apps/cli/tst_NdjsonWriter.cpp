@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HandMadeResult.h"
+#include <cli/output/NdjsonWriter.h>
 
 #include <QtTest>
-
-#include <common/NdjsonWriter.h>
 
 /// Lines are compared byte by byte: keys are sorted, nothing but the line feed is around them.
 class tst_NdjsonWriter : public QObject

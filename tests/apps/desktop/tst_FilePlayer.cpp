@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopTest.h"
+#include <desktop/session/FilePlayer.h>
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-
-#include <desktop/session/FilePlayer.h>
 
 Q_DECLARE_METATYPE(eCaptureNotice)
 

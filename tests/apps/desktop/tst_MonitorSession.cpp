@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopTest.h"
+#include <desktop/session/MonitorSession.h>
 
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-
-#include <desktop/session/MonitorSession.h>
 
 namespace {
 

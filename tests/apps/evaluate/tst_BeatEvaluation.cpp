@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <cli/evaluate/BeatEvaluation.h>
+
 #include <QtTest>
 
-#include <cli/evaluate/BeatEvaluation.h>
 #include <cmath>
 
 /// What of a recording counts, and which measures apply to it.

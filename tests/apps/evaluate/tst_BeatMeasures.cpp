@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <cli/evaluate/BeatMeasures.h>
+
 #include <QtTest>
 
-#include <cli/evaluate/BeatMeasures.h>
 #include <cmath>
 
 /// Cases whose scores can be worked out by hand. tst_MirEval holds all of them against the

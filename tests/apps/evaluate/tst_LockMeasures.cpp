@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <cli/evaluate/LockMeasures.h>
+
 #include <QtTest>
 
-#include <cli/evaluate/LockMeasures.h>
 #include <cmath>
 
 class tst_LockMeasures : public QObject

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <cli/evaluate/BeatEvaluation.h>
+
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QtTest>
 
-#include <cli/evaluate/BeatEvaluation.h>
 #include <cmath>
 
 /// The measures are those that papers quote: what mir_eval says, we say.

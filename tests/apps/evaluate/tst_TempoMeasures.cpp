@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-
 #include <cli/evaluate/TempoMeasures.h>
+
+#include <QtTest>
 
 class tst_TempoMeasures : public QObject
 {

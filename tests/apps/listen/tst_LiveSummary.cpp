@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "SessionLog.h"
+#include <cli/live/LiveSummary.h>
 
 #include <QtTest>
 
-#include <cli/LiveSummary.h>
 #include <cmath>
 #include <support/FakeClock.h>
 

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace detail {
+namespace cli {
 
 /// Index of the beat nearest to pTime, the first one of several. pBeats is ascending, not empty.
 inline std::size_t FindNearest(const std::vector<double>& pBeats, double pTime)
@@ -20,4 +20,4 @@ inline std::size_t FindNearest(const std::vector<double>& pBeats, double pTime)
     return std::size_t(std::lower_bound(pBeats.begin(), after, before) - pBeats.begin());
 }
 
-}  // namespace detail
+}  // namespace cli
