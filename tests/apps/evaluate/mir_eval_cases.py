@@ -53,7 +53,7 @@ def fixtures():
 def annotation(rng):
     tempo, drift, time, beats = rng.uniform(50, 220), rng.uniform(0, 0.1), rng.uniform(0, 7), []
     jitter = rng.choice((0.0, 0.0, 0.005, 0.05))
-    count = rng.choice((0, 1, 2, 3, 4, 10, 30, 60, 100, 200))
+    count = rng.choice((0, 1, 2, 3, 4, 10, 20, 30, 40, 50))
     for i in range(count):
         beats.append(max(0.0, time + rng.gauss(0, jitter)))
         time += 60 / tempo * (1 + drift * np.sin(i / 9))
@@ -81,11 +81,11 @@ def estimate(rng, beats):
     elif change == "other":
         beats = annotation(rng)
     elif change == "random":
-        beats = [rng.uniform(0, 60) for _ in range(rng.randrange(80))]
+        beats = [rng.uniform(0, 30) for _ in range(rng.randrange(60))]
     lost = rng.choice((0.0, 0.0, 0.02, 0.3))
     result = [b + shift + rng.gauss(0, jitter) for b in beats if rng.random() >= lost]
     if rng.random() < 0.2:
-        result += [rng.uniform(0, 60) for _ in range(rng.randrange(10))]
+        result += [rng.uniform(0, 30) for _ in range(rng.randrange(10))]
     return sorted(max(0.0, beat) for beat in result)
 
 
