@@ -68,7 +68,7 @@ def losses(sets):
         for genre, group in groups[ours].items():
             for key, name in (("fMeasure", "F"), ("tempo1", "tempo within 4 %")):
                 rivals = [(groups[rival][genre][key]["mean"], rival) for rival in RIVALS
-                          if key in groups[rival][genre]]
+                          if rival in groups and key in groups[rival][genre]]
                 if key in group and rivals and max(rivals)[0] > group[key]["mean"] + 0.0005:
                     best, rival = max(rivals)
                     lines.append((group[key]["mean"] - best,

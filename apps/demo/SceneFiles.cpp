@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <demo/RecordingJoiner.h>
 #include <demo/SceneFiles.h>
 #include <demo/SceneNoise.h>
 #include <demo/ScenePlayer.h>
-#include <shared/files/AudioFileReader.h>
 #include <shared/files/WholeFile.h>
 
 #include <QCoreApplication>
@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <sndfile.h>
 
 namespace {
@@ -117,64 +116,6 @@ QString WriteNoise(const QDir& pFolder, eSceneNoise pNoise, double pSeconds)
     return error.isEmpty() ? WriteTruth(pFolder, scene) : error;
 }
 
-/// Hands out the samples of one file after the other, and notes where they begin.
-class Joiner
-{
-public:
-    Joiner(const QStringList& pInputs, std::vector<double>& pStarts)
-        : m_inputs(pInputs), m_starts(pStarts)
-    {
-    }
-    /// Opens the next file; false at the end and after a failure.
-    bool Next()
-    {
-        if (m_index == m_inputs.size())
-            return false;
-        const QString path = m_inputs[m_index++];
-        m_reader = std::make_unique<AudioFileReader>();
-        if (!m_reader->Open(path))
-            return Fail(path, m_reader->getError());
-        if (m_rate != 0 && m_reader->getSampleRate() != m_rate)
-            return Fail(path, tr("its rate differs from that of the files ahead of it"));
-        m_rate = m_reader->getSampleRate();
-        m_starts.push_back(double(m_frames) / m_rate);
-        return true;
-    }
-    std::size_t Read(float* pSamples, std::size_t pCount)
-    {
-        m_buffer.resize(pCount);
-        std::size_t count = 0;
-        do {
-            count = m_reader->Read(m_buffer.data(), pCount);
-            if (!m_reader->getError().isEmpty())
-                Fail(m_inputs[m_index - 1], m_reader->getError());
-        } while (count == 0 && m_error.isEmpty() && Next());
-        for (std::size_t i = 0; i < count; ++i)
-            pSamples[i] = float(m_buffer[i]) / 32768.0f;
-        m_frames += count;
-        return m_error.isEmpty() ? count : 0;
-    }
-    int getRate() const { return m_rate; }
-    double getSeconds() const { return double(m_frames) / m_rate; }
-    QString getError() const { return m_error; }
-
-private:
-    bool Fail(const QString& pPath, const QString& pReason)
-    {
-        m_error = QStringLiteral("%1: %2").arg(pPath, pReason);
-        return false;
-    }
-
-    const QStringList& m_inputs;    ///< not owned
-    std::vector<double>& m_starts;  ///< not owned, seconds
-    int m_index = 0;                ///< of the next file
-    int m_rate = 0;                 ///< Hz
-    quint64 m_frames = 0;           ///< handed out
-    std::vector<qint16> m_buffer;
-    std::unique_ptr<AudioFileReader> m_reader;
-    QString m_error;
-};
-
 }  // namespace
 
 QString writeMonoFlac(const QString& pPath, int pSampleRate, const SampleMaker& pMaker)
@@ -212,13 +153,13 @@ QString writeSceneNoises(const QString& pFolder, double pSeconds)
 QString
 joinRecordings(const QString& pPath, const QStringList& pInputs, std::vector<double>& pStarts)
 {
-    Joiner joiner(pInputs, pStarts);
-    if (!joiner.Next())
+    RecordingJoiner joiner(pInputs);
+    if (!joiner.Open())
         return joiner.getError();
     const QString error =
-        writeMonoFlac(pPath, joiner.getRate(), [&](float* pSamples, std::size_t pCount) {
+        writeMonoFlac(pPath, joiner.getSampleRate(), [&](float* pSamples, std::size_t pCount) {
             return joiner.Read(pSamples, pCount);
         });
-    pStarts.push_back(joiner.getSeconds());
+    pStarts = joiner.getStarts();
     return joiner.getError().isEmpty() ? error : joiner.getError();
 }

@@ -55,7 +55,7 @@ void SceneNoise::_MakeClaps()
         demo::Filter filter(kRate);
         demo::Envelope decay(kRate, 0.006 + 0.006 * std::abs(m_noise.Next()));
         filter.setCutoff(700.0 + 1900.0 * std::abs(m_noise.Next()), 1.5);
-        decay.Trigger(0.03 + 0.09 * std::abs(m_noise.Next()));
+        decay.Trigger(0.15 + 0.45 * std::abs(m_noise.Next()));
         std::vector<float> clap(length);
         for (float& sample : clap) {
             filter.Process(m_noise.Next());
