@@ -87,14 +87,14 @@ class Tables(unittest.TestCase):
         result = [("ours", evaluation([group("", fMeasure=mean(0.5), tempo1=mean(1.0))]))]
         with tempfile.TemporaryDirectory() as folder:
             path = pathlib.Path(folder) / "accuracy.md"
-            path.write_text("by hand\n<!-- losses -->\nold\n<!-- end -->\nmore\n<!-- tables -->\n<!-- end -->\nend\n")
+            path.write_text("by hand\n<!-- losses -->\nstale\n<!-- end -->\nmore\n<!-- tables -->\n<!-- end -->\nend\n")
             with mock.patch("builtins.print"):
                 accuracy_tables.show([("Folder 1: 2 recordings", result)], [], path)
             text = path.read_text()
         self.assertTrue(text.startswith("by hand\n<!-- losses -->\nNowhere in this run.\n<!-- end -->\nmore\n"))
         self.assertTrue(text.endswith("<!-- end -->\nend\n"))
         self.assertIn("| ours | 50.0 ± 0.0 |", text)
-        self.assertNotIn("old", text)
+        self.assertNotIn("stale", text)
 
 
 class Folders(unittest.TestCase):
@@ -102,6 +102,8 @@ class Folders(unittest.TestCase):
         self.temporary = tempfile.TemporaryDirectory()
         self.addCleanup(self.temporary.cleanup)
         self.folder = pathlib.Path(self.temporary.name)
+        self.output = tempfile.TemporaryDirectory()
+        self.addCleanup(self.output.cleanup)
 
     def add(self, name, beats, **truth):
         accuracy.describe(self.folder, name, beats, **truth)
@@ -134,7 +136,7 @@ class Folders(unittest.TestCase):
 
     def stream(self, seed):
         """Makes a stream without its sound: the joiner's answer is made up."""
-        recordings, output = accuracy.find_recordings(self.folder), self.folder / f"out-{seed}"
+        recordings, output = accuracy.find_recordings(self.folder), pathlib.Path(self.output.name) / f"out-{seed}"
         joined = []
 
         def join(*command, **_):
