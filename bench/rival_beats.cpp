@@ -20,69 +20,77 @@
 
 namespace {
 
-struct Recording
+// Reads the next samples; fewer than pSamples holds only at the end.
+size_t read(AudioFileReader& reader, std::vector<float>& samples)
 {
-    int rate = 0;  // Hz
-    std::vector<float> samples;
-};
-
-QString read(const QString& pPath, Recording& recording)
-{
-    constexpr size_t kPiece = 65536;
-    AudioFileReader reader;
-    if (!reader.Open(pPath))
-        return reader.getError();
-    recording.rate = reader.getSampleRate();
-    std::vector<qint16> piece(kPiece);
-    for (size_t count = 0; (count = reader.Read(piece.data(), kPiece)) > 0;)
-        for (size_t i = 0; i < count; ++i)
-            recording.samples.push_back(static_cast<float>(piece[i]) / 32768.0F);
-    return reader.getError();
+    std::vector<qint16> integers(samples.size());
+    const size_t count = reader.Read(integers.data(), integers.size());
+    for (size_t i = 0; i < count; ++i)
+        samples[i] = static_cast<float>(integers[i]) / 32768.0F;
+    return count;
 }
 
-QByteArray findWithAubio(Recording& recording)
+QByteArray findWithAubio(AudioFileReader& reader)
 {
     // It finds more beats so than with its usual 1024 and 512.
     constexpr unsigned int kWindow = 512;
     constexpr unsigned int kHop = 128;
+    const int rate = reader.getSampleRate();
     aubio_tempo_t* pTempo =
-        new_aubio_tempo("default", kWindow, kHop, static_cast<unsigned int>(recording.rate));
+        new_aubio_tempo("default", kWindow, kHop, static_cast<unsigned int>(rate));
     fvec_t* pBeat = new_fvec(1);
+    std::vector<float> samples(kHop);
     QByteArray text;
-    for (size_t at = 0; at + kHop <= recording.samples.size(); at += kHop) {
-        const fvec_t hop = {kHop, recording.samples.data() + at};
+    while (read(reader, samples) == kHop) {
+        const fvec_t hop = {kHop, samples.data()};
         aubio_tempo_do(pTempo, &hop, pBeat);
-        if (fvec_get_sample(pBeat, 0) != 0.0F)
-            text +=
-                QByteArray::number(
-                    static_cast<double>(aubio_tempo_get_last(pTempo)) / recording.rate, 'f', 6) +
-                '\n';
+        if (fvec_get_sample(pBeat, 0) == 0.0F)
+            continue;
+        const double seconds = static_cast<double>(aubio_tempo_get_last(pTempo)) / rate;
+        text += QByteArray::number(seconds, 'f', 6) + '\n';
     }
     del_fvec(pBeat);
     del_aubio_tempo(pTempo);
     return text;
 }
 
-QByteArray findWithSoundTouch(const Recording& recording)
+// Its samples may be floats or 16-bit integers, as the package was built.
+soundtouch::SAMPLETYPE toSampleType(float sample)
+{
+#ifdef SOUNDTOUCH_INTEGER_SAMPLES
+    return static_cast<soundtouch::SAMPLETYPE>(sample * 32767.0F);
+#else
+    return sample;
+#endif
+}
+
+QByteArray findWithSoundTouch(AudioFileReader& reader)
 {
     constexpr size_t kBatch = 1024;
-    std::vector<soundtouch::SAMPLETYPE> samples;
-    for (const float sample : recording.samples)
-#ifdef SOUNDTOUCH_INTEGER_SAMPLES
-        samples.push_back(static_cast<soundtouch::SAMPLETYPE>(sample * 32767.0F));
-#else
-        samples.push_back(sample);
-#endif
-    soundtouch::BPMDetect detector(1, recording.rate);
-    for (size_t at = 0; at + kBatch <= samples.size(); at += kBatch)
-        detector.inputSamples(samples.data() + at, static_cast<int>(kBatch));
+    soundtouch::BPMDetect detector(1, reader.getSampleRate());
+    std::vector<float> samples(kBatch);
+    std::vector<soundtouch::SAMPLETYPE> batch(kBatch);
+    while (read(reader, samples) == kBatch) {
+        for (size_t i = 0; i < kBatch; ++i)
+            batch[i] = toSampleType(samples[i]);
+        detector.inputSamples(batch.data(), static_cast<int>(kBatch));
+    }
     return QByteArray::number(static_cast<double>(detector.getBpm()), 'f', 3) + '\n';
 }
 
-bool write(const QString& path, const QByteArray& text)
+// Returns what failed, or an empty text.
+QString process(const QString& input, const QString& output, bool isAubio)
 {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
+    AudioFileReader reader;
+    if (!reader.Open(input))
+        return reader.getError();
+    const QByteArray text = isAubio ? findWithAubio(reader) : findWithSoundTouch(reader);
+    if (!reader.getError().isEmpty())
+        return reader.getError();
+    QFile file(output);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
+    return isWritten ? QString() : file.errorString();
 }
 
 }  // namespace
@@ -99,12 +107,9 @@ int main(int argc, char** argv)
     const QDir folder(arguments[2]);
     const QString suffix = QLatin1String(isAubio ? ".beats.txt" : ".tempo.txt");
     for (const QString& path : arguments.mid(3)) {
-        Recording recording;
-        const QString error = read(path, recording);
-        const QString name = QFileInfo(path).completeBaseName();
-        if (error.isEmpty() &&
-            write(folder.filePath(name + suffix),
-                  isAubio ? findWithAubio(recording) : findWithSoundTouch(recording)))
+        const QString output = folder.filePath(QFileInfo(path).completeBaseName() + suffix);
+        const QString error = process(path, output, isAubio);
+        if (error.isEmpty())
             continue;
         std::fprintf(stderr, "rival_beats: %s: %s\n", qPrintable(path), qPrintable(error));
         return 1;
