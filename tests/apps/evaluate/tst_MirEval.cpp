@@ -22,8 +22,8 @@ namespace {
 
 constexpr double kDifference = 1e-9;
 constexpr double kFrom = 5.0;  ///< seconds, mir_eval's own beginning
-constexpr int kRandomRuns = 10;
-constexpr int kCasesPerRun = 100;
+constexpr int kRandomRuns = 4;
+constexpr int kCasesPerRun = 250;
 
 std::vector<double> ToNumbers(const QByteArray& pLine)
 {

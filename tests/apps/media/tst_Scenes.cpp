@@ -213,7 +213,7 @@ void tst_Scenes::player_givesTheSame_howeverItIsRead()
 
 void tst_Scenes::player_isNeitherSilentNorClipped()
 {
-    for (const char* pName : {"eighth-bass-128", "build-up-125", "five-four-120", "rate-192000"}) {
+    for (const char* pName : {"eighth-bass-128", "build-up-125", "five-four-120", "rate-8000"}) {
         const Scene& scene = Find(m_scenes, pName);
         const std::vector<float> samples = Play(scene);
         const double level = Level(samples, scene.sampleRate, 0.0, kDuration);
@@ -241,7 +241,9 @@ void tst_Scenes::noises_areAsLoudAsTheySay()
     QFETCH(int, noise);
     QFETCH(double, least);
     QFETCH(double, most);
-    const double level = Level(Make(eSceneNoise(noise), 40.0), SceneNoise::kRate, 0.0, 40.0);
+    // Applause swells through 40 s, the others stay as they are.
+    const double seconds = noise == eSceneApplause ? 40.0 : 5.0;
+    const double level = Level(Make(eSceneNoise(noise), seconds), SceneNoise::kRate, 0.0, seconds);
     const double decibels = level > 0.0 ? 20.0 * std::log10(level) : -1000.0;
     QVERIFY2(decibels >= least && decibels <= most, qPrintable(QString::number(decibels)));
 }
