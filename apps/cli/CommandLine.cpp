@@ -3,6 +3,7 @@
 
 #include <cli/CommandLine.h>
 #include <cli/analyze/AnalyzeArguments.h>
+#include <cli/evaluate/EvaluateArguments.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingsArguments.h>
@@ -246,6 +247,53 @@ void AddConfig(CLI::App& pApp, ConfigArguments& pArguments)
                            "  audio-analyzer config set stop-threshold 500\n")));
 }
 
+QString EvaluateFooter()
+{
+    return tr(
+        "REFERENCE and ESTIMATE are two files, or two folders in which NAME.beats has its "
+        "estimate\n"
+        "in NAME.beats.txt, NAME.labels.txt, NAME.csv or NAME.beats, or a tempo alone in\n"
+        "NAME.tempo.txt. In a file of beats each line begins with seconds, as \"analyze\" writes "
+        "it;\n"
+        "# begins a comment. NAME.json beside the reference may hold \"genre\", \"bpm\",\n"
+        "\"tempo_range\": [BPM, BPM], \"duration\", \"ignore\": [[START, END], ...] without beats "
+        "and\n"
+        "\"changes\": [SECONDS, ...] of the music.\n"
+        "\n"
+        "The scores are those of the literature, as mir_eval 0.7 computes them. With ± stands the\n"
+        "standard error of the mean over the recordings of a genre.\n"
+        "\n"
+        "Examples:\n"
+        "  audio-analyzer analyze song.flac | audio-analyzer evaluate song.beats -\n"
+        "  audio-analyzer analyze -o found/ music/*.flac\n"
+        "  audio-analyzer evaluate music/ found/\n"
+        "\n"
+        "Exit status: 0 all done, 1 some file failed and the others are done, 2 wrong usage.\n");
+}
+
+void AddEvaluate(CLI::App& pApp, EvaluateArguments& pArguments)
+{
+    CLI::App& command =
+        *pApp.add_subcommand("evaluate", Utf8(tr("hold found beats against annotated ones")));
+    const auto addFile = [&](const char* pName, std::string& pValue, const QString& pHelp) {
+        command.add_option(pName, pValue, Utf8(pHelp))->type_name("");
+    };
+    addFile("REFERENCE", pArguments.reference, tr("the annotated beats: a file or a folder"));
+    addFile("ESTIMATE", pArguments.estimate, tr("the found ones; - reads standard input"));
+    const auto add = [&](const char* pName,
+                         std::string& pValue,
+                         const QString& pType,
+                         const QString& pHelp) {
+        command.add_option(pName, pValue, Utf8(pHelp))->check(RefuseEmpty)->type_name(Utf8(pType));
+    };
+    add("-f,--format", pArguments.format, tr("NAME"), tr("text, json, csv (default: text)"));
+    add("--from",
+        pArguments.from,
+        tr("S"),
+        tr("leave out what lies before S seconds (default: 5)"));
+    command.footer(Utf8(EvaluateFooter()));
+}
+
 /// The command that was named, null when there is none.
 CLI::App* FindParsed(const CLI::App& pApp)
 {
@@ -292,6 +340,7 @@ struct Arguments
     DevicesOptions devices;
     ProfilesArguments profiles;
     ConfigArguments config;
+    EvaluateArguments evaluate;
 };
 
 void AddAnalyze(CLI::App& pApp, AnalyzeArguments& pArguments)
@@ -320,6 +369,9 @@ CommandLine Read(const std::string& pCommand, const Arguments& pArguments)
     } else if (pCommand == "config") {
         action = CommandLine::eConfig;
         result.text = readConfigArguments(pArguments.config, result.config);
+    } else if (pCommand == "evaluate") {
+        action = CommandLine::eEvaluate;
+        result.text = readEvaluateArguments(pArguments.evaluate, result.evaluate);
     }
     result.action = result.text.isEmpty() ? action : CommandLine::eRefuse;
     return result;
@@ -342,12 +394,13 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
     AddDevices(app, arguments.devices);
     AddProfiles(app, arguments.profiles);
     AddConfig(app, arguments.config);
+    AddEvaluate(app, arguments.evaluate);
     Dress(app);
     for (CLI::App* pCommand : app.get_subcommands({}))
         Dress(*pCommand);
 
-    const QString noCommand =
-        tr("name a command: analyze, listen, devices, profiles, config; see audio-analyzer --help");
+    const QString noCommand = tr("name a command: analyze, listen, devices, profiles, config, "
+                                 "evaluate; see audio-analyzer --help");
     if (pCount < 2)
         return Refuse(noCommand);
     const QString first = QString::fromLocal8Bit(pArguments[1]);

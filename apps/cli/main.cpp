@@ -4,6 +4,7 @@
 #include <cli/ExitCode.h>
 #include <cli/Interrupt.h>
 #include <cli/analyze/AnalyzeCommand.h>
+#include <cli/evaluate/EvaluateCommand.h>
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenCommand.h>
 #include <cli/output/OutputFile.h>
@@ -53,6 +54,8 @@ int Run(const CommandLine& pCommand)
         return ProfilesCommand(pCommand.profiles).Run();
     case CommandLine::eConfig:
         return ConfigCommand(pCommand.config).Run();
+    case CommandLine::eEvaluate:
+        return EvaluateCommand(pCommand.evaluate).Run();
     case CommandLine::eRefuse:
         break;
     }
