@@ -57,10 +57,10 @@ void Add(timespec& pTime, Ns pDuration)
 }
 
 /// Whether a thread sleeps, by the letter that follows its name in parentheses.
-bool IsAsleep(const char* pTask)
+bool IsAsleep(long pTask)
 {
     char path[64];
-    std::snprintf(path, sizeof path, "/proc/self/task/%s/stat", pTask);
+    std::snprintf(path, sizeof path, "/proc/self/task/%ld/stat", pTask);
     const int file = open(path, O_RDONLY | O_CLOEXEC);
     if (file < 0)
         return true;  // it has just ended
@@ -80,7 +80,7 @@ bool AreOthersAsleep()
     bool areAsleep = true;
     while (const dirent* pTask = readdir(pTasks)) {
         const long task = std::strtol(pTask->d_name, nullptr, 10);
-        areAsleep = areAsleep && (task == 0 || task == self || IsAsleep(pTask->d_name));
+        areAsleep = areAsleep && (task == 0 || task == self || IsAsleep(task));
     }
     closedir(pTasks);
     return areAsleep;
