@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "DesktopTest.h"
-#include "VirtualDisplay.h"
+#include <apps/desktop/DesktopTest.h>
+#include <apps/desktop/VirtualDisplay.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>
@@ -81,6 +81,8 @@ private Q_SLOTS:
     void devices_areListedLive();
     void window_startsWhereItShould_data();
     void window_startsWhereItShould();
+    void window_keepsItsFrameOnTheScreen_data();
+    void window_keepsItsFrameOnTheScreen();
     void program_playsAFile_andEndsWell();
 };
 
@@ -158,6 +160,41 @@ void tst_MonitorDisplay::window_startsWhereItShould()
     QCOMPARE(window.screen()->availableGeometry(), QRect(0, 0, 1280, 900));
     window.Place(eStartingPosition(position));
     QTRY_COMPARE(window.pos(), corner);
+}
+
+void tst_MonitorDisplay::window_keepsItsFrameOnTheScreen_data()
+{
+    QTest::addColumn<int>("position");
+    QTest::addColumn<bool>("isAtTop");
+    QTest::addColumn<bool>("isAtLeft");
+    QTest::newRow("top left") << int(TopLeft) << true << true;
+    QTest::newRow("top right") << int(TopRight) << true << false;
+    QTest::newRow("bottom left") << int(BottomLeft) << false << true;
+    QTest::newRow("bottom right") << int(BottomRight) << false << false;
+}
+
+// A window manager puts a frame with a title bar around the window, after it has been shown.
+void tst_MonitorDisplay::window_keepsItsFrameOnTheScreen()
+{
+    QFETCH(int, position);
+    QFETCH(bool, isAtTop);
+    QFETCH(bool, isAtLeft);
+    const WindowManager manager;
+    MonitorSession session;
+    MainWindow window(session, WindowSettings(), QPalette());
+    window.setFixedSize(600, 400);
+    // As the program does.
+    window.Place(eStartingPosition(position));
+    window.show();
+    const QRect screen = window.screen()->availableGeometry();
+    QTRY_VERIFY(window.windowHandle()->frameMargins().top() > 0);
+    QTRY_COMPARE(isAtTop ? window.frameGeometry().top() : window.frameGeometry().bottom(),
+                 isAtTop ? screen.top() : screen.bottom());
+    QTRY_COMPARE(isAtLeft ? window.frameGeometry().left() : window.frameGeometry().right(),
+                 isAtLeft ? screen.left() : screen.right());
+    // Where it is moved to later it stays.
+    window.move(300, 200);
+    QTRY_COMPARE(window.frameGeometry().topLeft(), QPoint(300, 200));
 }
 
 void tst_MonitorDisplay::program_playsAFile_andEndsWell()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "DesktopTest.h"
+#include <apps/desktop/DesktopTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/session/MonitorSession.h>
 #include <desktop/window/MainWindow.h>

@@ -3,6 +3,8 @@
 
 #include <demo/DemoTrack.h>
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -77,6 +79,11 @@ private Q_SLOTS:
     }
     void pythonExample_printsTheBeatsOfTheHost();
     void pythonExample_readsWavFiles();
+    void pythonTempo_isThatOfTheHost_data()
+    {
+        _AddTracks();
+    }
+    void pythonTempo_isThatOfTheHost();
     void pythonExample_saysWhatIsWrong();
 #endif
 
@@ -220,6 +227,28 @@ void tst_PushExamples::pythonExample_printsTheBeatsOfTheHost()
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, Analyze(file).output);
+}
+
+// The tempo of the recording, in one number.
+void tst_PushExamples::pythonTempo_isThatOfTheHost()
+{
+    QFETCH(QString, file);
+    QFETCH(int, rate);
+    QFETCH(int, channels);
+    const QString code =
+        QStringLiteral("import sys, audioanalyzer\n"
+                       "result = audioanalyzer.analyze(sys.stdin.buffer.read(), %1, %2)\n"
+                       "print(f'{result.bpm:.3f}')\n");
+    const ProgramRun run = Run(QStringLiteral(PYTHON_PROGRAM),
+                               {QStringLiteral("-c"), code.arg(rate).arg(channels)},
+                               BytesOf(Integers(file)));
+    QCOMPARE(run.errors, QByteArray());
+    const QJsonObject document =
+        QJsonDocument::fromJson(Analyze(file + QStringLiteral(" -f json")).output).object();
+    const double bpm =
+        document[QStringLiteral("tempo")].toObject()[QStringLiteral("bpm")].toDouble();
+    QVERIFY(bpm > 60.0);
+    QCOMPARE(QString::fromUtf8(run.output).trimmed(), QString::number(bpm, 'f', 3));
 }
 
 void tst_PushExamples::pythonExample_readsWavFiles()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
-#include "BeatTrackerTest.h"
+#include <apps/vamp/BeatTrackerTest.h>
 #include <cli/analyze/FileAnalysis.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <demo/DemoTrack.h>

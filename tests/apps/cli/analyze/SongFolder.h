@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ProgramRunner.h"
+#include <apps/cli/analyze/ProgramRunner.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -233,15 +233,15 @@ void tst_AnalyzePlan::refusals_sayWhy_data()
                                         << ""
                                         << "it is an input";
     QTest::newRow("output is the click") << "a.wav"
-                                         << "x"
-                                         << "./x"
+                                         << "x.wav"
+                                         << "./x.wav"
                                          << ""
                                          << "a.wav is written there";
-    QTest::newRow("click is the plot") << "a.wav"
-                                       << ""
-                                       << "p.png"
-                                       << "p.png"
-                                       << "--click is written there";
+    QTest::newRow("output is the plot") << "a.wav"
+                                        << "p.png"
+                                        << ""
+                                        << "p.png"
+                                        << "a.wav is written there";
 }
 
 void tst_AnalyzePlan::refusals_sayWhy()

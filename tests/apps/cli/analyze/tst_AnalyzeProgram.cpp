@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
-#include "SongFolder.h"
+#include <apps/cli/analyze/SongFolder.h>
 
 #include <QJsonArray>
 #include <QXmlStreamReader>
@@ -146,8 +146,8 @@ void tst_AnalyzeProgram::realOnly_leavesOutVirtualBeats()
     QVERIFY(all.filter(QStringLiteral("virtual")).isEmpty());
     QCOMPARE(all.size(), mixed.size() - mixed.filter(QStringLiteral("virtual")).size());
     QCOMPARE(events.filter(QStringLiteral("\"type\":\"beat\"")).size(), all.size());
-    QVERIFY(events.last().contains(QStringLiteral("\"real\":%1").arg(all.size())));
-    QVERIFY(events.last().contains(QStringLiteral("\"virtual\":0")));
+    QVERIFY(events.last().contains(QStringLiteral("\"realBeats\":%1").arg(all.size())));
+    QVERIFY(events.last().contains(QStringLiteral("\"virtualBeats\":0")));
 }
 
 void tst_AnalyzeProgram::ndjson_tellsEveryEvent()
@@ -156,7 +156,7 @@ void tst_AnalyzeProgram::ndjson_tellsEveryEvent()
     QMap<QString, int> counts;
     for (const QString& line : lines) {
         const QJsonObject event = Parse(line.toUtf8());
-        QVERIFY2(event.contains(QStringLiteral("t")), qPrintable(line));
+        QVERIFY2(event.contains(QStringLiteral("time")), qPrintable(line));
         QVERIFY(!event.contains(QStringLiteral("file")));
         ++counts[event[QStringLiteral("type")].toString()];
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ProgramRunner.h"
+#include <apps/cli/analyze/ProgramRunner.h>
 #include <demo/DemoTrack.h>
 
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ProgramRunner.h"
+#include <apps/cli/analyze/ProgramRunner.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -20,15 +20,22 @@ private Q_SLOTS:
     void badFile_isOneLine();
     void badFile_leavesNoOutput_data();
     void badFile_leavesNoOutput();
+    void damagedFile_isReadInPart_data();
+    void damagedFile_isReadInPart();
     void otherFiles_areDone();
     void badUsage_isOneLine_data();
     void badUsage_isOneLine();
     void badOutput_isOneLine_data();
     void badOutput_isOneLine();
+    void bandAboveTheAudio_isRefused_data();
+    void bandAboveTheAudio_isRefused();
     void oldOutput_staysAsItWas_whenTheFileIsBad();
     void closedPipe_isNoNoise();
     void closedPipe_endsManyFilesAtOnce();
+    void closedOutput_isSaid();
     void closedStreams_areNoNoise();
+    void fullDisk_isSaid_data();
+    void fullDisk_isSaid();
     void signal_leavesNothingHalfWritten_data();
     void signal_leavesNothingHalfWritten();
 
@@ -61,6 +68,7 @@ void tst_AnalyzeProgram_errors::initTestCase()
     QVERIFY(testaudio::WriteBytes(QStringLiteral("words.mp3"),
                                   QByteArray("no music here ").repeated(1000)));
     QVERIFY(QDir().mkdir(QStringLiteral("folder")));
+    QVERIFY(QDir().mkdir(QStringLiteral("folder.wav")));
     m_files = FilesHere();
 }
 
@@ -111,6 +119,34 @@ void tst_AnalyzeProgram_errors::badFile_leavesNoOutput()
     }
 }
 
+void tst_AnalyzeProgram_errors::damagedFile_isReadInPart_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("WAV") << "cut-good.wav";
+    QTest::newRow("FLAC") << "cut-whole.flac";
+    QTest::newRow("MP3") << "cut-whole.mp3";
+}
+
+void tst_AnalyzeProgram_errors::damagedFile_isReadInPart()
+{
+    QFETCH(QString, file);
+    const ProgramRun refused = Analyze(file);
+    QCOMPARE(refused.exitCode, 1);
+    QVERIFY2(refused.errors.contains("with --partial\n"), refused.errors.constData());
+    const ProgramRun run = Analyze(QStringLiteral("--partial ") + file);
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.count('\n') >= 2);
+    const QList<QByteArray> lines = run.errors.trimmed().split('\n');
+    QCOMPARE(lines.size(), 2);
+    QVERIFY2(lines[0].startsWith(file.toUtf8() + ": ") && lines[0].contains("truncated"),
+             run.errors.constData());
+    QVERIFY2(lines[1].contains(" long, "), run.errors.constData());
+    QCOMPARE(Analyze(QStringLiteral("-q --partial ") + file).errors, QByteArray());
+    const ProgramRun workers = Analyze(QStringLiteral("-q --partial -j 2 good.wav ") + file);
+    QCOMPARE(workers.exitCode, 0);
+    QVERIFY(workers.output.endsWith("# " + file.toUtf8() + '\n' + run.output));
+}
+
 void tst_AnalyzeProgram_errors::otherFiles_areDone()
 {
     const ProgramRun run = Analyze(QStringLiteral("missing.wav good.wav words.mp3 whole.flac"));
@@ -144,6 +180,10 @@ void tst_AnalyzeProgram_errors::badUsage_isOneLine_data()
         << "analyze good.wav whole.flac -f json" << QByteArray("use -o DIR");
     QTest::newRow("same name") << "analyze good.wav folder/good.flac -o new"
                                << QByteArray("good.beats.txt");
+    QTest::newRow("click as MP3") << "analyze good.wav --click c.mp3"
+                                  << QByteArray("--click c.mp3: name a file that ends in .wav");
+    QTest::newRow("click without a kind")
+        << "analyze good.wav --click click" << QByteArray("ends in .wav");
     QTest::newRow("two clicks") << "analyze good.wav whole.flac --click c.wav"
                                 << QByteArray("one input only");
     QTest::newRow("over the input")
@@ -172,7 +212,7 @@ void tst_AnalyzeProgram_errors::badOutput_isOneLine_data()
     QTest::newRow("folder below a file") << "-o good.wav/" << QByteArray("good.wav/");
     QTest::newRow("full disk") << "-o /dev/full" << QByteArray("/dev/full");
     QTest::newRow("full disk, events") << "-o /dev/full -f ndjson" << QByteArray("/dev/full");
-    QTest::newRow("click into a folder") << "--click folder" << QByteArray("folder");
+    QTest::newRow("click into a folder") << "--click folder.wav" << QByteArray("folder");
     QTest::newRow("click without a folder") << "--click none/c.wav" << QByteArray("none");
     QTest::newRow("plot without a folder") << "--plot none/p.svg" << QByteArray("none");
     QTest::newRow("file system without files") << "-o /proc/out.txt" << QByteArray("/proc/out.txt");
@@ -188,6 +228,27 @@ void tst_AnalyzeProgram_errors::badOutput_isOneLine()
     QVERIFY2(run.errors.startsWith("audio-analyzer: ") && run.errors.contains(words),
              run.errors.constData());
     QCOMPARE(FilesHere(), m_files);
+}
+
+void tst_AnalyzeProgram_errors::bandAboveTheAudio_isRefused_data()
+{
+    QTest::addColumn<QString>("band");
+    QTest::addColumn<bool>("isRefused");
+    QTest::newRow("below the end") << "22049:23000" << false;
+    QTest::newRow("upper edge above") << "0:30000" << false;
+    QTest::newRow("at the end") << "22050:23000" << true;
+    QTest::newRow("no upper edge") << "30000:" << true;
+}
+
+// Half of 44100 Hz is where the audio ends.
+void tst_AnalyzeProgram_errors::bandAboveTheAudio_isRefused()
+{
+    QFETCH(QString, band);
+    QFETCH(bool, isRefused);
+    const ProgramRun run = Analyze(QStringLiteral("-q good.wav --band ") + band);
+    QCOMPARE(run.exitCode, isRefused ? 1 : 0);
+    QCOMPARE(run.errors.count('\n'), isRefused ? 1 : 0);
+    QCOMPARE(run.errors.contains("audio of 44100 Hz ends at 22050 Hz"), isRefused);
 }
 
 void tst_AnalyzeProgram_errors::oldOutput_staysAsItWas_whenTheFileIsBad()
@@ -246,11 +307,52 @@ void tst_AnalyzeProgram_errors::closedPipe_endsManyFilesAtOnce()
     }
 }
 
+void tst_AnalyzeProgram_errors::closedOutput_isSaid()
+{
+    const QByteArray words = "cannot write to standard output: it is closed\n";
+    for (const char* pFormat : {"beats", "json", "ndjson"}) {
+        const QByteArray line = QByteArray("\"$P\" analyze -q good.wav >&- -f ") + pFormat;
+        const ProgramRun run = RunShell(line.constData());
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors, "audio-analyzer: good.wav: " + words);
+    }
+    for (const char* pArguments : {"--help", "analyze --help", "--version", "profiles", "config"}) {
+        const QByteArray line = QByteArray("\"$P\" >&- ") + pArguments;
+        const ProgramRun run = RunShell(line.constData());
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors, "audio-analyzer: " + words);
+    }
+}
+
+void tst_AnalyzeProgram_errors::fullDisk_isSaid_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("document") << QByteArray("-f json -o out.json") << QByteArray("out.json");
+    QTest::newRow("events") << QByteArray("-f ndjson -o out.ndjson") << QByteArray("out.ndjson");
+    QTest::newRow("workers") << QByteArray("whole.flac -j 2 -f json -o .") << QByteArray("json");
+    QTest::newRow("click track") << QByteArray("--click c.wav") << QByteArray("c.wav");
+    QTest::newRow("plot") << QByteArray("--plot p.svg") << QByteArray("p.svg");
+}
+
+// Files may not grow beyond a kilobyte, which is what a full disk looks like.
+void tst_AnalyzeProgram_errors::fullDisk_isSaid()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(QByteArray, name);
+    const QByteArray line = "ulimit -f 1; \"$P\" analyze -q good.wav " + arguments;
+    const ProgramRun run = RunShell(line.constData());
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.errors.startsWith("audio-analyzer: good.wav: "), run.errors.constData());
+    QVERIFY2(run.errors.contains(name), run.errors.constData());
+    QVERIFY2(run.errors.contains("too large") || run.errors.contains("free space"),
+             run.errors.constData());
+    QVERIFY2(!run.errors.contains("nknown error"), run.errors.constData());
+    QCOMPARE(FilesHere(), m_files);
+}
+
 void tst_AnalyzeProgram_errors::closedStreams_areNoNoise()
 {
-    const ProgramRun noOutput = RunShell("\"$P\" analyze -q good.wav >&-");
-    QCOMPARE(noOutput.exitCode, 0);
-    QCOMPARE(noOutput.errors, QByteArray());
     const ProgramRun noErrors = RunShell("\"$P\" analyze good.wav 2>&-");
     QCOMPARE(noErrors.exitCode, 0);
     QCOMPARE(noErrors.output, Analyze(QStringLiteral("good.wav")).output);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "SongFolder.h"
+#include <apps/cli/analyze/SongFolder.h>
 
 #include <QJsonArray>
 #include <QtTest>

@@ -3,13 +3,13 @@
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
 #include <cli/analyze/FileAnalysis.h>
-#include <cli/output/OverallTempo.h>
 
 #include <QtTest>
 
 #include <algorithm>
 #include <apps/shared/files/TestAudio.h>
 #include <cmath>
+#include <support/SettingOf.h>
 #include <support/TestClass.h>
 
 namespace {
@@ -98,6 +98,7 @@ private Q_SLOTS:
     void observer_seesEveryFrameOnce();
     void observer_canEndTheAnalysis();
     void fixedTempo_isReported();
+    void settings_areTheInitialOnes();
     void levels_coverTheFile();
     void clock_isTheThreadsOwnAgain_afterwards();
 };
@@ -124,7 +125,7 @@ void tst_FileAnalysis::run_findsTempoAndBeats()
     QCOMPARE(result.sampleCount, quint64(20 * rate));
     // Beats lie on blocks of at most a fortieth of a second, so that over ten seconds of them the
     // mean interval is wrong by a quarter per cent at most.
-    const double tempo = cli::OverallTempo(result.beats);
+    const double tempo = result.getTempo();
     QVERIFY2(std::abs(tempo - bpm) <= bpm * 0.005, qPrintable(QString::number(tempo)));
     // Music is only known to play after 1.5 s; from the fourth second on every stroke has its beat,
     // within two blocks.
@@ -170,7 +171,7 @@ void tst_FileAnalysis::run_doesNotDependOnTheMachinesClock()
 void tst_FileAnalysis::tenSecondWatch_runsOnTheSamples()
 {
     AnalysisOptions options;
-    options.isConsistencyAllowed = false;
+    options.settings[SettingOf("consistency")] = 0.0;
     const AnalysisResult result = Analyze(testaudio::Kicks(8000, 120, 10.0, 20.0), 8000, options);
     const auto lost =
         std::find_if(result.tempos.begin(), result.tempos.end(), [](const TempoPoint& pPoint) {
@@ -194,9 +195,9 @@ void tst_FileAnalysis::lastBeat_isFound_whenTheFileEndsRightBehindIt()
 void tst_FileAnalysis::nothing_isLoggedBehindTheEnd()
 {
     AnalysisOptions options;
-    options.threshold =
-        qint16(0);  // every block is a pulse, those of the silence behind the end too
-    options.isVirtualWhenStopped = true;
+    // Every block is a pulse, those of the silence behind the end too.
+    options.settings[SettingOf("threshold")] = 0.0;
+    options.settings[SettingOf("virtual-when-stopped")] = 1.0;
     for (const double seconds : {5.0, 5.01, 5.37}) {
         const AnalysisResult result = Analyze(testaudio::Kicks(8000, 120, seconds), 8000, options);
         QCOMPARE(result.sampleCount, quint64(seconds * 8000));
@@ -272,11 +273,22 @@ void tst_FileAnalysis::observer_canEndTheAnalysis()
 void tst_FileAnalysis::fixedTempo_isReported()
 {
     AnalysisOptions options;
-    options.fixedBPM = 110.0;
+    options.settings[SettingOf("fixed-bpm")] = 110.0;
     const AnalysisResult result = Analyze(testaudio::Kicks(8000, 120, 6.0), 8000, options);
     QVERIFY(!result.beats.empty());
     for (const LoggedBeat& beat : result.beats)
         QCOMPARE(beat.bpm, 110.0);
+}
+
+// Whatever is stored beside the program.
+void tst_FileAnalysis::settings_areTheInitialOnes()
+{
+    MemorySource source(8000, std::vector<float>(1000, 0.0f));
+    const FileAnalysis analysis({}, source);
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.get)
+            QCOMPARE(setting.get(analysis.getConfiguration()), setting.initial);
+    QCOMPARE(analysis.getConfiguration().getStopDetectionDuration(), 1.5);
 }
 
 void tst_FileAnalysis::levels_coverTheFile()

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void init();
     void devices_areListed();
     void devices_mayBeNone();
+    void bandAboveTheAudio_isRefused();
+    void devices_areNotLost_whenNothingCanBeWritten();
     void devices_areWatched();
     void listen_announcesEveryBeatInTime();
     void listen_writesTextAndBeats();
@@ -97,6 +99,31 @@ void tst_ListenProgram::devices_mayBeNone()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
     QVERIFY(run.errors.contains("there is no input device"));
+}
+
+// The fake device delivers 48000 Hz.
+void tst_ListenProgram::bandAboveTheAudio_isRefused()
+{
+    m_stage.setDevices({Stage::Device("Mic", "music")});
+    const StagedRun run = m_stage.Run("listen --quiet --format beats --band 24000:");
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains("audio of 48000 Hz ends at 24000 Hz"), run.errors.constData());
+}
+
+void tst_ListenProgram::devices_areNotLost_whenNothingCanBeWritten()
+{
+    m_stage.setDevices({Stage::Device("Mic", "music")});
+    for (const char* pCommand : {"devices", "profiles", "config", "--help"}) {
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        m_stage.Start(process, QStringLiteral("audio-analyzer"), {QLatin1String(pCommand)});
+        const StagedRun run = Stage::Finish(process);
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors,
+                 QByteArray("audio-analyzer: cannot write to standard output: "
+                            "No space left on device\n"));
+    }
 }
 
 void tst_ListenProgram::devices_areWatched()
@@ -248,8 +275,8 @@ void tst_ListenProgram::listen_survivesAVanishingDevice()
              QStringLiteral("starting running waiting starting running"));
     double last = 0.0;
     for (const QJsonObject& event : Select(Events(run.output), "device")) {
-        QVERIFY(event[QStringLiteral("t")].toDouble() >= last);
-        last = event[QStringLiteral("t")].toDouble();
+        QVERIFY(event[QStringLiteral("time")].toDouble() >= last);
+        last = event[QStringLiteral("time")].toDouble();
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "HandMadeResult.h"
+#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/JsonWriter.h>
 
 #include <QJsonArray>
@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QtTest>
 
+#include <support/SettingOf.h>
 #include <support/TestClass.h>
 
 class tst_JsonWriter : public QObject
@@ -18,12 +19,15 @@ class tst_JsonWriter : public QObject
 private Q_SLOTS:
     void document_isExactlyThis();
     void document_tellsTheSettings();
+    void everySetting_isTold_data();
+    void everySetting_isTold();
     void unknownTempo_isNull();
 };
 
 void tst_JsonWriter::document_isExactlyThis()
 {
     Configuration configuration;
+    SettingsTable::Restore(configuration);
     const AnalysisOptions options;
     QCOMPARE(options.Apply(configuration), QString());
     AnalysisResult result = HandMadeResult();
@@ -76,7 +80,7 @@ void tst_JsonWriter::document_isExactlyThis()
     ],
     "tempo": {
         "bpm": 119.99,
-        "method": "median of the tempos reported with real beats, from ten seconds after the first beat on"
+        "method": "median of the tempos reported with real beats, from ten seconds after the first one on"
     }
 }
 )";
@@ -89,10 +93,10 @@ void tst_JsonWriter::document_tellsTheSettings()
     options.bpm = AnalysisOptions::TempoRange{100.5, 150.0};
     options.band = AnalysisOptions::Band{20, -1};
     options.sensibility = 1.5;
-    options.threshold = qint16(4000);
-    options.fixedBPM = 120.25;
-    options.isConsistencyAllowed = false;
-    options.isVirtualWhenStopped = true;
+    options.settings[SettingOf("threshold")] = 4000.0;
+    options.settings[SettingOf("fixed-bpm")] = 120.25;
+    options.settings[SettingOf("consistency")] = 0.0;
+    options.settings[SettingOf("virtual-when-stopped")] = 1.0;
     Configuration configuration;
     QCOMPARE(options.Apply(configuration), QString());
     const QJsonObject settings =
@@ -108,6 +112,45 @@ void tst_JsonWriter::document_tellsTheSettings()
     QCOMPARE(settings[QStringLiteral("fixedBpm")].toDouble(), 120.25);
     QCOMPARE(settings[QStringLiteral("consistency")].toBool(true), false);
     QCOMPARE(settings[QStringLiteral("virtualWhenStopped")].toBool(), true);
+}
+
+void tst_JsonWriter::everySetting_isTold_data()
+{
+    QTest::addColumn<QString>("key");
+    const QMap<QString, QString> keys = {
+        {QStringLiteral("threshold"), QStringLiteral("threshold")},
+        {QStringLiteral("stop-threshold"), QStringLiteral("stopThreshold")},
+        {QStringLiteral("stop-duration"), QStringLiteral("stopDuration")},
+        {QStringLiteral("average-duration"), QStringLiteral("averageDuration")},
+        {QStringLiteral("bpm-duration"), QStringLiteral("bpmDuration")},
+        {QStringLiteral("fixed-bpm"), QStringLiteral("fixedBpm")},
+        {QStringLiteral("consistency"), QStringLiteral("consistency")},
+        {QStringLiteral("virtual-when-stopped"), QStringLiteral("virtualWhenStopped")}};
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.use == SettingsTable::eAnalysis)
+            QTest::newRow(setting.pIdentifier) << keys[QLatin1String(setting.pIdentifier)];
+}
+
+void tst_JsonWriter::everySetting_isTold()
+{
+    QFETCH(QString, key);
+    QVERIFY2(!key.isEmpty(), "write the key down by hand above");
+    const SettingsTable::Setting& setting = *SettingOf(QTest::currentDataTag());
+    const auto told = [&](double pValue) -> QJsonValue {
+        AnalysisOptions options;
+        options.settings[&setting] = pValue;
+        Configuration configuration;
+        options.Apply(configuration);
+        return QJsonDocument::fromJson(makeJsonDocument({}, options, configuration))
+            .object()[QStringLiteral("settings")]
+            .toObject()[key];
+    };
+    const bool isSwitch = setting.form == SettingsTable::eSwitch;
+    QCOMPARE(told(setting.maximum), isSwitch ? QJsonValue(true) : QJsonValue(setting.maximum));
+    if (isSwitch)
+        QCOMPARE(told(setting.minimum), QJsonValue(false));
+    else if (!setting.pMinimumWord)
+        QCOMPARE(told(setting.minimum), QJsonValue(setting.minimum));
 }
 
 void tst_JsonWriter::unknownTempo_isNull()

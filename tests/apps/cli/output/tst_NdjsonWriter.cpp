@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "HandMadeResult.h"
+#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/NdjsonWriter.h>
 
 #include <QtTest>
@@ -31,16 +31,16 @@ void tst_NdjsonWriter::events_areOneLineEach()
     Q_EMIT relay.OnTempo(1.75, 128.12345);
     Q_EMIT relay.OnBeat({0, 2.0, true, 20, 1.0, 0.0});
     Q_EMIT relay.OnPlayingChanged(4.0, false);
-    QCOMPARE(
-        lines,
-        (QList<QByteArray>{
-            "{\"t\":1.5,\"type\":\"play\"}\n",
-            "{\"level\":1200,\"t\":1.6,\"threshold\":300,\"type\":\"pulse\"}\n",
-            "{\"bpm\":128.123,\"conf\":0.333333,\"level\":1200,\"t\":1.6,\"type\":\"beat\","
-            "\"virtual\":false}\n",
-            "{\"bpm\":128.123,\"t\":1.75,\"type\":\"tempo\"}\n",
-            "{\"bpm\":null,\"conf\":1,\"level\":20,\"t\":2,\"type\":\"beat\",\"virtual\":true}\n",
-            "{\"t\":4,\"type\":\"stop\"}\n"}));
+    QCOMPARE(lines,
+             (QList<QByteArray>{
+                 "{\"time\":1.5,\"type\":\"play\"}\n",
+                 "{\"loudness\":1200,\"threshold\":300,\"time\":1.6,\"type\":\"pulse\"}\n",
+                 "{\"accuracy\":0.333333,\"bpm\":128.123,\"loudness\":1200,\"time\":1.6,"
+                 "\"type\":\"beat\",\"virtual\":false}\n",
+                 "{\"bpm\":128.123,\"time\":1.75,\"type\":\"tempo\"}\n",
+                 "{\"accuracy\":1,\"bpm\":null,\"loudness\":20,\"time\":2,\"type\":\"beat\","
+                 "\"virtual\":true}\n",
+                 "{\"time\":4,\"type\":\"stop\"}\n"}));
 }
 
 void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
@@ -53,8 +53,8 @@ void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
     for (const double bpm : {0.0, 120.0, 120.0, 120.0001, 0.0, 0.0})
         Q_EMIT relay.OnTempo(1.0, bpm);
     QCOMPARE(lines,
-             (QList<QByteArray>{"{\"bpm\":120,\"t\":1,\"type\":\"tempo\"}\n",
-                                "{\"bpm\":null,\"t\":1,\"type\":\"tempo\"}\n"}));
+             (QList<QByteArray>{"{\"bpm\":120,\"time\":1,\"type\":\"tempo\"}\n",
+                                "{\"bpm\":null,\"time\":1,\"type\":\"tempo\"}\n"}));
 }
 
 void tst_NdjsonWriter::virtualBeats_areLeftOut_whenAskedTo()
@@ -78,7 +78,7 @@ void tst_NdjsonWriter::file_isInEveryLine_whenGiven()
         relay, QStringLiteral("a\n\"b\""), false, [&](const QByteArray& pLine) { lines << pLine; });
     Q_EMIT relay.OnPlayingChanged(0.0, false);
     QCOMPARE(lines,
-             (QList<QByteArray>{"{\"file\":\"a\\n\\\"b\\\"\",\"t\":0,\"type\":\"stop\"}\n"}));
+             (QList<QByteArray>{"{\"file\":\"a\\n\\\"b\\\"\",\"time\":0,\"type\":\"stop\"}\n"}));
 }
 
 void tst_NdjsonWriter::finish_sumsUp()
@@ -89,8 +89,8 @@ void tst_NdjsonWriter::finish_sumsUp()
     NdjsonWriter writer(relay, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
     writer.Finish(HandMadeResult());
     QCOMPARE(lines,
-             (QList<QByteArray>{
-                 "{\"bpm\":120.123,\"real\":2,\"t\":2.5,\"type\":\"end\",\"virtual\":1}\n"}));
+             (QList<QByteArray>{"{\"bpm\":120.123,\"realBeats\":2,\"time\":2.5,\"type\":\"end\","
+                                "\"virtualBeats\":1}\n"}));
 }
 
 AA_TEST(tst_NdjsonWriter, NoApplication)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "HandMadeResult.h"
+#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/OutputFormat.h>
 #include <cli/output/SvlWriter.h>
 #include <cli/output/TextWriters.h>

@@ -4,12 +4,16 @@
 #include <AudioAnalyzer/config/PredefinedProfile.h>
 
 #include <cli/settings/AnalysisOptionTable.h>
+#include <cli/settings/ConfigurationSettings.h>
+#include <cli/settings/SettingText.h>
 #include <shared/settings/AnalysisOptions.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QAudioFormat>
 #include <QtTest>
 
 #include <algorithm>
+#include <support/SettingOf.h>
 #include <support/TestClass.h>
 
 namespace {
@@ -30,7 +34,8 @@ class tst_AnalysisOptions : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void apply_changesOnlyTheStopDuration_byDefault();
+    void apply_changesNothing_byDefault();
+    void apply_leavesWhatIsStored();
     void apply_storesEverySetting();
     void apply_editsACopyOfTheProfile();
     void apply_keepsTheProfile_whenNothingOfItIsGiven();
@@ -44,32 +49,48 @@ private Q_SLOTS:
     void table_readsValues();
     void table_coversEveryOptionOnce();
     void table_storesValues();
+    void everySetting_hasItsOption_data();
+    void everySetting_hasItsOption();
+    void everySettingThatIsStored_isReadBack_data();
+    void everySettingThatIsStored_isReadBack();
 };
 
-void tst_AnalysisOptions::apply_changesOnlyTheStopDuration_byDefault()
+void tst_AnalysisOptions::apply_changesNothing_byDefault()
 {
     Configuration configuration;
     const Configuration untouched;
     QCOMPARE(AnalysisOptions().Apply(configuration), QString());
-    QCOMPARE(configuration.getStopDetectionDuration(), 1.5);
+    QCOMPARE(configuration.getStopDetectionDuration(), 0.5);
     QCOMPARE(configuration.getStopDetectionThreshold(), untouched.getStopDetectionThreshold());
     QCOMPARE(configuration.getThreshold(), short(-1));
     QCOMPARE(configuration.getAverageVolumeCalculationDuration(), 2.0);
     QCOMPARE(configuration.getBPMCalculationDuration(), 10.0);
     QCOMPARE(configuration.getDisplayVirtualBeatsWhenStopped(), false);
     QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Electro"));
+    QVERIFY(!configuration.isModified());
+}
+
+// What is stored counts, a pace of its own as well.
+void tst_AnalysisOptions::apply_leavesWhatIsStored()
+{
+    Configuration configuration;
+    configuration.setStopDetectionDuration(0.25);
+    configuration.setDisplayVirtualBeatsWhenStopped(true);
+    QCOMPARE(AnalysisOptions().Apply(configuration), QString());
+    QCOMPARE(configuration.getStopDetectionDuration(), 0.25);
+    QCOMPARE(configuration.getDisplayVirtualBeatsWhenStopped(), true);
 }
 
 void tst_AnalysisOptions::apply_storesEverySetting()
 {
     AnalysisOptions options;
     options.profile = QStringLiteral("Slow");
-    options.threshold = qint16(1234);
-    options.stopDuration = 0.7;
-    options.stopThreshold = qint16(99);
-    options.averageDuration = 3.0;
-    options.bpmDuration = 20.0;
-    options.isVirtualWhenStopped = true;
+    options.settings = {{SettingOf("threshold"), 1234.0},
+                        {SettingOf("stop-duration"), 0.7},
+                        {SettingOf("stop-threshold"), 99.0},
+                        {SettingOf("average-duration"), 3.0},
+                        {SettingOf("bpm-duration"), 20.0},
+                        {SettingOf("virtual-when-stopped"), 1.0}};
     Configuration configuration;
     QCOMPARE(options.Apply(configuration), QString());
     QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Slow"));
@@ -155,7 +176,7 @@ void tst_AnalysisOptions::apply_refusesAFixedTempoOutsideTheProfile()
     QFETCH(double, tempo);
     QFETCH(bool, isAccepted);
     AnalysisOptions options;
-    options.fixedBPM = tempo;
+    options.settings[SettingOf("fixed-bpm")] = tempo;
     Configuration configuration;
     const QString refusal = options.Apply(configuration);
     QCOMPARE(refusal.isEmpty(), isAccepted);
@@ -187,8 +208,8 @@ void tst_AnalysisOptions::apply_setsUpTheAnalyzer()
     options.Apply(analyzer);
     QCOMPARE(analyzer.getFixedBPM(), 0.0);
     QCOMPARE(analyzer.m_isConsistencyAllowed, true);
-    options.fixedBPM = 125.0;
-    options.isConsistencyAllowed = false;
+    options.settings[SettingOf("fixed-bpm")] = 125.0;
+    options.settings[SettingOf("consistency")] = 0.0;
     options.Apply(analyzer);
     QCOMPARE(analyzer.getFixedBPM(), 125.0);
     QCOMPARE(analyzer.m_isConsistencyAllowed, false);
@@ -237,9 +258,10 @@ void tst_AnalysisOptions::table_readsValues_data()
     add("--threshold", "-1", "0 to 32767, or auto");
     add("--threshold", "1.5", "0 to 32767, or auto");
     add("--fixed-bpm", "1", "");
-    add("--fixed-bpm", "999.9", "");
-    add("--fixed-bpm", "0", "at least 1 and below 1000");
-    add("--fixed-bpm", "1000", "at least 1 and below 1000");
+    add("--fixed-bpm", "999", "");
+    add("--fixed-bpm", "none", "");
+    add("--fixed-bpm", "0", "above 0, up to 999, or none");
+    add("--fixed-bpm", "999.5", "above 0, up to 999, or none");
     add("--stop-duration", "0.05", "");
     add("--stop-duration", "10", "");
     add("--stop-duration", "0", "0.05 to 10");
@@ -275,9 +297,9 @@ void tst_AnalysisOptions::table_coversEveryOptionOnce()
         names.append(info.name);
     }
     QCOMPARE(names,
-             QStringLiteral("--profile --bpm --band --sensibility --threshold --fixed-bpm "
-                            "--stop-duration --stop-threshold --average-duration "
-                            "--bpm-duration --no-consistency --virtual-when-stopped")
+             QStringLiteral("--profile --bpm --band --sensibility --threshold --stop-threshold "
+                            "--stop-duration --average-duration "
+                            "--bpm-duration --fixed-bpm --no-consistency --virtual-when-stopped")
                  .split(QLatin1Char(' ')));
 }
 
@@ -304,16 +326,77 @@ void tst_AnalysisOptions::table_storesValues()
     QCOMPARE(options.band->low, -1);  // 0 = no edge
     QCOMPARE(options.band->high, 99);
     QCOMPARE(*options.sensibility, 1.5);
-    QCOMPARE(*options.threshold, qint16(77));
-    QCOMPARE(options.fixedBPM, 101.5);
-    QCOMPARE(options.stopDuration, 2.0);
-    QCOMPARE(*options.stopThreshold, qint16(88));
-    QCOMPARE(*options.averageDuration, 4.0);
-    QCOMPARE(*options.bpmDuration, 12.0);
-    QCOMPARE(options.isConsistencyAllowed, false);
-    QCOMPARE(options.isVirtualWhenStopped, true);
+    QCOMPARE(options.settings[SettingOf("threshold")], 77.0);
+    QCOMPARE(options.settings[SettingOf("fixed-bpm")], 101.5);
+    QCOMPARE(options.settings[SettingOf("stop-duration")], 2.0);
+    QCOMPARE(options.settings[SettingOf("stop-threshold")], 88.0);
+    QCOMPARE(options.settings[SettingOf("average-duration")], 4.0);
+    QCOMPARE(options.settings[SettingOf("bpm-duration")], 12.0);
+    QCOMPARE(options.settings[SettingOf("consistency")], 0.0);
+    QCOMPARE(options.settings[SettingOf("virtual-when-stopped")], 1.0);
     QCOMPARE(Read(options, QStringLiteral("--threshold"), QStringLiteral("auto")), QString());
-    QCOMPARE(*options.threshold, qint16(-1));
+    QCOMPARE(options.settings[SettingOf("threshold")], -1.0);
+}
+
+void tst_AnalysisOptions::everySetting_hasItsOption_data()
+{
+    QTest::addColumn<QString>("identifier");
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.use == SettingsTable::eAnalysis)
+            QTest::newRow(setting.pIdentifier) << QString::fromUtf8(setting.pIdentifier);
+}
+
+// From its limits, both included, to the analysis.
+void tst_AnalysisOptions::everySetting_hasItsOption()
+{
+    QFETCH(QString, identifier);
+    const SettingsTable::Setting& setting = *SettingsTable::Find(identifier);
+    const bool isSwitch = setting.form == SettingsTable::eSwitch;
+    const QString option =
+        (isSwitch && setting.initial != 0.0 ? QStringLiteral("--no-") : QStringLiteral("--")) +
+        identifier;
+    AnalysisOptions options;
+    const auto read = [&](double pValue) {
+        return Read(options, option, isSwitch ? QString() : cli::SettingText(setting, pValue));
+    };
+    for (const double value : {setting.minimum, setting.maximum}) {
+        QCOMPARE(read(value), QString());
+        QCOMPARE(options.settings[&setting], isSwitch ? OtherValue(setting) : value);
+    }
+    Configuration configuration;
+    QCOMPARE(options.getValue(setting, configuration), OtherValue(setting));
+    for (const double value : {setting.minimum - 1.0, setting.maximum + 1.0})
+        QVERIFY(isSwitch || read(value).contains(QString::number(setting.maximum)));
+}
+
+void tst_AnalysisOptions::everySettingThatIsStored_isReadBack_data()
+{
+    QTest::addColumn<QString>("identifier");
+    for (const ConfigurationSetting& setting : getConfigurationSettings())
+        if (SettingsTable::Find(setting.name))
+            QTest::newRow(qPrintable(setting.name)) << setting.name;
+}
+
+/// Through "config set" and "config show", without their file.
+void tst_AnalysisOptions::everySettingThatIsStored_isReadBack()
+{
+    QFETCH(QString, identifier);
+    const SettingsTable::Setting& setting = *SettingsTable::Find(identifier);
+    const auto& settings = getConfigurationSettings();
+    const auto found = std::find_if(settings.begin(), settings.end(), [&](const auto& pSetting) {
+        return pSetting.name == identifier;
+    });
+    ConfigurationStore store;
+    for (const double value : {setting.minimum, setting.maximum}) {
+        const QString text = cli::SettingText(setting, value);
+        QCOMPARE(found->set(store, text), QString());
+        QCOMPARE(setting.get(store.getConfiguration()), value);
+        QCOMPARE(found->get(store), text);
+        QVERIFY(found->help.contains(cli::SettingRange(setting)));
+    }
+    for (const char* pRefused : {"", "-2", "32768", "nan", "inf", "maybe"})
+        QCOMPARE(found->set(store, QString::fromUtf8(pRefused)), cli::SettingRefusal(setting));
+    QCOMPARE(setting.get(store.getConfiguration()), setting.maximum);
 }
 
 AA_TEST(tst_AnalysisOptions, QCoreApplication)

@@ -3,6 +3,7 @@
 
 #include <apps/stage/Stage.h>
 #include <support/TestClass.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -31,6 +32,7 @@ class tst_ConfigProgram : public QObject
 private Q_SLOTS:
     void init();
     void defaults_areShown_withoutAFile();
+    void firstChange_leavesTheOthersAsTheyWereShown();
     void path_isBesideTheProgram();
     void set_isKept_data();
     void set_isKept();
@@ -46,6 +48,7 @@ private Q_SLOTS:
     void profile_isRefused();
     void builtInProfile_staysAsItIs();
     void analyze_findsTheUsersProfiles();
+    void analyze_asksNoSoundServer();
     void usage_isRefused_data();
     void usage_isRefused();
 
@@ -65,7 +68,7 @@ void tst_ConfigProgram::defaults_areShown_withoutAFile()
     const StagedRun run = m_stage.Run("config");
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, m_stage.Run("config show").output);
-    QCOMPARE(run.output.count('\n'), 15);
+    QCOMPARE(run.output.count('\n'), 13);
     const QList<QPair<const char*, const char*>> defaults = {{"average-duration", "2"},
                                                              {"bpm-duration", "10"},
                                                              {"device", "none"},
@@ -73,10 +76,8 @@ void tst_ConfigProgram::defaults_areShown_withoutAFile()
                                                              {"display-stopped", "off"},
                                                              {"gray-mode", "on"},
                                                              {"language", "none"},
-                                                             {"normalization-duration", "5"},
-                                                             {"normalization-threshold", "16383"},
                                                              {"profile", "Electro"},
-                                                             {"stop-duration", "0.5"},
+                                                             {"stop-duration", "1.5"},
                                                              {"stop-threshold", "3276"},
                                                              {"threshold", "auto"},
                                                              {"top-most", "on"},
@@ -84,6 +85,17 @@ void tst_ConfigProgram::defaults_areShown_withoutAFile()
     for (const auto& [name, value] : defaults)
         QCOMPARE(Setting(m_stage, QLatin1String(name)), QLatin1String(value));
     QVERIFY(!QFile::exists(_ConfigPath()));
+}
+
+// The first change writes all of them, and none as it was not shown before.
+void tst_ConfigProgram::firstChange_leavesTheOthersAsTheyWereShown()
+{
+    const QByteArray before = m_stage.Run("config").output;
+    QCOMPARE(m_stage.Run("config set stop-threshold 99").exitCode, 0);
+    QByteArray after = m_stage.Run("config").output;
+    QCOMPARE(after.replace("  99    ", "  3276  "), before);
+    QCOMPARE(m_stage.Run("config reset").exitCode, 0);
+    QCOMPARE(m_stage.Run("config").output, before);
 }
 
 void tst_ConfigProgram::path_isBesideTheProgram()
@@ -109,8 +121,6 @@ void tst_ConfigProgram::set_isKept_data()
     add("display-stopped", "on");
     add("gray-mode", "No", "off");
     add("language", "pt_BR");
-    add("normalization-duration", "7.25");
-    add("normalization-threshold", "0");
     add("profile", "slow", "Slow");
     add("stop-duration", "10");
     add("stop-threshold", "32767");
@@ -131,8 +141,8 @@ void tst_ConfigProgram::set_isKept()
     QCOMPARE(run.exitCode, 0);
     QTEST(Setting(m_stage, key), "shown");
     // Another setting leaves it alone.
-    QCOMPARE(m_stage.Run("config set normalization-duration 6").exitCode, 0);
-    if (key != QLatin1String("normalization-duration"))
+    QCOMPARE(m_stage.Run("config set bpm-duration 6").exitCode, 0);
+    if (key != QLatin1String("bpm-duration"))
         QTEST(Setting(m_stage, key), "shown");
 }
 
@@ -151,8 +161,9 @@ void tst_ConfigProgram::set_isRefused_data()
     add("display-speakers", "maybe", "on or off");
     add("language", "x", "language code");
     add("language", "../../etc", "language code");
-    add("normalization-duration", "61", "from 0.05 to 60");
-    add("normalization-threshold", "32768", "0 to 32767");
+    // Kept for other hosts, and of no use here.
+    add("normalization-duration", "6", "there is no setting");
+    add("normalization-threshold", "5", "there is no setting");
     add("profile", "Polka", "there are: Electro, Hardcore, Slow");
     add("stop-duration", "10.5", "from 0.05 to 10");
     add("stop-threshold", "-1", "0 to 32767");
@@ -324,6 +335,31 @@ void tst_ConfigProgram::analyze_findsTheUsersProfiles()
     QStringList wrong = arguments;
     wrong[6] = QStringLiteral("Polka");
     QVERIFY(m_stage.Run(wrong).errors.contains("Electro, Hardcore, Slow, House"));
+}
+
+// A sound server that does not answer: who asks the back end for its devices waits for ever.
+void tst_ConfigProgram::analyze_asksNoSoundServer()
+{
+    const Stage stage({QStringLiteral(AUDIO_ANALYZER_PROGRAM)});
+    QCOMPARE(stage.Run("profiles add House --bpm 111:139").exitCode, 0);
+    QCOMPARE(stage.Run("config set device Deck").exitCode, 0);
+    const QString devices = stage.path(QStringLiteral("devices.json"));
+    QVERIFY(QFile::remove(devices));
+    QCOMPARE(::mkfifo(QFile::encodeName(devices).constData(), 0600), 0);
+    const QString quiet = stage.path(QStringLiteral("quiet.raw"));
+    QVERIFY(stage.Write(QStringLiteral("quiet.raw"), QByteArray(2 * 44100, '\0')));
+    for (const char* pProfile : {"House", "Polka"}) {
+        const StagedRun run = stage.Run({QStringLiteral("analyze"),
+                                         QStringLiteral("-q"),
+                                         QStringLiteral("--raw"),
+                                         QStringLiteral("44100"),
+                                         QStringLiteral("--profile"),
+                                         QLatin1String(pProfile),
+                                         quiet});
+        const bool isKnown = QByteArray(pProfile) == "House";
+        QCOMPARE(run.exitCode, isKnown ? 0 : 2);
+        QCOMPARE(run.errors.count('\n'), isKnown ? 0 : 1);
+    }
 }
 
 void tst_ConfigProgram::usage_isRefused_data()

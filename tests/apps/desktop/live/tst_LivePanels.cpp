@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "LivePanelTest.h"
+#include <apps/desktop/live/LivePanelTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "LivePanelTest.h"
+#include <apps/desktop/live/LivePanelTest.h>
 #include <desktop/live/SpectrumCanvas.h>
 #include <desktop/live/SpectrumPanel.h>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include <desktop/settings/AdvancedSettingsPanel.h>
 
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void init();
 
     void boxes_showTheDefaults();
+    void everySwitch_hasItsBox();
     void flag_isStoredAndTold_data();
     void flag_isStoredAndTold();
     void refresh_showsTheConfiguration_data();
@@ -77,14 +79,29 @@ void tst_AdvancedSettingsPanel::init()
 
 void tst_AdvancedSettingsPanel::boxes_showTheDefaults()
 {
-    QVERIFY(!PanelTest::Get<QCheckBox>(*m_panel, "virtualBeats").isChecked());
-    QVERIFY(!PanelTest::Get<QCheckBox>(*m_panel, "stopped").isChecked());
-    QVERIFY(PanelTest::Get<QCheckBox>(*m_panel, "speakers").isChecked());
-    QVERIFY(PanelTest::Get<QCheckBox>(*m_panel, "grayMode").isChecked());
-    QVERIFY(PanelTest::Get<QCheckBox>(*m_panel, "topMost").isChecked());
+    QVERIFY(!PanelTest::Get<QCheckBox>(*m_panel, "virtual-when-stopped").isChecked());
+    QVERIFY(!PanelTest::Get<QCheckBox>(*m_panel, "display-stopped").isChecked());
+    QVERIFY(PanelTest::Get<QCheckBox>(*m_panel, "display-speakers").isChecked());
+    QVERIFY(PanelTest::Get<QCheckBox>(*m_panel, "gray-mode").isChecked());
+    QVERIFY(PanelTest::Get<QCheckBox>(*m_panel, "top-most").isChecked());
     QCOMPARE(PanelTest::Get<QComboBox>(*m_panel, "language").currentText(),
              Text("Language of the system"));
     QVERIFY(!m_configuration->isModified());
+}
+
+void tst_AdvancedSettingsPanel::everySwitch_hasItsBox()
+{
+    int boxes = 0;
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings()) {
+        if (setting.form != SettingsTable::eSwitch || !setting.get)
+            continue;
+        auto& box = PanelTest::Get<QCheckBox>(*m_panel, setting.pIdentifier);
+        QCOMPARE(box.isChecked(), setting.initial != 0.0);
+        box.click();
+        QCOMPARE(setting.get(*m_configuration), 1.0 - setting.initial);
+        ++boxes;
+    }
+    QCOMPARE(m_panel->findChildren<QCheckBox*>().size(), boxes);
 }
 
 void tst_AdvancedSettingsPanel::_FlagRows()
@@ -97,27 +114,27 @@ void tst_AdvancedSettingsPanel::_FlagRows()
         QTest::newRow(pName) << QByteArray(pName) << pGetter << pSetter << pChanged;
     };
     add(
-        "virtualBeats",
+        "virtual-when-stopped",
         [](const C& p) { return p.getDisplayVirtualBeatsWhenStopped(); },
         &C::setDisplayVirtualBeatsWhenStopped,
         &P::OnVirtualBeatsWhenStoppedChanged);
     add(
-        "stopped",
+        "display-stopped",
         [](const C& p) { return p.m_displayStopped; },
         &C::setDisplayStopped,
         &P::OnDisplayStoppedChanged);
     add(
-        "speakers",
+        "display-speakers",
         [](const C& p) { return p.getDisplaySpeakers(); },
         &C::setDisplaySpeakers,
         &P::OnDisplaySpeakersChanged);
     add(
-        "grayMode",
+        "gray-mode",
         [](const C& p) { return p.getGrayMode(); },
         &C::setGrayMode,
         &P::OnGrayModeChanged);
     add(
-        "topMost", [](const C& p) { return p.isTopMost(); }, &C::setTopMost, &P::OnTopMostChanged);
+        "top-most", [](const C& p) { return p.isTopMost(); }, &C::setTopMost, &P::OnTopMostChanged);
 }
 
 void tst_AdvancedSettingsPanel::flag_isStoredAndTold_data()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ManualBeatFixture.h"
+#include <apps/desktop/settings/ManualBeatFixture.h>
 
 #include <QLineEdit>
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/UISettings.h>
 
-#include "ManualBeatFixture.h"
+#include <apps/desktop/settings/ManualBeatFixture.h>
 
 #include <QFile>
 

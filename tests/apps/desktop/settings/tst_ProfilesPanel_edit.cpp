@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ProfilesPanelFixture.h"
+#include <apps/desktop/settings/ProfilesPanelFixture.h>
 #include <desktop/settings/HintLabel.h>
 
 #include <QLineEdit>

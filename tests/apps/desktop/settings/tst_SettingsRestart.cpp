@@ -90,7 +90,8 @@ void tst_SettingsRestart::init()
 void tst_SettingsRestart::flag_outlivesTheProgram_data()
 {
     QTest::addColumn<QByteArray>("name");
-    for (const char* pName : {"virtualBeats", "stopped", "speakers", "grayMode", "topMost"})
+    for (const char* pName :
+         {"virtual-when-stopped", "display-stopped", "display-speakers", "gray-mode", "top-most"})
         QTest::newRow(pName) << QByteArray(pName);
 }
 
@@ -115,12 +116,10 @@ void tst_SettingsRestart::number_outlivesTheProgram_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<double>("value");
-    QTest::newRow("average") << QByteArray("averageVolume") << 3.25;
-    QTest::newRow("tempo") << QByteArray("bpm") << 17.5;
-    QTest::newRow("stop") << QByteArray("stop") << 2.75;
-    QTest::newRow("normalization") << QByteArray("normalization") << 7.05;
-    QTest::newRow("stop level") << QByteArray("stopLevel") << 1234.0;
-    QTest::newRow("normalization level") << QByteArray("normalizationLevel") << 32767.0;
+    QTest::newRow("average") << QByteArray("average-duration") << 3.25;
+    QTest::newRow("tempo") << QByteArray("bpm-duration") << 17.5;
+    QTest::newRow("stop") << QByteArray("stop-duration") << 2.75;
+    QTest::newRow("stop level") << QByteArray("stop-threshold") << 1234.0;
 }
 
 void tst_SettingsRestart::number_outlivesTheProgram()

@@ -297,7 +297,7 @@ void tst_Translations::widgets_changeLanguage_whileRunning()
     QCOMPARE(devices.m_pModel->index(0).data().toString(), Text("Deck (default)"));
     QVERIFY(translations.setLanguage(Text("de")));
     QTRY_COMPARE(devices.m_pModel->index(0).data().toString(), Text("Deck (Standard)"));
-    const auto& stop = PanelTest::Get<QAbstractSpinBox>(durations, "stop");
+    const auto& stop = PanelTest::Get<QAbstractSpinBox>(durations, "stop-duration");
     QTRY_COMPARE(stop.text(), Text("0,50 s"));
     QCOMPARE(stop.accessibleName(), Text("Gestoppt nach"));
     QTRY_COMPARE(profiles.m_pModel->index(0).data().toString(), Text("Electro (90 bis 175 BPM)"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "WindowTest.h"
+#include <apps/desktop/window/WindowTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
@@ -145,7 +145,7 @@ void tst_MainWindow::failedSave_isSaidWithThePath()
     QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
     Stand stand;
     stand.window.show();
-    auto& gray = PanelTest::Get<QCheckBox>(stand.window.getSettings(), "grayMode");
+    auto& gray = PanelTest::Get<QCheckBox>(stand.window.getSettings(), "gray-mode");
     gray.click();
     QTRY_VERIFY(stand.window.getProblem().contains(path));
     QVERIFY(QDir(path).removeRecursively());

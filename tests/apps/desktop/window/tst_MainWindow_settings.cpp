@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "WindowTest.h"
+#include <apps/desktop/window/WindowTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
@@ -11,6 +11,8 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QListView>
 #include <QMenu>
 #include <QScreen>
 
@@ -39,6 +41,7 @@ private Q_SLOTS:
     void look_followsTheDesktop();
     void lock_comesFromTheSettings();
     void language_isChangedWhileRunning();
+    void settingsOfOthers_areShown();
     void place_movesTheWindow();
 };
 
@@ -74,16 +77,16 @@ void tst_MainWindow_settings::flags_takeEffect()
              makePalette(eGrayLook).color(QPalette::Window));
     QVERIFY(stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(stand.window.m_pSpeakers->isVisible());
-    PanelTest::Get<QCheckBox>(column, "grayMode").click();
+    PanelTest::Get<QCheckBox>(column, "gray-mode").click();
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              makePalette(eLightLook).color(QPalette::Window));
-    PanelTest::Get<QCheckBox>(column, "topMost").click();
+    PanelTest::Get<QCheckBox>(column, "top-most").click();
     QVERIFY(!stand.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(stand.window.isVisible());
-    PanelTest::Get<QCheckBox>(column, "speakers").click();
+    PanelTest::Get<QCheckBox>(column, "display-speakers").click();
     QVERIFY(!stand.window.m_pSpeakers->isVisible());
     QVERIFY(!stand.window.getBpm().m_isStoppedShown);
-    PanelTest::Get<QCheckBox>(column, "stopped").click();
+    PanelTest::Get<QCheckBox>(column, "display-stopped").click();
     QVERIFY(stand.window.getBpm().m_isStoppedShown);
 }
 
@@ -129,6 +132,49 @@ void tst_MainWindow_settings::language_isChangedWhileRunning()
     QVERIFY(stand.window.getStatus().getSource().startsWith(QLatin1String("Kein Eingang")));
     translations.setLanguage(QStringLiteral("en"));
     QTRY_COMPARE(stand.window.m_pFileMenu->title(), QStringLiteral("&File"));
+}
+
+void tst_MainWindow_settings::settingsOfOthers_areShown()
+{
+    Machine().Plug(desktoptest::MusicDevice("Deck"));
+    Machine().Plug(desktoptest::SilentDevice("Line"));
+    PanelTest::Poll();
+    Stand stand;
+    QString problem;
+    QVERIFY(stand.session.Load(problem));
+    Translations translations;
+    QObject::connect(
+        &stand.window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
+    stand.session.Listen(QStringLiteral("Deck"));
+    stand.window.show();
+    SettingsColumn& column = stand.window.getSettings();
+
+    ConfigurationStore other;
+    QVERIFY(other.LoadToChange());
+    Configuration& configuration = other.getConfiguration();
+    configuration.setGrayMode(false);
+    configuration.setDisplaySpeakers(false);
+    configuration.setLanguage(QStringLiteral("de"));
+    configuration.setBPMCalculationDuration(21.0);
+    configuration.setSelectedProfile(
+        configuration.Add(QStringLiteral("House"), 110.0, 140.0, 2.0, 0, 75));
+    other.setDeviceName(QStringLiteral("Line"));
+    QVERIFY(other.Save());
+
+    QTRY_VERIFY(!PanelTest::Get<QCheckBox>(column, "grayMode").isChecked());
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             makePalette(eLightLook).color(QPalette::Window));
+    QVERIFY(!stand.window.m_pSpeakers->isVisible());
+    QCOMPARE(PanelTest::Get<QDoubleSpinBox>(column, "bpm").value(), 21.0);
+    const auto& profiles = PanelTest::Get<QListView>(column, "profiles");
+    QCOMPARE(profiles.model()->rowCount(), 4);
+    QVERIFY(profiles.currentIndex().data().toString().startsWith(QLatin1String("House")));
+    QCOMPARE(translations.getLanguage(), QStringLiteral("de"));
+    // What is recorded goes on, and is what the panel shows.
+    const auto& devices = PanelTest::Get<QListView>(column, "devices");
+    QVERIFY(devices.currentIndex().data().toString().startsWith(QLatin1String("Deck")));
+    QVERIFY(!stand.session.getConfiguration().isModified());
+    translations.setLanguage(QStringLiteral("en"));
 }
 
 void tst_MainWindow_settings::place_movesTheWindow()

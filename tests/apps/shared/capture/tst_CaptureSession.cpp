@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
-#include "SessionLog.h"
+#include <apps/shared/capture/SessionLog.h>
 
 #include <QtTest>
 

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include <cli/output/OverallTempo.h>
+#include <AudioAnalyzer/analysis/RecordingTempo.h>
 
 #include <QtTest>
 
 #include <support/TestClass.h>
 
-class tst_OverallTempo : public QObject
+class tst_RecordingTempo : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void overallTempo_isTheMedianOfTheRealBeats_data();
-    void overallTempo_isTheMedianOfTheRealBeats();
+    void tempo_isTheMedianOfTheRealBeats_data();
+    void tempo_isTheMedianOfTheRealBeats();
     void firstTenSeconds_countOnlyForWantOfLaterOnes_data();
     void firstTenSeconds_countOnlyForWantOfLaterOnes();
 };
 
 using Tempos = std::vector<double>;
 
-void tst_OverallTempo::overallTempo_isTheMedianOfTheRealBeats_data()
+void tst_RecordingTempo::tempo_isTheMedianOfTheRealBeats_data()
 {
     QTest::addColumn<Tempos>("real");
     QTest::addColumn<Tempos>("virtuals");
@@ -36,20 +36,20 @@ void tst_OverallTempo::overallTempo_isTheMedianOfTheRealBeats_data()
     QTest::newRow("all unknown") << Tempos{0} << Tempos{0} << 0.0;
 }
 
-void tst_OverallTempo::overallTempo_isTheMedianOfTheRealBeats()
+void tst_RecordingTempo::tempo_isTheMedianOfTheRealBeats()
 {
     QFETCH(Tempos, real);
     QFETCH(Tempos, virtuals);
     QFETCH(double, tempo);
-    std::vector<LoggedBeat> beats;
+    std::vector<RecordingTempo::Report> beats;
     for (const double bpm : real)
-        beats.push_back({beats.size(), 0.0, false, 0, 1.0, bpm});
+        beats.push_back({0.0, bpm, false});
     for (const double bpm : virtuals)
-        beats.push_back({beats.size(), 0.0, true, 0, 1.0, bpm});
-    QCOMPARE(cli::OverallTempo(beats), tempo);
+        beats.push_back({0.0, bpm, true});
+    QCOMPARE(RecordingTempo::Compute(beats), tempo);
 }
 
-void tst_OverallTempo::firstTenSeconds_countOnlyForWantOfLaterOnes_data()
+void tst_RecordingTempo::firstTenSeconds_countOnlyForWantOfLaterOnes_data()
 {
     QTest::addColumn<Tempos>("times");
     QTest::addColumn<double>("tempo");
@@ -58,21 +58,22 @@ void tst_OverallTempo::firstTenSeconds_countOnlyForWantOfLaterOnes_data()
     QTest::newRow("one later") << Tempos{0, 1, 2, 10} << 103.0;
     QTest::newRow("not quite later") << Tempos{0, 1, 2, 9.99} << 101.0;
     QTest::newRow("two later") << Tempos{5, 14, 15, 16} << 102.0;
-    QTest::newRow("counted from the first beat") << Tempos{60, 61, 62, 63} << 101.0;
+    QTest::newRow("counted from the first real beat") << Tempos{60, 61, 62, 63} << 101.0;
 }
 
-void tst_OverallTempo::firstTenSeconds_countOnlyForWantOfLaterOnes()
+void tst_RecordingTempo::firstTenSeconds_countOnlyForWantOfLaterOnes()
 {
     QFETCH(Tempos, times);
     QFETCH(double, tempo);
-    std::vector<LoggedBeat> beats;
+    std::vector<RecordingTempo::Report> beats;
     for (const double time : times)
-        beats.push_back({beats.size(), time, false, 0, 1.0, 100.0 + double(beats.size())});
-    QCOMPARE(cli::OverallTempo(beats), tempo);
-    // A later virtual beat does not settle anything.
-    beats.push_back({beats.size(), 100.0, true, 0, 1.0, 200.0});
-    QCOMPARE(cli::OverallTempo(beats), tempo);
+        beats.push_back({time, 100.0 + double(beats.size()), false});
+    QCOMPARE(RecordingTempo::Compute(beats), tempo);
+    // Neither an earlier nor a later virtual beat changes anything.
+    beats.insert(beats.begin(), {-20.0, 200.0, true});
+    beats.push_back({100.0, 200.0, true});
+    QCOMPARE(RecordingTempo::Compute(beats), tempo);
 }
 
-AA_TEST(tst_OverallTempo, NoApplication)
-#include "tst_OverallTempo.moc"
+AA_TEST(tst_RecordingTempo, QCoreApplication)
+#include "tst_RecordingTempo.moc"
