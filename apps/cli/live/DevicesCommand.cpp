@@ -2,7 +2,6 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 
 #include <cli/Console.h>
-#include <cli/ExitCode.h>
 #include <cli/Interrupt.h>
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenTexts.h>
@@ -31,12 +30,7 @@ int DevicesCommand::Run()
     _List();
     if (m_options.isWatching)
         _Watch();
-    if (m_output.isReaderGone())
-        return eExitPipeClosed;
-    if (m_output.getError().isEmpty())
-        return eExitDone;
-    console::PrintError(m_output.getError());
-    return eExitFailed;
+    return m_output.Conclude();
 }
 
 void DevicesCommand::_List()
@@ -94,7 +88,7 @@ QString DevicesCommand::_Describe(const InputDevice& pDevice, int pWidth) const
     if (!pDevice.isUsable())
         notes.append(tr("cannot be analysed: the analysis needs a mono format"));
     return QStringLiteral("%1 %2  %3")
-        .arg(QLatin1Char(pDevice.isDefault ? '*' : ' '))
-        .arg(pDevice.name, -pWidth)
-        .arg(notes.join(QLatin1String("; ")));
+        .arg(QLatin1String(pDevice.isDefault ? "*" : " "),
+             pDevice.name.leftJustified(pWidth),
+             notes.join(QLatin1String("; ")));
 }
