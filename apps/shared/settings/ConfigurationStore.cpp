@@ -51,8 +51,7 @@ QString FilePath()
 
 }  // namespace
 
-ConfigurationStore::ConfigurationStore()
-    : m_configuration(MakeConfiguration()), m_stored(_Values())
+ConfigurationStore::ConfigurationStore() : m_configuration(MakeConfiguration()), m_stored(_Values())
 {
 }
 

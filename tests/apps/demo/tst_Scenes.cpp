@@ -9,10 +9,9 @@
 #include <QSet>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <algorithm>
 #include <cmath>
+#include <support/TestClass.h>
 
 /// The scenes are what their names say, and their beats are where they sound.
 class tst_Scenes : public QObject

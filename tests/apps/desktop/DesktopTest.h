@@ -3,13 +3,13 @@
 
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <apps/desktop/PanelTest.h>
 #include <demo/DemoTrack.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QDir>
 #include <QFile>
 
+#include <apps/desktop/PanelTest.h>
 #include <cmath>
 #include <fake/FakeAudioTrack.h>
 #include <sndfile.h>

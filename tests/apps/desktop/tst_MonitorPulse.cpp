@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/DesktopTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/session/MonitorSession.h>
 #include <desktop/window/MainWindow.h>
@@ -10,6 +9,7 @@
 #include <QFile>
 #include <QListView>
 
+#include <apps/desktop/DesktopTest.h>
 #include <pulse/PulseServer.h>
 #include <support/TestClass.h>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
-#include <apps/vamp/BeatTrackerTest.h>
 #include <cli/analyze/FileAnalysis.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <demo/DemoTrack.h>
 
 #include <algorithm>
+#include <apps/vamp/BeatTrackerTest.h>
 #include <cmath>
 #include <support/TestClass.h>
 #include <thread>

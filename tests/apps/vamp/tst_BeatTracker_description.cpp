@@ -2,9 +2,9 @@
 #include <AudioAnalyzer/Version.h>
 #include <AudioAnalyzer/config/SettingsTable.h>
 
-#include <apps/vamp/BeatTrackerTest.h>
 #include <cli/settings/AnalysisOptionTable.h>
 
+#include <apps/vamp/BeatTrackerTest.h>
 #include <limits>
 #include <support/TestClass.h>
 

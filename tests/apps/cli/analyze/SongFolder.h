@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <apps/cli/analyze/ProgramRunner.h>
-
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include <apps/cli/analyze/ProgramRunner.h>
 #include <apps/shared/files/TestAudio.h>
 
 inline QStringList Lines(const QByteArray& pText)

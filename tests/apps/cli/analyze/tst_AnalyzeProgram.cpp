@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
-#include <apps/cli/analyze/SongFolder.h>
-
 #include <QJsonArray>
 #include <QXmlStreamReader>
 #include <QtTest>
 
+#include <apps/cli/analyze/SongFolder.h>
 #include <support/TestClass.h>
 
 /// Runs the real program: what it prints and where it writes.

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/analyze/ProgramRunner.h>
 #include <demo/DemoTrack.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <algorithm>
+#include <apps/cli/analyze/ProgramRunner.h>
 #include <apps/shared/files/TestAudio.h>
 #include <cmath>
 #include <support/TestClass.h>

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/analyze/SongFolder.h>
-
 #include <QJsonArray>
 #include <QtTest>
 
 #include <algorithm>
+#include <apps/cli/analyze/SongFolder.h>
 #include <cmath>
 #include <support/TestClass.h>
 

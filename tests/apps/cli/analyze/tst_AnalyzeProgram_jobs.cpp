@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/analyze/ProgramRunner.h>
-
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <apps/cli/analyze/ProgramRunner.h>
 #include <apps/shared/files/TestAudio.h>
 #include <csignal>
 #include <fcntl.h>

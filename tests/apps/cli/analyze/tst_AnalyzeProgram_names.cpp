@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/analyze/SongFolder.h>
 #include <shared/files/FileNameCodec.h>
 
 #include <QtTest>
 
+#include <apps/cli/analyze/SongFolder.h>
 #include <support/TestClass.h>
 
 /// A file may have any name: one that looks like a place of a text, and one that is no text.

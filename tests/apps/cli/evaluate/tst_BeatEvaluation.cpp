@@ -3,9 +3,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 
 /// What of a recording counts, and which measures apply to it.
 class tst_BeatEvaluation : public QObject

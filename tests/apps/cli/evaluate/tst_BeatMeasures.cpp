@@ -3,9 +3,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 
 /// Cases whose scores can be worked out by hand. tst_MirEval holds all of them against the
 /// published implementation.

@@ -4,9 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <apps/cli/ProgramRunner.h>
+#include <support/TestClass.h>
 
 /// The command as its users run it.
 class tst_EvaluateProgram : public QObject

@@ -7,10 +7,9 @@
 #include <QSet>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 
 /// What is made of measures: means, medians, a table, JSON and CSV.
 class tst_EvaluationWriters : public QObject

@@ -5,9 +5,8 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 
 /// The measures are those that papers quote: what mir_eval says, we say.
 class tst_MirEval : public QObject

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <apps/stage/Stage.h>
-
 #include <QRegularExpression>
 #include <QSet>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
+#include <apps/stage/Stage.h>
 #include <cmath>
+#include <support/TestClass.h>
 
 using Names = QSet<QString>;
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/JsonWriter.h>
 
 #include <QJsonArray>
@@ -9,6 +8,7 @@
 #include <QJsonObject>
 #include <QtTest>
 
+#include <apps/cli/output/HandMadeResult.h>
 #include <support/SettingOf.h>
 #include <support/TestClass.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/NdjsonWriter.h>
 
 #include <QtTest>
 
+#include <apps/cli/output/HandMadeResult.h>
 #include <support/TestClass.h>
 
 /// Lines are compared byte by byte: keys are sorted, nothing but the line feed is around them.

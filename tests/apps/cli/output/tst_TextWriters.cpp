@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/output/HandMadeResult.h>
 #include <cli/output/OutputFormat.h>
 #include <cli/output/SvlWriter.h>
 #include <cli/output/TextWriters.h>
@@ -7,6 +6,7 @@
 #include <QLocale>
 #include <QtTest>
 
+#include <apps/cli/output/HandMadeResult.h>
 #include <support/TestClass.h>
 
 class tst_TextWriters : public QObject

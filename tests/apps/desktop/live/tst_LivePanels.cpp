@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/live/LivePanelTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>
@@ -18,6 +17,7 @@
 #include <QSlider>
 #include <qwt_plot.h>
 
+#include <apps/desktop/live/LivePanelTest.h>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/live/LivePanelTest.h>
 #include <desktop/live/SpectrumCanvas.h>
 #include <desktop/live/SpectrumPanel.h>
 
 #include <qwt_plot.h>
 
+#include <apps/desktop/live/LivePanelTest.h>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 

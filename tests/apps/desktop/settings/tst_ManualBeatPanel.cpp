@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/settings/ManualBeatFixture.h>
-
 #include <QLineEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <apps/desktop/settings/ManualBeatFixture.h>
 #include <support/TestClass.h>
 
 /// Taps, and what is made of them.

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/UISettings.h>
 
-#include <apps/desktop/settings/ManualBeatFixture.h>
-
 #include <QFile>
 
+#include <apps/desktop/settings/ManualBeatFixture.h>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 

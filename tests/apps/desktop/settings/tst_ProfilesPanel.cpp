@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/settings/ProfilesPanelFixture.h>
-
 #include <algorithm>
+#include <apps/desktop/settings/ProfilesPanelFixture.h>
 #include <support/TestClass.h>
 
 /// The list and what its buttons do at once.

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/window/WindowTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
@@ -19,6 +18,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <apps/desktop/window/WindowTest.h>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/window/WindowTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
@@ -16,6 +15,7 @@
 #include <QMenu>
 #include <QScreen>
 
+#include <apps/desktop/window/WindowTest.h>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
-#include <apps/shared/capture/SessionLog.h>
-
 #include <QtTest>
 
+#include <apps/shared/capture/SessionLog.h>
 #include <cmath>
 #include <memory>
 #include <support/TestClass.h>

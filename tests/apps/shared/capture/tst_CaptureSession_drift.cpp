@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <apps/shared/capture/SessionLog.h>
-
 #include <QtTest>
 
+#include <apps/shared/capture/SessionLog.h>
 #include <cmath>
 #include <support/FakeClock.h>
 #include <support/TestClass.h>

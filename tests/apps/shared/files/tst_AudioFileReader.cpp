@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <apps/shared/files/TestAudio.h>
 #include <shared/files/AudioFileReader.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <algorithm>
+#include <apps/shared/files/TestAudio.h>
 #include <limits>
 #include <support/TestClass.h>
 #include <sys/stat.h>

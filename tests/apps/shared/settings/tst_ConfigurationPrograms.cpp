@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <apps/stage/Stage.h>
-
 #include <QtTest>
 
-#include <support/TestClass.h>
-
+#include <apps/stage/Stage.h>
 #include <limits>
 #include <linux/capability.h>
 #include <memory>
+#include <support/TestClass.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -6,9 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <limits>
+#include <support/TestClass.h>
 #include <sys/stat.h>
 
 namespace {

@@ -4,9 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <csignal>
+#include <support/TestClass.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
