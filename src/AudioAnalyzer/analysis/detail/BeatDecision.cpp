@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/detail/BeatDecision.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace detail {
+
+namespace {
+
+constexpr std::size_t kPeakReach = 2;    ///< tempi on each side that make a peak
+constexpr std::size_t kPeriodReach = 3;  ///< tempi on each side whose mean is the period
+constexpr std::size_t kPhaseReach = 4;   ///< tempi on each side that tell the phase
+constexpr float kAheadFrames = 1.0F;
+constexpr float kBehindFrames = 3.0F;
+constexpr float kClosestBeats = 0.5F;      ///< periods between two beats, ahead
+constexpr float kClosestLateBeats = 0.6F;  ///< the same for a beat that was missed
+#ifndef X_BIAS
+#define X_BIAS 0.5F
+#endif
+constexpr float kCellCentre = X_BIAS;  ///< frames since a cell was entered
+
+// A Gaussian of 2 frames, from its centre outward, its sum 1.
+constexpr std::array<float, 7> kBlur = {
+    0.1996F, 0.1762F, 0.1211F, 0.0648F, 0.0270F, 0.0088F, 0.0022F};
+
+std::size_t lowEnd(std::size_t pIndex, std::size_t pReach)
+{
+    return pIndex < pReach ? 0 : pIndex - pReach;
+}
+
+}  // namespace
+
+BeatDecision::BeatDecision(const MeterStates& pStates) : m_states(pStates)
+{
+    const std::size_t longest = pStates.getTempi().back().cells + 1;
+    m_left.reserve(longest);
+    m_smoothed.reserve(longest);
+    Reset();
+}
+
+void BeatDecision::Reset()
+{
+    m_hasLast = false;
+    m_last = m_next = 0.0;
+    m_tempo = 0;
+    m_beat = 0;
+    m_barShare = m_phaseShare = 0.0F;
+    m_period = m_states.getTempi().front().period;
+}
+
+std::optional<double> BeatDecision::Update(quint64 pFrame, const MeterFilter& pFilter)
+{
+    const auto now = static_cast<double>(pFrame);
+    _ChooseTempo(pFilter.getTempoMasses());
+    _GatherTimesLeft(pFilter);
+    const float left = _FindTimeLeft();
+    m_next = now + left;
+    const double missed = m_next - m_period;
+    if (m_hasLast && m_next - m_last < kClosestBeats * m_period)
+        m_next += m_period;
+    std::optional<double> due;
+    if (m_next - now < kAheadFrames)
+        due = m_next;
+    else if (m_hasLast && now - missed < kBehindFrames && missed - m_last > kClosestLateBeats * m_period)
+        due = missed;
+    if (due) {
+        _ChooseBeat(pFilter, left);
+        m_last = *due;
+        m_hasLast = true;
+    }
+    return due;
+}
+
+void BeatDecision::_ChooseTempo(const std::vector<float>& pMasses)
+{
+    float highest = -1.0F;
+    for (std::size_t i = 0; i < pMasses.size(); ++i) {
+        float sum = 0.0F;
+        const std::size_t end = std::min(pMasses.size(), i + kPeakReach + 1);
+        for (std::size_t k = lowEnd(i, kPeakReach); k < end; ++k)
+            sum += pMasses[k];
+        if (sum > highest) {
+            highest = sum;
+            m_tempo = i;
+        }
+    }
+    float weight = 0.0F;
+    float sum = 0.0F;
+    const std::size_t end = std::min(pMasses.size(), m_tempo + kPeriodReach + 1);
+    for (std::size_t k = lowEnd(m_tempo, kPeriodReach); k < end; ++k) {
+        weight += pMasses[k];
+        sum += pMasses[k] * m_states.getTempi()[k].period;
+    }
+    m_period = sum / weight;
+}
+
+void BeatDecision::_GatherTimesLeft(const MeterFilter& pFilter)
+{
+    m_left.assign(static_cast<std::size_t>(std::ceil(m_period)), 0.0F);
+    const std::size_t end = std::min(m_states.getTempi().size(), m_tempo + kPhaseReach + 1);
+    for (std::size_t k = lowEnd(m_tempo, kPhaseReach); k < end; ++k) {
+        const MeterStates::Tempo& tempo = m_states.getTempi()[k];
+        const float* cells = pFilter.getCells(k);
+        for (std::size_t cell = 0; cell < tempo.cells; ++cell) {
+            const float mass = (cells[cell] + cells[cell + tempo.cells]) +
+                               (cells[cell + 2 * tempo.cells] + cells[cell + 3 * tempo.cells]);
+            const float left = tempo.period - static_cast<float>(cell) - kCellCentre;
+            const auto index = static_cast<std::size_t>(std::max(0.0F, left));
+            m_left[index < m_left.size() ? index : index - m_left.size()] += mass;
+        }
+    }
+}
+
+float BeatDecision::_FindTimeLeft()
+{
+    const std::size_t count = m_left.size();
+    m_smoothed.assign(count, 0.0F);
+    float total = 0.0F;
+    for (std::size_t i = 0; i < count; ++i) {
+        float sum = kBlur[0] * m_left[i];
+        for (std::size_t k = 1; k < kBlur.size(); ++k)
+            sum += kBlur[k] * (m_left[(i + k) % count] + m_left[(i + count - k) % count]);
+        m_smoothed[i] = sum;
+        total += m_left[i];
+    }
+    const auto peak = static_cast<std::size_t>(
+        std::max_element(m_smoothed.begin(), m_smoothed.end()) - m_smoothed.begin());
+    const float before = m_smoothed[(peak + count - 1) % count];
+    const float after = m_smoothed[(peak + 1) % count];
+    const float curve = before - 2.0F * m_smoothed[peak] + after;
+    const float shift = curve < 0.0F ? 0.5F * (before - after) / curve : 0.0F;
+    float near = m_left[peak];
+    for (std::size_t k = 1; k <= 5; ++k)
+        near += m_left[(peak + k) % count] + m_left[(peak + count - k) % count];
+    m_phaseShare = near;
+    return static_cast<float>(peak) + 0.5F + shift;
+}
+
+// The beat of the bar whose cells lie where the beat is due.
+void BeatDecision::_ChooseBeat(const MeterFilter& pFilter, float pTimeLeft)
+{
+    std::array<float, kBeatsPerBar> masses = {};
+    const std::size_t end = std::min(m_states.getTempi().size(), m_tempo + kPhaseReach + 1);
+    for (std::size_t k = lowEnd(m_tempo, kPhaseReach); k < end; ++k) {
+        const MeterStates::Tempo& tempo = m_states.getTempi()[k];
+        const float* cells = pFilter.getCells(k);
+        const std::size_t bar = kBeatsPerBar * tempo.cells;
+        for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat)
+            for (std::size_t i = 0; i < 6; ++i)
+                masses[beat] += cells[((beat + kBeatsPerBar) * tempo.cells + i + bar - 3) % bar];
+    }
+    Q_UNUSED(pTimeLeft);
+    const auto best = std::max_element(masses.begin(), masses.end());
+    float sum = 0.0F;
+    for (const float mass : masses)
+        sum += mass;
+    m_beat = static_cast<std::size_t>(best - masses.begin());
+    m_barShare = sum > 0.0F ? *best / sum : 0.0F;
+}
+
+}  // namespace detail

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <AudioAnalyzer/analysis/detail/MeterStates.h>
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace detail {
+
+/// How likely each step of phase of each beat makes what was heard, up to a common factor; the
+/// value behind the last of a beat is the next beat's first.
+using MeterLikelihoods = std::array<std::array<float, kBinsPerBeat + 1>, kBeatsPerBar>;
+
+/// The probability of every state of the meter, after each frame of evidence: a forward filter.
+///
+/// In a frame all positions move on by one cell. Tempo changes only at beats, and little. A small
+/// leak to the prior lets any state be reached from silence or surprise.
+class MeterFilter
+{
+public:
+    MeterFilter();
+
+    /// All states as likely as before any evidence. [no allocation]
+    void Reset();
+    /// One frame. Returns the evidence's probability given all before it. [no allocation]
+    float Update(const MeterLikelihoods& pLikelihoods);
+
+    const MeterStates& getStates() const { return m_states; }
+    /// Probability of each tempo; their sum is getTotal(). [valid until the next Update]
+    const std::vector<float>& getTempoMasses() const { return m_masses; }
+    float getTotal() const { return m_total; }
+    /// The cells of a tempo, as MeterStates lays them out. [valid until the next Update]
+    const float* getCells(std::size_t pTempo) const
+    {
+        return &m_cells[m_states.getTempi()[pTempo].offset];
+    }
+
+private:
+    static constexpr std::size_t kReach = 12;  ///< steps of tempo at one beat
+    static constexpr std::size_t kReachWidth = 2 * kReach + 1;
+    typedef float BeatVector __attribute__((vector_size(kBeatsPerBar * sizeof(float))));
+
+    void _MakePrior();
+    void _MakeTransitions();
+    void _LeaveBeats();
+    void _EnterBeats();
+    void _MoveCells(std::size_t pTempo, const MeterLikelihoods& pLikelihoods, float pLeak);
+    float _SumMass(std::size_t pTempo) const;
+
+    MeterStates m_states;
+    std::vector<float> m_prior;           ///< of one cell of each tempo
+    std::vector<float> m_transitions;     ///< [tempo entered][tempo left - entered + kReach]
+    std::vector<float> m_cells, m_moved;  ///< now, and where the next frame is made
+    std::vector<BeatVector> m_left;       ///< leaves each beat of each tempo, with kReach margins
+    std::vector<BeatVector> m_entered;    ///< enters each beat of each tempo
+    std::vector<float> m_masses;          ///< of each tempo
+    float m_total = 1.0F;
+};
+
+}  // namespace detail
