@@ -35,7 +35,7 @@ std::size_t lowEnd(std::size_t pIndex, std::size_t pReach)
 BeatDecision::BeatDecision(const MeterStates& pStates) : m_states(pStates)
 {
     const std::size_t longest = pStates.getTempi().back().cells + 1;
-    m_left.reserve(longest);
+    m_left.reserve(2 * longest);
     m_smoothed.reserve(longest);
     Reset();
 }
@@ -96,34 +96,37 @@ void BeatDecision::_ChooseTempo(const std::vector<float>& pMasses)
     m_period = sum / weight;
 }
 
+// The time left until the next beat falls by one frame from cell to cell.
 void BeatDecision::_GatherTimesLeft(const MeterFilter& pFilter)
 {
-    m_left.assign(static_cast<std::size_t>(std::ceil(m_period)), 0.0F);
+    const auto count = static_cast<std::size_t>(std::ceil(m_period));
+    m_left.assign(m_left.capacity(), 0.0F);
     const std::size_t end = std::min(m_states.getTempi().size(), m_tempo + kPhaseReach + 1);
     for (std::size_t k = lowEnd(m_tempo, kPhaseReach); k < end; ++k) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[k];
         const float* cells = pFilter.getCells(k);
-        for (std::size_t cell = 0; cell < tempo.cells; ++cell) {
-            const float mass = (cells[cell] + cells[cell + tempo.cells]) +
-                               (cells[cell + 2 * tempo.cells] + cells[cell + 3 * tempo.cells]);
-            const float left = tempo.period - static_cast<float>(cell) - kCellCentre;
-            const auto index = static_cast<std::size_t>(std::max(0.0F, left));
-            m_left[index < m_left.size() ? index : index - m_left.size()] += mass;
-        }
+        const float first = tempo.period - kCellCentre;
+        const auto longest = static_cast<std::size_t>(first);
+        for (std::size_t cell = 0; cell < tempo.cells; ++cell)
+            m_left[longest - std::min(cell, longest)] +=
+                (cells[cell] + cells[cell + tempo.cells]) +
+                (cells[cell + 2 * tempo.cells] + cells[cell + 3 * tempo.cells]);
     }
+    for (std::size_t i = count; i < m_left.size(); ++i)
+        m_left[i % count] += m_left[i];
+    m_left.resize(count);
 }
 
 float BeatDecision::_FindTimeLeft()
 {
     const std::size_t count = m_left.size();
+    const auto at = [&](std::size_t pIndex) { return m_left[pIndex < count ? pIndex : pIndex - count]; };
     m_smoothed.assign(count, 0.0F);
-    float total = 0.0F;
     for (std::size_t i = 0; i < count; ++i) {
         float sum = kBlur[0] * m_left[i];
         for (std::size_t k = 1; k < kBlur.size(); ++k)
-            sum += kBlur[k] * (m_left[(i + k) % count] + m_left[(i + count - k) % count]);
+            sum += kBlur[k] * (at(i + k) + at(i + count - k));
         m_smoothed[i] = sum;
-        total += m_left[i];
     }
     const auto peak = static_cast<std::size_t>(
         std::max_element(m_smoothed.begin(), m_smoothed.end()) - m_smoothed.begin());
@@ -131,10 +134,9 @@ float BeatDecision::_FindTimeLeft()
     const float after = m_smoothed[(peak + 1) % count];
     const float curve = before - 2.0F * m_smoothed[peak] + after;
     const float shift = curve < 0.0F ? 0.5F * (before - after) / curve : 0.0F;
-    float near = m_left[peak];
+    m_phaseShare = at(peak);
     for (std::size_t k = 1; k <= 5; ++k)
-        near += m_left[(peak + k) % count] + m_left[(peak + count - k) % count];
-    m_phaseShare = near;
+        m_phaseShare += at(peak + k) + at(peak + count - k);
     return static_cast<float>(peak) + 0.5F + shift;
 }
 

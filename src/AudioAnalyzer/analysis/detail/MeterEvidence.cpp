@@ -43,7 +43,7 @@ MeterEvidence::MeterEvidence(const MeterTable& pTable) : m_rows()
 {
     for (std::size_t range = 0; range < kMeterRanges; ++range)
         for (std::size_t level = 0; level < OnsetLevels::kLevelCount; ++level)
-            for (std::size_t step = 0; step < kSteps; ++step) {
+            for (std::size_t step = 0; step < kStepsPerBar; ++step) {
                 const std::size_t bin = step % kBinsPerBeat;
                 const float* fit = pTable.fit[step / kBinsPerBeat][bin][range];
                 const auto x = static_cast<float>(level);
@@ -59,16 +59,12 @@ const MeterLikelihoods& MeterEvidence::Weigh(const OnsetLevels::Levels& pLevels)
     Row sums = {};
     for (std::size_t range = 0; range < kMeterRanges; ++range) {
         const Row& row = m_rows[range][pLevels[range]];
-        for (std::size_t step = 0; step < kSteps; ++step)
+        for (std::size_t step = 0; step < kStepsPerBar; ++step)
             sums[step] += row[step];
     }
-    for (std::size_t step = 0; step < kSteps; ++step)
-        sums[step] = elementary::exponential(sums[step]);
-    for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat) {
-        for (std::size_t bin = 0; bin < kBinsPerBeat; ++bin)
-            m_likelihoods[beat][bin] = sums[beat * kBinsPerBeat + bin];
-        m_likelihoods[beat][kBinsPerBeat] = sums[(beat + 1) % kBeatsPerBar * kBinsPerBeat];
-    }
+    for (std::size_t step = 0; step < kStepsPerBar; ++step)
+        m_likelihoods[step] = elementary::exponential(sums[step]);
+    m_likelihoods[kStepsPerBar] = m_likelihoods[0];
     return m_likelihoods;
 }
 

@@ -19,8 +19,7 @@ public:
     const MeterLikelihoods& Weigh(const OnsetLevels::Levels& pLevels);
 
 private:
-    static constexpr std::size_t kSteps = kBeatsPerBar * kBinsPerBeat;
-    using Row = std::array<float, kSteps>;
+    using Row = std::array<float, kStepsPerBar>;
 
     std::array<std::array<Row, OnsetLevels::kLevelCount + 1>, kMeterRanges> m_rows;
     MeterLikelihoods m_likelihoods = {};

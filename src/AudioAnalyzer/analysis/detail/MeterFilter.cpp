@@ -18,21 +18,6 @@ constexpr float kDriftOctaves = 0.35F;
 constexpr float kDriftRate = 0.25F;  ///< a second
 constexpr float kFramesPerSecond = 100.0F;
 
-typedef float Vector __attribute__((vector_size(MeterStates::kLanes * sizeof(float))));
-typedef float UnalignedVector __attribute__((vector_size(MeterStates::kLanes * sizeof(float)),
-                                             aligned(sizeof(float)),
-                                             may_alias));
-
-inline UnalignedVector& vectorAt(float* pValues)
-{
-    return *reinterpret_cast<UnalignedVector*>(pValues);
-}
-
-inline const UnalignedVector& vectorAt(const float* pValues)
-{
-    return *reinterpret_cast<const UnalignedVector*>(pValues);
-}
-
 // Squared distance in pOctaves from pBPM.
 float tempoDistance(float pPeriod, float pBPM, float pOctaves)
 {
@@ -45,9 +30,15 @@ float tempoDistance(float pPeriod, float pBPM, float pOctaves)
 }  // namespace
 
 MeterFilter::MeterFilter()
-    : m_prior(m_states.getTempi().size()), m_cells(m_states.getSize()), m_moved(m_cells.size()),
-      m_left(m_prior.size() + 2 * kReach), m_entered(m_prior.size()), m_masses(m_prior.size())
+    : m_kernel(fastestMeterKernel()), m_prior(m_states.getTempi().size()),
+      m_cells(m_states.getSize()), m_moved(m_cells.size()), m_masses(m_prior.size())
 {
+    const std::size_t groups = (m_prior.size() + kGroup - 1) / kGroup;
+    m_entered.resize(groups * kGroup);
+    for (Values& left : m_left)
+        left.resize(m_entered.size() + 2 * kReach);
+    for (Values& weights : m_transitions)
+        weights.resize(m_entered.size());
     _MakePrior();
     _MakeTransitions();
     Reset();
@@ -71,7 +62,6 @@ void MeterFilter::_MakeTransitions()
 {
     const std::vector<MeterStates::Tempo>& tempi = m_states.getTempi();
     const std::size_t count = tempi.size();
-    m_transitions.assign(count * kReachWidth, 0.0F);
     for (std::size_t from = 0; from < count; ++from) {
         const std::size_t first = from < kReach ? 0 : from - kReach;
         const std::size_t end = std::min(count, from + kReach + 1);
@@ -86,8 +76,7 @@ void MeterFilter::_MakeTransitions()
             const float seconds = tempi[to].period / kFramesPerSecond;
             const float worth = elementary::exponential(
                 -kDriftRate * seconds * tempoDistance(tempi[to].period, kDriftBPM, kDriftOctaves));
-            m_transitions[to * kReachWidth + from + kReach - to] =
-                weights[to - first] / sum * worth;
+            m_transitions[from + kReach - to][to] = weights[to - first] / sum * worth;
         }
     }
 }
@@ -107,74 +96,59 @@ void MeterFilter::Reset()
 
 float MeterFilter::Update(const MeterLikelihoods& pLikelihoods)
 {
+    // What the last frame's total was divides this one, so that the numbers stay near 1.
     MeterLikelihoods likelihoods = pLikelihoods;
-    const float scale = 1.0F / m_total;
-    for (auto& beat : likelihoods)
-        for (float& likelihood : beat)
-            likelihood *= scale;
+    for (float& likelihood : likelihoods)
+        likelihood /= m_total;
     _LeaveBeats();
     _EnterBeats();
     const float leak = kLeak * m_total;
     m_total = 0.0F;
     for (std::size_t i = 0; i < m_masses.size(); ++i) {
-        _MoveCells(i, likelihoods, leak * m_prior[i]);
-        m_masses[i] = _SumMass(i);
+        const MeterStates::Tempo& tempo = m_states.getTempi()[i];
+        m_masses[i] = m_kernel.move(&m_cells[tempo.offset],
+                                    &m_states.getSteps()[tempo.offset],
+                                    likelihoods,
+                                    leak * m_prior[i],
+                                    tempo.blocks,
+                                    &m_moved[tempo.offset]);
         m_total += m_masses[i];
     }
     m_cells.swap(m_moved);
     return m_total;
 }
 
+// A period is no whole number of frames: some leave a cell early, and the others wait in the last.
 void MeterFilter::_LeaveBeats()
 {
     for (std::size_t i = 0; i < m_masses.size(); ++i) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[i];
-        const float* cells = &m_cells[tempo.offset] + tempo.cells - 2;
-        const float leave = 1.0F - tempo.stay;
-        for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat, cells += tempo.cells)
-            m_left[i + kReach][beat] = leave * cells[0] + cells[1];
+        float* last = &m_cells[tempo.offset] + tempo.cells - 1;
+        for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat, last += tempo.cells) {
+            const float waiting = tempo.stay * last[-1];
+            m_left[beat][i + kReach] = (last[-1] - waiting) + last[0];
+            last[-1] = waiting;
+        }
     }
 }
 
+// What enters a beat takes the place before its first cell, from where it will move on.
 void MeterFilter::_EnterBeats()
 {
-    for (std::size_t i = 0; i < m_masses.size(); ++i) {
-        BeatVector sum = {};
-        const float* weights = &m_transitions[i * kReachWidth];
-        for (std::size_t k = 0; k < kReachWidth; ++k)
-            sum += weights[k] * m_left[i + k];
-        m_entered[i] = BeatVector{sum[3], sum[0], sum[1], sum[2]};
-    }
-}
-
-// Runs of cells that share a likelihood are written as whole vectors, each over the rest of the one
-// before it.
-void MeterFilter::_MoveCells(std::size_t pTempo, const MeterLikelihoods& pLikelihoods, float pLeak)
-{
-    const MeterStates::Tempo& tempo = m_states.getTempi()[pTempo];
-    const std::uint8_t* starts = m_states.getRunStarts(pTempo);
-    const float* from = &m_cells[tempo.offset] - 1;
-    float* to = &m_moved[tempo.offset];
     for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat) {
-        for (std::size_t bin = 0; bin <= kBinsPerBeat; ++bin) {
-            const std::size_t i = starts[bin];
-            vectorAt(to + i) = (vectorAt(from + i) + pLeak) * pLikelihoods[beat][bin];
+        const Values& left = m_left[(beat + kBeatsPerBar - 1) % kBeatsPerBar];
+        for (std::size_t first = 0; first < m_masses.size(); first += kGroup) {
+            std::array<float, kGroup> sums = {};
+            for (std::size_t k = 0; k < kReachWidth; ++k)
+                for (std::size_t i = 0; i < kGroup; ++i)
+                    sums[i] += m_transitions[k][first + i] * left[first + i + k];
+            std::copy(sums.begin(), sums.end(), &m_entered[first]);
         }
-        to[0] = (m_entered[pTempo][beat] + pLeak) * pLikelihoods[beat][0];
-        to[tempo.cells - 1] *= tempo.stay;
-        to += tempo.cells;
-        from += tempo.cells;
+        for (std::size_t i = 0; i < m_masses.size(); ++i) {
+            const MeterStates::Tempo& tempo = m_states.getTempi()[i];
+            m_cells[tempo.offset + beat * tempo.cells - 1] = m_entered[i];
+        }
     }
-    vectorAt(to) = Vector{};
-}
-
-float MeterFilter::_SumMass(std::size_t pTempo) const
-{
-    const MeterStates::Tempo& tempo = m_states.getTempi()[pTempo];
-    Vector sum = {};
-    for (std::size_t i = 0; i < tempo.vectors; ++i)
-        sum += vectorAt(&m_moved[tempo.offset + i * MeterStates::kLanes]);
-    return ((sum[0] + sum[4]) + (sum[1] + sum[5])) + ((sum[2] + sum[6]) + (sum[3] + sum[7]));
 }
 
 }  // namespace detail

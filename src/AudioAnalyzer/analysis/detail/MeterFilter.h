@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/detail/MeterKernel.h>
 #include <AudioAnalyzer/analysis/detail/MeterStates.h>
 
 #include <array>
@@ -8,10 +9,6 @@
 #include <vector>
 
 namespace detail {
-
-/// How likely each step of phase of each beat makes what was heard, up to a common factor; the
-/// value behind the last of a beat is the next beat's first.
-using MeterLikelihoods = std::array<std::array<float, kBinsPerBeat + 1>, kBeatsPerBar>;
 
 /// The probability of every state of the meter, after each frame of evidence: a forward filter.
 ///
@@ -40,22 +37,22 @@ public:
 private:
     static constexpr std::size_t kReach = 12;  ///< steps of tempo at one beat
     static constexpr std::size_t kReachWidth = 2 * kReach + 1;
-    typedef float BeatVector __attribute__((vector_size(kBeatsPerBar * sizeof(float))));
+    static constexpr std::size_t kGroup = 16;  ///< tempi that are computed at once
+    using Values = std::vector<float>;
 
     void _MakePrior();
     void _MakeTransitions();
     void _LeaveBeats();
     void _EnterBeats();
-    void _MoveCells(std::size_t pTempo, const MeterLikelihoods& pLikelihoods, float pLeak);
-    float _SumMass(std::size_t pTempo) const;
 
     MeterStates m_states;
-    std::vector<float> m_prior;           ///< of one cell of each tempo
-    std::vector<float> m_transitions;     ///< [tempo entered][tempo left - entered + kReach]
-    std::vector<float> m_cells, m_moved;  ///< now, and where the next frame is made
-    std::vector<BeatVector> m_left;       ///< leaves each beat of each tempo, with kReach margins
-    std::vector<BeatVector> m_entered;    ///< enters each beat of each tempo
-    std::vector<float> m_masses;          ///< of each tempo
+    const MeterKernel& m_kernel;
+    Values m_prior;                                       ///< of one cell of each tempo
+    std::array<Values, kReachWidth> m_transitions;        ///< [tempo left - entered][entered]
+    Values m_cells, m_moved;                              ///< now, and where the next frame is made
+    std::array<Values, kBeatsPerBar> m_left;              ///< leaves each beat of each tempo
+    Values m_entered;                                     ///< enters one beat of each tempo
+    Values m_masses;                                      ///< of each tempo
     float m_total = 1.0F;
 };
 

@@ -2,29 +2,36 @@
 #include <AudioAnalyzer/analysis/detail/MeterStates.h>
 
 #include <cmath>
+#ifndef X_CELL
+#define X_CELL 0.0
+#endif
 
 namespace detail {
 
 MeterStates::MeterStates()
 {
-    m_size = kLanes;
     const double slowest = kFramesPerMinute / kSlowestBPM * std::sqrt(kTempoStep);
-    for (double period = kFramesPerMinute / kFastestBPM; period < slowest; period *= kTempoStep) {
-        Tempo tempo = {};
-        tempo.period = static_cast<float>(period);
-        tempo.cells = static_cast<std::size_t>(std::ceil(tempo.period));
-        tempo.stay = tempo.period - static_cast<float>(tempo.cells - 1);
-        tempo.offset = m_size;
-        tempo.vectors = (kBeatsPerBar * tempo.cells + kLanes - 1) / kLanes;
-        m_size += (tempo.vectors + 2) * kLanes;
-        m_tempi.push_back(tempo);
-        // The first cell whose phase, to the nearest step, is the run's.
-        for (std::size_t bin = 0; bin <= kBinsPerBeat; ++bin) {
-            const double phase = (static_cast<double>(bin) - 0.5) / kBinsPerBeat;
-            const double first = bin == 0 ? 0.0 : std::ceil(phase * tempo.period);
-            m_runStarts.push_back(static_cast<std::uint8_t>(first));
+    for (double period = kFramesPerMinute / kFastestBPM; period < slowest; period *= kTempoStep)
+        _AddTempo(period);
+}
+
+void MeterStates::_AddTempo(double pPeriod)
+{
+    m_steps.resize(m_steps.size() + kBlock, kNoStep);
+    Tempo tempo = {};
+    tempo.period = static_cast<float>(pPeriod);
+    tempo.cells = static_cast<std::size_t>(std::ceil(tempo.period));
+    tempo.stay = tempo.period - static_cast<float>(tempo.cells - 1);
+    tempo.offset = m_steps.size();
+    tempo.blocks = (kBeatsPerBar * tempo.cells + kBlock - 1) / kBlock;
+    for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat)
+        for (std::size_t cell = 0; cell < tempo.cells; ++cell) {
+            const double phase = (static_cast<double>(cell) + X_CELL) / static_cast<double>(tempo.period);
+            const auto bin = static_cast<std::size_t>(kBinsPerBeat * phase + 0.5);
+            m_steps.push_back(static_cast<std::uint8_t>(beat * kBinsPerBeat + bin));
         }
-    }
+    m_steps.resize(tempo.offset + tempo.blocks * kBlock, kNoStep);
+    m_tempi.push_back(tempo);
 }
 
 }  // namespace detail

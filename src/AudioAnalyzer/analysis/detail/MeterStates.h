@@ -9,11 +9,13 @@ namespace detail {
 
 constexpr std::size_t kBeatsPerBar = 4;
 constexpr std::size_t kBinsPerBeat = 24;  ///< steps of phase that the evidence tells apart
+constexpr std::size_t kStepsPerBar = kBeatsPerBar * kBinsPerBeat;
 
 /// The states of the meter: a tempo, and a position in a bar of four beats, in frames of 10 ms.
 ///
-/// Each tempo has kBeatsPerBar beats of as many cells as its period has frames, rounded up, one
-/// behind the other; then room to write vectors beyond the end.
+/// The cells of a tempo's bar lie one behind the other, as many for each beat as its period has
+/// frames, rounded up. Empty cells fill them up to whole blocks, and one block stands before each
+/// tempo.
 class MeterStates
 {
 public:
@@ -21,35 +23,34 @@ public:
     static constexpr double kFastestBPM = 190.0;
     static constexpr double kTempoStep = 1.015;
     static constexpr double kFramesPerMinute = 6000.0;
-    static constexpr std::size_t kLanes = 8;  ///< values that are written at once
+    static constexpr std::size_t kBlock = 16;  ///< cells that are computed at once
+    static constexpr std::uint8_t kNoStep = kStepsPerBar + 1;  ///< of empty cells
 
     /// One tempo and where its cells lie.
     struct Tempo
     {
-        float period;         ///< frames
-        float stay;           ///< share that waits one frame more before the last cell
-        std::size_t cells;    ///< of one beat
-        std::size_t offset;   ///< of the first cell; a multiple of kLanes
-        std::size_t vectors;  ///< that cover all cells
+        float period;        ///< frames
+        float stay;          ///< share that waits one frame more before the last cell
+        std::size_t cells;   ///< of one beat
+        std::size_t offset;  ///< of the first cell
+        std::size_t blocks;  ///< that hold all its cells
     };
 
     MeterStates();
 
     /// Fastest first.
     const std::vector<Tempo>& getTempi() const { return m_tempi; }
-    /// Cells from which on the position falls into the next step of phase: kBinsPerBeat + 1 of
-    /// them for each tempo, the last belonging to the next beat's first step.
-    const std::uint8_t* getRunStarts(std::size_t pTempo) const
-    {
-        return &m_runStarts[pTempo * (kBinsPerBeat + 1)];
-    }
-    /// Values that an array of all cells must hold.
-    std::size_t getSize() const { return m_size; }
+    /// The step of the bar, to the nearest, in which each cell lies: kStepsPerBar is the first
+    /// step of the next bar.
+    const std::vector<std::uint8_t>& getSteps() const { return m_steps; }
+    /// Cells of all tempi, the empty ones as well.
+    std::size_t getSize() const { return m_steps.size(); }
 
 private:
+    void _AddTempo(double pPeriod);
+
     std::vector<Tempo> m_tempi;
-    std::vector<std::uint8_t> m_runStarts;
-    std::size_t m_size = 0;
+    std::vector<std::uint8_t> m_steps;
 };
 
 }  // namespace detail

@@ -30,8 +30,21 @@ WindowedSpectrum::WindowedSpectrum(std::size_t pWindowSize,
     }
 }
 
-// From the transform Z of even + i odd, with phi = 2 pi k / N and M = N/2:
+// The square of a magnitude. From the transform Z of even + i odd, with phi = 2 pi k / N and M = N/2:
 //     X(k) = (Z(k) + conj Z(M-k)) / 2 + e^(i phi) (Z(k) - conj Z(M-k)) / 2i
+inline void WindowedSpectrum::_AddBin(std::size_t pBin, std::size_t pMirror)
+{
+    const double evenReal = m_real[pBin] + m_real[pMirror];
+    const double evenImaginary = m_imaginary[pBin] - m_imaginary[pMirror];
+    const double oddReal = m_imaginary[pBin] + m_imaginary[pMirror];
+    const double oddImaginary = m_real[pMirror] - m_real[pBin];
+    const double c = m_cosines[pBin];
+    const double s = m_sines[pBin];
+    const auto real = static_cast<float>(evenReal + c * oddReal - s * oddImaginary);
+    const auto imaginary = static_cast<float>(evenImaginary + c * oddImaginary + s * oddReal);
+    m_magnitudes[pBin] = real * real + imaginary * imaginary;
+}
+
 void WindowedSpectrum::Compute(const qint16* pSamples)
 {
     const std::size_t pairs = m_window.size() / 2;
@@ -48,21 +61,11 @@ void WindowedSpectrum::Compute(const qint16* pSamples)
               false,
               m_real.data(),
               m_imaginary.data());
-    const std::size_t mask = m_real.size() - 1;
-    const auto addBin = [&](std::size_t pBin, std::size_t pMirror) {
-        const double evenReal = m_real[pBin] + m_real[pMirror];
-        const double evenImaginary = m_imaginary[pBin] - m_imaginary[pMirror];
-        const double oddReal = m_imaginary[pBin] + m_imaginary[pMirror];
-        const double oddImaginary = m_real[pMirror] - m_real[pBin];
-        const double c = m_cosines[pBin];
-        const double s = m_sines[pBin];
-        const auto real = static_cast<float>(evenReal + c * oddReal - s * oddImaginary);
-        const auto imaginary = static_cast<float>(evenImaginary + c * oddImaginary + s * oddReal);
-        m_magnitudes[pBin] = std::sqrt(real * real + imaginary * imaginary);
-    };
-    addBin(0, 0);
+    _AddBin(0, 0);
     for (std::size_t k = 1; k < m_magnitudes.size(); ++k)
-        addBin(k, (m_real.size() - k) & mask);
+        _AddBin(k, m_real.size() - k);
+    for (float& magnitude : m_magnitudes)
+        magnitude = std::sqrt(magnitude);
 }
 
 }  // namespace detail

@@ -27,6 +27,8 @@ public:
     const std::vector<float>& getMagnitudes() const { return m_magnitudes; }
 
 private:
+    void _AddBin(std::size_t pBin, std::size_t pMirror);
+
     std::size_t m_bitCount;  ///< of the complex transform
     std::vector<double> m_window;
     std::vector<double> m_cosines, m_sines;  ///< of k / N turns, for each wanted bin
