@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "CommandLine.h"
-
 #include <AudioAnalyzer/Version.h>
 
-#include "AnalyzeArguments.h"
-#include "LiveArguments.h"
-
-#include <common/AnalysisOptionTable.h>
+#include <cli/CommandLine.h>
+#include <cli/analyze/AnalyzeArguments.h>
+#include <cli/live/LiveArguments.h>
+#include <cli/settings/AnalysisOptionTable.h>
+#include <cli/settings/SettingsArguments.h>
 
 // The only file that includes this large header.
 #include <CLI/CLI.hpp>
+
 #include <map>
 #include <set>
 #include <string>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "AnalyzeOptions.h"
-#include "LiveOptions.h"
+#include <cli/analyze/AnalyzeOptions.h>
+#include <cli/live/LiveOptions.h>
+#include <cli/settings/SettingsOptions.h>
 
 #include <QString>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Console.h"
+#include <cli/Console.h>
 
 #include <cerrno>
 #include <sys/ioctl.h>

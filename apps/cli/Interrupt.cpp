@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Interrupt.h"
+#include <cli/Interrupt.h>
 
 #include <csignal>
 #include <initializer_list>

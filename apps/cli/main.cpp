@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "AnalyzeCommand.h"
-#include "CommandLine.h"
-#include "ConfigCommand.h"
-#include "Console.h"
-#include "DevicesCommand.h"
-#include "Interrupt.h"
-#include "ListenCommand.h"
-#include "ProfilesCommand.h"
+#include <cli/CommandLine.h>
+#include <cli/Console.h>
+#include <cli/ExitCode.h>
+#include <cli/Interrupt.h>
+#include <cli/analyze/AnalyzeCommand.h>
+#include <cli/live/DevicesCommand.h>
+#include <cli/live/ListenCommand.h>
+#include <cli/output/OutputFile.h>
+#include <cli/settings/ConfigCommand.h>
+#include <cli/settings/ProfilesCommand.h>
 
 #include <QCoreApplication>
 #include <QTextCodec>
 
-#include <common/OutputFile.h>
 #include <cstdlib>
 #include <fcntl.h>
 #include <initializer_list>

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
+#include <CLI/CLI.hpp>
+#include <demo/DemoTrack.h>
+#include <shared/files/WholeFile.h>
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
-#include <CLI/CLI.hpp>
 #include <cmath>
-#include <common/DemoTrack.h>
-#include <common/WholeFile.h>
 #include <cstdio>
 #include <exception>
 #include <sndfile.h>

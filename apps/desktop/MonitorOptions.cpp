@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "MonitorOptions.h"
-
 #include <AudioAnalyzer/Version.h>
+
+#include <CLI/CLI.hpp>
+#include <desktop/MonitorOptions.h>
 
 #include <QFile>
 
-#include <CLI/CLI.hpp>
 #include <sstream>
 #include <string>
 

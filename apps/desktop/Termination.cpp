@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Termination.h"
+#include <desktop/Termination.h>
 
 #include <QSocketNotifier>
 

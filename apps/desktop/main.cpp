@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "Icon.h"
-#include "MainWindow.h"
-#include "MonitorOptions.h"
-#include "Termination.h"
-#include "Tray.h"
-#include "session/MonitorSession.h"
+#include <desktop/MonitorOptions.h>
+#include <desktop/Termination.h>
+#include <desktop/look/Icon.h>
+#include <desktop/session/MonitorSession.h>
+#include <desktop/settings/Translations.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/Tray.h>
+#include <shared/capture/SoundServer.h>
 
 #include <QApplication>
 #include <QFileInfo>
@@ -14,10 +16,8 @@
 #include <QTextCodec>
 #include <QTimer>
 
-#include <common/SoundServer.h>
 #include <cstdio>
 #include <cstdlib>
-#include <desktop/settings/Translations.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "BeatTracker.h"
-
 #include <AudioAnalyzer/Version.h>
+
+#include <vamp/BeatTracker.h>
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 
 #include <AudioAnalyzer/api/Analysis.h>
 
-#include "TrackerParameters.h"
+#include <vamp/TrackerParameters.h>
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "TrackerParameters.h"
+#include <vamp/TrackerParameters.h>
 
 #include <cmath>
 #include <limits>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "BeatTracker.h"
+#include <vamp/BeatTracker.h>
+#include <vamp/vamp.h>
 
 #include <vamp-sdk/PluginAdapter.h>
-#include <vamp/vamp.h>
 
 /// What a host asks for the plugins of this library: there is one.
 const VampPluginDescriptor* vampGetPluginDescriptor(unsigned int pHostVersion, unsigned int pNumber)

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ProgressLine.h"
+#include <cli/detail/ProgressLine.h>
 
 #include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
 
-namespace detail {
+namespace cli {
 
 namespace {
 
@@ -67,4 +67,4 @@ QString ProgressLine(const QString& pLabel, double pSecondsDone, int pColumns)
     return Fit(pLabel, tr(" %1 analysed").arg(Clock(pSecondsDone)), pColumns);
 }
 
-}  // namespace detail
+}  // namespace cli

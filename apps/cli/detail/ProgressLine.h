@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace detail {
+namespace cli {
 
 /// Minutes and seconds, "1:05"; hours, "2:03:04", from one hour on.
 QString Clock(double pSeconds);
@@ -15,4 +15,4 @@ QString ProgressLine(const QString& pLabel, double pFraction, double pElapsed, i
 /// The same for work of unknown length: the label and how much audio has been done, in seconds.
 QString ProgressLine(const QString& pLabel, double pSecondsDone, int pColumns);
 
-}  // namespace detail
+}  // namespace cli

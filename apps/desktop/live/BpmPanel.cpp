@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "BpmPanel.h"
-
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "../detail/TempoHint.h"
+#include <desktop/live/BpmPanel.h>
+#include <desktop/live/detail/TempoHint.h>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -135,16 +134,16 @@ QString BpmPanel::_DescribeState(const LiveValues& pValues) const
 QString BpmPanel::_DescribeRange(double pMeasured) const
 {
     const Profile profile = m_configuration.getSelectedProfile();
-    const detail::TempoHint hint =
-        detail::FindTempoHint(pMeasured, profile.getMinimalBPM(), profile.getMaximalBPM());
-    if (hint.kind == detail::eNoHint)
+    const desktop::TempoHint hint =
+        desktop::FindTempoHint(pMeasured, profile.getMinimalBPM(), profile.getMaximalBPM());
+    if (hint.kind == desktop::eNoHint)
         return {};
     const QString measured = tr("Measured %1 BPM, out of the range of “%2”")
                                  .arg(QLocale().toString(pMeasured, 'f', 1), profile.getName());
     const QString other = QLocale().toString(hint.bpm, 'f', 1);
-    if (hint.kind == detail::eHalfHint)
+    if (hint.kind == desktop::eHalfHint)
         return tr("%1; half of it: %2.").arg(measured, other);
-    if (hint.kind == detail::eDoubleHint)
+    if (hint.kind == desktop::eDoubleHint)
         return tr("%1; the double: %2.").arg(measured, other);
     return measured + QLatin1Char('.');
 }

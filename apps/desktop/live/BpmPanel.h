@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "LivePanel.h"
+#include <desktop/live/LivePanel.h>
 
 class Configuration;
 class QLabel;

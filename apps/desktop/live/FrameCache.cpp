@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FrameCache.h"
+#include <desktop/live/FrameCache.h>
 
 #include <QPainter>
 #include <QWidget>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Led.h"
-
-#include "../detail/Flash.h"
+#include <desktop/live/Led.h>
+#include <desktop/live/detail/Flash.h>
 
 #include <QEvent>
 #include <QPainter>
@@ -74,7 +73,7 @@ void Led::paintEvent(QPaintEvent*)
 
 void Led::_Draw(QPainter& pPainter) const
 {
-    const double share = double(m_step) / detail::kFlashSteps;
+    const double share = double(m_step) / desktop::kFlashSteps;
     const QRectF circle = _Circle();
     const double pen = circle.width() / 12.0;
     const QColor lit = m_isRing ? m_ring : m_disc;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FrameCache.h"
+#include <desktop/live/FrameCache.h>
 
 #include <QColor>
 #include <QWidget>
@@ -15,7 +15,7 @@ public:
     explicit Led(QWidget* pParent = nullptr);
 
     void setColors(const QColor& pDisc, const QColor& pRing, const QColor& pUnlit);
-    /// pStep: 0 = dark, detail::kFlashSteps = full. pIsRing: only the ring.
+    /// pStep: 0 = dark, desktop::kFlashSteps = full. pIsRing: only the ring.
     void setLight(int pStep, bool pIsRing);
     int getStep() const { return m_step; }
     bool isRing() const { return m_isRing; }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "LedPanel.h"
-
-#include "../detail/Flash.h"
-#include "Led.h"
+#include <desktop/live/Led.h>
+#include <desktop/live/LedPanel.h>
+#include <desktop/live/detail/Flash.h>
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -25,7 +24,7 @@ void LedPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     const bool isBeat = m_kind == eBeats;
     const qint64 time = isBeat ? pValues.beatTime : pValues.pulseTime;
     const bool isVirtual = isBeat ? pValues.isBeatVirtual : pValues.isPulseVirtual;
-    m_pLed->setLight(detail::FlashStep(pNow - time, kFadeMs), isVirtual);
+    m_pLed->setLight(desktop::FlashStep(pNow - time, kFadeMs), isVirtual);
     const bool hasFlashed = time != LiveValues::kNever;
     if (hasFlashed == m_hasFlashed && isVirtual == m_isVirtual)
         return;

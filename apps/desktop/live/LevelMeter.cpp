@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "LevelMeter.h"
-
-#include "../detail/Decibels.h"
+#include <desktop/live/LevelMeter.h>
+#include <desktop/live/detail/Decibels.h>
 
 #include <QPainter>
 
@@ -9,10 +8,10 @@
 #include <cmath>
 
 LevelMeter::LevelMeter(QWidget* pParent)
-    : QWidget(pParent), m_levels{detail::kLeastDecibels,
-                                 detail::kLeastDecibels,
-                                 detail::kLeastDecibels,
-                                 detail::kLeastDecibels},
+    : QWidget(pParent), m_levels{desktop::kLeastDecibels,
+                                 desktop::kLeastDecibels,
+                                 desktop::kLeastDecibels,
+                                 desktop::kLeastDecibels},
       m_pColors(&getColors(eLightLook))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -57,13 +56,13 @@ QSize LevelMeter::sizeHint() const
 
 double LevelMeter::_ToX(double pDecibels) const
 {
-    return m_inset + (width() - 2 * m_inset) * (1.0 - pDecibels / detail::kLeastDecibels);
+    return m_inset + (width() - 2 * m_inset) * (1.0 - pDecibels / desktop::kLeastDecibels);
 }
 
 void LevelMeter::paintEvent(QPaintEvent*)
 {
     const LookColors& colors = *m_pColors;
-    const double left = _ToX(detail::kLeastDecibels);
+    const double left = _ToX(desktop::kLeastDecibels);
     const double high = height();
     const double mark = std::max(2.0, high / 9.0);
     const auto bar = [&](double pDecibels, double pTop) {
@@ -74,9 +73,9 @@ void LevelMeter::paintEvent(QPaintEvent*)
     painter.fillRect(bar(0.0, 0.0), colors.trough);
     painter.fillRect(bar(m_levels.current, 0.0), colors.spectrum);
     painter.fillRect(bar(m_levels.average, high * 0.62), colors.average);
-    if (m_levels.maximal > detail::kLeastDecibels)
+    if (m_levels.maximal > desktop::kLeastDecibels)
         painter.fillRect(QRectF(_ToX(m_levels.maximal) - mark, 0.0, mark, high), colors.peak);
-    if (m_levels.threshold > detail::kLeastDecibels)
+    if (m_levels.threshold > desktop::kLeastDecibels)
         painter.fillRect(QRectF(_ToX(m_levels.threshold) - mark / 2.0, 0.0, mark, high),
                          colors.threshold);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../Look.h"
+#include <desktop/look/Look.h>
 
 #include <QWidget>
 

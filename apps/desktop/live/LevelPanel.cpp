@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "LevelPanel.h"
-
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "../detail/Decibels.h"
-#include "LevelMeter.h"
-#include "Readout.h"
+#include <desktop/live/LevelMeter.h>
+#include <desktop/live/LevelPanel.h>
+#include <desktop/live/Readout.h>
+#include <desktop/live/detail/Decibels.h>
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -31,7 +30,7 @@ constexpr int kTenths = 10;         ///< steps of the slider per dB
 
 int ToTenths(int pMagnitude)
 {
-    return int(std::lround(detail::ToDecibels(pMagnitude) * kTenths));
+    return int(std::lround(desktop::ToDecibels(pMagnitude) * kTenths));
 }
 
 }  // namespace
@@ -61,7 +60,7 @@ LevelPanel::LevelPanel(Configuration& pConfiguration, QWidget* pParent)
 
 void LevelPanel::_MakeSlider()
 {
-    const double least = detail::kLeastDecibels;
+    const double least = desktop::kLeastDecibels;
     m_pSlider->setRange(int(least) * kTenths, 0);
     m_pSlider->setSingleStep(kTenths / 2);
     m_pSlider->setPageStep(6 * kTenths);
@@ -138,10 +137,10 @@ void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastFrame < kFrameMs)
         return;
     m_lastFrame = pNow;
-    m_pMeter->setLevels({detail::ToDecibels(pValues.current),
-                         detail::ToDecibels(pValues.average),
-                         detail::ToDecibels(pValues.maximal),
-                         detail::ToDecibels(pValues.threshold)});
+    m_pMeter->setLevels({desktop::ToDecibels(pValues.current),
+                         desktop::ToDecibels(pValues.average),
+                         desktop::ToDecibels(pValues.maximal),
+                         desktop::ToDecibels(pValues.threshold)});
     if (pNow - m_lastNumbers < kNumbersMs)
         return;
     m_lastNumbers = pNow;
@@ -154,7 +153,7 @@ void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 
 void LevelPanel::_ShowNumber(eReadout pReadout, int pMagnitude)
 {
-    const int decibels = int(std::lround(detail::ToDecibels(pMagnitude)));
+    const int decibels = int(std::lround(desktop::ToDecibels(pMagnitude)));
     m_readouts[pReadout]->setValue(pMagnitude > 0 ? QLocale().toString(decibels)
                                                   : QStringLiteral("–"));
 }
@@ -174,13 +173,13 @@ void LevelPanel::_OnAutomatic(bool pIsAutomatic)
 {
     m_pSlider->setEnabled(!pIsAutomatic);
     m_configuration.setThreshold(
-        pIsAutomatic ? qint16(-1) : detail::ToMagnitude(double(m_pSlider->value()) / kTenths));
+        pIsAutomatic ? qint16(-1) : desktop::ToMagnitude(double(m_pSlider->value()) / kTenths));
     Q_EMIT OnConfigurationChanged();
 }
 
 void LevelPanel::_OnSlider(int pTenths)
 {
-    m_configuration.setThreshold(detail::ToMagnitude(double(pTenths) / kTenths));
+    m_configuration.setThreshold(desktop::ToMagnitude(double(pTenths) / kTenths));
     Q_EMIT OnConfigurationChanged();
 }
 

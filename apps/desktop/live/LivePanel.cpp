@@ -1,4 +1,3 @@
 // SPDX-License-Identifier: MIT
-#include "LivePanel.h"
-
 #include "moc_LivePanel.cpp"
+#include <desktop/live/LivePanel.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../Look.h"
-#include "LiveValues.h"
+#include <desktop/look/Look.h>
+#include <desktop/session/LiveValues.h>
 
 #include <QEvent>
 #include <QWidget>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Readout.h"
+#include <desktop/live/Readout.h>
 
 #include <QHBoxLayout>
 #include <QLabel>

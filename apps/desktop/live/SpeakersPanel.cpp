@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "SpeakersPanel.h"
-
-#include "../detail/Flash.h"
+#include <desktop/live/SpeakersPanel.h>
+#include <desktop/live/detail/Flash.h>
 
 #include <QPainter>
 
@@ -27,7 +26,7 @@ void SpeakersPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastFrame < kFrameMs)
         return;
     m_lastFrame = pNow;
-    const int step = detail::FlashStep(pNow - pValues.beatTime, kFadeMs);
+    const int step = desktop::FlashStep(pNow - pValues.beatTime, kFadeMs);
     if (step == m_step)
         return;
     m_step = step;
@@ -86,7 +85,7 @@ void SpeakersPanel::paintEvent(QPaintEvent*)
 
 void SpeakersPanel::_DrawSpeaker(QPainter& pPainter, const QRectF& pBox) const
 {
-    const double push = double(m_step) / detail::kFlashSteps;
+    const double push = double(m_step) / desktop::kFlashSteps;
     const double side = pBox.width();
     pPainter.setPen(QPen(m_body.lighter(140), side / 40.0));
     pPainter.setBrush(m_body);

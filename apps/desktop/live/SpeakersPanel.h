@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FrameCache.h"
-#include "LivePanel.h"
+#include <desktop/live/FrameCache.h>
+#include <desktop/live/LivePanel.h>
 
 /// Two drawn speakers whose membranes pump with the beat.
 class SpeakersPanel final : public LivePanel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "SpectrumBars.h"
+#include <desktop/live/SpectrumBars.h>
 
 #include <QPainter>
 #include <qwt_scale_map.h>
@@ -21,8 +21,8 @@ void SpectrumBars::_SetBars(std::size_t pBinCount, int pSampleRate)
         return;
     m_binCount = pBinCount;
     m_sampleRate = pSampleRate;
-    m_bars = detail::MakeBars(
-        detail::BandEdges(kLow, kHigh, kBands), pSampleRate * 0.5 / double(pBinCount), pBinCount);
+    m_bars = desktop::MakeBars(
+        desktop::BandEdges(kLow, kHigh, kBands), pSampleRate * 0.5 / double(pBinCount), pBinCount);
     m_levels.assign(m_bars.size(), kLeast);
     m_peaks.assign(m_bars.size(), kLeast);
     m_peakTimes.assign(m_bars.size(), 0);
@@ -38,7 +38,7 @@ void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, 
         const auto [first, last] = m_bars[i].bins;
         const double power = *std::max_element(pAmplitudes.begin() + std::ptrdiff_t(first),
                                                pAmplitudes.begin() + std::ptrdiff_t(last) + 1);
-        _Move(i, m_levels[i], std::max(m_levels[i], detail::PowerDecibels(power, kLeast)));
+        _Move(i, m_levels[i], std::max(m_levels[i], desktop::PowerDecibels(power, kLeast)));
         if (m_levels[i] >= m_peaks[i]) {
             _Move(i, m_peaks[i], m_levels[i]);
             m_peakTimes[i] = pNow;

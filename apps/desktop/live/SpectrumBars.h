@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../Look.h"
-#include "../detail/SpectrumBands.h"
+#include <desktop/live/detail/SpectrumBands.h>
+#include <desktop/look/Look.h>
 
 #include <QRectF>
 
@@ -51,10 +51,10 @@ private:
     void _Move(std::size_t pBar, double& pLevel, double pTo);
     void _SetBars(std::size_t pBinCount, int pSampleRate);
 
-    std::vector<detail::SpectrumBar> m_bars;  ///< none before the first spectrum
-    std::vector<double> m_levels;             ///< dB, of each bar
-    std::vector<double> m_peaks;              ///< dB
-    std::vector<qint64> m_peakTimes;          ///< ms
+    std::vector<desktop::SpectrumBar> m_bars;  ///< none before the first spectrum
+    std::vector<double> m_levels;              ///< dB, of each bar
+    std::vector<double> m_peaks;               ///< dB
+    std::vector<qint64> m_peakTimes;           ///< ms
     std::size_t m_binCount = 0;
     int m_sampleRate = 0;   ///< Hz
     qint64 m_lastFall = 0;  ///< ms

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "SpectrumCanvas.h"
+#include <desktop/live/SpectrumCanvas.h>
 
 #include <QPaintEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../Look.h"
-#include "SpectrumBars.h"
+#include <desktop/live/SpectrumBars.h>
+#include <desktop/look/Look.h>
 
 #include <qwt_plot_canvas.h>
 #include <qwt_scale_map.h>

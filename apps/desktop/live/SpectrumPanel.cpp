@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "SpectrumPanel.h"
-
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "SpectrumCanvas.h"
+#include <desktop/live/SpectrumCanvas.h>
+#include <desktop/live/SpectrumPanel.h>
 
 #include <QVBoxLayout>
 #include <qwt_plot.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "LivePanel.h"
-#include "SpectrumBars.h"
+#include <desktop/live/LivePanel.h>
+#include <desktop/live/SpectrumBars.h>
 
 class Configuration;
 class QwtPlot;

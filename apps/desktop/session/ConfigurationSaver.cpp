@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ConfigurationSaver.h"
-
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <common/ConfigurationStore.h>
+#include <desktop/session/ConfigurationSaver.h>
+#include <shared/settings/ConfigurationStore.h>
 
 ConfigurationSaver::ConfigurationSaver(ConfigurationStore& pStore, QObject* pParent)
     : QObject(pParent), m_store(pStore)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "DeviceChoice.h"
+#include <desktop/session/DeviceChoice.h>
 
 #include <algorithm>
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/capture/InputDevices.h>
+
 #include <QString>
 
-#include <common/InputDevices.h>
 #include <vector>
 
 /// The device to listen to when nobody has chosen one: the default if it can be analysed, else the

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ReadAhead.h"
+#include <desktop/session/ReadAhead.h>
 
 #include <chrono>
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/files/AudioFileReader.h>
+
 #include <QString>
 #include <QtGlobal>
 
-#include <common/AudioFileReader.h>
 #include <future>
 #include <memory>
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "SourceTexts.h"
+#include <desktop/session/SourceTexts.h>
 
 SourceTexts::Text SourceTexts::_DescribeNotice(const SourceState& pState)
 {

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/Translations.h>
+#include <desktop/settings/detail/PlainText.h>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
-
-#include <desktop/settings/AdvancedSettingsPanel.h>
-#include <desktop/settings/Translations.h>
-#include <desktop/settings/detail/PlainText.h>
 
 namespace {
 
@@ -142,7 +142,7 @@ void AdvancedSettingsPanel::_Retranslate()
     set(eGrayMode, tr("Gra&y mode"), tr("A quiet, dark look for dark places."));
     set(eTopMost, tr("Always on &top"), tr("The window stays above all others."));
     m_pLanguageLabel->setText(tr("Lan&guage:"));
-    m_pLanguage->setAccessibleName(detail::PlainText(m_pLanguageLabel->text()));
+    m_pLanguage->setAccessibleName(desktop::PlainText(m_pLanguageLabel->text()));
     _ShowLanguages();
 }
 

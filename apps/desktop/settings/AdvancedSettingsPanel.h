@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <desktop/settings/SettingsPanel.h>
+
+#include <array>
 
 class QCheckBox;
 class QComboBox;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/settings/ChoiceDelegate.h>
+
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
 
 #include <algorithm>
-#include <desktop/settings/ChoiceDelegate.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QLocale>
-
 #include <desktop/settings/DecimalField.h>
+
+#include <QLocale>
 
 DecimalField::DecimalField(QWidget* pParent) : QDoubleSpinBox(pParent)
 {

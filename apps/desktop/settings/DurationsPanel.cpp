@@ -1,6 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <desktop/settings/DecimalField.h>
+#include <desktop/settings/DurationsPanel.h>
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/detail/PlainText.h>
+#include <desktop/settings/detail/SettingLimits.h>
+#include <shared/settings/AnalysisOptions.h>
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -8,12 +15,6 @@
 #include <QSpinBox>
 
 #include <cmath>
-#include <common/AnalysisOptions.h>
-#include <desktop/settings/DecimalField.h>
-#include <desktop/settings/DurationsPanel.h>
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/detail/PlainText.h>
-#include <desktop/settings/detail/SettingLimits.h>
 
 namespace {
 
@@ -23,7 +24,7 @@ using A = AudioAnalyzer;
 struct DurationSetting
 {
     const char* pName;  ///< of the field
-    detail::DurationLimits limits;
+    desktop::DurationLimits limits;
     double (*get)(const Configuration&);
     bool (*set)(Configuration&, double);    ///< whether it changed
     void (*apply)(AudioAnalyzer&, double);  ///< null where the analysis reads the configuration
@@ -57,22 +58,22 @@ void Apply(AudioAnalyzer& pAnalyzer, double pSeconds)
 // In the order of the panel's enumerations.
 constexpr DurationSetting kDurations[] = {
     {"averageVolume",
-     detail::kAverageVolumeLimits,
+     desktop::kAverageVolumeLimits,
      &Get<&C::getAverageVolumeCalculationDuration>,
      &Set<&C::setAverageVolumeCalculationDuration>,
      &Apply<&A::setAverageVolumeCalculationDuration>},
     {"bpm",
-     detail::kBPMLimits,
+     desktop::kBPMLimits,
      &Get<&C::getBPMCalculationDuration>,
      &Set<&C::setBPMCalculationDuration>,
      nullptr},
     {"stop",
-     detail::kStopDetectionLimits,
+     desktop::kStopDetectionLimits,
      &Get<&C::getStopDetectionDuration>,
      &Set<&C::setStopDetectionDuration>,
      &Apply<&A::setStopDetectionDuration>},
     {"normalization",
-     detail::kNormalizationLimits,
+     desktop::kNormalizationLimits,
      &Get<&C::getNormalizationDuration>,
      &Set<&C::setNormalizationDuration>,
      nullptr},
@@ -85,7 +86,7 @@ constexpr LevelSetting kLevels[] = {
      &Set<&C::setNormalizationThreshold>},
 };
 
-bool IsWithin(double pSeconds, const detail::DurationLimits& pLimits)
+bool IsWithin(double pSeconds, const desktop::DurationLimits& pLimits)
 {
     return pSeconds >= pLimits.minimum && pSeconds <= pLimits.maximum;
 }
@@ -145,7 +146,7 @@ void DurationsPanel::_AddLevel(eLevel pLevel, QGridLayout* pGrid)
     row.pField->setObjectName(QLatin1String(kLevels[pLevel].pName));
     row.pField->setKeyboardTracking(false);
     row.pField->setAlignment(Qt::AlignRight);
-    row.pField->setRange(0, detail::kMaximalLevel);
+    row.pField->setRange(0, desktop::kMaximalLevel);
     row.pField->setSingleStep(100);
     connect(row.pField,
             QOverload<int>::of(&QSpinBox::valueChanged),
@@ -238,7 +239,7 @@ void DurationsPanel::_SetTexts(const Row& pRow, const QString& pLabel, const QSt
     pRow.pLabel->setText(pLabel);
     pRow.pLabel->setToolTip(pHelp);
     pRow.pField->setToolTip(pHelp);
-    pRow.pField->setAccessibleName(detail::PlainText(pLabel));
+    pRow.pField->setAccessibleName(desktop::PlainText(pLabel));
 }
 
 void DurationsPanel::_ShowHints()
@@ -280,11 +281,11 @@ void DurationsPanel::_ShowLevelHint(eLevel pLevel)
         row.pHint->setRefusal(
             tr("%1 is stored, below 0; it stays until you change it").arg(QString::number(stored)));
     else if (stored == 0)
-        row.pHint->setHint(tr("silence; 0 to %1").arg(QString::number(detail::kMaximalLevel)));
+        row.pHint->setHint(tr("silence; 0 to %1").arg(QString::number(desktop::kMaximalLevel)));
     else
         row.pHint->setHint(tr("%1 dBFS; 0 to %2")
-                               .arg(QLocale().toString(detail::ToDecibels(stored), 'f', 1),
-                                    QString::number(detail::kMaximalLevel)));
+                               .arg(QLocale().toString(desktop::ToDecibels(stored), 'f', 1),
+                                    QString::number(desktop::kMaximalLevel)));
     row.pField->setAccessibleDescription(row.pHint->text());
 }
 

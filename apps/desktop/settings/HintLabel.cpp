@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QEvent>
-
 #include <desktop/settings/HintLabel.h>
+
+#include <QEvent>
 
 namespace {
 

@@ -2,10 +2,11 @@
 #include <AudioAnalyzer/audio/QtAudioInputDeviceInfo.h>
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 
+#include <desktop/settings/InputDevicesModel.h>
+
 #include <QStringList>
 
 #include <algorithm>
-#include <desktop/settings/InputDevicesModel.h>
 
 InputDevicesModel::InputDevicesModel(QObject* pParent) : QAbstractListModel(pParent)
 {

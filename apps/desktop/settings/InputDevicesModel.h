@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/capture/InputDevices.h>
+
 #include <QAbstractListModel>
 #include <QString>
 
-#include <common/InputDevices.h>
 #include <vector>
 
 class QtAudioInputDeviceInfo;

@@ -3,16 +3,16 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <desktop/settings/ChoiceDelegate.h>
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/InputDevicesModel.h>
+#include <desktop/settings/InputDevicesPanel.h>
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <desktop/settings/ChoiceDelegate.h>
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/InputDevicesModel.h>
-#include <desktop/settings/InputDevicesPanel.h>
 
 InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pParent)
     : SettingsPanel(pConfiguration, pParent), m_pModel(new InputDevicesModel(this)),

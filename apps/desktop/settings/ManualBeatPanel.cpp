@@ -2,6 +2,9 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QLocale>
@@ -9,8 +12,6 @@
 #include <QShortcut>
 
 #include <cmath>
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/ManualBeatPanel.h>
 
 namespace {
 

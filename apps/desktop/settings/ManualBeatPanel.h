@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QTimer>
-
 #include <desktop/settings/SettingsPanel.h>
 #include <desktop/settings/detail/TapTempo.h>
+
+#include <QTimer>
 
 class HintLabel;
 class QLabel;
@@ -55,7 +55,7 @@ private:
     void _ShowButtons();
     QString _RangeRefusal() const;
 
-    detail::TapTempo m_taps;
+    desktop::TapTempo m_taps;
     double m_tempo = 0.0;  ///< BPM made by hand; 0 = none
     bool m_isLocked = false;
     bool m_isLocking = false;

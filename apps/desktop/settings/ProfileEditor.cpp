@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/settings/DecimalField.h>
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ProfileEditor.h>
+#include <desktop/settings/detail/PlainText.h>
+#include <desktop/settings/detail/ProfileCheck.h>
+
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -9,11 +15,6 @@
 #include <QSpinBox>
 
 #include <algorithm>
-#include <desktop/settings/DecimalField.h>
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/ProfileEditor.h>
-#include <desktop/settings/detail/PlainText.h>
-#include <desktop/settings/detail/ProfileCheck.h>
 #include <limits>
 
 namespace {
@@ -34,7 +35,7 @@ void SetUp(QSpinBox* pField, const char* pName, int pMinimum, int pMaximum)
 }  // namespace
 
 ProfileEditor::ProfileEditor(eKind pKind,
-                             const detail::ProfileValues& pValues,
+                             const desktop::ProfileValues& pValues,
                              const QStringList& pTaken,
                              QWidget* pParent)
     : QDialog(pParent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint), m_kind(pKind),
@@ -133,7 +134,7 @@ void ProfileEditor::_Connect()
             &ProfileEditor::_Check);
 }
 
-detail::ProfileValues ProfileEditor::getValues() const
+desktop::ProfileValues ProfileEditor::getValues() const
 {
     const auto tempo = [](const QSpinBox* pField, double pOriginal) {
         return pField->value() == qRound(pOriginal) ? pOriginal : double(pField->value());
@@ -160,8 +161,8 @@ void ProfileEditor::_Show(HintLabel* pHint, const QString& pRefusal, const QStri
 /// Shows every refusal; false when there is one.
 bool ProfileEditor::_Check()
 {
-    using Check = detail::ProfileCheck;
-    const detail::ProfileValues values = getValues();
+    using Check = desktop::ProfileCheck;
+    const desktop::ProfileValues values = getValues();
     const QString tempos = Check::Tempos(values.minimalBPM, values.maximalBPM);
     const QString band = Check::Band(values.low, values.high);
     const QString sensibility = Check::Sensibility(values.sensibility);
@@ -184,7 +185,7 @@ bool ProfileEditor::_CheckName()
 {
     // A built-in profile that is saved as a new one stays, and so does its name.
     const QStringList taken = m_isSavedAsNew ? m_taken + QStringList(m_original.name) : m_taken;
-    const QString refusal = detail::ProfileCheck::Name(m_pName->text(), taken);
+    const QString refusal = desktop::ProfileCheck::Name(m_pName->text(), taken);
     // An empty field of a new profile is no mistake yet.
     const bool isFresh = m_kind == eNew && m_pName->text().isEmpty() && !m_pName->isModified();
     _Show(m_pNameHint, isFresh ? QString() : refusal, tr("A name of your choice"));
@@ -221,12 +222,12 @@ void ProfileEditor::_Retranslate()
     m_pTempoLabel->setText(tr("&Tempo:"));
     m_pBandLabel->setText(tr("&Band:"));
     m_pSensibilityLabel->setText(tr("&Sensibility:"));
-    m_pName->setAccessibleName(detail::PlainText(m_pNameLabel->text()));
+    m_pName->setAccessibleName(desktop::PlainText(m_pNameLabel->text()));
     m_pMinimalBPM->setAccessibleName(tr("Lowest tempo"));
     m_pMaximalBPM->setAccessibleName(tr("Highest tempo"));
     m_pLow->setAccessibleName(tr("Lower edge of the band"));
     m_pHigh->setAccessibleName(tr("Upper edge of the band"));
-    m_pSensibility->setAccessibleName(detail::PlainText(m_pSensibilityLabel->text()));
+    m_pSensibility->setAccessibleName(desktop::PlainText(m_pSensibilityLabel->text()));
     for (QSpinBox* pField : {m_pMinimalBPM, m_pMaximalBPM})
         pField->setSuffix(tr(" BPM"));
     for (QSpinBox* pField : {m_pLow, m_pHigh}) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <desktop/settings/detail/ProfileValues.h>
+
 #include <QDialog>
 #include <QStringList>
-
-#include <desktop/settings/detail/ProfileValues.h>
 
 class DecimalField;
 class HintLabel;
@@ -30,12 +30,12 @@ public:
 
     /// pTaken: the names of all other profiles.
     ProfileEditor(eKind pKind,
-                  const detail::ProfileValues& pValues,
+                  const desktop::ProfileValues& pValues,
                   const QStringList& pTaken,
                   QWidget* pParent = nullptr);
 
     /// The values as they are in the fields; what was not touched is exactly as it was.
-    detail::ProfileValues getValues() const;
+    desktop::ProfileValues getValues() const;
     /// A built-in profile is to be kept as a new one, and to stay as it is.
     bool isSavedAsNew() const { return m_isSavedAsNew; }
 
@@ -57,7 +57,7 @@ private:
     void _Finish(bool pIsSavedAsNew);
 
     eKind m_kind;
-    detail::ProfileValues m_original;
+    desktop::ProfileValues m_original;
     QStringList m_taken;
     double m_shownSensibility = 0.0;  ///< m_original's, as its field rounds it
     bool m_isSavedAsNew = false;

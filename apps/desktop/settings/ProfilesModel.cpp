@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <QLocale>
-
 #include <desktop/settings/ProfilesModel.h>
+
+#include <QLocale>
 
 ProfilesModel::ProfilesModel(Configuration& pConfiguration, QObject* pParent)
     : QAbstractListModel(pParent), m_configuration(pConfiguration),
@@ -11,7 +11,7 @@ ProfilesModel::ProfilesModel(Configuration& pConfiguration, QObject* pParent)
 {
     for (const Profile& profile : qAsConst(m_profiles))
         if (!profile.isSerializable())
-            m_builtIn.emplace(profile.getID(), detail::ValuesOf(profile));
+            m_builtIn.emplace(profile.getID(), desktop::ValuesOf(profile));
 }
 
 int ProfilesModel::rowCount(const QModelIndex& pParent) const
@@ -82,7 +82,7 @@ bool ProfilesModel::_IsChanged(const Profile& pProfile) const
 {
     const auto found = m_builtIn.find(pProfile.getID());
     return !pProfile.isSerializable() && found != m_builtIn.end() &&
-           !(found->second == detail::ValuesOf(pProfile));
+           !(found->second == desktop::ValuesOf(pProfile));
 }
 
 QString ProfilesModel::_Text(const Profile& pProfile) const

@@ -3,10 +3,11 @@
 
 #include <AudioAnalyzer/config/Profile.h>
 
+#include <desktop/settings/detail/ProfileValues.h>
+
 #include <QAbstractListModel>
 #include <QStringList>
 
-#include <desktop/settings/detail/ProfileValues.h>
 #include <map>
 
 class Configuration;
@@ -52,5 +53,5 @@ private:
 
     Configuration& m_configuration;  ///< not owned
     QList<Profile> m_profiles;
-    std::map<unsigned, detail::ProfileValues> m_builtIn;  ///< first values by ID
+    std::map<unsigned, desktop::ProfileValues> m_builtIn;  ///< first values by ID
 };

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ProfilesModel.h>
+#include <desktop/settings/ProfilesPanel.h>
+
 #include <QGridLayout>
 #include <QListView>
 #include <QLocale>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
-
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/ProfilesModel.h>
-#include <desktop/settings/ProfilesPanel.h>
 
 ProfilesPanel::ProfilesPanel(Configuration& pConfiguration, QWidget* pParent)
     : SettingsPanel(pConfiguration, pParent), m_pModel(new ProfilesModel(pConfiguration, this)),
@@ -93,7 +93,7 @@ void ProfilesPanel::_OpenEditor(ProfileEditor::eKind pKind)
     const bool isNew = pKind == ProfileEditor::eNew;
     const Profile profile = _Current();
     m_pEditor = new ProfileEditor(pKind,
-                                  isNew ? detail::ProfileValues() : detail::ValuesOf(profile),
+                                  isNew ? desktop::ProfileValues() : desktop::ValuesOf(profile),
                                   m_pModel->getNames(isNew ? -1 : m_pModel->getSelectedRow()),
                                   this);
     m_pEditor->setAttribute(Qt::WA_DeleteOnClose);
@@ -109,11 +109,11 @@ void ProfilesPanel::_OnEdited(const ProfileEditor& pEditor,
                               ProfileEditor::eKind pKind,
                               const Profile& pProfile)
 {
-    const detail::ProfileValues values = pEditor.getValues();
+    const desktop::ProfileValues values = pEditor.getValues();
     if (pKind == ProfileEditor::eNew || pEditor.isSavedAsNew()) {
         _Add(values);
     } else {
-        detail::Apply(values, pProfile);
+        desktop::Apply(values, pProfile);
         // A setter of a profile does not tell the configuration.
         if (pProfile.isSerializable())
             m_configuration.setIsModified(true);
@@ -124,7 +124,7 @@ void ProfilesPanel::_OnEdited(const ProfileEditor& pEditor,
 void ProfilesPanel::_Duplicate()
 {
     const Profile original = _Current();
-    detail::ProfileValues values = detail::ValuesOf(original);
+    desktop::ProfileValues values = desktop::ValuesOf(original);
     values.name = _CopyName(values.name);
     Profile added = _Add(values);
     added.setMaximalThreshold(original.getMaximalThreshold());
@@ -136,14 +136,14 @@ QString ProfilesPanel::_CopyName(const QString& pName) const
 {
     const QStringList names = m_pModel->getNames();
     QString copy = tr("%1 (copy)").arg(pName);
-    if (!detail::HasName(names, copy))
+    if (!desktop::HasName(names, copy))
         return copy;
-    return detail::FirstFreeName(names, [&pName](int pNumber) {
+    return desktop::FirstFreeName(names, [&pName](int pNumber) {
         return tr("%1 (copy %2)").arg(pName, QString::number(pNumber));
     });
 }
 
-Profile ProfilesPanel::_Add(const detail::ProfileValues& pValues)
+Profile ProfilesPanel::_Add(const desktop::ProfileValues& pValues)
 {
     const Profile added = m_configuration.Add(pValues.name,
                                               pValues.minimalBPM,
@@ -176,7 +176,7 @@ void ProfilesPanel::_Undo()
 {
     const Profile removed = *m_removed;
     m_removed.reset();
-    Profile restored = _Add(detail::ValuesOf(removed));
+    Profile restored = _Add(desktop::ValuesOf(removed));
     restored.setMaximalThreshold(removed.getMaximalThreshold());
     restored.setMinimalThreshold(removed.getMinimalThreshold());
     _Changed();

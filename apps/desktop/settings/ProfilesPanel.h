@@ -3,10 +3,11 @@
 
 #include <AudioAnalyzer/config/Profile.h>
 
-#include <QPointer>
-
 #include <desktop/settings/ProfileEditor.h>
 #include <desktop/settings/SettingsPanel.h>
+
+#include <QPointer>
+
 #include <optional>
 
 class HintLabel;
@@ -44,7 +45,7 @@ private:
     void _Remove();
     void _Undo();
     /// A new profile of these values, selected.
-    Profile _Add(const detail::ProfileValues& pValues);
+    Profile _Add(const desktop::ProfileValues& pValues);
     void _Changed();
     void _ShowState();
     Profile _Current() const;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/settings/SettingsPanel.h>
+
 #include <QEvent>
 #include <QLocale>
-
-#include <desktop/settings/SettingsPanel.h>
 
 SettingsPanel::SettingsPanel(Configuration& pConfiguration, QWidget* pParent)
     : QWidget(pParent), m_configuration(pConfiguration)

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/settings/Translations.h>
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 
 #include <algorithm>
-#include <desktop/settings/Translations.h>
 
 /// Resources of a static library are left out unless they are asked for. Not in a namespace: the
 /// macro declares a global function.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <common/AnalysisResult.h>
+#include <shared/beats/AnalysisResult.h>
 
 /// Three beats in 2.5 s at 8000 Hz, the second one virtual.
 inline AnalysisResult HandMadeResult()

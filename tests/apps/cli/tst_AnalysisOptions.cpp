@@ -3,12 +3,13 @@
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/PredefinedProfile.h>
 
+#include <cli/settings/AnalysisOptionTable.h>
+#include <shared/settings/AnalysisOptions.h>
+
 #include <QAudioFormat>
 #include <QtTest>
 
 #include <algorithm>
-#include <common/AnalysisOptionTable.h>
-#include <common/AnalysisOptions.h>
 
 namespace {
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "TestAudio.h"
+#include <cli/analyze/AnalyzePlan.h>
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <cli/AnalyzePlan.h>
 
 /// Runs in a folder of its own, with the files a.wav, b.flac and old.txt, the folder out and a
 /// link.

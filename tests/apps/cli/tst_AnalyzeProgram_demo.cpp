@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ProgramRunner.h"
 #include "TestAudio.h"
+#include <demo/DemoTrack.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <algorithm>
 #include <cmath>
-#include <common/DemoTrack.h>
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "TestAudio.h"
+#include <shared/files/AudioFileReader.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <algorithm>
-#include <common/AudioFileReader.h>
 #include <limits>
 #include <sys/stat.h>
 #include <thread>

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
+#include <cli/CommandLine.h>
+#include <cli/analyze/WorkerPool.h>
+
 #include <QtTest>
 
-#include <cli/CommandLine.h>
-#include <cli/WorkerPool.h>
 #include <vector>
 
 namespace {

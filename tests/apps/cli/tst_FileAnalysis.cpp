@@ -3,13 +3,13 @@
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
 #include "TestAudio.h"
+#include <cli/analyze/FileAnalysis.h>
+#include <cli/output/OverallTempo.h>
 
 #include <QtTest>
 
 #include <algorithm>
 #include <cmath>
-#include <common/FileAnalysis.h>
-#include <common/detail/OverallTempo.h>
 
 namespace {
 
@@ -123,7 +123,7 @@ void tst_FileAnalysis::run_findsTempoAndBeats()
     QCOMPARE(result.sampleCount, quint64(20 * rate));
     // Beats lie on blocks of at most a fortieth of a second, so that over ten seconds of them the
     // mean interval is wrong by a quarter per cent at most.
-    const double tempo = detail::OverallTempo(result.beats);
+    const double tempo = cli::OverallTempo(result.beats);
     QVERIFY2(std::abs(tempo - bpm) <= bpm * 0.005, qPrintable(QString::number(tempo)));
     // Music is only known to play after 1.5 s; from the fourth second on every stroke has its beat,
     // within two blocks.

@@ -2,13 +2,12 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "HandMadeResult.h"
+#include <cli/output/JsonWriter.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QtTest>
-
-#include <common/JsonWriter.h>
 
 class tst_JsonWriter : public QObject
 {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "TestAudio.h"
+#include <cli/output/OutputFile.h>
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <common/OutputFile.h>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
+#include <cli/output/OverallTempo.h>
 
-#include <common/detail/OverallTempo.h>
+#include <QtTest>
 
 class tst_OverallTempo : public QObject
 {
@@ -44,7 +44,7 @@ void tst_OverallTempo::overallTempo_isTheMedianOfTheRealBeats()
         beats.push_back({beats.size(), 0.0, false, 0, 1.0, bpm});
     for (const double bpm : virtuals)
         beats.push_back({beats.size(), 0.0, true, 0, 1.0, bpm});
-    QCOMPARE(detail::OverallTempo(beats), tempo);
+    QCOMPARE(cli::OverallTempo(beats), tempo);
 }
 
 void tst_OverallTempo::firstTenSeconds_countOnlyForWantOfLaterOnes_data()
@@ -66,10 +66,10 @@ void tst_OverallTempo::firstTenSeconds_countOnlyForWantOfLaterOnes()
     std::vector<LoggedBeat> beats;
     for (const double time : times)
         beats.push_back({beats.size(), time, false, 0, 1.0, 100.0 + double(beats.size())});
-    QCOMPARE(detail::OverallTempo(beats), tempo);
+    QCOMPARE(cli::OverallTempo(beats), tempo);
     // A later virtual beat does not settle anything.
     beats.push_back({beats.size(), 100.0, true, 0, 1.0, 200.0});
-    QCOMPARE(detail::OverallTempo(beats), tempo);
+    QCOMPARE(cli::OverallTempo(beats), tempo);
 }
 
 QTEST_APPLESS_MAIN(tst_OverallTempo)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <cli/detail/ParseNumber.h>
+#include <shared/files/detail/ContainerSize.h>
+
 #include <QtTest>
 
-#include <common/detail/ContainerSize.h>
-#include <common/detail/ParseNumber.h>
 #include <optional>
 
 /// The arithmetic of readers and options.
@@ -38,7 +39,7 @@ void tst_ParseNumber::promisedFileSize_readsTheHead()
 {
     QFETCH(QByteArray, head);
     QFETCH(qint64, size);
-    QCOMPARE(detail::PromisedFileSize(head), size);
+    QCOMPARE(shared::PromisedFileSize(head), size);
 }
 
 void tst_ParseNumber::parseNumber_takesFiniteNumbersWithAPoint_data()
@@ -63,7 +64,7 @@ void tst_ParseNumber::parseNumber_takesFiniteNumbersWithAPoint()
     QFETCH(QString, text);
     QFETCH(bool, isNumber);
     QFETCH(double, number);
-    const std::optional<double> value = detail::ParseNumber(text);
+    const std::optional<double> value = cli::ParseNumber(text);
     QCOMPARE(value.has_value(), isNumber);
     QCOMPARE(value.value_or(0.0), number);
 }
@@ -87,7 +88,7 @@ void tst_ParseNumber::parseInteger_takesWholeNumbersWithinLimits()
 {
     QFETCH(QString, text);
     QFETCH(int, result);
-    QCOMPARE(detail::ParseInteger(text, 2, 9).value_or(-1), result);
+    QCOMPARE(cli::ParseInteger(text, 2, 9).value_or(-1), result);
 }
 
 QTEST_APPLESS_MAIN(tst_ParseNumber)

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "TestAudio.h"
+#include <cli/analyze/TotalProgress.h>
+#include <cli/detail/ProgressLine.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <cli/TotalProgress.h>
-#include <cli/detail/ProgressLine.h>
 
 class tst_ProgressLine : public QObject
 {
@@ -37,7 +36,7 @@ void tst_ProgressLine::clock_showsMinutesOrHours()
 {
     QFETCH(double, seconds);
     QFETCH(QString, text);
-    QCOMPARE(detail::Clock(seconds), text);
+    QCOMPARE(cli::Clock(seconds), text);
 }
 
 void tst_ProgressLine::line_isLabelBarPercentTimeLeft_data()
@@ -62,24 +61,23 @@ void tst_ProgressLine::line_isLabelBarPercentTimeLeft()
     QFETCH(double, fraction);
     QFETCH(double, elapsed);
     QFETCH(QString, line);
-    QCOMPARE(detail::ProgressLine(QStringLiteral("a.wav"), fraction, elapsed, 79), line);
+    QCOMPARE(cli::ProgressLine(QStringLiteral("a.wav"), fraction, elapsed, 79), line);
 }
 
 void tst_ProgressLine::line_fitsTheTerminal()
 {
     const QString label = QStringLiteral("a/very/long/path/to/the/song.flac");
     // " [" 24 "] 50 %" takes 33 characters, "  0:01 left" 11: 16 are left for the label.
-    QCOMPARE(detail::ProgressLine(label, 0.5, 1.0, 60),
+    QCOMPARE(cli::ProgressLine(label, 0.5, 1.0, 60),
              QStringLiteral("...the/song.flac [############............]  50 %  0:01 left"));
     for (const int columns : {20, 21, 40, 45, 50, 79, 200})
-        QVERIFY(detail::ProgressLine(label, 0.5, 1.0, columns).size() <= columns);
-    QVERIFY(detail::ProgressLine(label, 0.5, 1.0, 0).size() <= 20);
+        QVERIFY(cli::ProgressLine(label, 0.5, 1.0, columns).size() <= columns);
+    QVERIFY(cli::ProgressLine(label, 0.5, 1.0, 0).size() <= 20);
 }
 
 void tst_ProgressLine::line_showsAudioDone_whenTheLengthIsUnknown()
 {
-    QCOMPARE(detail::ProgressLine(QStringLiteral("-"), 75.0, 79),
-             QStringLiteral("- 1:15 analysed"));
+    QCOMPARE(cli::ProgressLine(QStringLiteral("-"), 75.0, 79), QStringLiteral("- 1:15 analysed"));
 }
 
 void tst_ProgressLine::totalProgress_weighsFilesBySize()

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "TestAudio.h"
+#include <cli/analyze/RawPcmReader.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <common/RawPcmReader.h>
 
 class tst_RawPcmReader : public QObject
 {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "HandMadeResult.h"
+#include <cli/output/OutputFormat.h>
+#include <cli/output/SvlWriter.h>
+#include <cli/output/TextWriters.h>
 
 #include <QLocale>
 #include <QtTest>
-
-#include <common/OutputFormat.h>
-#include <common/SvlWriter.h>
-#include <common/TextWriters.h>
 
 class tst_TextWriters : public QObject
 {

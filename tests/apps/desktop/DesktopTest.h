@@ -4,13 +4,13 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <demo/DemoTrack.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QDir>
 #include <QFile>
 
 #include <cmath>
-#include <common/ConfigurationStore.h>
-#include <common/DemoTrack.h>
 #include <fake/FakeAudioTrack.h>
 #include <sndfile.h>
 #include <vector>

@@ -2,11 +2,10 @@
 #pragma once
 
 #include "DesktopTest.h"
+#include <desktop/session/LiveValues.h>
 
 #include <QEvent>
 #include <QImage>
-
-#include <desktop/live/LiveValues.h>
 
 /// What tests of live panels show, and how they look at it.
 namespace livetest {

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "DesktopTest.h"
-
-#include <desktop/Look.h>
-#include <desktop/MainWindow.h>
+#include <desktop/look/Look.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/window/MainWindow.h>
 
 /// The main window on the fake sound back end.
 namespace windowtest {

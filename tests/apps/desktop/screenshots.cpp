@@ -2,19 +2,20 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <demo/DemoTrack.h>
+#include <desktop/look/Look.h>
+#include <desktop/session/MonitorSession.h>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/Translations.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/SettingsColumn.h>
+
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QStyleFactory>
 
-#include <common/DemoTrack.h>
 #include <cstdio>
-#include <desktop/Look.h>
-#include <desktop/MainWindow.h>
-#include <desktop/SettingsColumn.h>
-#include <desktop/session/MonitorSession.h>
-#include <desktop/settings/AdvancedSettingsPanel.h>
-#include <desktop/settings/Translations.h>
 #include <fake/FakeAudioState.h>
 #include <fake/FakeAudioTrack.h>
 #include <memory>

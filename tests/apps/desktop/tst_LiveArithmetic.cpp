@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/live/detail/Decibels.h>
+#include <desktop/live/detail/Flash.h>
+#include <desktop/live/detail/SpectrumBands.h>
+#include <desktop/live/detail/TempoHint.h>
+#include <desktop/session/detail/TempoSpan.h>
+
 #include <QtTest>
 
-#include <desktop/detail/Decibels.h>
-#include <desktop/detail/Flash.h>
-#include <desktop/detail/SpectrumBands.h>
-#include <desktop/detail/TempoHint.h>
-#include <desktop/detail/TempoSpan.h>
 #include <limits>
 
 /// The numbers behind what the live panels show.
@@ -39,17 +40,17 @@ void tst_LiveArithmetic::tempoHint_saysWhatFitsTheRange_data()
     QTest::addColumn<double>("measured");
     QTest::addColumn<int>("kind");
     QTest::addColumn<double>("bpm");
-    QTest::newRow("unknown") << 0.0 << int(detail::eNoHint) << 0.0;
+    QTest::newRow("unknown") << 0.0 << int(desktop::eNoHint) << 0.0;
     QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN()
-                                  << int(detail::eNoHint) << 0.0;
-    QTest::newRow("inside") << 128.0 << int(detail::eNoHint) << 0.0;
-    QTest::newRow("lower edge") << 90.0 << int(detail::eNoHint) << 0.0;
-    QTest::newRow("upper edge") << 175.0 << int(detail::eNoHint) << 0.0;
-    QTest::newRow("a little below") << 89.7 << int(detail::eNoHint) << 0.0;
-    QTest::newRow("below") << 84.2 << int(detail::eDoubleHint) << 168.4;
-    QTest::newRow("above") << 200.0 << int(detail::eHalfHint) << 100.0;
-    QTest::newRow("far above") << 400.0 << int(detail::eOutsideHint) << 0.0;
-    QTest::newRow("far below") << 40.0 << int(detail::eOutsideHint) << 0.0;
+                                  << int(desktop::eNoHint) << 0.0;
+    QTest::newRow("inside") << 128.0 << int(desktop::eNoHint) << 0.0;
+    QTest::newRow("lower edge") << 90.0 << int(desktop::eNoHint) << 0.0;
+    QTest::newRow("upper edge") << 175.0 << int(desktop::eNoHint) << 0.0;
+    QTest::newRow("a little below") << 89.7 << int(desktop::eNoHint) << 0.0;
+    QTest::newRow("below") << 84.2 << int(desktop::eDoubleHint) << 168.4;
+    QTest::newRow("above") << 200.0 << int(desktop::eHalfHint) << 100.0;
+    QTest::newRow("far above") << 400.0 << int(desktop::eOutsideHint) << 0.0;
+    QTest::newRow("far below") << 40.0 << int(desktop::eOutsideHint) << 0.0;
 }
 
 void tst_LiveArithmetic::tempoHint_saysWhatFitsTheRange()
@@ -57,14 +58,14 @@ void tst_LiveArithmetic::tempoHint_saysWhatFitsTheRange()
     QFETCH(double, measured);
     QFETCH(int, kind);
     QFETCH(double, bpm);
-    const detail::TempoHint hint = detail::FindTempoHint(measured, 90.0, 175.0);
+    const desktop::TempoHint hint = desktop::FindTempoHint(measured, 90.0, 175.0);
     QCOMPARE(int(hint.kind), kind);
     QCOMPARE(hint.bpm, bpm);
 }
 
 void tst_LiveArithmetic::tempoSpan_isTheMeanInterval()
 {
-    detail::TempoSpan span;
+    desktop::TempoSpan span;
     // 22050 samples at 44100 Hz are half a second: 120 BPM.
     for (quint64 beat = 1; beat <= 6; ++beat)
         span.Add(beat * 22050, 441000);
@@ -73,7 +74,7 @@ void tst_LiveArithmetic::tempoSpan_isTheMeanInterval()
 
 void tst_LiveArithmetic::tempoSpan_isUnknown_withFewBeats()
 {
-    detail::TempoSpan span;
+    desktop::TempoSpan span;
     for (quint64 beat = 1; beat <= 4; ++beat) {
         span.Add(beat * 22050, 441000);
         QCOMPARE(span.getBPM(44100), 0.0);
@@ -86,7 +87,7 @@ void tst_LiveArithmetic::tempoSpan_isUnknown_withFewBeats()
 
 void tst_LiveArithmetic::tempoSpan_forgetsOldBeats()
 {
-    detail::TempoSpan span;
+    desktop::TempoSpan span;
     for (quint64 beat = 1; beat <= 5; ++beat)
         span.Add(beat * 44100, 441000);  // 60 BPM
     QCOMPARE(span.getBPM(44100), 60.0);
@@ -97,7 +98,7 @@ void tst_LiveArithmetic::tempoSpan_forgetsOldBeats()
 
 void tst_LiveArithmetic::tempoSpan_beginsAnew_whenIndexesDo()
 {
-    detail::TempoSpan span;
+    desktop::TempoSpan span;
     for (quint64 beat = 1; beat <= 5; ++beat)
         span.Add(beat * 22050, 441000);
     span.Add(100, 441000);
@@ -122,16 +123,16 @@ void tst_LiveArithmetic::decibels_areOfFullScale()
 {
     QFETCH(int, magnitude);
     QFETCH(double, decibels);
-    QVERIFY(std::abs(detail::ToDecibels(magnitude) - decibels) < 0.01);
+    QVERIFY(std::abs(desktop::ToDecibels(magnitude) - decibels) < 0.01);
 }
 
 void tst_LiveArithmetic::magnitude_isTheNearest()
 {
-    QCOMPARE(detail::ToMagnitude(0.0), qint16(32767));
-    QCOMPARE(detail::ToMagnitude(6.0), qint16(32767));
-    QCOMPARE(detail::ToMagnitude(-20.0), qint16(3277));
-    QCOMPARE(detail::ToMagnitude(-60.0), qint16(33));
-    QCOMPARE(detail::ToMagnitude(-99.0), qint16(33));
+    QCOMPARE(desktop::ToMagnitude(0.0), qint16(32767));
+    QCOMPARE(desktop::ToMagnitude(6.0), qint16(32767));
+    QCOMPARE(desktop::ToMagnitude(-20.0), qint16(3277));
+    QCOMPARE(desktop::ToMagnitude(-60.0), qint16(33));
+    QCOMPARE(desktop::ToMagnitude(-99.0), qint16(33));
 }
 
 void tst_LiveArithmetic::flash_fadesInSteps_data()
@@ -150,12 +151,12 @@ void tst_LiveArithmetic::flash_fadesInSteps()
 {
     QFETCH(qint64, elapsed);
     QFETCH(int, step);
-    QCOMPARE(detail::FlashStep(elapsed, 80), step);
+    QCOMPARE(desktop::FlashStep(elapsed, 80), step);
 }
 
 void tst_LiveArithmetic::bandEdges_areLogarithmic()
 {
-    const std::vector<double> edges = detail::BandEdges(10.0, 10000.0, 3);
+    const std::vector<double> edges = desktop::BandEdges(10.0, 10000.0, 3);
     QCOMPARE(edges.size(), std::size_t(4));
     QCOMPARE(edges[0], 10.0);
     QVERIFY(std::abs(edges[1] - 100.0) < 1e-9);
@@ -178,7 +179,7 @@ void tst_LiveArithmetic::power_isShownWithinLimits()
 {
     QFETCH(double, power);
     QFETCH(double, decibels);
-    QCOMPARE(detail::PowerDecibels(power, -60.0), decibels);
+    QCOMPARE(desktop::PowerDecibels(power, -60.0), decibels);
 }
 
 void tst_LiveArithmetic::bins_areThoseWithinTheBand_data()
@@ -202,15 +203,15 @@ void tst_LiveArithmetic::bins_areThoseWithinTheBand()
     QFETCH(double, high);
     QFETCH(int, first);
     QFETCH(int, last);
-    const detail::BinRange range = detail::BinsOfBand(low, high, 50.0, 10);
+    const desktop::BinRange range = desktop::BinsOfBand(low, high, 50.0, 10);
     QCOMPARE(int(range.first), first);
     QCOMPARE(int(range.last), last);
 }
 
 void tst_LiveArithmetic::bars_shareNoBins()
 {
-    const std::vector<double> edges = detail::BandEdges(30.0, 16000.0, 60);
-    const std::vector<detail::SpectrumBar> bars = detail::MakeBars(edges, 43.06640625, 512);
+    const std::vector<double> edges = desktop::BandEdges(30.0, 16000.0, 60);
+    const std::vector<desktop::SpectrumBar> bars = desktop::MakeBars(edges, 43.06640625, 512);
     QVERIFY(bars.size() > 30);
     QCOMPARE(bars.front().low, 30.0);
     QCOMPARE(bars.back().high, edges.back());
@@ -225,8 +226,8 @@ void tst_LiveArithmetic::bars_shareNoBins()
 void tst_LiveArithmetic::bars_endWithTheSpectrum()
 {
     // 8000 Hz: nothing lies above 4000 Hz.
-    const std::vector<double> edges = detail::BandEdges(30.0, 16000.0, 60);
-    const std::vector<detail::SpectrumBar> bars = detail::MakeBars(edges, 62.5, 64);
+    const std::vector<double> edges = desktop::BandEdges(30.0, 16000.0, 60);
+    const std::vector<desktop::SpectrumBar> bars = desktop::MakeBars(edges, 62.5, 64);
     QVERIFY(bars.back().low < 4000.0);
     QVERIFY(bars.back().high >= 4000.0);
     QCOMPARE(bars.back().bins.last, std::size_t(63));

@@ -1,14 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "LivePanelTest.h"
-
-#include <QCheckBox>
-#include <QLabel>
-#include <QProgressBar>
-#include <QSignalSpy>
-#include <QSlider>
-#include <qwt_plot.h>
-
-#include <desktop/detail/Flash.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>
@@ -18,6 +9,14 @@
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/live/SpectrumCanvas.h>
 #include <desktop/live/SpectrumPanel.h>
+#include <desktop/live/detail/Flash.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSignalSpy>
+#include <QSlider>
+#include <qwt_plot.h>
 
 Q_DECLARE_METATYPE(LiveValues)
 
@@ -69,9 +68,9 @@ void tst_LivePanels::led_flashesAndFades()
     QCOMPARE(panel.getLed().getStep(), 0);
     (isBeat ? values.beatTime : values.pulseTime) = 5000;
     panel.Refresh(values, 5000);
-    QCOMPARE(panel.getLed().getStep(), detail::kFlashSteps);
+    QCOMPARE(panel.getLed().getStep(), desktop::kFlashSteps);
     panel.Refresh(values, 5040);
-    QCOMPARE(panel.getLed().getStep(), detail::kFlashSteps / 2);
+    QCOMPARE(panel.getLed().getStep(), desktop::kFlashSteps / 2);
     panel.Refresh(values, 5099);
     QCOMPARE(panel.getLed().getStep(), 0);
     // The other lamp stays dark.
@@ -232,7 +231,7 @@ void tst_LivePanels::speakers_pumpWithTheBeat()
     const QImage still = panel.grab().toImage();
     values.beatTime = 1100;
     panel.Refresh(values, 1100);
-    QCOMPARE(panel.getStep(), detail::kFlashSteps);
+    QCOMPARE(panel.getStep(), desktop::kFlashSteps);
     QVERIFY(panel.grab().toImage() != still);
     panel.Refresh(values, 1350);
     QCOMPARE(panel.grab().toImage(), still);

@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
+#include <desktop/live/BpmPanel.h>
+#include <desktop/live/SpeakersPanel.h>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+#include <desktop/window/SettingsColumn.h>
+#include <desktop/window/StatusLine.h>
 
 #include <QAction>
 #include <QCheckBox>
@@ -12,13 +18,6 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-
-#include <desktop/SettingsColumn.h>
-#include <desktop/StatusLine.h>
-#include <desktop/live/BpmPanel.h>
-#include <desktop/live/SpeakersPanel.h>
-#include <desktop/settings/AdvancedSettingsPanel.h>
-#include <desktop/settings/ManualBeatPanel.h>
 
 using namespace windowtest;
 

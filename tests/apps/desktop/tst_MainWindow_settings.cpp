@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
-
-#include <QAction>
-#include <QCheckBox>
-#include <QMenu>
-#include <QScreen>
-
-#include <desktop/MainWindow.h>
-#include <desktop/SettingsColumn.h>
-#include <desktop/StatusLine.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
 #include <desktop/settings/Translations.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/SettingsColumn.h>
+#include <desktop/window/StatusLine.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QMenu>
+#include <QScreen>
 
 using namespace windowtest;
 

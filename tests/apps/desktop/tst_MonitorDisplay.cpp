@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopTest.h"
 #include "VirtualDisplay.h"
-
-#include <QListView>
-#include <QScreen>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
-#include <desktop/MainWindow.h>
-#include <desktop/SettingsColumn.h>
-#include <desktop/StatusLine.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>
 #include <desktop/live/SpectrumPanel.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/SettingsColumn.h>
+#include <desktop/window/StatusLine.h>
+
+#include <QListView>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTemporaryDir>
 
 namespace {
 

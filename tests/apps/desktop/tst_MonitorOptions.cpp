@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/MonitorOptions.h>
+
 #include <QtTest>
 
-#include <desktop/MonitorOptions.h>
 #include <vector>
 
 namespace {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopTest.h"
+#include <desktop/live/BpmPanel.h>
+#include <desktop/session/MonitorSession.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/SettingsColumn.h>
+#include <desktop/window/StatusLine.h>
+#include <shared/capture/SoundServer.h>
 
 #include <QFile>
 #include <QListView>
 
-#include <common/SoundServer.h>
-#include <desktop/MainWindow.h>
-#include <desktop/SettingsColumn.h>
-#include <desktop/StatusLine.h>
-#include <desktop/live/BpmPanel.h>
-#include <desktop/session/MonitorSession.h>
 #include <pulse/PulseServer.h>
 
 /// The window captures from a sound server, which is the test's own.

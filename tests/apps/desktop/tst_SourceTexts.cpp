@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-
-#include <desktop/Placement.h>
 #include <desktop/session/DeviceChoice.h>
 #include <desktop/session/SourceTexts.h>
+#include <desktop/window/Placement.h>
+
+#include <QtTest>
 
 Q_DECLARE_METATYPE(SourceState)
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "LivePanelTest.h"
-
-#include <qwt_plot.h>
-
 #include <desktop/live/SpectrumCanvas.h>
 #include <desktop/live/SpectrumPanel.h>
+
+#include <qwt_plot.h>
 
 using namespace livetest;
 

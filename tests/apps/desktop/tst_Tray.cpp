@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/window/Tray.h>
+
 #include <QAction>
 #include <QWidget>
 #include <QtTest>
-
-#include <desktop/Tray.h>
 
 /// With an icon in the tray the platform without a screen loses its own objects at the end.
 extern "C" const char* __lsan_default_suppressions();

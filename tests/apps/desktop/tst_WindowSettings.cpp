@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/window/WindowSettings.h>
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <desktop/WindowSettings.h>
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ManualBeatPanel.h>
 
 #include <QPushButton>
 
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/ManualBeatPanel.h>
 #include <utility>
 
 constexpr quint64 kStart = 1700000000000000;  // µs

@@ -4,12 +4,12 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <desktop/settings/ProfilesModel.h>
+#include <desktop/settings/ProfilesPanel.h>
 
 #include <QListView>
 #include <QPushButton>
 
-#include <desktop/settings/ProfilesModel.h>
-#include <desktop/settings/ProfilesPanel.h>
 #include <utility>
 
 inline QString Text(const char* pText)

@@ -2,12 +2,12 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <desktop/settings/AdvancedSettingsPanel.h>
 
 #include <QCheckBox>
 #include <QComboBox>
 
 #include <algorithm>
-#include <desktop/settings/AdvancedSettingsPanel.h>
 
 namespace {
 

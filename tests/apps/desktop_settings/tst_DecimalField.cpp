@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PanelTest.h"
+#include <desktop/settings/DecimalField.h>
 
 #include <QLineEdit>
-
-#include <desktop/settings/DecimalField.h>
 
 class tst_DecimalField : public QObject
 {

@@ -2,13 +2,13 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <desktop/settings/DurationsPanel.h>
+#include <desktop/settings/HintLabel.h>
 
 #include <QDoubleSpinBox>
 #include <QSpinBox>
 
 #include <cmath>
-#include <desktop/settings/DurationsPanel.h>
-#include <desktop/settings/HintLabel.h>
 #include <limits>
 #include <vector>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PanelTest.h"
+#include <desktop/settings/HintLabel.h>
 
 #include <algorithm>
 #include <cmath>
-#include <desktop/settings/HintLabel.h>
 
 namespace {
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PanelTest.h"
+#include <desktop/settings/InputDevicesModel.h>
 
 #include <QAbstractItemModelTester>
-
-#include <desktop/settings/InputDevicesModel.h>
 
 namespace {
 

@@ -2,12 +2,11 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
-
-#include <QListView>
-
 #include <desktop/settings/HintLabel.h>
 #include <desktop/settings/InputDevicesModel.h>
 #include <desktop/settings/InputDevicesPanel.h>
+
+#include <QListView>
 
 namespace {
 

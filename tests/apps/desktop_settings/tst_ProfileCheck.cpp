@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/UserProfile.h>
 
+#include <desktop/settings/detail/ProfileCheck.h>
+#include <desktop/settings/detail/ProfileValues.h>
+
 #include <QtTest>
 
 #include <cmath>
-#include <desktop/settings/detail/ProfileCheck.h>
-#include <desktop/settings/detail/ProfileValues.h>
 #include <limits>
 
-using detail::ProfileCheck;
-using detail::ProfileValues;
+using desktop::ProfileCheck;
+using desktop::ProfileValues;
 
 namespace {
 
@@ -151,7 +152,7 @@ void tst_ProfileCheck::apply_storesEveryValue()
 {
     const UserProfile profile(Text("p"), 2.0, 0, 75, 90.0, 175.0);
     const ProfileValues values{Text("q"), 180.0, 300.0, 400, 500, 3.5};
-    QVERIFY(detail::Apply(values, profile));
+    QVERIFY(desktop::Apply(values, profile));
     QCOMPARE(profile.getName(), Text("q"));
     QCOMPARE(profile.getMinimalBPM(), 180.0);
     QCOMPARE(profile.getMaximalBPM(), 300.0);
@@ -162,13 +163,13 @@ void tst_ProfileCheck::apply_storesEveryValue()
 
 void tst_ProfileCheck::apply_tellsWhenTheProfileIsReadOnly()
 {
-    QVERIFY(!detail::Apply(ProfileValues{Text("q"), 180.0, 300.0, 400, 500, 3.5}, Profile()));
+    QVERIFY(!desktop::Apply(ProfileValues{Text("q"), 180.0, 300.0, 400, 500, 3.5}, Profile()));
 }
 
 void tst_ProfileCheck::valuesOf_areThoseOfTheProfile()
 {
     const UserProfile profile(Text("p"), 1.25, -1, 75, 90.0, 175.0);
-    QVERIFY(detail::ValuesOf(profile) == (ProfileValues{Text("p"), 90.0, 175.0, -1, 75, 1.25}));
+    QVERIFY(desktop::ValuesOf(profile) == (ProfileValues{Text("p"), 90.0, 175.0, -1, 75, 1.25}));
 }
 
 void tst_ProfileCheck::equality_looksAtEveryValue()
@@ -188,9 +189,9 @@ void tst_ProfileCheck::equality_looksAtEveryValue()
 void tst_ProfileCheck::firstFreeName_takesTheFirstFreeNumber()
 {
     const auto make = [](int pNumber) { return QStringLiteral("Set (copy %1)").arg(pNumber); };
-    QCOMPARE(detail::FirstFreeName({}, make), Text("Set (copy 2)"));
+    QCOMPARE(desktop::FirstFreeName({}, make), Text("Set (copy 2)"));
     const QStringList names{Text("set (COPY 2)"), Text("Set (copy 3) "), Text("Set (copy 5)")};
-    QCOMPARE(detail::FirstFreeName(names, make), Text("Set (copy 4)"));
+    QCOMPARE(desktop::FirstFreeName(names, make), Text("Set (copy 4)"));
 }
 
 QTEST_APPLESS_MAIN(tst_ProfileCheck)

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "PanelTest.h"
+#include <desktop/settings/DecimalField.h>
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ProfileEditor.h>
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 
 #include <algorithm>
-#include <desktop/settings/DecimalField.h>
-#include <desktop/settings/HintLabel.h>
-#include <desktop/settings/ProfileEditor.h>
 
-using detail::ProfileValues;
+using desktop::ProfileValues;
 
 namespace {
 

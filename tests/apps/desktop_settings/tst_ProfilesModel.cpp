@@ -2,10 +2,9 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <desktop/settings/ProfilesModel.h>
 
 #include <QAbstractItemModelTester>
-
-#include <desktop/settings/ProfilesModel.h>
 
 namespace {
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ProfilesPanelFixture.h"
+#include <desktop/settings/HintLabel.h>
 
 #include <QLineEdit>
-
-#include <desktop/settings/HintLabel.h>
 
 /// What goes through the editor.
 class tst_ProfilesPanel_edit : public QObject

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <cli/settings/ConfigurationSettings.h>
+#include <desktop/settings/detail/PlainText.h>
+#include <desktop/settings/detail/SettingLimits.h>
+#include <shared/settings/ConfigurationStore.h>
+
 #include <QtTest>
 
 #include <algorithm>
-#include <common/ConfigurationSettings.h>
-#include <common/ConfigurationStore.h>
-#include <desktop/settings/detail/PlainText.h>
-#include <desktop/settings/detail/SettingLimits.h>
 
 class tst_SettingLimits : public QObject
 {
@@ -36,13 +37,13 @@ void tst_SettingLimits::decibels_areThoseOfFullScale()
 {
     QFETCH(const int, level);
     QFETCH(const double, decibels);
-    QVERIFY(std::abs(detail::ToDecibels(level) - decibels) < 0.001);
+    QVERIFY(std::abs(desktop::ToDecibels(level) - decibels) < 0.001);
 }
 
 void tst_SettingLimits::decibels_areMinusInfinity_withoutALevel()
 {
-    QVERIFY(std::isinf(detail::ToDecibels(0)) && detail::ToDecibels(0) < 0.0);
-    QVERIFY(std::isinf(detail::ToDecibels(-1)));
+    QVERIFY(std::isinf(desktop::ToDecibels(0)) && desktop::ToDecibels(0) < 0.0);
+    QVERIFY(std::isinf(desktop::ToDecibels(-1)));
 }
 
 void tst_SettingLimits::limits_areThoseOfTheCommandLine_data()
@@ -51,15 +52,15 @@ void tst_SettingLimits::limits_areThoseOfTheCommandLine_data()
     QTest::addColumn<double>("minimum");
     QTest::addColumn<double>("maximum");
     QTest::addColumn<double>("beyond");
-    const auto add = [](const char* pName, const detail::DurationLimits& pLimits) {
+    const auto add = [](const char* pName, const desktop::DurationLimits& pLimits) {
         QTest::newRow(pName) << QString::fromLatin1(pName) << pLimits.minimum << pLimits.maximum
                              << 0.01;
     };
-    add("average-duration", detail::kAverageVolumeLimits);
-    add("bpm-duration", detail::kBPMLimits);
-    add("normalization-duration", detail::kNormalizationLimits);
-    add("stop-duration", detail::kStopDetectionLimits);
-    const double level = detail::kMaximalLevel;
+    add("average-duration", desktop::kAverageVolumeLimits);
+    add("bpm-duration", desktop::kBPMLimits);
+    add("normalization-duration", desktop::kNormalizationLimits);
+    add("stop-duration", desktop::kStopDetectionLimits);
+    const double level = desktop::kMaximalLevel;
     QTest::newRow("stop-threshold") << QStringLiteral("stop-threshold") << 0.0 << level << 1.0;
     QTest::newRow("normalization-threshold")
         << QStringLiteral("normalization-threshold") << 0.0 << level << 1.0;
@@ -101,7 +102,7 @@ void tst_SettingLimits::plainText_hasNoMarks()
 {
     QFETCH(const QString, label);
     QFETCH(const QString, text);
-    QCOMPARE(detail::PlainText(label), text);
+    QCOMPARE(desktop::PlainText(label), text);
 }
 
 QTEST_GUILESS_MAIN(tst_SettingLimits)

@@ -2,6 +2,13 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/DurationsPanel.h>
+#include <desktop/settings/InputDevicesModel.h>
+#include <desktop/settings/InputDevicesPanel.h>
+#include <desktop/settings/ProfilesModel.h>
+#include <desktop/settings/ProfilesPanel.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,13 +18,6 @@
 #include <QPushButton>
 
 #include <cmath>
-#include <common/ConfigurationStore.h>
-#include <desktop/settings/AdvancedSettingsPanel.h>
-#include <desktop/settings/DurationsPanel.h>
-#include <desktop/settings/InputDevicesModel.h>
-#include <desktop/settings/InputDevicesPanel.h>
-#include <desktop/settings/ProfilesModel.h>
-#include <desktop/settings/ProfilesPanel.h>
 
 namespace {
 

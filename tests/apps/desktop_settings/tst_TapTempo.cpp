@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-
 #include <desktop/settings/detail/TapTempo.h>
 
-using detail::TapTempo;
+#include <QtTest>
+
+using desktop::TapTempo;
 
 /// The arithmetic of taps. Times in milliseconds, worked out by hand.
 class tst_TapTempo : public QObject

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <desktop/settings/Translations.h>
+
 #include <QDirIterator>
 #include <QFile>
 #include <QProcess>
@@ -6,7 +8,6 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
-#include <desktop/settings/Translations.h>
 #include <vector>
 
 namespace {

@@ -2,11 +2,6 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "PanelTest.h"
-
-#include <QAbstractSpinBox>
-#include <QPushButton>
-
-#include <algorithm>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/DurationsPanel.h>
 #include <desktop/settings/InputDevicesModel.h>
@@ -15,6 +10,11 @@
 #include <desktop/settings/ProfilesModel.h>
 #include <desktop/settings/ProfilesPanel.h>
 #include <desktop/settings/Translations.h>
+
+#include <QAbstractSpinBox>
+#include <QPushButton>
+
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -307,7 +307,7 @@ void tst_Translations::editor_changesLanguage_andKeepsItsValues()
 {
     Translations translations;
     QVERIFY(translations.setLanguage(Text("en")));
-    const detail::ProfileValues values{Text("Zouk"), 80.0, 110.0, 200, 90, 1.5};
+    const desktop::ProfileValues values{Text("Zouk"), 80.0, 110.0, 200, 90, 1.5};
     ProfileEditor editor(ProfileEditor::eOwn, values, {});
     QVERIFY(translations.setLanguage(Text("de")));
     QTRY_COMPARE(editor.windowTitle(), Text("Profil „Zouk“"));

@@ -4,10 +4,11 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <shared/capture/CaptureSession.h>
+
 #include <QStringList>
 #include <QtTest>
 
-#include <common/CaptureSession.h>
 #include <fake/FakeAudioState.h>
 #include <utility>
 #include <vector>

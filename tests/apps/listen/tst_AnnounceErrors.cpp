@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <cli/live/detail/AnnounceErrors.h>
+#include <cli/live/detail/TempoMedian.h>
+
 #include <QtTest>
 
-#include <cli/detail/TempoMedian.h>
 #include <cmath>
-#include <common/detail/AnnounceErrors.h>
 #include <vector>
 
-using detail::AnnounceErrors;
-using detail::AnnounceStatistics;
+using cli::AnnounceErrors;
+using cli::AnnounceStatistics;
 
 namespace {
 
@@ -146,7 +147,7 @@ void tst_AnnounceErrors::tempoMedian_isTheMiddleOne_data()
 void tst_AnnounceErrors::tempoMedian_isTheMiddleOne()
 {
     QFETCH(std::vector<double>, tempos);
-    detail::TempoMedian median;
+    cli::TempoMedian median;
     for (const double tempo : tempos)
         median.Add(tempo);
     QTEST(median.getMedian(), "median");

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <shared/capture/LevelWatch.h>
+
 #include <QtTest>
 
-#include <common/detail/LevelWatch.h>
 #include <limits>
 #include <vector>
 
-using detail::LevelWatch;
+using shared::LevelWatch;
 using Notices = std::vector<eCaptureNotice>;
 using Samples = std::vector<qint16>;
 

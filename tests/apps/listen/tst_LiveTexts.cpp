@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <cli/CommandLine.h>
+#include <cli/live/ListenTexts.h>
+#include <cli/live/detail/LiveLine.h>
+#include <shared/capture/InputDevices.h>
+
 #include <QtTest>
 
-#include <cli/CommandLine.h>
-#include <cli/ListenTexts.h>
-#include <cli/detail/LiveLine.h>
-#include <common/InputDevices.h>
 #include <vector>
 
 namespace {
@@ -58,7 +59,7 @@ private Q_SLOTS:
 
 void tst_LiveTexts::line_showsEverything()
 {
-    detail::LiveValues values;
+    cli::LiveValues values;
     values.isBeat = true;
     values.bpm = 127.96;
     values.accuracy = 0.5;
@@ -68,26 +69,26 @@ void tst_LiveTexts::line_showsEverything()
     values.seconds = 65.0;
     values.device = QStringLiteral("Deck");
     // -20 dB, a tenth of full scale, is two thirds of the way: the 13th of 20 places.
-    QCOMPARE(detail::LiveLine(values, 200),
+    QCOMPARE(cli::LiveLine(values, 200),
              QStringLiteral(
                  "* 128.0 BPM   50 %  [############|#######] 32767 /  3276  playing   1:05  Deck"));
 }
 
 void tst_LiveTexts::line_hasNoTempo_beforeOneIsKnown()
 {
-    detail::LiveValues values;
+    cli::LiveValues values;
     values.status = QStringLiteral("stopped");
     values.threshold = -1;
-    QCOMPARE(detail::LiveLine(values, 200),
+    QCOMPARE(cli::LiveLine(values, 200),
              QStringLiteral(
                  "    --- BPM  100 %  [....................]     0 /     0  stopped   0:00  "));
 }
 
 void tst_LiveTexts::line_fitsTheTerminal()
 {
-    detail::LiveValues values;
+    cli::LiveValues values;
     values.device = QString(300, QLatin1Char('x'));
-    QCOMPARE(detail::LiveLine(values, 79).size(), 79);
+    QCOMPARE(cli::LiveLine(values, 79).size(), 79);
 }
 
 void tst_LiveTexts::bar_coversSixtyDecibels_data()
@@ -104,7 +105,7 @@ void tst_LiveTexts::bar_coversSixtyDecibels_data()
 void tst_LiveTexts::bar_coversSixtyDecibels()
 {
     QFETCH(int, peak);
-    const QString bar = detail::LevelBar(peak, -1);
+    const QString bar = cli::LevelBar(peak, -1);
     QCOMPARE(bar.size(), 20);
     QTEST(bar.count(QLatin1Char('#')), "filled");
 }

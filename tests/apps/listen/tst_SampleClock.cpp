@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <shared/capture/detail/ArrivalLog.h>
+#include <shared/capture/detail/SampleClock.h>
+
 #include <QtTest>
 
-#include <common/detail/ArrivalLog.h>
-#include <common/detail/SampleClock.h>
-
-using detail::ArrivalLog;
-using detail::SampleClock;
+using shared::ArrivalLog;
+using shared::SampleClock;
 
 namespace {
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <cli/output/ClickTrack.h>
+
 #include <QtTest>
 
 #include <algorithm>
 #include <cmath>
-#include <common/ClickTrack.h>
 #include <csignal>
 #include <limits>
 #include <random>

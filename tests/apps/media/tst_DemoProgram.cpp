@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
+#include <demo/DemoTrack.h>
+
 #include <QtTest>
 
 #include <cmath>
-#include <common/DemoTrack.h>
 #include <sndfile.h>
 
 namespace {

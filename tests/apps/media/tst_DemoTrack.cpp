@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/dsp/FastFourierTransform.h>
 
+#include <demo/DemoTrack.h>
+
 #include <QtTest>
 
 #include <algorithm>
 #include <cmath>
-#include <common/DemoTrack.h>
 #include <cstring>
 
 namespace {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <cli/plot/LevelTrace.h>
+
 #include <QtTest>
 
 #include <algorithm>
-#include <common/LevelTrace.h>
 #include <random>
 
 namespace {

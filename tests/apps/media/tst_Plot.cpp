@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <cli/plot/Plot.h>
+#include <cli/plot/PlotScript.h>
+
 #include <QXmlStreamReader>
 #include <QtTest>
 
 #include <cmath>
-#include <common/Plot.h>
-#include <common/PlotScript.h>
 
 namespace {
 

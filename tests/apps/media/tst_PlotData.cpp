@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <cli/plot/detail/PlotData.h>
+
 #include <QtTest>
 
 #include <algorithm>
-#include <common/detail/PlotData.h>
 
 class tst_PlotData : public QObject
 {
@@ -31,16 +32,16 @@ private Q_SLOTS:
 void tst_PlotData::thinLevels_keepsFewColumns()
 {
     const std::vector<LevelTrace::Column> columns = {{0.0, 5, 1}, {1.0, 4, 2}};
-    QCOMPARE(detail::thinLevels(columns, 2).size(), std::size_t(2));
-    QCOMPARE(detail::thinLevels(columns, 2)[1].level, 4);
-    QVERIFY(detail::thinLevels({}, 2).empty());
+    QCOMPARE(cli::thinLevels(columns, 2).size(), std::size_t(2));
+    QCOMPARE(cli::thinLevels(columns, 2)[1].level, 4);
+    QVERIFY(cli::thinLevels({}, 2).empty());
 }
 
 void tst_PlotData::thinLevels_mergesNeighbours()
 {
     const std::vector<LevelTrace::Column> columns = {
         {0.0, 5, 1}, {1.0, 4, 2}, {2.0, 3, 0}, {3.0, 7, 0}, {4.0, 1, 9}};
-    const auto thinned = detail::thinLevels(columns, 3);
+    const auto thinned = cli::thinLevels(columns, 3);
     QCOMPARE(thinned.size(), std::size_t(3));
     QCOMPARE(thinned[0].time, 0.0);
     QCOMPARE(thinned[0].level, 5);
@@ -55,7 +56,7 @@ void tst_PlotData::thinLevels_mergesNeighbours()
 void tst_PlotData::thinTempos_keepsAShortCurve()
 {
     const std::vector<TempoPoint> tempos = {{0.0, 100.0}, {0.1, 0.0}, {0.2, 120.0}, {0.3, 110.0}};
-    QCOMPARE(detail::thinTempos(tempos, 10.0, 1).size(), std::size_t(4));
+    QCOMPARE(cli::thinTempos(tempos, 10.0, 1).size(), std::size_t(4));
 }
 
 void tst_PlotData::thinTempos_keepsTheExtremesOfEachBin()
@@ -67,7 +68,7 @@ void tst_PlotData::thinTempos_keepsTheExtremesOfEachBin()
         const double bpm = place == 10 ? 149.0 : place == 40 ? 51.0 : 100.0 + place;
         tempos.push_back({double(i), bpm});
     }
-    const auto thinned = detail::thinTempos(tempos, 100.0, 2);
+    const auto thinned = cli::thinTempos(tempos, 100.0, 2);
     const std::vector<double> times = {0.0, 10.0, 40.0, 49.0, 50.0, 60.0, 90.0, 99.0};
     QCOMPARE(thinned.size(), times.size());
     for (std::size_t i = 0; i < times.size(); ++i) {
@@ -79,15 +80,15 @@ void tst_PlotData::thinTempos_keepsTheExtremesOfEachBin()
 void tst_PlotData::countPerBin_countsEachOnce()
 {
     const std::vector<int> expected = {2, 0, 1, 1};
-    QCOMPARE(detail::countPerBin({0.0, 0.9, 2.0, 3.999}, 4.0, 4), expected);
+    QCOMPARE(cli::countPerBin({0.0, 0.9, 2.0, 3.999}, 4.0, 4), expected);
 }
 
 void tst_PlotData::countPerBin_countsOutsideAtTheEdges()
 {
     const std::vector<int> edges = {1, 2};
-    QCOMPARE(detail::countPerBin({-5.0, 4.0, 99.0}, 4.0, 2), edges);
+    QCOMPARE(cli::countPerBin({-5.0, 4.0, 99.0}, 4.0, 2), edges);
     const std::vector<int> nothing = {1, 0};
-    QCOMPARE(detail::countPerBin({1.0}, 0.0, 2), nothing);
+    QCOMPARE(cli::countPerBin({1.0}, 0.0, 2), nothing);
 }
 
 void tst_PlotData::getTickStep_isRound_data()
@@ -110,13 +111,13 @@ void tst_PlotData::getTickStep_isRound()
 {
     QFETCH(double, duration);
     QFETCH(double, step);
-    QCOMPARE(detail::getTickStep(duration, 12), step);
+    QCOMPARE(cli::getTickStep(duration, 12), step);
 }
 
 void tst_PlotData::getTickStep_neverGivesTooManyTicks()
 {
     for (double duration = 0.02; duration < 1e8; duration *= 1.07) {
-        const int ticks = int(duration / detail::getTickStep(duration, 12)) + 1;
+        const int ticks = int(duration / cli::getTickStep(duration, 12)) + 1;
         QVERIFY2(ticks >= 2 && ticks <= 13, qPrintable(QString::number(duration)));
     }
 }
@@ -145,9 +146,9 @@ void tst_PlotData::formatTick_fitsTheAxis()
     QFETCH(double, duration);
     QFETCH(QString, label);
     QFETCH(QString, length);
-    QCOMPARE(detail::formatTick(time, duration), label);
-    QCOMPARE(detail::formatLength(duration), length);
-    const QString unit = detail::getTimeUnit(duration);
+    QCOMPARE(cli::formatTick(time, duration), label);
+    QCOMPARE(cli::formatLength(duration), length);
+    const QString unit = cli::getTimeUnit(duration);
     QCOMPARE(unit.count(QLatin1Char(':')), label.count(QLatin1Char(':')));
 }
 
@@ -173,7 +174,7 @@ void tst_PlotData::getTempoRange_leavesRoom()
     std::vector<TempoPoint> points;
     for (const double tempo : tempos)
         points.push_back({0.0, tempo});
-    const detail::TempoRange range = detail::getTempoRange(points);
+    const cli::TempoRange range = cli::getTempoRange(points);
     QCOMPARE(range.minimum, minimum);
     QCOMPARE(range.maximum, maximum);
     QCOMPARE(range.isKnown, isKnown);
@@ -201,7 +202,7 @@ void tst_PlotData::makeTitle_replacesAndShortens()
 {
     QFETCH(QString, text);
     QFETCH(QString, title);
-    QCOMPARE(detail::makeTitle(text, 10), title);
+    QCOMPARE(cli::makeTitle(text, 10), title);
 }
 
 void tst_PlotData::quote_isLiteral_data()
@@ -220,7 +221,7 @@ void tst_PlotData::quote_isLiteral()
 {
     QFETCH(QString, text);
     QFETCH(QByteArray, quoted);
-    QCOMPARE(detail::quote(text), quoted);
+    QCOMPARE(cli::quote(text), quoted);
 }
 
 QTEST_APPLESS_MAIN(tst_PlotData)

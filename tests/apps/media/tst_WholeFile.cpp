@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
+#include <shared/files/WholeFile.h>
 
-#include <common/WholeFile.h>
+#include <QtTest>
 
 class tst_WholeFile : public QObject
 {

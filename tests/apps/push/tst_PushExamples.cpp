@@ -3,11 +3,11 @@
 
 #include "ProgramRunner.h"
 #include "TestAudio.h"
+#include <demo/DemoTrack.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <common/DemoTrack.h>
 #include <vector>
 
 namespace {

@@ -2,12 +2,12 @@
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
 #include "BeatTrackerTest.h"
+#include <cli/analyze/FileAnalysis.h>
+#include <cli/settings/AnalysisOptionTable.h>
+#include <demo/DemoTrack.h>
 
 #include <algorithm>
 #include <cmath>
-#include <common/AnalysisOptionTable.h>
-#include <common/DemoTrack.h>
-#include <common/FileAnalysis.h>
 #include <thread>
 
 using namespace vamptest;

@@ -2,8 +2,8 @@
 #include <AudioAnalyzer/Version.h>
 
 #include "BeatTrackerTest.h"
+#include <cli/settings/AnalysisOptionTable.h>
 
-#include <common/AnalysisOptionTable.h>
 #include <limits>
 
 using namespace vamptest;

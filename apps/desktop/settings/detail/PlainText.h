@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace detail {
+namespace desktop {
 
 /// What a label says, without its mnemonic and its colon: the name of its field for assistive
 /// tools.
@@ -15,4 +15,4 @@ inline QString PlainText(QString pLabel)
     return pLabel.trimmed();
 }
 
-}  // namespace detail
+}  // namespace desktop

@@ -2,7 +2,7 @@
 #include <desktop/settings/detail/ProfileCheck.h>
 #include <desktop/settings/detail/ProfileValues.h>
 
-namespace detail {
+namespace desktop {
 
 QString ProfileCheck::Name(const QString& pName, const QStringList& pTaken)
 {
@@ -38,4 +38,4 @@ QString ProfileCheck::Sensibility(double pSensibility)
     return pSensibility >= 0.0 ? QString() : tr("The sensibility must be 0 or more.");
 }
 
-}  // namespace detail
+}  // namespace desktop

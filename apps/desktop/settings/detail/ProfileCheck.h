@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace detail {
+namespace desktop {
 
 /// Why values of a profile are refused, in words; an empty text when they are not.
 ///
@@ -25,4 +25,4 @@ public:
     static QString Sensibility(double pSensibility);
 };
 
-}  // namespace detail
+}  // namespace desktop

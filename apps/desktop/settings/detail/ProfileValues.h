@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace detail {
+namespace desktop {
 
 /// What a person sets in a profile.
 struct ProfileValues
@@ -72,4 +72,4 @@ QString FirstFreeName(const QStringList& pNames, Make pMake)
     return pMake(number);
 }
 
-}  // namespace detail
+}  // namespace desktop

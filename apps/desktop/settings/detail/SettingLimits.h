@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-namespace detail {
+namespace desktop {
 
 /// What the panels offer; the command line has the same limits. The configuration itself has none.
 struct DurationLimits
@@ -30,4 +30,4 @@ inline double ToDecibels(int pLevel)
     return 20.0 * std::log10(static_cast<double>(pLevel) / kMaximalLevel);
 }
 
-}  // namespace detail
+}  // namespace desktop

@@ -7,7 +7,7 @@
 #include <deque>
 #include <vector>
 
-namespace detail {
+namespace desktop {
 
 /// The tempo of taps: that of the median interval of the latest ones, so that one late finger does
 /// not count.
@@ -60,4 +60,4 @@ private:
     std::deque<quint64> m_taps;  ///< µs, the oldest first
 };
 
-}  // namespace detail
+}  // namespace desktop

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include <cli/analyze/AnalyzeFile.h>
+#include <cli/analyze/RawPcmReader.h>
+#include <cli/detail/ProgressLine.h>
+#include <cli/output/JsonWriter.h>
+#include <cli/output/NdjsonWriter.h>
+#include <cli/output/OverallTempo.h>
+#include <cli/output/SvlWriter.h>
+#include <cli/output/TextWriters.h>
+#include <cli/plot/Plot.h>
+#include <shared/files/AudioFileReader.h>
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+AnalyzeFile::AnalyzeFile(const AnalyzeOptions& pOptions, const AnalyzeTask& pTask)
+    : m_options(pOptions), m_task(pTask)
+{
+}
+
+AnalyzeFile::~AnalyzeFile() = default;
+
+bool AnalyzeFile::Run(const Progress& pProgress)
+{
+    QElapsedTimer timer;
+    timer.start();
+    if (!_OpenSource() || !_OpenOutputs() || !_Analyze(pProgress))
+        return false;
+    _WriteExtras();
+    _WriteResult();
+    if (!m_errors.isEmpty() || m_output.isReaderGone())
+        return false;
+    _AddSummary(double(timer.nsecsElapsed()) / 1e9);
+    return true;
+}
+
+bool AnalyzeFile::_OpenSource()
+{
+    bool isOpen = false;
+    if (m_options.rawRate > 0) {
+        auto reader = std::make_unique<RawPcmReader>(m_options.rawRate, m_options.rawChannels);
+        isOpen = reader->Open(m_task.input);
+        m_source = std::move(reader);
+    } else {
+        auto reader = std::make_unique<AudioFileReader>();
+        isOpen = reader->Open(m_task.input);
+        m_source = std::move(reader);
+    }
+    if (!isOpen)
+        return _Fail(m_source->getError());
+    m_analysis = std::make_unique<FileAnalysis>(m_options.analysis, *m_source);
+    return true;
+}
+
+/// What cannot be written is found out before the work; only events are written during it.
+bool AnalyzeFile::_OpenOutputs()
+{
+    for (const QString& path : {m_task.output, m_options.click, m_options.plot}) {
+        const QString obstacle = path.isEmpty() ? QString() : OutputFile::FindObstacle(path);
+        if (!obstacle.isEmpty())
+            return _Fail(obstacle);
+    }
+    if (!m_options.click.isEmpty() &&
+        !m_click.Open(m_options.click, m_source->getSampleRate(), m_source->getChannelCount()))
+        return _Fail(m_click.getError());
+    if (m_options.format != eNdjsonFormat)
+        return true;
+    if (!m_output.Open(m_task.output))
+        return _Fail(m_output.getError());
+    m_events =
+        std::make_unique<NdjsonWriter>(m_analysis->getRelay(),
+                                       m_task.isTagged ? m_task.input : QString(),
+                                       m_options.isRealOnly,
+                                       [this](const QByteArray& pLine) { m_output.Write(pLine); });
+    return true;
+}
+
+bool AnalyzeFile::_Analyze(const Progress& pProgress)
+{
+    const bool hasClick = !m_options.click.isEmpty();
+    const bool isDone = m_analysis->Run([&](const float* pFrames, std::size_t pCount) {
+        if (hasClick && !m_click.Append(pFrames, pCount))
+            return _Fail(m_click.getError());
+        if (!m_output.getError().isEmpty())
+            return _Fail(m_output.getError());
+        return !m_output.isReaderGone() && _Report(pProgress);
+    });
+    if (!isDone && !m_analysis->getError().isEmpty())
+        return _Fail(m_analysis->getError());
+    return isDone;
+}
+
+bool AnalyzeFile::_Report(const Progress& pProgress) const
+{
+    const auto done = double(m_analysis->getSampleCount());
+    const auto all = double(m_source->getFrameCount());
+    return pProgress(all > 0.0 ? done / all : -1.0, done / m_source->getSampleRate());
+}
+
+void AnalyzeFile::_WriteExtras()
+{
+    AnalysisResult& result = m_analysis->getLog().getResult();
+    result.source = m_task.input;
+    if (m_options.isRealOnly) {
+        result.beats.erase(std::remove_if(
+                               result.beats.begin(),
+                               result.beats.end(),
+                               [](const LoggedBeat& pBeat) { return pBeat.isVirtual; }),
+                           result.beats.end());
+    }
+    if (!m_options.click.isEmpty() && !m_click.Finish(result.beats))
+        _Fail(m_click.getError());
+    Plot plot;
+    if (!m_options.plot.isEmpty() && !plot.Write(m_options.plot, result, m_analysis->getLevels()))
+        _Fail(plot.getError());
+}
+
+void AnalyzeFile::_WriteResult()
+{
+    const AnalysisResult& result = m_analysis->getLog().getResult();
+    if (m_events != nullptr)
+        m_events->Finish(result);
+    const bool isWritten =
+        m_events != nullptr || (m_output.Open(m_task.output) && m_output.Write(_MakeText(result)));
+    if ((!isWritten || !m_output.Commit()) && !m_output.isReaderGone())
+        _Fail(m_output.getError());
+}
+
+QByteArray AnalyzeFile::_MakeText(const AnalysisResult& pResult) const
+{
+    const QByteArray heading = m_task.hasHeading ? makeHeading(m_task.input) : QByteArray();
+    switch (m_options.format) {
+    case eBeatsFormat:
+        return heading + makeBeatsText(pResult);
+    case eLabelsFormat:
+        return makeLabelsText(pResult);
+    case eCsvFormat:
+        return makeCsvText(pResult);
+    case eSvlFormat:
+        return makeSvlDocument(pResult);
+    case eTempoFormat:
+        return heading + makeTempoText(pResult);
+    case eJsonFormat:
+        return makeJsonDocument(pResult, m_options.analysis, m_analysis->getConfiguration());
+    case eNdjsonFormat:
+        break;
+    }
+    return {};
+}
+
+void AnalyzeFile::_AddSummary(double pElapsed)
+{
+    const AnalysisResult& result = m_analysis->getLog().getResult();
+    const QString silence = _DescribeSilence();
+    if (!silence.isEmpty())
+        m_notes.append(tr("%1: %2").arg(m_task.input, silence));
+    const auto virtualCount =
+        std::count_if(result.beats.begin(), result.beats.end(), [](const LoggedBeat& pBeat) {
+            return pBeat.isVirtual;
+        });
+    const double bpm = cli::OverallTempo(result.beats);
+    const double speed = result.duration() / std::max(pElapsed, 1e-6);
+    m_notes.append(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual), %7x real time")
+                       .arg(m_task.input)
+                       .arg(cli::Clock(result.duration()))
+                       .arg(bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("tempo unknown"))
+                       .arg(result.beats.size())
+                       .arg(qint64(result.beats.size()) - virtualCount)
+                       .arg(virtualCount)
+                       .arg(speed, 0, 'f', 0));
+}
+
+/// Why the whole file counted as stopped, and what to do; empty when it did not.
+QString AnalyzeFile::_DescribeSilence() const
+{
+    const AnalysisResult& result = m_analysis->getLog().getResult();
+    const double stopDuration = m_options.analysis.stopDuration;
+    const bool isSilent = result.silences.size() == 1 && result.silences.front().start <= 0.0 &&
+                          result.silences.front().end >= result.duration();
+    if (!isSilent)
+        return {};
+    if (result.duration() < stopDuration)
+        return tr("shorter than the %1 s in which music is told from silence; lower "
+                  "--stop-duration")
+            .arg(stopDuration);
+    if (m_analysis->getPeak() == 0)
+        return tr("nothing but digital silence; check the recording");
+    const int threshold = m_analysis->getConfiguration().getStopDetectionThreshold();
+    return tr("too quiet to count as music: its level never rises above the stop threshold %1 "
+              "between 50 and 2000 Hz (its peak is %2); lower --stop-threshold")
+        .arg(threshold)
+        .arg(m_analysis->getPeak());
+}
+
+bool AnalyzeFile::_Fail(const QString& pReason)
+{
+    m_errors.append(tr("%1: %2").arg(m_task.input, pReason));
+    return false;
+}

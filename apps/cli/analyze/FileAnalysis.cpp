@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include <cli/analyze/FileAnalysis.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+/// The settings must be in the configuration before the analyzer is made from it.
+Configuration* ApplyTo(Configuration& pConfiguration, const AnalysisOptions& pOptions)
+{
+    const QString refusal = pOptions.Apply(pConfiguration);
+    Q_ASSERT_X(refusal.isEmpty(), "FileAnalysis", qPrintable(refusal));
+    return &pConfiguration;
+}
+
+}  // namespace
+
+FileAnalysis::FileAnalysis(const AnalysisOptions& pOptions, AudioSource& pSource)
+    : m_options(pOptions), m_source(pSource),
+      m_pump(ApplyTo(m_configuration, m_options), pSource.getSampleRate())
+{
+    m_options.Apply(m_pump.getAnalyzer());
+    m_relay.Restart(pSource.getSampleRate());
+    QObject::connect(&m_pump.getAnalyzer(),
+                     &AudioAnalyzer::OnAudioSamplesAnalyzed,
+                     &m_log,
+                     [this](unsigned int, const qint16* pSamples, unsigned int pCount) {
+                         _TraceLevel(pSamples, pCount);
+                     });
+}
+
+bool FileAnalysis::Run(const BatchObserver& pObserver)
+{
+    if (!_AnalyzeSource(pObserver) || !_CheckSource())
+        return false;
+    m_pump.Finish();
+    m_log.Finish(m_pump.getSampleCount());
+    return true;
+}
+
+bool FileAnalysis::_AnalyzeSource(const BatchObserver& pObserver)
+{
+    for (;;) {
+        const qint16* pSamples = m_pump.getSpace();
+        const std::size_t wanted = m_pump.getSpaceCount();
+        const std::size_t count = m_source.Read(m_pump.getSpace(), wanted);
+        for (std::size_t i = 0; i < count; ++i)
+            m_peak = std::max(m_peak, std::abs(int(pSamples[i])));
+        m_pump.Commit(count);
+        if (!pObserver(m_source.getFrames(), count))
+            return false;
+        if (count < wanted)
+            return true;
+    }
+}
+
+bool FileAnalysis::_CheckSource()
+{
+    m_error = m_source.getError();
+    if (m_error.isEmpty() && getSampleCount() < m_pump.getBlockSize()) {
+        m_error = tr("too short: %1 samples, and the analysis needs %2 at least; give longer audio")
+                      .arg(getSampleCount())
+                      .arg(m_pump.getBlockSize());
+    }
+    return m_error.isEmpty();
+}
+
+void FileAnalysis::_TraceLevel(const qint16* pSamples, unsigned int pCount)
+{
+    if (m_pump.getBlockIndex() >= getSampleCount())
+        return;
+    int level = 0;
+    for (unsigned int i = 0; i < pCount; ++i)
+        level = std::max(level, std::abs(int(pSamples[i])));
+    AudioAnalyzer& analyzer = m_pump.getAnalyzer();
+    const int threshold = analyzer.isPlaying() ? std::max<int>(0, analyzer.getThreshold()) : 0;
+    m_levels.Append(double(m_pump.getBlockIndex()) / m_source.getSampleRate(), level, threshold);
+}

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
+
+#include <cli/Console.h>
+#include <cli/ExitCode.h>
+#include <cli/Interrupt.h>
+#include <cli/live/DevicesCommand.h>
+#include <cli/live/ListenTexts.h>
+#include <shared/capture/InputDevices.h>
+#include <shared/capture/SoundServer.h>
+
+#include <QStringList>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kTickMs = 50;
+
+}  // namespace
+
+DevicesCommand::DevicesCommand(const DevicesOptions& pOptions) : m_options(pOptions) {}
+
+int DevicesCommand::Run()
+{
+    preferSoundServer();
+    m_output.Open(QStringLiteral("-"));
+    // First, so that nothing that changes while the devices are listed is missed.
+    QtAudioInputDevicesManager::GetInstance();
+    _List();
+    if (m_options.isWatching)
+        _Watch();
+    if (m_output.isReaderGone())
+        return eExitPipeClosed;
+    if (m_output.getError().isEmpty())
+        return eExitDone;
+    console::PrintError(m_output.getError());
+    return eExitFailed;
+}
+
+void DevicesCommand::_List()
+{
+    const std::vector<InputDevice> devices = listInputDevices();
+    int width = 0;
+    for (const InputDevice& device : devices)
+        width = std::max(width, device.name.size());
+    for (const InputDevice& device : devices)
+        _Write(_Describe(device, width));
+    if (devices.empty())
+        console::PrintLine(tr("there is no input device; plug one in, or start a sound server"));
+}
+
+void DevicesCommand::_Watch()
+{
+    using M = QtAudioInputDevicesManager;
+    M* pWatcher = M::GetInstance();
+    QObject::connect(
+        pWatcher,
+        &M::OnConnected,
+        [this](const QtAudioInputDeviceInfo& pDevice) {
+            _Write(QStringLiteral("+ ") + pDevice.getDeviceName());
+        });
+    QObject::connect(pWatcher, &M::OnDisconnected, [this](const QtAudioInputDeviceInfo& pDevice) {
+        _Write(QStringLiteral("- ") + pDevice.getDeviceName());
+    });
+    pWatcher->Start();
+    QTimer tick;
+    QObject::connect(&tick, &QTimer::timeout, [this] {
+        const bool isBroken = m_output.isReaderGone() || !m_output.getError().isEmpty();
+        if (interrupt::getSignal() == 0 && !isBroken)
+            return;
+        interrupt::Accept();
+        QCoreApplication::quit();
+    });
+    tick.start(kTickMs);
+    QCoreApplication::exec();
+    pWatcher->Stop();
+    pWatcher->disconnect();
+}
+
+void DevicesCommand::_Write(const QString& pLine)
+{
+    m_output.Write(pLine.toUtf8() + '\n');
+}
+
+QString DevicesCommand::_Describe(const InputDevice& pDevice, int pWidth) const
+{
+    QStringList notes = {listentexts::describeFormat(pDevice.format)};
+    if (pDevice.isMonitor())
+        notes.append(tr("monitor"));
+    if (pDevice.isDefault)
+        notes.append(tr("default"));
+    if (!pDevice.isUsable())
+        notes.append(tr("cannot be analysed: the analysis needs a mono format"));
+    return QStringLiteral("%1 %2  %3")
+        .arg(QLatin1Char(pDevice.isDefault ? '*' : ' '))
+        .arg(pDevice.name, -pWidth)
+        .arg(notes.join(QLatin1String("; ")));
+}

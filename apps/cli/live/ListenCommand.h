@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cli/live/LiveOptions.h>
+#include <shared/capture/CaptureSession.h>
+#include <shared/settings/ConfigurationStore.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <memory>
+
+class LiveEvents;
+class LiveSummary;
+
+/// The command "listen": analyses a live input until it is told to end.
+class ListenCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(ListenCommand)
+
+public:
+    /// pOptions is not owned.
+    explicit ListenCommand(const ListenOptions& pOptions);
+    ~ListenCommand();
+    Q_DISABLE_COPY(ListenCommand)
+
+    /// Does the work and returns the exit code. To be called once.
+    int Run();
+
+private:
+    QString _ChooseDevice();
+    void _SaveDevice(const QString& pName);
+    QString _ApplyOptions();
+    void _Listen(const QString& pDevice);
+    void _Connect();
+    void _OnStateChanged(eCaptureState pState);
+    void _OnTick();
+    void _OnBeat();
+    void _DrawLine();
+    void _Say(const QString& pText);
+    void _Tell(const QString& pText);
+    void _Clear();
+    void _End(int pExitCode);
+    void _Summarize();
+
+    const ListenOptions& m_options;  ///< not owned
+    AnalysisOptions m_analysis;
+    bool m_isLine;  ///< a live line instead of events
+    ConfigurationStore m_store;
+    std::unique_ptr<CaptureSession> m_session;
+    std::unique_ptr<LiveSummary> m_summary;
+    std::unique_ptr<LiveEvents> m_events;  ///< null with a live line
+    QTimer m_tick;
+    QElapsedTimer m_sinceStart;
+    QElapsedTimer m_sinceBeat;
+    bool m_wasRunning = false;
+    bool m_isLineDrawn = false;
+    int m_exitCode = 0;
+};

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include <cli/live/ListenTexts.h>
+#include <shared/capture/InputDevices.h>
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace listentexts {
+
+namespace {
+
+QString tr(const char* pText)
+{
+    return QCoreApplication::translate("ListenTexts", pText);
+}
+
+QString Quoted(const QStringList& pNames)
+{
+    return QStringLiteral("\"%1\"").arg(pNames.join(QLatin1String("\", \"")));
+}
+
+QString TypeName(QAudioFormat::SampleType pType)
+{
+    return pType == QAudioFormat::SignedInt ? tr("signed") : tr("unsigned");
+}
+
+}  // namespace
+
+QString describeState(const CaptureSession& pSession, bool pWasRunning)
+{
+    switch (pSession.getState()) {
+    case eCaptureWaiting:
+        return tr("\"%1\" is gone; it will be recorded again as soon as it is back")
+            .arg(pSession.getDeviceName());
+    case eCaptureUnusable:
+        return describeUnusable(pSession);
+    case eCaptureRunning:
+        return pWasRunning ? tr("\"%1\" is back").arg(pSession.getDeviceName())
+                           : tr("listening to \"%1\"").arg(pSession.getDeviceName());
+    case eCaptureStarting:
+    case eCaptureClosed:
+        break;
+    }
+    return {};
+}
+
+QString describeNotice(const CaptureSession& pSession, eCaptureNotice pNotice, int pStopThreshold)
+{
+    switch (pNotice) {
+    case eNoDataNotice:
+        return tr("no data comes from \"%1\", though it is there; check that nothing holds it and "
+                  "that it is not suspended. Still trying")
+            .arg(pSession.getDeviceName());
+    case eDigitalSilenceNotice:
+        return tr("digital silence: \"%1\" delivers nothing but equal samples; start the music, "
+                  "unmute the input, or choose another with --device")
+            .arg(pSession.getDeviceName());
+    case eTooQuietNotice:
+        return tr("too quiet: nothing rises above the stop threshold %1 between 50 and 2000 Hz; "
+                  "turn the input up, or lower --stop-threshold")
+            .arg(pStopThreshold);
+    case eClippedNotice:
+        break;
+    }
+    return tr("clipped: the level is cut off at full scale; turn the input down");
+}
+
+QString describeUnusable(const CaptureSession& pSession)
+{
+    QStringList monitors;
+    QStringList others;
+    for (const InputDevice& device : listInputDevices())
+        if (device.isUsable())
+            (device.isMonitor() ? monitors : others).append(device.name);
+    const QAudioFormat& format = pSession.getInputFormat();
+    const QString reason =
+        format.isValid()
+            ? tr("\"%1\" delivers %2 channels only, which the analysis cannot use; it needs a mono "
+                 "format")
+                  .arg(pSession.getDeviceName())
+                  .arg(format.channelCount())
+            : tr("\"%1\" offers no format that can be analysed").arg(pSession.getDeviceName());
+    const QStringList choices = others + monitors;
+    return choices.isEmpty() ? tr("%1; set up a mono source or a monitor of it").arg(reason)
+                             : tr("%1; choose with --device: %2").arg(reason, Quoted(choices));
+}
+
+QString describeFormat(const QAudioFormat& pFormat)
+{
+    if (!pFormat.isValid())
+        return tr("no usable format");
+    const QString channels =
+        pFormat.channelCount() == 1 ? tr("mono") : tr("%1 channels").arg(pFormat.channelCount());
+    return tr("%1 Hz, %2, %3 bits %4")
+        .arg(pFormat.sampleRate())
+        .arg(channels)
+        .arg(pFormat.sampleSize())
+        .arg(TypeName(pFormat.sampleType()));
+}
+
+QString describeFormat(const CaptureSession& pSession)
+{
+    const int rate = pSession.getSampleClock().getSampleRate();
+    const quint64 block = pSession.getAnalyzer()->getPulseBlockSize();
+    return tr("recorded: %1; analysed: %2 Hz, mono, 16 bits signed, blocks of %3 samples (%4 ms)")
+        .arg(describeFormat(pSession.getInputFormat()))
+        .arg(rate)
+        .arg(block)
+        .arg(1000.0 * double(block) / rate, 0, 'f', 1);
+}
+
+QString describeDrift(const CaptureSession& pSession)
+{
+    const shared::SampleClock& clock = pSession.getSampleClock();
+    return tr("drift against the clock: %1 ms, %2 ppm; anchored %3 times")
+        .arg(double(clock.getDrift()) / 1000.0, 0, 'f', 1)
+        .arg(clock.getPpm(), 0, 'f', 1)
+        .arg(pSession.getAnchorCount());
+}
+
+QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics)
+{
+    return tr("announced beats: %1, missing: %2; announcement minus arrival: median %3 ms, "
+              "standard deviation %4 ms, worst %5 ms")
+        .arg(pStatistics.count)
+        .arg(pStatistics.missing)
+        .arg(pStatistics.median, 0, 'f', 1)
+        .arg(pStatistics.deviation, 0, 'f', 1)
+        .arg(pStatistics.worst, 0, 'f', 1);
+}
+
+QString describeUnknownDevice(const QString& pName, const QStringList& pNames)
+{
+    const QStringList similar = findSimilarNames(pName, pNames);
+    const QString unknown = tr("there is no input device \"%1\"").arg(pName);
+    if (pNames.isEmpty())
+        return tr("%1, nor any other").arg(unknown);
+    return similar.isEmpty() ? tr("%1; there are: %2").arg(unknown, Quoted(pNames))
+                             : tr("%1; did you mean: %2").arg(unknown, Quoted(similar));
+}
+
+}  // namespace listentexts

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cli/live/detail/AnnounceErrors.h>
+#include <shared/capture/CaptureSession.h>
+
+#include <QString>
+
+/// The words in which "listen" tells a person what happens and what to do.
+namespace listentexts {
+
+/// Empty for a state that is not worth a word.
+QString describeState(const CaptureSession& pSession, bool pWasRunning);
+QString describeNotice(const CaptureSession& pSession, eCaptureNotice pNotice, int pStopThreshold);
+/// Why the device cannot be analysed, and which ones can. Asks every device.
+QString describeUnusable(const CaptureSession& pSession);
+/// The recorded format and what becomes of it.
+QString describeFormat(const CaptureSession& pSession);
+QString describeDrift(const CaptureSession& pSession);
+QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics);
+/// 48000 Hz, 2 channels, 16 bits
+QString describeFormat(const QAudioFormat& pFormat);
+/// There is no device of a name; which ones are there.
+QString describeUnknownDevice(const QString& pName, const QStringList& pNames);
+
+}  // namespace listentexts

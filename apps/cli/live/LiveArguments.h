@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cli/live/LiveOptions.h>
+
+#include <map>
+#include <string>
+
+/// The arguments of "listen" as they are given.
+struct ListenArguments
+{
+    std::string device;
+    std::string format;
+    std::string duration;
+    bool isSaved = false;
+    bool showsFormat = false;
+    bool measures = false;
+    bool isQuiet = false;
+    std::map<std::string, std::string> analysis;  ///< by option name
+};
+
+/// Reads the values into pOptions. Returns what is refused, and the limits, or an empty text.
+QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pOptions);

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <shared/settings/AnalysisOptions.h>
+
+#include <QString>
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// One command line option that changes the analysis. Every command that analyses offers them all.
+struct AnalysisOptionInfo
+{
+    QString name;       ///< with the dashes
+    QString valueName;  ///< for the help; empty = a flag without a value
+    QString help;
+    /// Reads a value, which is ignored for a flag; returns the limits when it is refused, else an
+    /// empty text.
+    QString (*read)(AnalysisOptions& pOptions, const QString& pValue);
+};
+
+/// All of them, in the order of the help.
+std::vector<AnalysisOptionInfo> getAnalysisOptionTable();
+
+/// Reads the values by option name. Returns which one is refused, and its limits, or an empty text.
+QString readAnalysisOptions(const std::map<std::string, std::string>& pValues,
+                            AnalysisOptions& pOptions);

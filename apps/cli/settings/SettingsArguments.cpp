@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include <cli/settings/AnalysisOptionTable.h>
+#include <cli/settings/SettingsArguments.h>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+namespace {
+
+QString tr(const char* pText)
+{
+    return QCoreApplication::translate("SettingsArguments", pText);
+}
+
+QStringList Words(const std::vector<std::string>& pWords)
+{
+    QStringList words;
+    for (const std::string& word : pWords)
+        words.append(QString::fromStdString(word));
+    return words;
+}
+
+/// The place of a word in a list, -1 = it is not in it.
+int Find(const QStringList& pNames, const QString& pWord)
+{
+    return pNames.indexOf(pWord.toLower());
+}
+
+}  // namespace
+
+QString readProfilesArguments(const ProfilesArguments& pArguments, ProfilesOptions& pOptions)
+{
+    const QStringList actions = {QStringLiteral("list"),
+                                 QStringLiteral("add"),
+                                 QStringLiteral("edit"),
+                                 QStringLiteral("remove"),
+                                 QStringLiteral("select")};
+    const QStringList words = Words(pArguments.words);
+    const int action = words.isEmpty() ? int(ProfilesOptions::eList) : Find(actions, words[0]);
+    if (action < 0)
+        return tr("profiles %1: give one of %2").arg(words[0], actions.join(QLatin1String(", ")));
+    pOptions.action = ProfilesOptions::eAction(action);
+    const bool needsName = pOptions.action != ProfilesOptions::eList;
+    if (needsName && words.size() != 2)
+        return tr("profiles %1: give the name of one profile; put a name with blanks in quotes")
+            .arg(words[0]);
+    if (!needsName && words.size() > 1)
+        return tr("profiles list: takes no name");
+    pOptions.name = words.value(1).trimmed();
+    pOptions.newName = QString::fromStdString(pArguments.newName).trimmed();
+    const bool isChange =
+        pOptions.action == ProfilesOptions::eAdd || pOptions.action == ProfilesOptions::eEdit;
+    if (!isChange && !(pArguments.changes.empty() && pArguments.newName.empty()))
+        return tr("--name, --bpm, --band and --sensibility belong to profiles add and edit");
+    return readAnalysisOptions(pArguments.changes, pOptions.changes);
+}
+
+QString readConfigArguments(const ConfigArguments& pArguments, ConfigOptions& pOptions)
+{
+    const QStringList actions = {QStringLiteral("show"),
+                                 QStringLiteral("set"),
+                                 QStringLiteral("path"),
+                                 QStringLiteral("reset")};
+    const QStringList words = Words(pArguments.words);
+    const int action = words.isEmpty() ? int(ConfigOptions::eShow) : Find(actions, words[0]);
+    if (action < 0)
+        return tr("config %1: give one of %2").arg(words[0], actions.join(QLatin1String(", ")));
+    pOptions.action = ConfigOptions::eAction(action);
+    const bool isSet = pOptions.action == ConfigOptions::eSet;
+    if (isSet && words.size() != 3)
+        return tr("config set: give a setting and its value; \"config show\" lists them");
+    if (!isSet && words.size() > 1)
+        return tr("config %1: takes nothing more").arg(words[0]);
+    pOptions.key = words.value(1);
+    pOptions.value = words.value(2);
+    pOptions.isAll = pArguments.isAll;
+    if (pOptions.isAll && pOptions.action != ConfigOptions::eReset)
+        return tr("--all belongs to config reset");
+    return {};
+}

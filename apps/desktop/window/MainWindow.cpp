@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <desktop/live/BpmPanel.h>
+#include <desktop/live/LedPanel.h>
+#include <desktop/live/LevelPanel.h>
+#include <desktop/live/SpeakersPanel.h>
+#include <desktop/live/SpectrumPanel.h>
+#include <desktop/look/Card.h>
+#include <desktop/look/Look.h>
+#include <desktop/session/MonitorSession.h>
+#include <desktop/session/SourceTexts.h>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/InputDevicesPanel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+#include <desktop/window/MainWindow.h>
+#include <desktop/window/Placement.h>
+#include <desktop/window/SettingsColumn.h>
+#include <desktop/window/StatusLine.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kStatusMs = 200;
+
+/// The first local file that is dragged; empty = none.
+QString FileOf(const QMimeData& pData)
+{
+    const QList<QUrl> urls = pData.urls();
+    const auto found =
+        std::find_if(urls.begin(), urls.end(), [](const QUrl& pUrl) { return pUrl.isLocalFile(); });
+    return found == urls.end() ? QString() : found->toLocalFile();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(MonitorSession& pSession,
+                       const WindowSettings& pSettings,
+                       const QPalette& pDesktop,
+                       QWidget* pParent)
+    : QMainWindow(pParent), m_session(pSession), m_desktop(pDesktop)
+{
+    setAcceptDrops(true);
+    _MakePanels();
+    _MakeActions();
+    _MakeLayout();
+    _Connect();
+    _ConnectSettings();
+    m_pSettings->getManualBeat().setLocking(pSettings.isManualBeatLockingBPM);
+    _Retranslate();
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        setPanelVisible(ePanel(panel), pSettings.visible[std::size_t(panel)]);
+    ApplyFlags();
+    _ShowSource();
+    _SetSize();
+    m_refresh.setTimerType(Qt::PreciseTimer);
+}
+
+MainWindow::~MainWindow() = default;
+
+// ---- What it is made of -------------------------------------------------------------------------
+
+void MainWindow::_MakePanels()
+{
+    Configuration& configuration = m_session.getConfiguration();
+    m_pBpm = new BpmPanel(configuration);
+    m_pBeatLed = new LedPanel(LedPanel::eBeats);
+    m_pPulseLed = new LedPanel(LedPanel::ePulses);
+    m_pSpeakers = new SpeakersPanel;
+    m_pSpectrum = new SpectrumPanel(configuration);
+    m_pLevels = new LevelPanel(configuration);
+    m_pResetButton = new QPushButton;
+    m_livePanels = {m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pSpectrum, m_pLevels};
+    m_pLiveCard = new Card(_MakeLiveRow());
+    m_pSpectrumCard = new Card(m_pSpectrum);
+    m_pLevelCard = new Card(m_pLevels);
+    m_pSettings = new SettingsColumn(configuration);
+    m_pStatus = new StatusLine;
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        m_panels[std::size_t(panel)] = m_pSettings->getPanel(ePanel(panel));
+    m_panels[eBPMPanel] = m_pBpm;
+    m_panels[eBeatLEDPanel] = m_pBeatLed;
+    m_panels[ePulseLEDPanel] = m_pPulseLed;
+    m_panels[eSpectrumPanel] = m_pSpectrumCard;
+    m_panels[eThresholdPanel] = m_pLevelCard;
+    m_panels[eResetPanel] = m_pResetButton;
+}
+
+QWidget* MainWindow::_MakeLiveRow()
+{
+    auto* pRow = new QWidget;
+    auto* pLayout = new QHBoxLayout(pRow);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(fontMetrics().height());
+    pLayout->addWidget(m_pBpm, 1);
+    pLayout->addWidget(m_pBeatLed);
+    pLayout->addWidget(m_pPulseLed);
+    pLayout->addWidget(m_pSpeakers);
+    pLayout->addWidget(m_pResetButton, 0, Qt::AlignVCenter);
+    return pRow;
+}
+
+void MainWindow::_MakeLayout()
+{
+    const int gap = fontMetrics().height() / 2;
+    auto* pCenter = new QWidget;
+    auto* pLive = new QVBoxLayout;
+    pLive->setSpacing(gap);
+    pLive->addWidget(m_pLiveCard);
+    pLive->addWidget(m_pSpectrumCard, 1);
+    pLive->addWidget(m_pLevelCard);
+    auto* pColumns = new QHBoxLayout;
+    pColumns->setSpacing(gap);
+    pColumns->addLayout(pLive, 3);
+    pColumns->addWidget(m_pSettings, 1);
+    auto* pLayout = new QVBoxLayout(pCenter);
+    pLayout->setContentsMargins(gap, gap, gap, gap);
+    pLayout->setSpacing(gap);
+    pLayout->addLayout(pColumns, 1);
+    pLayout->addWidget(m_pStatus);
+    setCentralWidget(pCenter);
+}
+
+/// High enough for all settings, as far as the screen goes.
+void MainWindow::_SetSize()
+{
+    const QSize screenSize = screen()->availableSize() * 9 / 10;
+    const int around = menuBar()->sizeHint().height() + m_pStatus->sizeHint().height();
+    const int gaps = 2 * fontMetrics().height();
+    const int height = m_pSettings->sizeHint().height() + around + gaps;
+    resize(sizeHint().expandedTo({0, height}).boundedTo(screenSize));
+}
+
+void MainWindow::_Connect()
+{
+    using S = MonitorSession;
+    connect(&m_session, &S::OnSourceChanged, this, &MainWindow::_ShowSource);
+    ConfigurationSaver& saver = m_session.getSaver();
+    connect(&saver, &ConfigurationSaver::OnFailed, this, &MainWindow::ShowProblem);
+    connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
+    connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
+    connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
+    connect(&m_session.getFeed(), &LiveFeed::OnFlashed, this, &MainWindow::_OnFlashed);
+    connect(&m_refresh, &QTimer::timeout, this, &MainWindow::_Refresh);
+}
+
+void MainWindow::_ConnectSettings()
+{
+    using S = MonitorSession;
+    SettingsColumn& column = *m_pSettings;
+    connect(&m_session, &S::OnAnalyzerChanged, &column, &SettingsColumn::setAnalyzer);
+    connect(&m_session,
+            &S::OnDeviceChanged,
+            &column.getDevices(),
+            &InputDevicesPanel::setCurrentDevice);
+    connect(&column.getDevices(), &InputDevicesPanel::OnDeviceChosen, &m_session, &S::ChooseDevice);
+    connect(&column.getManualBeat(),
+            &ManualBeatPanel::OnFixedTempoChanged,
+            &m_session,
+            &S::setFixedTempo);
+    connect(&column,
+            &SettingsColumn::OnConfigurationChanged,
+            &m_session.getSaver(),
+            &ConfigurationSaver::Touch);
+    using A = AdvancedSettingsPanel;
+    const A& advanced = column.getAdvanced();
+    connect(&advanced, &A::OnGrayModeChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnTopMostChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnDisplaySpeakersChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnDisplayStoppedChanged, this, &MainWindow::ApplyFlags);
+    connect(&advanced, &A::OnLanguageChanged, this, &MainWindow::OnLanguageChosen);
+}
+
+// ---- What it shows ------------------------------------------------------------------------------
+
+void MainWindow::_Refresh()
+{
+    if (windowHandle() && !windowHandle()->isExposed())
+        return;
+    LiveFeed& feed = m_session.getFeed();
+    const LiveValues& values = feed.Read();
+    const qint64 now = feed.getTime();
+    for (LivePanel* pPanel : m_livePanels)
+        if (pPanel->isVisible())
+            pPanel->Refresh(values, now);
+    _ChoosePace(values, now);
+    if (now - m_lastStatus >= kStatusMs) {
+        m_lastStatus = now;
+        _ShowSource();
+    }
+}
+
+void MainWindow::_OnFlashed()
+{
+    if (m_refresh.isActive() && m_refresh.interval() != kFlashMs)
+        m_refresh.start(kFlashMs);
+}
+
+void MainWindow::_ChoosePace(const LiveValues& pValues, qint64 pNow)
+{
+    const qint64 last = std::max(pValues.beatTime, pValues.pulseTime);
+    const bool isFading = pNow - last <= LedPanel::kFadeMs + kFlashMs;
+    if (!isFading && m_refresh.interval() != kCalmMs)
+        m_refresh.start(kCalmMs);
+}
+
+void MainWindow::_WatchRefresh()
+{
+    if (isVisible() && !isMinimized())
+        m_refresh.start(kCalmMs);
+    else
+        m_refresh.stop();
+}
+
+void MainWindow::_ShowSource()
+{
+    const SourceState source = m_session.getSource();
+    const SourceTexts::Text text = SourceTexts::Describe(source);
+    m_pStatus->setSource(text.text, text.isWarning);
+    m_pStop->setEnabled(source.kind == SourceState::eFile || source.kind == SourceState::eEnded);
+}
+
+void MainWindow::ShowProblem(const QString& pText)
+{
+    m_pStatus->setProblem(pText);
+}
+
+QString MainWindow::getProblem() const
+{
+    return m_pStatus->getProblem();
+}
+
+void MainWindow::setPanelVisible(ePanel pPanel, bool pIsVisible)
+{
+    QWidget* pWidget = m_panels[std::size_t(pPanel)];
+    if (pWidget)
+        pWidget->setVisible(pIsVisible);
+    m_actions[std::size_t(pPanel)]->setChecked(pIsVisible);
+    _HideEmptyCards();
+}
+
+bool MainWindow::isPanelVisible(ePanel pPanel) const
+{
+    const QWidget* pWidget = m_panels[std::size_t(pPanel)];
+    return pWidget && !pWidget->isHidden();
+}
+
+void MainWindow::_HideEmptyCards()
+{
+    const std::initializer_list<const QWidget*> row = {
+        m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pResetButton};
+    m_pSettings->HideWhenEmpty();
+    m_pLiveCard->setHidden(std::all_of(
+        row.begin(), row.end(), [](const QWidget* pPanel) { return pPanel->isHidden(); }));
+}
+
+void MainWindow::ApplyFlags()
+{
+    const Configuration& configuration = m_session.getConfiguration();
+    m_pSpeakers->setVisible(configuration.getDisplaySpeakers());
+    m_pBpm->setStoppedShown(AdvancedSettingsPanel::isStoppedDisplayed(configuration));
+    _HideEmptyCards();
+    _ApplyLook();
+    _ApplyTopMost();
+}
+
+void MainWindow::_ApplyLook()
+{
+    const eLook look = chooseLook(m_session.getConfiguration().getGrayMode(), m_desktop);
+    const LookColors& colors = getColors(look);
+    QApplication::setPalette(makePalette(look));
+    for (LivePanel* pPanel : m_livePanels)
+        pPanel->setColors(colors);
+    m_pStatus->setWarningColor(colors.warning);
+}
+
+void MainWindow::_ApplyTopMost()
+{
+    const bool isTopMost = m_session.getConfiguration().isTopMost();
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == isTopMost)
+        return;
+    // A change of the flags hides the window.
+    const bool wasVisible = isVisible();
+    setWindowFlag(Qt::WindowStaysOnTopHint, isTopMost);
+    if (wasVisible)
+        show();
+}
+
+void MainWindow::Place(eStartingPosition pPosition)
+{
+    const QScreen* pScreen = screen();
+    const QSize frame = frameGeometry().size();
+    if (const auto corner = placeWindow(pPosition, frame, pScreen->availableGeometry()))
+        move(*corner);
+}
+
+// ---- What happens to it -------------------------------------------------------------------------
+
+void MainWindow::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::LanguageChange) {
+        _Retranslate();
+        _ShowSource();
+    }
+    if (pEvent->type() == QEvent::WindowStateChange) {
+        m_pFullScreen->setChecked(isFullScreen());
+        _WatchRefresh();
+    }
+    QMainWindow::changeEvent(pEvent);
+}
+
+void MainWindow::showEvent(QShowEvent* pEvent)
+{
+    QMainWindow::showEvent(pEvent);
+    _WatchRefresh();
+}
+
+void MainWindow::hideEvent(QHideEvent* pEvent)
+{
+    QMainWindow::hideEvent(pEvent);
+    m_refresh.stop();
+}
+
+void MainWindow::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->accept();
+    QCoreApplication::quit();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* pEvent)
+{
+    if (!FileOf(*pEvent->mimeData()).isEmpty())
+        pEvent->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* pEvent)
+{
+    pEvent->acceptProposedAction();
+    m_session.PlayFile(FileOf(*pEvent->mimeData()), false);
+}
+
+#include "moc_MainWindow.cpp"

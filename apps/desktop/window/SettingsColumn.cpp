@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include <desktop/look/Card.h>
+#include <desktop/settings/AdvancedSettingsPanel.h>
+#include <desktop/settings/DurationsPanel.h>
+#include <desktop/settings/InputDevicesPanel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+#include <desktop/settings/ProfilesPanel.h>
+#include <desktop/window/SettingsColumn.h>
+
+#include <QEvent>
+#include <QListView>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kListLines = 9;
+constexpr int kReadableWidth = 27;  ///< in heights of a letter
+
+}  // namespace
+
+SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
+    : QScrollArea(pParent), m_pDevices(new InputDevicesPanel(pConfiguration)),
+      m_pManualBeat(new ManualBeatPanel(pConfiguration)),
+      m_pAdvanced(new AdvancedSettingsPanel(pConfiguration))
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    auto* pContent = new QWidget;
+    auto* pLayout = new QVBoxLayout(pContent);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(fontMetrics().height() / 2);
+    setWidget(pContent);
+    _Add(eDevicesPanel, m_pDevices);
+    _Add(eProfilesPanel, new ProfilesPanel(pConfiguration));
+    _Add(eManualBeatPanel, m_pManualBeat);
+    _Add(eDurationsPanel, new DurationsPanel(pConfiguration));
+    _Add(eAdvancedSettingsPanel, m_pAdvanced);
+    pLayout->addStretch();
+    pContent->installEventFilter(this);
+}
+
+void SettingsColumn::_Add(ePanel pPanel, SettingsPanel* pContent)
+{
+    pContent->layout()->setContentsMargins(0, 0, 0, 0);
+    // A list asks for far more than the few lines that it has.
+    const auto lists = pContent->findChildren<QListView*>();
+    for (QListView* pList : lists)
+        pList->setMaximumHeight(kListLines * fontMetrics().lineSpacing());
+    auto* pCard = new Card(pContent);
+    pCard->setTitle(pContent->windowTitle());
+    connect(pContent, &QWidget::windowTitleChanged, pCard, &Card::setTitle);
+    connect(pContent,
+            &SettingsPanel::OnConfigurationChanged,
+            this,
+            &SettingsColumn::OnConfigurationChanged);
+    widget()->layout()->addWidget(pCard);
+    m_cards[pPanel] = pCard;
+    m_panels[pPanel] = pContent;
+}
+
+void SettingsColumn::setAnalyzer(AudioAnalyzer* pAnalyzer)
+{
+    for (const auto& [panel, pContent] : m_panels)
+        pContent->setAnalyzer(pAnalyzer);
+}
+
+QWidget* SettingsColumn::getPanel(ePanel pPanel) const
+{
+    const auto found = m_cards.find(pPanel);
+    return found == m_cards.end() ? nullptr : found->second;
+}
+
+void SettingsColumn::HideWhenEmpty()
+{
+    setHidden(std::all_of(
+        m_cards.begin(),
+        m_cards.end(),
+        [](const auto& pEntry) { return pEntry.second->isHidden(); }));
+}
+
+int SettingsColumn::_NeededWidth() const
+{
+    return widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+}
+
+QSize SettingsColumn::sizeHint() const
+{
+    const int readable = kReadableWidth * fontMetrics().height();
+    return {std::max(_NeededWidth(), readable), widget()->sizeHint().height()};
+}
+
+/// Never narrower than its panels, which then need no horizontal scroll bar.
+bool SettingsColumn::eventFilter(QObject* pObject, QEvent* pEvent)
+{
+    if (pObject == widget() && pEvent->type() == QEvent::LayoutRequest)
+        setMinimumWidth(_NeededWidth());
+    return QScrollArea::eventFilter(pObject, pEvent);
+}
+
+#include "moc_SettingsColumn.cpp"

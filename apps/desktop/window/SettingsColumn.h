@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <desktop/window/WindowSettings.h>
+
+#include <QScrollArea>
+
+#include <map>
+
+class AdvancedSettingsPanel;
+class AudioAnalyzer;
+class Card;
+class Configuration;
+class InputDevicesPanel;
+class ManualBeatPanel;
+class SettingsPanel;
+
+/// The panels of settings, one above the other; it scrolls when they are higher than the window.
+class SettingsColumn : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// pConfiguration is not owned.
+    explicit SettingsColumn(Configuration& pConfiguration, QWidget* pParent = nullptr);
+
+    void setAnalyzer(AudioAnalyzer* pAnalyzer);
+    /// Null for a panel that is elsewhere.
+    QWidget* getPanel(ePanel pPanel) const;
+    InputDevicesPanel& getDevices() { return *m_pDevices; }
+    ManualBeatPanel& getManualBeat() { return *m_pManualBeat; }
+    AdvancedSettingsPanel& getAdvanced() { return *m_pAdvanced; }
+    /// Takes no room when all its panels are hidden.
+    void HideWhenEmpty();
+
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    void OnConfigurationChanged();
+
+protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
+private:
+    void _Add(ePanel pPanel, SettingsPanel* pContent);
+    int _NeededWidth() const;
+
+    std::map<ePanel, Card*> m_cards;
+    std::map<ePanel, SettingsPanel*> m_panels;
+    InputDevicesPanel* m_pDevices;
+    ManualBeatPanel* m_pManualBeat;
+    AdvancedSettingsPanel* m_pAdvanced;
+};

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
+#include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/UserProfile.h>
+
+#include <shared/settings/AnalysisOptions.h>
+
+#include <QStringList>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+bool Select(const QString& pName, const QList<Profile>& pProfiles, Configuration& pConfiguration)
+{
+    const auto found =
+        std::find_if(pProfiles.begin(), pProfiles.end(), [&pName](const Profile& pProfile) {
+            return pProfile.getName().compare(pName, Qt::CaseInsensitive) == 0;
+        });
+    if (found == pProfiles.end())
+        return false;
+    pConfiguration.setSelectedProfile(*found);
+    return true;
+}
+
+}  // namespace
+
+QString AnalysisOptions::Apply(Configuration& pConfiguration) const
+{
+    for (const auto step : {&AnalysisOptions::SelectProfile, &AnalysisOptions::_EditProfile}) {
+        QString refusal = (this->*step)(pConfiguration);
+        if (!refusal.isEmpty())
+            return refusal;
+    }
+    if (threshold)
+        pConfiguration.setThreshold(*threshold);
+    pConfiguration.setStopDetectionDuration(stopDuration);
+    if (stopThreshold)
+        pConfiguration.setStopDetectionThreshold(*stopThreshold);
+    if (averageDuration)
+        pConfiguration.setAverageVolumeCalculationDuration(*averageDuration);
+    if (bpmDuration)
+        pConfiguration.setBPMCalculationDuration(*bpmDuration);
+    pConfiguration.setDisplayVirtualBeatsWhenStopped(isVirtualWhenStopped);
+    return _CheckFixedBPM(pConfiguration);
+}
+
+void AnalysisOptions::Apply(AudioAnalyzer& pAnalyzer) const
+{
+    pAnalyzer.setFixedBPM(fixedBPM);
+    pAnalyzer.setConsistencyAllowed(isConsistencyAllowed);
+}
+
+QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const
+{
+    if (profile.isEmpty() || Select(profile, pConfiguration.getProfiles(), pConfiguration))
+        return {};
+    // A configuration of its own does not know the profiles that the user has saved.
+    const std::unique_ptr<Configuration> saved(Configuration::LoadOrCreate());
+    if (Select(profile, saved->getProfiles(), pConfiguration))
+        return {};
+    QStringList names;
+    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved->getProfiles()})
+        for (const Profile& known : profiles)
+            if (!names.contains(known.getName()))
+                names.append(known.getName());
+    return tr("there is no profile \"%1\"; there are: %2")
+        .arg(profile, names.join(QLatin1String(", ")));
+}
+
+QString AnalysisOptions::_EditProfile(Configuration& pConfiguration) const
+{
+    if (!bpm && !band && !sensibility)
+        return {};
+    const Profile original = pConfiguration.getSelectedProfile();
+    UserProfile edited(original.getName(),
+                       original.getSensibility(),
+                       original.getFilterLowFrequency(),
+                       original.getFilterHighFrequency(),
+                       original.getMinimalBPM(),
+                       original.getMaximalBPM());
+    edited.setMaximalThreshold(original.getMaximalThreshold());
+    edited.setMinimalThreshold(original.getMinimalThreshold());
+    if (bpm && !edited.setBPM(bpm->minimal, bpm->maximal))
+        return tr("a tempo range is MIN:MAX with 1 <= MIN <= MAX < 1000 BPM");
+    if (band && !edited.setFilterFrequencies(band->low, band->high))
+        return tr("a band is LOW:HIGH with LOW <= HIGH in Hz");
+    if (sensibility && !edited.setSensibility(*sensibility))
+        return tr("a sensibility is 0 or more");
+    pConfiguration.setSelectedProfile(edited);
+    return {};
+}
+
+QString AnalysisOptions::_CheckFixedBPM(const Configuration& pConfiguration) const
+{
+    const Profile selected = pConfiguration.getSelectedProfile();
+    if (fixedBPM <= 0.0 ||
+        (fixedBPM >= selected.getMinimalBPM() && fixedBPM <= selected.getMaximalBPM()))
+        return {};
+    return tr("a fixed tempo of %1 BPM is outside the profile's range, %2 to %3 BPM; "
+              "choose another profile or widen the range with --bpm MIN:MAX")
+        .arg(fixedBPM)
+        .arg(selected.getMinimalBPM())
+        .arg(selected.getMaximalBPM());
+}
