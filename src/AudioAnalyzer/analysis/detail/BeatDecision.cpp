@@ -13,13 +13,12 @@ constexpr std::size_t kPeakReach = 2;    ///< tempi on each side that make a pea
 constexpr std::size_t kPeriodReach = 3;  ///< tempi on each side whose mean is the period
 constexpr std::size_t kPhaseReach = 4;   ///< tempi on each side that tell the phase
 constexpr float kAheadFrames = 1.0F;
-constexpr float kBehindFrames = 3.0F;
+constexpr float kBehindFrames = 5.0F;
 constexpr float kClosestBeats = 0.5F;      ///< periods between two beats, ahead
 constexpr float kClosestLateBeats = 0.6F;  ///< the same for a beat that was missed
-#ifndef X_BIAS
-#define X_BIAS 0.5F
-#endif
-constexpr float kCellCentre = X_BIAS;  ///< frames since a cell was entered
+constexpr float kFirstShare = 0.4F;        ///< of belief in any phase of the tempo, for the first beat
+constexpr float kCellCentre = 0.5F;        ///< frames since a cell was entered
+constexpr std::size_t kNear = 5;           ///< frames on each side of a beat
 
 // A Gaussian of 2 frames, from its centre outward, its sum 1.
 constexpr std::array<float, 7> kBlur = {
@@ -42,45 +41,54 @@ BeatDecision::BeatDecision(const MeterStates& pStates) : m_states(pStates)
 
 void BeatDecision::Reset()
 {
-    m_hasLast = false;
-    m_last = m_next = 0.0;
+    m_last.reset();
+    m_next = 0.0;
     m_tempo = 0;
     m_beat = 0;
-    m_barShare = m_phaseShare = 0.0F;
+    m_barShare = m_phaseShare = m_tempoShare = 0.0F;
     m_period = m_states.getTempi().front().period;
 }
 
 std::optional<double> BeatDecision::Update(quint64 pFrame, const MeterFilter& pFilter)
 {
     const auto now = static_cast<double>(pFrame);
-    _ChooseTempo(pFilter.getTempoMasses());
+    _ChooseTempo(pFilter);
     _GatherTimesLeft(pFilter);
-    const float left = _FindTimeLeft();
-    m_next = now + left;
-    const double missed = m_next - m_period;
-    if (m_hasLast && m_next - m_last < kClosestBeats * m_period)
-        m_next += m_period;
-    std::optional<double> due;
-    if (m_next - now < kAheadFrames)
-        due = m_next;
-    else if (m_hasLast && now - missed < kBehindFrames && missed - m_last > kClosestLateBeats * m_period)
-        due = missed;
+    m_next = now + static_cast<double>(_FindTimeLeft());
+    const float belief = _BeliefAt(static_cast<float>(m_next - now));
+    m_phaseShare = belief / pFilter.getTotal();
+    const std::optional<double> due =
+        m_last || belief >= kFirstShare * _Sum() ? _FindDueBeat(now) : std::nullopt;
     if (due) {
-        _ChooseBeat(pFilter, left);
-        m_last = *due;
-        m_hasLast = true;
+        _ChooseBeat(pFilter);
+        m_last = due;
     }
     return due;
 }
 
-void BeatDecision::_ChooseTempo(const std::vector<float>& pMasses)
+// A beat ahead within the next frame; or one that was not seen coming, a little while ago.
+std::optional<double> BeatDecision::_FindDueBeat(double pNow)
 {
+    const auto period = static_cast<double>(m_period);
+    const double missed = m_next - period;
+    if (m_last && m_next - *m_last < kClosestBeats * period)
+        m_next += period;
+    if (m_next - pNow < kAheadFrames)
+        return m_next;
+    if (pNow - missed < kBehindFrames && (!m_last || missed - *m_last > kClosestLateBeats * period))
+        return missed;
+    return std::nullopt;
+}
+
+void BeatDecision::_ChooseTempo(const MeterFilter& pFilter)
+{
+    const std::vector<float>& masses = pFilter.getTempoMasses();
     float highest = -1.0F;
-    for (std::size_t i = 0; i < pMasses.size(); ++i) {
+    for (std::size_t i = 0; i < masses.size(); ++i) {
         float sum = 0.0F;
-        const std::size_t end = std::min(pMasses.size(), i + kPeakReach + 1);
+        const std::size_t end = std::min(masses.size(), i + kPeakReach + 1);
         for (std::size_t k = lowEnd(i, kPeakReach); k < end; ++k)
-            sum += pMasses[k];
+            sum += masses[k];
         if (sum > highest) {
             highest = sum;
             m_tempo = i;
@@ -88,12 +96,13 @@ void BeatDecision::_ChooseTempo(const std::vector<float>& pMasses)
     }
     float weight = 0.0F;
     float sum = 0.0F;
-    const std::size_t end = std::min(pMasses.size(), m_tempo + kPeriodReach + 1);
+    const std::size_t end = std::min(masses.size(), m_tempo + kPeriodReach + 1);
     for (std::size_t k = lowEnd(m_tempo, kPeriodReach); k < end; ++k) {
-        weight += pMasses[k];
-        sum += pMasses[k] * m_states.getTempi()[k].period;
+        weight += masses[k];
+        sum += masses[k] * m_states.getTempi()[k].period;
     }
     m_period = sum / weight;
+    m_tempoShare = weight / pFilter.getTotal();
 }
 
 // The time left until the next beat falls by one frame from cell to cell.
@@ -134,14 +143,30 @@ float BeatDecision::_FindTimeLeft()
     const float after = m_smoothed[(peak + 1) % count];
     const float curve = before - 2.0F * m_smoothed[peak] + after;
     const float shift = curve < 0.0F ? 0.5F * (before - after) / curve : 0.0F;
-    m_phaseShare = at(peak);
-    for (std::size_t k = 1; k <= 5; ++k)
-        m_phaseShare += at(peak + k) + at(peak + count - k);
     return static_cast<float>(peak) + 0.5F + shift;
 }
 
+float BeatDecision::_Sum() const
+{
+    float sum = 0.0F;
+    for (const float belief : m_left)
+        sum += belief;
+    return sum;
+}
+
+// Belief that the next beat lies near pTimeLeft.
+float BeatDecision::_BeliefAt(float pTimeLeft) const
+{
+    const std::size_t count = m_left.size();
+    const std::size_t first = static_cast<std::size_t>(std::max(pTimeLeft, 0.0F)) + count - kNear;
+    float sum = 0.0F;
+    for (std::size_t i = first; i <= first + 2 * kNear; ++i)
+        sum += m_left[i % count];
+    return sum;
+}
+
 // The beat of the bar whose cells lie where the beat is due.
-void BeatDecision::_ChooseBeat(const MeterFilter& pFilter, float pTimeLeft)
+void BeatDecision::_ChooseBeat(const MeterFilter& pFilter)
 {
     std::array<float, kBeatsPerBar> masses = {};
     const std::size_t end = std::min(m_states.getTempi().size(), m_tempo + kPhaseReach + 1);
@@ -153,7 +178,6 @@ void BeatDecision::_ChooseBeat(const MeterFilter& pFilter, float pTimeLeft)
             for (std::size_t i = 0; i < 6; ++i)
                 masses[beat] += cells[((beat + kBeatsPerBar) * tempo.cells + i + bar - 3) % bar];
     }
-    Q_UNUSED(pTimeLeft);
     const auto best = std::max_element(masses.begin(), masses.end());
     float sum = 0.0F;
     for (const float mass : masses)

@@ -20,7 +20,7 @@ public:
     explicit BeatDecision(const MeterStates& pStates);
 
     void Reset();
-    /// The frame pFrame was filtered. A beat that is due: at most one frame ahead, at most three
+    /// The frame pFrame was filtered. A beat that is due: at most one frame ahead, at most five
     /// behind. [no allocation]
     std::optional<double> Update(quint64 pFrame, const MeterFilter& pFilter);
 
@@ -29,24 +29,28 @@ public:
     std::size_t getTempo() const { return m_tempo; }        ///< the chosen one's number
     std::size_t getBeatInBar() const { return m_beat; }     ///< of the next beat, 0 to 3
     float getBarConfidence() const { return m_barShare; }   ///< of that number, 0 to 1
-    float getPhaseShare() const { return m_phaseShare; }    ///< of the belief, near the next beat
+    float getPhaseShare() const { return m_phaseShare; }    ///< of all belief, near the next beat
+    float getTempoShare() const { return m_tempoShare; }    ///< of all belief, near the tempo
 
 private:
-    void _ChooseTempo(const std::vector<float>& pMasses);
+    void _ChooseTempo(const MeterFilter& pFilter);
     void _GatherTimesLeft(const MeterFilter& pFilter);
     float _FindTimeLeft();
-    void _ChooseBeat(const MeterFilter& pFilter, float pTimeLeft);
+    float _Sum() const;
+    float _BeliefAt(float pTimeLeft) const;
+    std::optional<double> _FindDueBeat(double pNow);
+    void _ChooseBeat(const MeterFilter& pFilter);
 
     const MeterStates& m_states;
     std::size_t m_tempo = 0;
-    float m_period = 0.0F;
-    double m_next = 0.0;
-    double m_last = 0.0;  ///< the beat told last
-    bool m_hasLast = false;
+    float m_period = 0.0F;         ///< frames
+    double m_next = 0.0;           ///< frames
+    std::optional<double> m_last;  ///< the beat told last, frames
     std::size_t m_beat = 0;
     float m_barShare = 0.0F;
     float m_phaseShare = 0.0F;
-    std::vector<float> m_left;      ///< belief in each time left, whole frames
+    float m_tempoShare = 0.0F;
+    std::vector<float> m_left;  ///< belief in each time left, whole frames
     std::vector<float> m_smoothed;
 };
 

@@ -10,7 +10,8 @@ namespace {
 
 // Frames share most of their samples and bands move together, so that their evidence counts less
 // than that of as many independent ones.
-constexpr float kWeight = 0.1F;
+// The three ranges in the middle move together more than the outer ones do.
+constexpr float kWeights[kMeterRanges] = {0.12F, 0.09F, 0.09F, 0.09F, 0.12F};
 
 constexpr float kPriorStrength = 0.35F * 0.25F;
 constexpr float kPriorWidth = 0.04F;   ///< beats
@@ -50,7 +51,7 @@ MeterEvidence::MeterEvidence(const MeterTable& pTable) : m_rows()
                 const float learned = fit[0] + x * (fit[1] + x * fit[2]);
                 const float drawn =
                     kPriorStrength * (x - 3.0F) * (expectedShape(range, bin) - kPriorOffset);
-                m_rows[range][level][step] = kWeight * (learned + drawn);
+                m_rows[range][level][step] = kWeights[range] * (learned + drawn);
             }
 }
 

@@ -9,8 +9,8 @@ namespace detail {
 
 namespace {
 
-constexpr float kLeak = 1e-5F;          ///< a frame
-constexpr float kTempoSpread = 100.0F;  ///< of the exponential law of tempo changes
+constexpr float kLeak = 1e-6F;          ///< a frame
+constexpr float kTempoSpread = 80.0F;  ///< of the exponential law of tempo changes
 constexpr float kPriorBPM = 125.0F;
 constexpr float kPriorOctaves = 0.5F;
 constexpr float kDriftBPM = 120.0F;  ///< where tempo tends to, slowly

@@ -2,9 +2,6 @@
 #include <AudioAnalyzer/analysis/detail/MeterStates.h>
 
 #include <cmath>
-#ifndef X_CELL
-#define X_CELL 0.0
-#endif
 
 namespace detail {
 
@@ -26,7 +23,7 @@ void MeterStates::_AddTempo(double pPeriod)
     tempo.blocks = (kBeatsPerBar * tempo.cells + kBlock - 1) / kBlock;
     for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat)
         for (std::size_t cell = 0; cell < tempo.cells; ++cell) {
-            const double phase = (static_cast<double>(cell) + X_CELL) / static_cast<double>(tempo.period);
+            const double phase = static_cast<double>(cell) / static_cast<double>(tempo.period);
             const auto bin = static_cast<std::size_t>(kBinsPerBeat * phase + 0.5);
             m_steps.push_back(static_cast<std::uint8_t>(beat * kBinsPerBeat + bin));
         }
