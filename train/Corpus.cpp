@@ -16,7 +16,7 @@ namespace {
 
 [[noreturn]] void fail(const QString& pPath, const char* pReason)
 {
-    throw std::runtime_error(QStringLiteral("%1: %2").arg(pPath, pReason).toStdString());
+    throw std::runtime_error(pPath.toStdString() + ": " + pReason);
 }
 
 QByteArray readFile(const QString& pPath)
@@ -61,7 +61,7 @@ void hear(const QString& pPath, Track& pTrack)
     SF_INFO info = {};
     const std::unique_ptr<SNDFILE, int (*)(SNDFILE*)> file(
         sf_open(QFile::encodeName(pPath).constData(), SFM_READ, &info), &sf_close);
-    if (!file || info.channels != 1)
+    if (file == nullptr || info.channels != 1)
         fail(pPath, "no mono sound file");
     pTrack.sampleRate = info.samplerate;
     pTrack.duration = double(info.frames) / info.samplerate;

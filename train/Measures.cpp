@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr double kTolerance = 0.07;        ///< seconds
-constexpr double kLeftOut = 5.0;           ///< seconds
-constexpr double kContinuity = 0.175;      ///< of a beat: the tolerance of phase and of period
+constexpr double kTolerance = 0.07;    ///< seconds
+constexpr double kLeftOut = 5.0;       ///< seconds
+constexpr double kContinuity = 0.175;  ///< of a beat: the tolerance of phase and of period
 constexpr double kTempoTolerance = 0.04;
 constexpr std::size_t kLockBeats = 4;
 
@@ -133,9 +133,8 @@ double firstLock(const Track& pTrack, const Beats& pFound)
     std::size_t inRow = 0;
     for (const double beat : pFound) {
         const auto above = std::lower_bound(pTrack.beats.begin(), pTrack.beats.end(), beat);
-        const bool hits =
-            (above != pTrack.beats.end() && *above - beat <= kTolerance) ||
-            (above != pTrack.beats.begin() && beat - *std::prev(above) <= kTolerance);
+        const bool hits = (above != pTrack.beats.end() && *above - beat <= kTolerance) ||
+                          (above != pTrack.beats.begin() && beat - *std::prev(above) <= kTolerance);
         inRow = hits ? inRow + 1 : 0;
         if (inRow == kLockBeats)
             return beat;

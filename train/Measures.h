@@ -14,7 +14,7 @@ struct Measures
     double acc1 = 0.0;   ///< tempo within 4 %: 1 or 0
     double acc2 = 0.0;   ///< the same, with 1/3, 1/2, 2 and 3 times the tempo forgiven
     double error = 0.0;  ///< mean signed error of beats that were found, seconds
-    double lock = 0.0;   ///< time of the fourth beat in a row within 70 ms, seconds; or the duration
+    double lock = 0.0;  ///< time of the fourth beat in a row within 70 ms, seconds; or the duration
 };
 
 /// The first five seconds are left out of all but the first lock.

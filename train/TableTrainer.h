@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Track.h"
-
 #include <AudioAnalyzer/analysis/detail/MeterTable.h>
+
+#include "Track.h"
 
 #include <array>
 #include <vector>

@@ -15,10 +15,10 @@ struct Track
     QString genre;
     QString provenance;
     double bpm = 0.0;
-    double lowestBPM = 0.0;   ///< tempi that count as right, as written
+    double lowestBPM = 0.0;  ///< tempi that count as right, as written
     double highestBPM = 0.0;
-    double duration = 0.0;                         ///< seconds
-    std::vector<double> beats;                     ///< seconds, ascending
+    double duration = 0.0;                           ///< seconds
+    std::vector<double> beats;                       ///< seconds, ascending
     std::vector<std::pair<double, double>> ignored;  ///< seconds without beats of any meaning
 
     int sampleRate = 0;

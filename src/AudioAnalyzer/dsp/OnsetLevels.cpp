@@ -47,9 +47,9 @@ OnsetLevels::OnsetLevels(int pSampleRate)
     : m_sampleRate(pSampleRate),
       m_spectrum(windowSizeFor(pSampleRate), bitCountFor(pSampleRate), binCountFor(pSampleRate)),
       m_bands(detail::makeSemitoneBands(binWidthFor(pSampleRate), 0.5 * pSampleRate)),
-      m_binScale(static_cast<float>(
-          static_cast<double>(windowSizeFor(pSampleRate)) /
-          static_cast<double>(std::size_t(1) << bitCountFor(pSampleRate)))),
+      m_binScale(
+          static_cast<float>(static_cast<double>(windowSizeFor(pSampleRate)) /
+                             static_cast<double>(std::size_t(1) << bitCountFor(pSampleRate)))),
       m_samples(m_spectrum.getWindowSize()), m_sums(m_bands.size()), m_values(m_bands.size())
 {
     for (std::vector<float>& past : m_past)
@@ -111,8 +111,8 @@ float OnsetLevels::_FollowLoudness()
     qint64 sum = 0;
     for (std::size_t i = m_samples.size() - m_frameSize; i < m_samples.size(); ++i)
         sum += qint64(m_samples[i]) * m_samples[i];
-    m_frameMeanSquare = static_cast<float>(sum) /
-                        (static_cast<float>(m_frameSize) * kFullScale * kFullScale);
+    m_frameMeanSquare =
+        static_cast<float>(sum) / (static_cast<float>(m_frameSize) * kFullScale * kFullScale);
     const float step = std::max(1.0F / kLoudnessFrames, 1.0F / static_cast<float>(m_frameCount));
     m_meanSquare += step * (m_frameMeanSquare - m_meanSquare);
     return 1.0F / std::sqrt(std::max(m_meanSquare, kLeastMeanSquare));

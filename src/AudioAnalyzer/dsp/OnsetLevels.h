@@ -63,21 +63,21 @@ private:
     int m_sampleRate;  ///< Hz
     detail::WindowedSpectrum m_spectrum;
     std::vector<detail::SemitoneBand> m_bands;
-    float m_binScale;              ///< makes sums of bins independent of their distance
+    float m_binScale;               ///< makes sums of bins independent of their distance
     std::vector<qint16> m_samples;  ///< the window; the present frame's end it
-    std::size_t m_missing = 0;     ///< samples until the present frame is complete
-    std::size_t m_frameSize = 0;   ///< samples of the present frame
+    std::size_t m_missing = 0;      ///< samples until the present frame is complete
+    std::size_t m_frameSize = 0;    ///< samples of the present frame
     quint64 m_frameCount = 0;
     bool m_isFrameComplete = false;
 
     float m_meanSquare = 0.0F;  ///< running
     float m_frameMeanSquare = 0.0F;
-    std::vector<float> m_sums;                           ///< gained band sums, for the logarithm
-    std::vector<float> m_values;                         ///< compressed bands
-    std::array<std::vector<float>, kLag> m_past;         ///< highest of each three neighbours
-    std::array<float, kRangeCount> m_bandCounts = {};    ///< of each range
-    std::array<float, kRangeCount> m_rises = {};         ///< mean of a range
-    std::array<float, kRangeCount> m_meanRises = {};     ///< running
+    std::vector<float> m_sums;                         ///< gained band sums, for the logarithm
+    std::vector<float> m_values;                       ///< compressed bands
+    std::array<std::vector<float>, kLag> m_past;       ///< highest of each three neighbours
+    std::array<float, kRangeCount> m_bandCounts = {};  ///< of each range
+    std::array<float, kRangeCount> m_rises = {};       ///< mean of a range
+    std::array<float, kRangeCount> m_meanRises = {};   ///< running
     std::array<float, kRangeCount> m_strengths = {};
     Levels m_levels = {};
 };

@@ -16,9 +16,9 @@ constexpr float kAheadFrames = 1.0F;
 constexpr float kBehindFrames = 5.0F;
 constexpr float kClosestBeats = 0.5F;      ///< periods between two beats, ahead
 constexpr float kClosestLateBeats = 0.6F;  ///< the same for a beat that was missed
-constexpr float kFirstShare = 0.4F;        ///< of belief in any phase of the tempo, for the first beat
-constexpr float kCellCentre = 0.5F;        ///< frames since a cell was entered
-constexpr std::size_t kNear = 5;           ///< frames on each side of a beat
+constexpr float kFirstShare = 0.4F;  ///< of belief in any phase of the tempo, for the first beat
+constexpr float kCellCentre = 0.5F;  ///< frames since a cell was entered
+constexpr std::size_t kNear = 5;     ///< frames on each side of a beat
 
 // A Gaussian of 2 frames, from its centre outward, its sum 1.
 constexpr std::array<float, 7> kBlur = {
@@ -42,7 +42,7 @@ BeatDecision::BeatDecision(const MeterStates& pStates) : m_states(pStates)
 void BeatDecision::Reset()
 {
     m_last.reset();
-    m_next = 0.0;
+    m_now = m_next = 0.0;
     m_tempo = 0;
     m_beat = 0;
     m_barShare = m_phaseShare = m_tempoShare = 0.0F;
@@ -51,14 +51,11 @@ void BeatDecision::Reset()
 
 std::optional<double> BeatDecision::Update(quint64 pFrame, const MeterFilter& pFilter)
 {
-    const auto now = static_cast<double>(pFrame);
-    _ChooseTempo(pFilter);
-    _GatherTimesLeft(pFilter);
-    m_next = now + static_cast<double>(_FindTimeLeft());
-    const float belief = _BeliefAt(static_cast<float>(m_next - now));
-    m_phaseShare = belief / pFilter.getTotal();
-    const std::optional<double> due =
-        m_last || belief >= kFirstShare * _Sum() ? _FindDueBeat(now) : std::nullopt;
+    m_now = static_cast<double>(pFrame);
+    const float belief = _Reckon(pFilter);
+    std::optional<double> due;
+    if (m_last || belief >= kFirstShare * _Sum())
+        due = _FindDueBeat();
     if (due) {
         _ChooseBeat(pFilter);
         m_last = due;
@@ -66,16 +63,36 @@ std::optional<double> BeatDecision::Update(quint64 pFrame, const MeterFilter& pF
     return due;
 }
 
+void BeatDecision::Reconsider(const MeterFilter& pFilter)
+{
+    _Reckon(pFilter);
+    if (m_last && m_next - *m_last < kClosestBeats * static_cast<double>(m_period))
+        m_next += static_cast<double>(m_period);
+}
+
+// Returns the belief in the next beat.
+float BeatDecision::_Reckon(const MeterFilter& pFilter)
+{
+    _ChooseTempo(pFilter);
+    _GatherTimesLeft(pFilter);
+    const float left = _FindTimeLeft();
+    m_next = m_now + static_cast<double>(left);
+    const float belief = _BeliefAt(left);
+    m_phaseShare = belief / pFilter.getTotal();
+    return belief;
+}
+
 // A beat ahead within the next frame; or one that was not seen coming, a little while ago.
-std::optional<double> BeatDecision::_FindDueBeat(double pNow)
+std::optional<double> BeatDecision::_FindDueBeat()
 {
     const auto period = static_cast<double>(m_period);
     const double missed = m_next - period;
     if (m_last && m_next - *m_last < kClosestBeats * period)
         m_next += period;
-    if (m_next - pNow < kAheadFrames)
+    if (m_next - m_now < kAheadFrames)
         return m_next;
-    if (pNow - missed < kBehindFrames && (!m_last || missed - *m_last > kClosestLateBeats * period))
+    if (m_now - missed < kBehindFrames &&
+        (!m_last || missed - *m_last > kClosestLateBeats * period))
         return missed;
     return std::nullopt;
 }
@@ -129,7 +146,9 @@ void BeatDecision::_GatherTimesLeft(const MeterFilter& pFilter)
 float BeatDecision::_FindTimeLeft()
 {
     const std::size_t count = m_left.size();
-    const auto at = [&](std::size_t pIndex) { return m_left[pIndex < count ? pIndex : pIndex - count]; };
+    const auto at = [&](std::size_t pIndex) {
+        return m_left[pIndex < count ? pIndex : pIndex - count];
+    };
     m_smoothed.assign(count, 0.0F);
     for (std::size_t i = 0; i < count; ++i) {
         float sum = kBlur[0] * m_left[i];

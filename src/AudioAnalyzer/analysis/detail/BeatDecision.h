@@ -24,13 +24,16 @@ public:
     /// behind. [no allocation]
     std::optional<double> Update(quint64 pFrame, const MeterFilter& pFilter);
 
-    float getPeriod() const { return m_period; }            ///< frames
-    double getNextBeat() const { return m_next; }           ///< frames
-    std::size_t getTempo() const { return m_tempo; }        ///< the chosen one's number
-    std::size_t getBeatInBar() const { return m_beat; }     ///< of the next beat, 0 to 3
-    float getBarConfidence() const { return m_barShare; }   ///< of that number, 0 to 1
-    float getPhaseShare() const { return m_phaseShare; }    ///< of all belief, near the next beat
-    float getTempoShare() const { return m_tempoShare; }    ///< of all belief, near the tempo
+    /// The belief was changed by hand after the last frame. [no allocation]
+    void Reconsider(const MeterFilter& pFilter);
+
+    float getPeriod() const { return m_period; }           ///< frames
+    double getNextBeat() const { return m_next; }          ///< frames
+    std::size_t getTempo() const { return m_tempo; }       ///< the chosen one's number
+    std::size_t getBeatInBar() const { return m_beat; }    ///< of the next beat, 0 to 3
+    float getBarConfidence() const { return m_barShare; }  ///< of that number, 0 to 1
+    float getPhaseShare() const { return m_phaseShare; }   ///< of all belief, near the next beat
+    float getTempoShare() const { return m_tempoShare; }   ///< of all belief, near the tempo
 
 private:
     void _ChooseTempo(const MeterFilter& pFilter);
@@ -38,12 +41,14 @@ private:
     float _FindTimeLeft();
     float _Sum() const;
     float _BeliefAt(float pTimeLeft) const;
-    std::optional<double> _FindDueBeat(double pNow);
+    float _Reckon(const MeterFilter& pFilter);
+    std::optional<double> _FindDueBeat();
     void _ChooseBeat(const MeterFilter& pFilter);
 
     const MeterStates& m_states;
     std::size_t m_tempo = 0;
     float m_period = 0.0F;         ///< frames
+    double m_now = 0.0;            ///< frames
     double m_next = 0.0;           ///< frames
     std::optional<double> m_last;  ///< the beat told last, frames
     std::size_t m_beat = 0;

@@ -14,8 +14,8 @@ namespace {
 constexpr float kWeights[kMeterRanges] = {0.12F, 0.09F, 0.09F, 0.09F, 0.12F};
 
 constexpr float kPriorStrength = 0.35F * 0.25F;
-constexpr float kPriorWidth = 0.04F;   ///< beats
-constexpr float kPriorDelay = 0.02F;   ///< beats; onsets are heard a little late
+constexpr float kPriorWidth = 0.04F;  ///< beats
+constexpr float kPriorDelay = 0.02F;  ///< beats; onsets are heard a little late
 constexpr float kPriorOffset = 0.15F;
 
 // A bump around pCentre, circular.

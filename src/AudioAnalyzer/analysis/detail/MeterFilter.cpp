@@ -9,7 +9,7 @@ namespace detail {
 
 namespace {
 
-constexpr float kLeak = 1e-6F;          ///< a frame
+constexpr float kLeak = 1e-6F;         ///< a frame
 constexpr float kTempoSpread = 80.0F;  ///< of the exponential law of tempo changes
 constexpr float kPriorBPM = 125.0F;
 constexpr float kPriorOctaves = 0.5F;
@@ -41,6 +41,7 @@ MeterFilter::MeterFilter()
         weights.resize(m_entered.size());
     _MakePrior();
     _MakeTransitions();
+    m_end = m_prior.size();
     Reset();
 }
 
@@ -85,13 +86,23 @@ void MeterFilter::Reset()
 {
     std::fill(m_cells.begin(), m_cells.end(), 0.0F);
     std::fill(m_moved.begin(), m_moved.end(), 0.0F);
-    for (std::size_t i = 0; i < m_prior.size(); ++i) {
+    for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[i];
-        const std::size_t count = kBeatsPerBar * tempo.cells;
-        std::fill_n(&m_cells[tempo.offset], count, m_prior[i]);
-        m_masses[i] = m_prior[i] * static_cast<float>(count);
+        std::fill_n(&m_cells[tempo.offset], kBeatsPerBar * tempo.cells, m_prior[i]);
     }
-    m_total = 1.0F;
+    _CollectMasses();
+}
+
+void MeterFilter::_CollectMasses()
+{
+    m_total = 0.0F;
+    for (std::size_t i = 0; i < m_masses.size(); ++i) {
+        const float* cells = getCells(i);
+        m_masses[i] = 0.0F;
+        for (std::size_t k = 0; k < kBeatsPerBar * m_states.getTempi()[i].cells; ++k)
+            m_masses[i] += cells[k];
+        m_total += m_masses[i];
+    }
 }
 
 float MeterFilter::Update(const MeterLikelihoods& pLikelihoods)
@@ -104,7 +115,7 @@ float MeterFilter::Update(const MeterLikelihoods& pLikelihoods)
     _EnterBeats();
     const float leak = kLeak * m_total;
     m_total = 0.0F;
-    for (std::size_t i = 0; i < m_masses.size(); ++i) {
+    for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[i];
         m_masses[i] = m_kernel.move(&m_cells[tempo.offset],
                                     &m_states.getSteps()[tempo.offset],
@@ -144,7 +155,7 @@ void MeterFilter::_EnterBeats()
                     sums[i] += m_transitions[k][first + i] * left[first + i + k];
             std::copy(sums.begin(), sums.end(), &m_entered[first]);
         }
-        for (std::size_t i = 0; i < m_masses.size(); ++i) {
+        for (std::size_t i = m_first; i < m_end; ++i) {
             const MeterStates::Tempo& tempo = m_states.getTempi()[i];
             m_cells[tempo.offset + beat * tempo.cells - 1] = m_entered[i];
         }

@@ -24,6 +24,18 @@ public:
     /// One frame. Returns the evidence's probability given all before it. [no allocation]
     float Update(const MeterLikelihoods& pLikelihoods);
 
+    // ---- A hand on it: MeterFilterHand.cpp -----------------------------------------------------
+
+    /// A beat was tapped pFramesAgo. pInterval is the time between taps, frames; 0 = unknown. Half
+    /// of the belief is given up for what the tap says. [no allocation]
+    void Tap(float pFramesAgo, float pInterval);
+    /// Takes every belief to pFactor times its tempo, in the same place of the bar. What falls
+    /// outside the tempi is lost. [no allocation]
+    void Multiply(float pFactor);
+    /// Only the tempi from pFirst to below pEnd are possible from now on. False, and nothing
+    /// changed but for the belief starting anew, when there was none in them. [no allocation]
+    bool Allow(std::size_t pFirst, std::size_t pEnd);
+
     const MeterStates& getStates() const { return m_states; }
     /// Probability of each tempo; their sum is getTotal(). [valid until the next Update]
     const std::vector<float>& getTempoMasses() const { return m_masses; }
@@ -40,6 +52,7 @@ private:
     static constexpr std::size_t kGroup = 16;  ///< tempi that are computed at once
     using Values = std::vector<float>;
 
+    void _CollectMasses();
     void _MakePrior();
     void _MakeTransitions();
     void _LeaveBeats();
@@ -47,13 +60,15 @@ private:
 
     MeterStates m_states;
     const MeterKernel& m_kernel;
-    Values m_prior;                                       ///< of one cell of each tempo
-    std::array<Values, kReachWidth> m_transitions;        ///< [tempo left - entered][entered]
-    Values m_cells, m_moved;                              ///< now, and where the next frame is made
-    std::array<Values, kBeatsPerBar> m_left;              ///< leaves each beat of each tempo
-    Values m_entered;                                     ///< enters one beat of each tempo
-    Values m_masses;                                      ///< of each tempo
+    Values m_prior;                                 ///< of one cell of each tempo
+    std::array<Values, kReachWidth> m_transitions;  ///< [tempo left - entered][entered]
+    Values m_cells, m_moved;                        ///< now, and where the next frame is made
+    std::array<Values, kBeatsPerBar> m_left;        ///< leaves each beat of each tempo
+    Values m_entered;                               ///< enters one beat of each tempo
+    Values m_masses;                                ///< of each tempo
     float m_total = 1.0F;
+    std::size_t m_first = 0;  ///< tempi that are possible ...
+    std::size_t m_end = 0;    ///< ... and the one behind the last
 };
 
 }  // namespace detail

@@ -13,7 +13,8 @@ __m256 moveEight(const float* pFrom,
                  const MeterLikelihoods& pLikelihoods,
                  __m256 pLeak)
 {
-    const __m256i steps = _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(pSteps)));
+    const __m256i steps =
+        _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(pSteps)));
     const __m256i places = _mm256_sub_epi32(steps, _mm256_set1_epi32(*pSteps));
     const __m256 likelihoods =
         _mm256_permutevar8x32_ps(_mm256_loadu_ps(&pLikelihoods[*pSteps]), places);

@@ -12,6 +12,17 @@ MeterStates::MeterStates()
         _AddTempo(period);
 }
 
+int MeterStates::findTempo(float pPeriod) const
+{
+    const auto half = static_cast<float>(std::sqrt(kTempoStep));
+    int index = -1;
+    while (index < static_cast<int>(m_tempi.size()) &&
+           pPeriod > (index < 0 ? m_tempi[0].period / half
+                                : m_tempi[static_cast<std::size_t>(index)].period * half))
+        ++index;
+    return index;
+}
+
 void MeterStates::_AddTempo(double pPeriod)
 {
     m_steps.resize(m_steps.size() + kBlock, kNoStep);

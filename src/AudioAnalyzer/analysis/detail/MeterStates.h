@@ -23,7 +23,7 @@ public:
     static constexpr double kFastestBPM = 190.0;
     static constexpr double kTempoStep = 1.015;
     static constexpr double kFramesPerMinute = 6000.0;
-    static constexpr std::size_t kBlock = 16;  ///< cells that are computed at once
+    static constexpr std::size_t kBlock = 16;                  ///< cells that are computed at once
     static constexpr std::uint8_t kNoStep = kStepsPerBar + 1;  ///< of empty cells
 
     /// One tempo and where its cells lie.
@@ -40,6 +40,9 @@ public:
 
     /// Fastest first.
     const std::vector<Tempo>& getTempi() const { return m_tempi; }
+    /// The tempo whose period is nearest to pPeriod frames; one behind the last, or before the
+    /// first (-1), when it lies outside.
+    int findTempo(float pPeriod) const;
     /// The step of the bar, to the nearest, in which each cell lies: kStepsPerBar is the first
     /// step of the next bar.
     const std::vector<std::uint8_t>& getSteps() const { return m_steps; }

@@ -19,6 +19,10 @@ public:
     /// One frame: the logarithm, and the mean square of its samples, 1 = full scale.
     void Update(float pLogRatio, float pMeanSquare);
 
+    /// Somebody says that there is a beat.
+    void Believe() { m_sum = m_sum < kFirst ? kFirst : m_sum; }
+
+    bool isSilent() const { return m_isSilent; }
     bool isPlaying() const { return !m_isSilent && m_sum > 0.0F; }
     /// Logarithm of odds, from the lower to the upper bound.
     float getSum() const { return m_sum; }
@@ -26,7 +30,7 @@ public:
     float getMean() const { return m_mean; }
 
 private:
-    static constexpr float kFirst = 2.0F;    ///< when sound begins
+    static constexpr float kFirst = 2.0F;  ///< when sound begins
     static constexpr float kLowest = -4.0F;
     static constexpr float kHighest = 20.0F;
 
@@ -34,7 +38,7 @@ private:
 
     float m_sum = kFirst;
     float m_mean = 0.0F;
-    float m_loudness = 0.0F;       ///< mean square that music has; falls slowly
+    float m_loudness = 0.0F;           ///< mean square that music has; falls slowly
     std::size_t m_quietFrames = 1000;  ///< since the last frame that was no silence
     bool m_isSilent = true;
 };

@@ -30,7 +30,8 @@ WindowedSpectrum::WindowedSpectrum(std::size_t pWindowSize,
     }
 }
 
-// The square of a magnitude. From the transform Z of even + i odd, with phi = 2 pi k / N and M = N/2:
+// The square of a magnitude. From the transform Z of even + i odd, with phi = 2 pi k / N and M =
+// N/2:
 //     X(k) = (Z(k) + conj Z(M-k)) / 2 + e^(i phi) (Z(k) - conj Z(M-k)) / 2i
 inline void WindowedSpectrum::_AddBin(std::size_t pBin, std::size_t pMirror)
 {
