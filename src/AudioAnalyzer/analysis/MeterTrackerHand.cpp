@@ -10,6 +10,7 @@
 namespace {
 
 constexpr double kFactors[] = {2.0, 0.5, 1.5, 2.0 / 3.0};
+constexpr double kSlack = 1.015;     ///< by which a measured tempo may lie outside of the range
 constexpr double kLongestTap = 1.5;  ///< mean intervals after which a new row of taps begins
 constexpr int kMostTaps = 8;         ///< whose mean is the interval
 constexpr int kHeldReach = 12;       ///< tempi on each side that a held level may reach at a beat
@@ -30,6 +31,7 @@ void MeterTracker::Tap(quint64 pIndex)
     _AllowTempi();
     const auto now = static_cast<double>(m_pOnsets->getFrameCount());
     m_pFilter->Tap(static_cast<float>(now - tap), static_cast<float>(m_tapInterval));
+    m_pDecision->setLastBeat(tap);
     m_pDecision->Reconsider(*m_pFilter);
     m_pMusic->Believe();
 }
@@ -42,7 +44,7 @@ bool MeterTracker::Multiply(double pFactor)
         });
     const double bpm =
         detail::MeterStates::kFramesPerMinute / double(m_pDecision->getPeriod()) * pFactor;
-    if (!isOffered || bpm < m_minimalBPM || bpm > m_maximalBPM)
+    if (!isOffered || bpm * kSlack < m_minimalBPM || bpm > m_maximalBPM * kSlack)
         return false;
     m_isLevelHeld = false;
     _AllowTempi();

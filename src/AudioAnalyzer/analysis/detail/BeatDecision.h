@@ -26,6 +26,8 @@ public:
 
     /// The belief was changed by hand after the last frame. [no allocation]
     void Reconsider(const MeterFilter& pFilter);
+    /// There was a beat at pTime, frames: the next is one period on.
+    void setLastBeat(double pTime) { m_last = pTime; }
 
     float getPeriod() const { return m_period; }           ///< frames
     double getNextBeat() const { return m_next; }          ///< frames
