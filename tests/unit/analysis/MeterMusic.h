@@ -12,7 +12,12 @@
 class MeterMusic
 {
 public:
-    explicit MeterMusic(int pSampleRate) : m_sampleRate(pSampleRate) {}
+    explicit MeterMusic(int pSampleRate)
+        : m_sampleRate(pSampleRate), m_hat(_Strike({7000.0, 8300.0, 9900.0}, 0.02, 0.1)),
+          m_kick(_Strike({55.0, 110.0, 2100.0}, 0.08, 0.5)),
+          m_snare(_Strike({190.0, 330.0, 870.0, 1900.0, 2900.0, 3700.0}, 0.06, 0.25))
+    {
+    }
 
     /// Silence.
     MeterMusic& rest(double pSeconds)
@@ -29,11 +34,11 @@ public:
         const double eighth = 30.0 / pBPM;
         for (int i = 0; i * eighth < pSeconds - 1e-9; ++i) {
             const double time = start + i * eighth;
-            _Strike(time, {7000.0, 8300.0, 9900.0}, 0.02, 0.1);
+            _Add(time, m_hat, 1.0);
             if (i % 2 == 0)
-                _Strike(time, {55.0, 110.0, 2100.0}, i % 8 == 0 ? 0.1 : 0.07, 0.5);
+                _Add(time, m_kick, i % 8 == 0 ? 1.3 : 1.0);
             if (i % 4 == 2)
-                _Strike(time, {190.0, 330.0, 870.0, 1900.0, 2900.0, 3700.0}, 0.06, 0.25);
+                _Add(time, m_snare, 1.0);
         }
         return *this;
     }
@@ -51,19 +56,29 @@ public:
     }
 
 private:
-    void _Strike(double pTime, const std::vector<double>& pPartials, double pDecay, double pLevel)
+    std::vector<double>
+    _Strike(const std::vector<double>& pPartials, double pDecay, double pLevel) const
     {
-        const auto first = std::size_t(std::ceil(pTime * m_sampleRate));
-        const auto end = std::min(m_values.size(), first + std::size_t(8.0 * pDecay * m_sampleRate));
-        for (std::size_t i = first; i < end; ++i) {
-            const double t = double(i) / m_sampleRate - pTime;
-            const double envelope = pLevel * std::exp(-t / pDecay);
+        std::vector<double> values(std::size_t(8.0 * pDecay * m_sampleRate));
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const double t = double(i) / m_sampleRate;
             for (const double partial : pPartials)
                 if (partial < 0.45 * m_sampleRate)
-                    m_values[i] += envelope * std::sin(6.283185307179586 * partial * t);
+                    values[i] += std::sin(6.283185307179586 * partial * t);
+            values[i] *= pLevel * std::exp(-t / pDecay);
         }
+        return values;
+    }
+
+    void _Add(double pTime, const std::vector<double>& pStrike, double pLevel)
+    {
+        const auto first = std::size_t(std::lround(pTime * m_sampleRate));
+        const std::size_t count = first < m_values.size() ? m_values.size() - first : 0;
+        for (std::size_t i = 0; i < std::min(count, pStrike.size()); ++i)
+            m_values[first + i] += pLevel * pStrike[i];
     }
 
     int m_sampleRate;  ///< Hz
+    std::vector<double> m_hat, m_kick, m_snare;
     std::vector<double> m_values;
 };
