@@ -11,6 +11,9 @@
     result = audioanalyzer.analyze(samples, 44100)
     print(result.beat_times, result.bpm)
 
+    clock = audioanalyzer.Clock()
+    clock.tap()
+
 Samples come in any object with Python's buffer protocol: array.array, bytes, memoryview, numpy arrays.
 Time comes from the samples alone, so the same samples give the same events on every run and machine.
 
@@ -28,6 +31,7 @@ samples are analysed other Python threads run.
 """
 
 from .analysis import Analysis, Result, analyze
+from .clock import Clock, ClockState
 from .errors import (
     AnalysisError,
     BusyError,
@@ -46,6 +50,8 @@ __all__ = [
     "AnalysisError",
     "Beat",
     "BusyError",
+    "Clock",
+    "ClockState",
     "ClosedError",
     "Event",
     "FinishedError",

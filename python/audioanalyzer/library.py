@@ -5,7 +5,7 @@ import ctypes
 import functools
 import os
 import pathlib
-from ctypes import POINTER, c_char_p, c_double, c_int32, c_size_t, c_uint64, c_void_p
+from ctypes import POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_uint32, c_uint64, c_void_p
 from typing import Any, Dict, List, Sequence, Tuple, Type
 
 from . import errors
@@ -66,6 +66,41 @@ class SpectrumRecord(ctypes.Structure):
     ]
 
 
+class LineRecord(ctypes.Structure):
+    _fields_ = [("time", c_int64), ("position", c_double), ("period", c_double)]
+
+
+class BeatClockRecord(ctypes.Structure):
+    _fields_ = [
+        ("now", LineRecord),
+        ("then", LineRecord),
+        ("end_time", c_int64),
+        ("offset", c_int64),
+        ("first_beat", c_int64),
+        ("one_beat", c_int64),
+        ("heard_time", c_int64),
+        ("bpm", c_double),
+        ("sureness", c_double),
+        ("run", c_uint32),
+        ("epoch", c_uint32),
+        ("beats_per_bar", c_int32),
+        ("charge", c_int32),
+        ("is_playing", c_int32),
+        ("numerator", c_int32),
+        ("denominator", c_int32),
+    ]
+
+
+class ClockBeatRecord(ctypes.Structure):
+    _fields_ = [
+        ("time", c_int64),
+        ("bpm", c_double),
+        ("trust", c_double),
+        ("is_virtual", c_int32),
+        ("beat_in_bar", c_int32),
+    ]
+
+
 def _callback(record: Type[ctypes.Structure]) -> Any:
     return ctypes.CFUNCTYPE(None, c_void_p, POINTER(record))
 
@@ -84,6 +119,7 @@ _FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
     "Create": (c_void_p, [c_int32]),
     "Destroy": (c_int32, [c_void_p]),
     "GetErrorText": (c_char_p, [c_void_p]),
+    "DescribeError": (c_char_p, [c_int32]),
     "PushInt16": (c_int32, [c_void_p, c_char_p, c_size_t, c_int32]),
     "PushFloat": (c_int32, [c_void_p, c_char_p, c_size_t, c_int32]),
     "Finish": (c_int32, [c_void_p]),
@@ -118,6 +154,35 @@ for _kind, _type in CALLBACKS.items():
 
 RANGE_ERROR = 2
 MEMORY_ERROR = 6
+
+_STATE = POINTER(BeatClockRecord)
+# Name behind AudioClock_: result, arguments.
+_CLOCK_FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
+    "Create": (c_void_p, []),
+    "Destroy": (c_int32, [c_void_p]),
+    "Restart": (c_int32, [c_void_p, c_int64]),
+    "Set": (c_int32, [c_void_p, c_int32, c_double, c_int64]),
+    "Get": (c_int32, [c_void_p, c_int32, POINTER(c_double)]),
+    "Hear": (c_int32, [c_void_p, POINTER(ClockBeatRecord), c_int64]),
+    "SetPlaying": (c_int32, [c_void_p, c_int32, c_int64]),
+    "Tap": (c_int32, [c_void_p, c_int64]),
+    "Nudge": (c_int32, [c_void_p, c_int64, c_int64]),
+    "Bend": (c_int32, [c_void_p, c_double, c_int64]),
+    "MarkOne": (c_int32, [c_void_p, c_int64]),
+    "Scale": (c_int32, [c_void_p, c_int32, c_int32, c_int64]),
+    "Round": (c_int32, [c_void_p, c_int64]),
+    "Hold": (c_int32, [c_void_p, c_double, c_int64]),
+    "Release": (c_int32, [c_void_p, c_int64]),
+    "GetState": (c_int32, [c_void_p, _STATE]),
+    "IsRunning": (c_int32, [_STATE]),
+    "GetBeat": (c_int64, [_STATE, c_int64, c_int64]),
+    "GetPhase": (c_double, [_STATE, c_int64, c_int64]),
+    "GetBeatInBar": (c_int32, [_STATE, c_int64]),
+    "GetNextTick": (c_int64, [_STATE, c_int64, c_int32, c_int64]),
+    "GetTickTime": (c_int64, [_STATE, c_int64, c_int32, c_int64]),
+    "GetSureness": (c_double, [_STATE, c_int64]),
+}
+
 _ERRORS: Dict[int, Type[Exception]] = {
     1: TypeError,
     RANGE_ERROR: errors.RangeError,
@@ -128,22 +193,40 @@ _ERRORS: Dict[int, Type[Exception]] = {
 }
 
 
+def _load(
+    loaded: ctypes.CDLL, prefix: str, functions: Dict[str, Tuple[Any, Sequence[Any]]]
+) -> Dict[str, Any]:
+    found = {}
+    for name, (result, arguments) in functions.items():
+        function = getattr(loaded, prefix + name)
+        function.restype = result
+        function.argtypes = list(arguments)
+        found[name] = function
+    return found
+
+
 class Library:
-    """The functions of the C interface; call("Reset", handle) is AudioAnalysis_Reset(handle)."""
+    """The functions of the C interface; call("Reset", handle) is AudioAnalysis_Reset(handle), and
+    clock("Tap", handle, now) is AudioClock_Tap(handle, now)."""
 
     def __init__(self, path: str) -> None:
         loaded = ctypes.CDLL(path)
-        self._functions: Dict[str, Any] = {}
-        for name, (result, arguments) in _FUNCTIONS.items():
-            function = getattr(loaded, "AudioAnalysis_" + name)
-            function.restype = result
-            function.argtypes = list(arguments)
-            self._functions[name] = function
+        self._functions = _load(loaded, "AudioAnalysis_", _FUNCTIONS)
+        self._clock_functions = _load(loaded, "AudioClock_", _CLOCK_FUNCTIONS)
         self.path = path
         self.version: str = self.call("GetVersion").decode()
 
     def call(self, name: str, *arguments: Any) -> Any:
         return self._functions[name](*arguments)
+
+    def clock(self, name: str, *arguments: Any) -> Any:
+        return self._clock_functions[name](*arguments)
+
+    def check_clock(self, error: int) -> None:
+        """Raises what a function of a clock refused."""
+        if error != 0:
+            text = self.call("DescribeError", error).decode()
+            raise _ERRORS.get(error, errors.AnalysisError)(text)
 
     def check(self, error: int, handle: Any) -> None:
         """Raises what the library refused; handle None = on this thread, without an analysis."""

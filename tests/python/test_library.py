@@ -17,6 +17,7 @@ from audioanalyzer import library
 PACKAGE = pathlib.Path(audioanalyzer.__file__).parent
 FILE = pathlib.Path(os.environ["AUDIOANALYZER_LIBRARY"])
 HEADER = pathlib.Path(os.environ["AA_HEADER"]).read_text()
+CLOCK_HEADER = pathlib.Path(os.environ["AA_HEADER"]).with_name("Clock.h").read_text()
 SAY = "import audioanalyzer.library as l; print(l.library().path)"
 
 
@@ -97,6 +98,26 @@ class Header(unittest.TestCase):
         self.assertGreater(len(declared), 25)
         self.assertEqual(declared - set(library._FUNCTIONS), {"DescribeError"})
         self.assertEqual(set(library._FUNCTIONS) - declared, set())
+
+    def test_all_functions_of_clocks_are_known(self):
+        declared = re.findall(r"\bAudioClock_(\w+)\(", re.sub(r"/\*.*?\*/", "", CLOCK_HEADER, flags=re.S))
+        self.assertGreater(len(declared), 20)
+        self.assertEqual(set(declared), set(library._CLOCK_FUNCTIONS))
+
+    def test_records_of_clocks_have_the_members_of_the_headers(self):
+        folder = pathlib.Path(os.environ["AA_HEADER"]).parent.parent / "analysis"
+        records = {
+            "BeatLine": (folder / "BeatLine.h", library.LineRecord, 24),
+            "BeatClockState": (folder / "BeatClockState.h", library.BeatClockRecord, 136),
+            "AudioClockBeat": (None, library.ClockBeatRecord, 32),
+        }
+        for name, (header, record, size) in records.items():
+            text = header.read_text() if header else CLOCK_HEADER
+            body = re.search(rf"typedef struct {name}\n{{(.*?)\n(#ifdef|}})", text, re.S)[1]
+            members = re.findall(r"(\w+);", re.sub(r"/\*.*?\*/", "", body, flags=re.S))
+            fields = [field.replace("_", "").lower() for field, *_ in record._fields_]
+            self.assertEqual(fields, [member.lower() for member in members], name)
+            self.assertEqual(ctypes.sizeof(record), size, name)
 
     def test_records_have_the_members_and_sizes_of_the_header(self):
         sizes = {"Profile": 40, "Pulse": 40, "Beat": 40, "Tempo": 24, "Stop": 24, "Spectrum": 40}

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/TapTempo.h>
+
 #include <desktop/settings/SettingsPanel.h>
-#include <desktop/settings/detail/TapTempo.h>
 
 #include <QTimer>
 
@@ -55,7 +56,7 @@ private:
     void _ShowButtons();
     QString _RangeRefusal() const;
 
-    desktop::TapTempo m_taps;
+    TapTempo m_taps;
     double m_tempo = 0.0;  ///< BPM made by hand; 0 = none
     bool m_isLocked = false;
     bool m_isLocking = false;

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <desktop/settings/detail/TapTempo.h>
+#include <AudioAnalyzer/analysis/TapTempo.h>
 
 #include <QtTest>
 
 #include <support/TestClass.h>
-
-using desktop::TapTempo;
 
 /// The arithmetic of taps. Times in milliseconds, worked out by hand.
 class tst_TapTempo : public QObject
@@ -15,6 +13,8 @@ class tst_TapTempo : public QObject
 private Q_SLOTS:
     void tempo_isThatOfTheMedianInterval_data();
     void tempo_isThatOfTheMedianInterval();
+    void lag_isTheMedianDistanceFromASteadyBeat_data();
+    void lag_isTheMedianDistanceFromASteadyBeat();
     void tap_isIgnored_whenItBounces();
     void bounce_doesNotMoveTheLastTap();
     void taps_beginAnew_whenTheyAreStale_data();
@@ -61,6 +61,30 @@ void tst_TapTempo::tempo_isThatOfTheMedianInterval()
     const TapTempo taps = Tapped(times);
     QCOMPARE(taps.getCount(), times.size());
     QCOMPARE(taps.getBPM(), bpm);
+}
+
+void tst_TapTempo::lag_isTheMedianDistanceFromASteadyBeat_data()
+{
+    QTest::addColumn<QList<int>>("times");
+    QTest::addColumn<double>("lag");
+    QTest::newRow("none") << QList<int>{} << 0.0;
+    QTest::newRow("one") << QList<int>{1000} << 0.0;
+    QTest::newRow("two") << QList<int>{1000, 1500} << 0.0;
+    QTest::newRow("steady") << QList<int>{1000, 1500, 2000, 2500} << 0.0;
+    // 40 ms late: all others mean a beat that much before it.
+    QTest::newRow("last one late") << QList<int>{1000, 1500, 2000, 2540} << -40.0;
+    QTest::newRow("last one early") << QList<int>{1000, 1500, 2000, 2470} << 30.0;
+    // Only that one means another beat.
+    QTest::newRow("one late") << QList<int>{1000, 1500, 2040, 2500, 3000} << 0.0;
+    // A beat without a tap; the median interval is 500.
+    QTest::newRow("one left out") << QList<int>{1000, 1500, 2000, 2500, 3500, 4020} << -20.0;
+}
+
+void tst_TapTempo::lag_isTheMedianDistanceFromASteadyBeat()
+{
+    QFETCH(const QList<int>, times);
+    QFETCH(const double, lag);
+    QCOMPARE(Tapped(times).getLag(), lag * 1000.0);
 }
 
 void tst_TapTempo::tap_isIgnored_whenItBounces()

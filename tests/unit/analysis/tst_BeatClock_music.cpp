@@ -1,0 +1,407 @@
+// SPDX-License-Identifier: MIT
+#include "ClockBench.h"
+#include "TestSeed.h"
+
+#include <QtTest>
+
+#include <support/TestClass.h>
+
+#include <support/Waves.h>
+
+/// The clock and the music. Times in milliseconds, worked out by hand.
+class tst_BeatClock_music : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void clock_standsStill_beforeTheFirstBeat();
+    void firstBeat_startsTheClock_withItsTempo();
+    void firstTwoBeats_startTheClock_withoutATempo();
+    void firstBeat_isTheNextOne_whenItIsToldLate();
+    void firstBeat_isTheOneForetold();
+    void beatThatIsLate_isApproachedBySlewing();
+    void beats_areFollowed_atATempoThatWasToldWrong();
+    void tempo_isThatOfUnevenBeats();
+    void missedBeats_changeNothing();
+    void virtualBeats_changeNothing();
+    void strayBeat_changesNothing();
+    void secondBeatInOnePlace_changesNothing();
+    void twoBeatsOfANewSong_moveTheClockAtOnce();
+    void anotherTempo_isBelieved_atTheSecondBeatThatKeepsIt();
+    void doubleTempo_isBelieved_atTheSecondBeat();
+    void tempoThatIsToldButNotKept_isNotBelieved();
+    void sureness_risesWithBeatsAndFadesWithout();
+    void musicThatStops_stopsTheClock();
+    void musicThatStops_doesNotStopTheClock_whenItGoesOn();
+    void clockThatWentOn_stops_whenItIsToldTo();
+    void newSong_startsTheClockAtOnce();
+    void newSong_isBelievedAtItsFirstBeat_whenTheClockWentOn();
+    void tracker_marksTheOne();
+    void beatsOfNoUse_areNotHeard();
+    void present_neverGoesBack();
+    void restart_forgetsMusicButNotSettings();
+    void settings_haveLimits();
+};
+
+void tst_BeatClock_music::clock_standsStill_beforeTheFirstBeat()
+{
+    const ClockBench bench;
+    QVERIFY(!bench.state().isRunning());
+    QCOMPARE(bench.bpm(), 0.0);
+    QCOMPARE(bench.next(1000), ClockBench::kNever);
+    QCOMPARE(bench.state().run, quint32(0));
+    QCOMPARE(bench.state().isPlaying, 1);
+    QCOMPARE(bench.state().getSureness(0), 0.0);
+}
+
+void tst_BeatClock_music::firstBeat_startsTheClock_withItsTempo()
+{
+    ClockBench bench;
+    bench.beat(1000, 150.0);
+    QVERIFY(bench.state().isRunning());
+    QCOMPARE(bench.bpm(), 150.0);
+    QCOMPARE(bench.position(1000), 0.0);
+    QCOMPARE(bench.next(999), qint64(1000));
+    QCOMPARE(bench.next(1000), qint64(1400));
+    QCOMPARE(bench.state().run, quint32(1));
+    QCOMPARE(bench.state().charge, int(BeatClockCharge_Music));
+}
+
+void tst_BeatClock_music::firstTwoBeats_startTheClock_withoutATempo()
+{
+    ClockBench bench;
+    bench.beat(1000, 0.0);
+    QVERIFY(!bench.state().isRunning());
+    bench.beat(1400, 0.0);
+    QCOMPARE(bench.bpm(), 150.0);
+    QCOMPARE(bench.next(1400), qint64(1800));
+    // Too far apart for any tempo: the second one is a first one.
+    ClockBench slow;
+    slow.beat(1000, 0.0);
+    slow.beat(8000, 0.0);
+    QVERIFY(!slow.state().isRunning());
+    slow.beat(8500, 0.0);
+    QCOMPARE(slow.bpm(), 120.0);
+}
+
+void tst_BeatClock_music::firstBeat_isTheNextOne_whenItIsToldLate()
+{
+    ClockBench bench;
+    bench.clock.Hear({1000000, 120.0}, 1140000);
+    QCOMPARE(bench.next(1140), qint64(1500));
+    QCOMPARE(bench.position(1500), 0.0);
+}
+
+void tst_BeatClock_music::firstBeat_isTheOneForetold()
+{
+    ClockBench bench;
+    bench.clock.Hear({1000000, 120.0}, 930000);
+    QCOMPARE(bench.next(930), qint64(1000));
+    QCOMPARE(bench.position(1000), 0.0);
+}
+
+// The second one, 25 ms late. The tempo that was told counts for three beats before the first, so
+// of a line through five, 3/5 of the lateness go into its phase and 1/5 into its period. The clock
+// is some 15 ms ahead of it, and makes them good at 5 % less than its tempo.
+void tst_BeatClock_music::beatThatIsLate_isApproachedBySlewing()
+{
+    ClockBench bench;
+    bench.beat(1000);
+    const double before = bench.position(1525);
+    bench.beat(1525);
+    QVERIFY(qAbs(bench.position(1525) - before) < 1e-6);
+    const BeatClockState state = bench.state();
+    QCOMPARE(state.epoch, quint32(0));
+    QCOMPARE(qint64(state.then.getTime(1.0)), qint64(1515000));
+    QCOMPARE(state.then.period, 505000.0);
+    QCOMPARE(state.bpm, 60e3 / 505.0);
+    const double speed = state.then.period / state.now.period;
+    QVERIFY(qAbs(speed - 0.95) < 1e-4);
+}
+
+void tst_BeatClock_music::beats_areFollowed_atATempoThatWasToldWrong()
+{
+    ClockBench bench;
+    for (int i = 0; i < 24; ++i)
+        bench.beat(1000 + i * 490, i == 0 ? 120.0 : 0.0);
+    QCOMPARE(bench.state().epoch, quint32(0));
+    QVERIFY(qAbs(bench.bpm() - 60e3 / 490.0) < 0.05);
+    QVERIFY(qAbs(bench.position(1000 + 24 * 490) - 24.0) < 0.005);
+}
+
+// Up to 15 ms off: the line of 16 has a tempo within a third of a percent, and beats within 10 ms.
+void tst_BeatClock_music::tempo_isThatOfUnevenBeats()
+{
+    waves::Random random(testSeed());
+    for (int run = 0; run < 200; ++run) {
+        ClockBench bench;
+        const double period = random.uniform(300.0, 900.0);
+        for (int i = 0; i < 40; ++i)
+            bench.beat(qRound64(1000.0 + i * period + random.uniform(-15.0, 15.0)), 60e3 / period);
+        QCOMPARE(bench.state().epoch, quint32(0));
+        QVERIFY(qAbs(bench.bpm() * period / 60e3 - 1.0) < 3.0 * 15.0 / 16.0 / period);
+        const double place = bench.state().then.getPosition(qRound64((1000.0 + 40 * period) * 1e3));
+        QVERIFY(qAbs(place - 40.0) * period < 20.0);
+    }
+}
+
+void tst_BeatClock_music::missedBeats_changeNothing()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.beat(next + 30 * 500);
+    QCOMPARE(bench.bpm(), 120.0);
+    QCOMPARE(bench.state().epoch, quint32(0));
+    QCOMPARE(bench.next(next + 30 * 500), next + 31 * 500);
+    QCOMPARE(bench.position(next + 30 * 500), 38.0);
+}
+
+void tst_BeatClock_music::virtualBeats_changeNothing()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    for (int i = 0; i < 8; ++i)
+        bench.clock.Hear({(next + i * 420) * 1000, 143.0, 1.0, true}, (next + i * 420) * 1000);
+    QCOMPARE(bench.bpm(), 120.0);
+    QCOMPARE(bench.next(next + 3600), next + 4000);
+    QCOMPARE(bench.state().epoch, quint32(0));
+}
+
+void tst_BeatClock_music::strayBeat_changesNothing()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.beat(next - 300);
+    bench.beat(next);
+    bench.beat(next + 230);
+    bench.beat(next + 500);
+    QCOMPARE(bench.bpm(), 120.0);
+    QCOMPARE(bench.state().epoch, quint32(0));
+    QCOMPARE(bench.next(next + 500), next + 1000);
+}
+
+void tst_BeatClock_music::secondBeatInOnePlace_changesNothing()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.beat(next);
+    bench.beat(next + 60);
+    QCOMPARE(bench.next(next + 60), next + 500);
+    QCOMPARE(bench.bpm(), 120.0);
+}
+
+// Same tempo, 200 ms later: the first is doubted, the second is believed.
+void tst_BeatClock_music::twoBeatsOfANewSong_moveTheClockAtOnce()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.beat(next + 200);
+    QCOMPARE(bench.next(next + 200), next + 500);
+    QCOMPARE(bench.state().epoch, quint32(0));
+    bench.beat(next + 700);
+    QCOMPARE(bench.next(next + 700), next + 1200);
+    QCOMPARE(bench.state().epoch, quint32(1));
+    // 9.4 became 9: beat 9 is told already, and 10 comes next.
+    QCOMPARE(bench.position(next + 700), 9.0);
+    QCOMPARE(bench.state().run, quint32(1));
+}
+
+// Beats of 400 ms, the first of them half a beat off.
+void tst_BeatClock_music::anotherTempo_isBelieved_atTheSecondBeatThatKeepsIt()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.beat(next + 250, 150.0);
+    QCOMPARE(bench.bpm(), 120.0);
+    bench.beat(next + 650, 150.0);
+    QCOMPARE(bench.bpm(), 150.0);
+    QCOMPARE(bench.next(next + 650), next + 1050);
+}
+
+void tst_BeatClock_music::doubleTempo_isBelieved_atTheSecondBeat()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.beat(next - 250, 240.0);
+    QCOMPARE(bench.bpm(), 120.0);
+    bench.beat(next, 240.0);
+    QCOMPARE(bench.bpm(), 240.0);
+    QCOMPARE(bench.next(next), next + 250);
+}
+
+void tst_BeatClock_music::tempoThatIsToldButNotKept_isNotBelieved()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    for (int i = 0; i < 20; ++i)
+        bench.beat(next + i * 500, 143.0);
+    QCOMPARE(bench.bpm(), 120.0);
+    QCOMPARE(bench.state().epoch, quint32(0));
+}
+
+void tst_BeatClock_music::sureness_risesWithBeatsAndFadesWithout()
+{
+    ClockBench bench;
+    bench.beat(1000);
+    QCOMPARE(bench.state().getSureness(1000000), 0.25);
+    bench.beat(1500);
+    QCOMPARE(bench.state().getSureness(1500000), 0.25 + 0.75 / 8);
+    const qint64 next = bench.hear(2000, 40, 500);
+    const BeatClockState state = bench.state();
+    QVERIFY(state.sureness > 0.99);
+    QCOMPARE(state.getSureness((next + 500) * 1000), state.sureness * 7.0 / 8.0);
+    QVERIFY(state.getSureness((next + 60000) * 1000) < 0.001);
+    // A tracker that is not sure makes no sure clock.
+    ClockBench unsure;
+    for (int i = 0; i < 40; ++i)
+        unsure.clock.Hear({i * 500000, 120.0, 0.3}, i * 500000);
+    QVERIFY(qAbs(unsure.state().sureness - 0.3) < 0.01);
+}
+
+void tst_BeatClock_music::musicThatStops_stopsTheClock()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.clock.setPlaying(false, (next + 250) * 1000);
+    QVERIFY(!bench.state().isRunning());
+    QCOMPARE(bench.state().isPlaying, 0);
+    QCOMPARE(bench.next(next - 1), next);
+    QCOMPARE(bench.next(next), ClockBench::kNever);
+    QCOMPARE(bench.position(next + 60000), 8.5);
+    QCOMPARE(bench.bpm(), 120.0);
+}
+
+void tst_BeatClock_music::musicThatStops_doesNotStopTheClock_whenItGoesOn()
+{
+    ClockBench bench;
+    bench.clock.setGoingOn(true, 0);
+    QVERIFY(bench.clock.isGoingOn());
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.clock.setPlaying(false, (next + 250) * 1000);
+    QVERIFY(bench.state().isRunning());
+    QCOMPARE(bench.next(next + 60000), next + 60500);
+}
+
+void tst_BeatClock_music::clockThatWentOn_stops_whenItIsToldTo()
+{
+    ClockBench bench;
+    bench.clock.setGoingOn(true, 0);
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.clock.setPlaying(false, next * 1000);
+    bench.clock.setGoingOn(false, (next + 1000) * 1000);
+    QCOMPARE(bench.next(next + 999), next + 1000);
+    QCOMPARE(bench.next(next + 1000), ClockBench::kNever);
+}
+
+// Numbers go on behind all that an output half a second ahead may have told.
+void tst_BeatClock_music::newSong_startsTheClockAtOnce()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.clock.setPlaying(false, next * 1000);
+    bench.clock.setPlaying(true, (next + 2000) * 1000);
+    QVERIFY(!bench.state().isRunning());
+    bench.beat(next + 3210, 100.0);
+    const BeatClockState state = bench.state();
+    QCOMPARE(state.run, quint32(2));
+    QCOMPARE(state.bpm, 100.0);
+    QVERIFY(state.firstBeat > 8 + 17);  // a second at 999 BPM is less than 17 beats
+    QCOMPARE(bench.position(next + 3210), double(state.firstBeat));
+    QCOMPARE(state.getBeatInBar(state.firstBeat), 0);
+    QCOMPARE(bench.next(next + 3210), next + 3810);
+}
+
+void tst_BeatClock_music::newSong_isBelievedAtItsFirstBeat_whenTheClockWentOn()
+{
+    ClockBench bench;
+    bench.clock.setGoingOn(true, 0);
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.clock.setPlaying(false, next * 1000);
+    bench.clock.setPlaying(true, (next + 2000) * 1000);
+    bench.beat(next + 3210, 100.0);
+    QCOMPARE(bench.state().run, quint32(1));
+    QCOMPARE(bench.next(next + 3210), next + 3810);
+    QCOMPARE(bench.position(next + 3210), 14.0);  // it was 14.42
+}
+
+void tst_BeatClock_music::tracker_marksTheOne()
+{
+    ClockBench bench;
+    bench.clock.Hear({1000000, 120.0, 1.0, false, 2}, 1000000);
+    QCOMPARE(bench.state().getBeatInBar(0), 2);
+    bench.clock.Hear({1500000, 120.0, 1.0, false, 3}, 1500000);
+    bench.clock.Hear({2000000, 120.0, 1.0, false, 0}, 2000000);
+    QCOMPARE(bench.state().getBeatInBar(2), 0);
+    bench.clock.Hear({2500000, 120.0, 1.0, false, 3}, 2500000);  // it thinks better of it
+    QCOMPARE(bench.state().getBeatInBar(3), 3);
+    bench.beat(3000);
+    QCOMPARE(bench.state().getBeatInBar(4), 0);
+}
+
+void tst_BeatClock_music::beatsOfNoUse_areNotHeard()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    const qint64 now = next * 1000;
+    bench.clock.Hear({now - 500000, 120.0}, now);   // the last one again
+    bench.clock.Hear({now - 700000, 120.0}, now);   // before it
+    bench.clock.Hear({now + 5000001, 150.0}, now);  // far away
+    bench.clock.Hear({now, qQNaN(), qQNaN()}, now);
+    bench.clock.Hear({now + 500000, qInf(), 7.0}, now + 500000);
+    bench.clock.Hear({now + 1000000, 5.0, -1.0}, now + 1000000);
+    QCOMPARE(bench.bpm(), 120.0);
+    QCOMPARE(bench.next(next + 1000), next + 1500);
+    QVERIFY(bench.state().sureness >= 0.0 && bench.state().sureness <= 1.0);
+}
+
+void tst_BeatClock_music::present_neverGoesBack()
+{
+    ClockBench bench;
+    const qint64 next = bench.hear(1000, 8, 500);
+    bench.clock.setPlaying(false, 2000);
+    QCOMPARE(qint64(bench.state().endTime), (next - 500) * 1000);
+}
+
+void tst_BeatClock_music::restart_forgetsMusicButNotSettings()
+{
+    ClockBench bench;
+    QVERIFY(bench.clock.setBeatsPerBar(3));
+    QVERIFY(bench.clock.setOffset(-1000));
+    const qint64 next = bench.hear(1000, 8, 500);
+    QVERIFY(bench.clock.Scale(2, 1, next * 1000));
+    QVERIFY(bench.clock.Hold(next * 1000));
+    bench.clock.Restart(next * 1000);
+    QVERIFY(!bench.state().isRunning());
+    QCOMPARE(bench.state().charge, int(BeatClockCharge_Music));
+    QCOMPARE(bench.clock.getBeatsPerBar(), 3);
+    QCOMPARE(qint64(bench.clock.getOffset()), qint64(-1000));
+    bench.beat(next + 100, 100.0);
+    QCOMPARE(bench.bpm(), 100.0);
+    QCOMPARE(bench.state().run, quint32(2));
+}
+
+void tst_BeatClock_music::settings_haveLimits()
+{
+    BeatClock clock;
+    QVERIFY(!clock.setBeatsPerBar(1));
+    QVERIFY(!clock.setBeatsPerBar(13));
+    QCOMPARE(clock.getBeatsPerBar(), 4);
+    QVERIFY(clock.setBeatsPerBar(2));
+    QVERIFY(clock.setBeatsPerBar(12));
+    QCOMPARE(clock.getState().beatsPerBar, 12);
+    QVERIFY(!clock.setSlew(0.0009));
+    QVERIFY(!clock.setSlew(0.51));
+    QVERIFY(!clock.setSlew(qQNaN()));
+    QCOMPARE(clock.getSlew(), 0.05);
+    QVERIFY(clock.setSlew(0.001));
+    QVERIFY(clock.setSlew(0.5));
+    QVERIFY(!clock.setOffset(500001));
+    QVERIFY(!clock.setOffset(-500001));
+    QVERIFY(clock.setOffset(500000));
+    QVERIFY(clock.setOffset(-500000));
+    QCOMPARE(qint64(clock.getState().offset), qint64(-500000));
+    QVERIFY(!clock.isGoingOn());
+}
+
+AA_TEST(tst_BeatClock_music, NoApplication)
+#include "tst_BeatClock_music.moc"
