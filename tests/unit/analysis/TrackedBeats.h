@@ -13,12 +13,13 @@ class TrackedBeats
 public:
     explicit TrackedBeats(int pSampleRate) : tracker(pSampleRate)
     {
+        QObject::connect(
+            &tracker,
+            &MeterTracker::OnBeatForeseen,
+            [this](const MeterTracker::Beat& pBeat) { beats.push_back(pBeat); });
         QObject::connect(&tracker,
-                         &MeterTracker::OnBeatForeseen,
-                         [this](const MeterTracker::Beat& pBeat) { beats.push_back(pBeat); });
-        QObject::connect(&tracker, &MeterTracker::OnPlayingChanged, [this](quint64 pIndex, bool pOn) {
-            changes.emplace_back(pIndex, pOn);
-        });
+                         &MeterTracker::OnPlayingChanged,
+                         [this](quint64 pIndex, bool pOn) { changes.emplace_back(pIndex, pOn); });
     }
 
     void push(const std::vector<qint16>& pSamples, std::size_t pPortion = 1024)

@@ -6,7 +6,6 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
-
 #include <support/Waves.h>
 
 namespace {

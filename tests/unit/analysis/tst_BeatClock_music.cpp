@@ -5,7 +5,6 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
-
 #include <support/Waves.h>
 
 /// The clock and the music. Times in milliseconds, worked out by hand.

@@ -6,9 +6,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 #include <vector>
 

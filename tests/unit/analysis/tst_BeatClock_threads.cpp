@@ -4,12 +4,11 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cmath>
+#include <support/TestClass.h>
 #include <thread>
 #include <vector>
 

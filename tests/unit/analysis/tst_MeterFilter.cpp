@@ -4,9 +4,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 
 using detail::MeterFilter;
 using detail::MeterKernel;
@@ -24,7 +23,10 @@ MeterLikelihoods likelihoods(float pOnBeat, float pElsewhere)
 }
 
 /// A beat every pPeriod frames, from frame pFirst on.
-void hearBeats(MeterFilter& pFilter, detail::BeatDecision& pDecision, int pPeriod, int pFrames,
+void hearBeats(MeterFilter& pFilter,
+               detail::BeatDecision& pDecision,
+               int pPeriod,
+               int pFrames,
                std::vector<double>& pBeats)
 {
     for (int frame = 1; frame <= pFrames; ++frame) {

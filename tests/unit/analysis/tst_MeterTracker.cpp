@@ -108,14 +108,13 @@ void tst_MeterTracker::beats_areToldAtMostOneFrameAhead()
 {
     TrackedBeats tracked(kRate);
     int told = 0;
-    QObject::connect(&tracked.tracker,
-                     &MeterTracker::OnBeatForeseen,
-                     [&](const MeterTracker::Beat& pBeat) {
-                         const auto now = qint64(tracked.tracker.getSampleCount());
-                         QVERIFY(qint64(pBeat.index) - now <= kRate / 100);
-                         QVERIFY(now - qint64(pBeat.index) <= kRate / 20);
-                         ++told;
-                     });
+    QObject::connect(
+        &tracked.tracker, &MeterTracker::OnBeatForeseen, [&](const MeterTracker::Beat& pBeat) {
+            const auto now = qint64(tracked.tracker.getSampleCount());
+            QVERIFY(qint64(pBeat.index) - now <= kRate / 100);
+            QVERIFY(now - qint64(pBeat.index) <= kRate / 20);
+            ++told;
+        });
     tracked.push(MeterMusic(kRate).play(120.0, 10.0).samples());
     QVERIFY(told > 15);
 }
@@ -206,7 +205,8 @@ void tst_MeterTracker::nothing_isTold_twoSecondsAfterTheEnd()
 void tst_MeterTracker::playing_isToldOnceForEachChange()
 {
     TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).rest(1.0).play(128.0, 10.0).rest(5.0).play(128.0, 5.0).samples());
+    tracked.push(
+        MeterMusic(kRate).rest(1.0).play(128.0, 10.0).rest(5.0).play(128.0, 5.0).samples());
     QCOMPARE(tracked.changes.size(), std::size_t(3));
     QVERIFY(tracked.changes[0].second);
     QVERIFY(tracked.changes[0].first >= kRate && tracked.changes[0].first <= kRate + 2 * 441);

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "MeterMusic.h"
-
 #include <AudioAnalyzer/analysis/MeterTracker.h>
+
+#include "MeterMusic.h"
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <support/AllocationGuard.h>
+#include <support/TestClass.h>
 
 class tst_MeterTracker_allocations : public QObject
 {

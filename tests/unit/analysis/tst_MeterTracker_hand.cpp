@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/detail/BeatDecision.h>
+
 #include "MeterMusic.h"
 #include "TrackedBeats.h"
-
-#include <AudioAnalyzer/analysis/detail/BeatDecision.h>
 
 #include <QtTest>
 

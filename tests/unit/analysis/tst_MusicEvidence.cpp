@@ -4,9 +4,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 
 using detail::MusicEvidence;
 

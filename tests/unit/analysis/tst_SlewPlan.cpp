@@ -6,7 +6,6 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
-
 #include <support/Waves.h>
 
 /// The way to a target of 120 BPM, which is at beat 2 after one second.

@@ -4,11 +4,10 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <support/TestClass.h>
 
 namespace {
 

@@ -4,9 +4,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
+#include <support/TestClass.h>
 
 class tst_Elementary : public QObject
 {
@@ -26,7 +25,8 @@ void tst_Elementary::naturalLog_isWithin4e7_ofTheTruth()
     for (float value = 1e-30F; value < 1e30F; value *= 1.0173F) {
         const double truth = std::log(double(value));
         const double error = std::fabs(double(elementary::naturalLog(value)) - truth);
-        QVERIFY2(error <= 4e-7 * std::max(1.0, std::fabs(truth)), qPrintable(QString::number(value)));
+        QVERIFY2(error <= 4e-7 * std::max(1.0, std::fabs(truth)),
+                 qPrintable(QString::number(value)));
     }
 }
 

@@ -3,10 +3,9 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <cmath>
 #include <complex>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -16,7 +15,8 @@ std::vector<qint16> sine(std::size_t pCount, double pCycles, double pPeak)
 {
     std::vector<qint16> samples(pCount);
     for (std::size_t i = 0; i < pCount; ++i)
-        samples[i] = qint16(std::lround(pPeak * std::sin(kTwoPi * pCycles * double(i) / double(pCount))));
+        samples[i] =
+            qint16(std::lround(pPeak * std::sin(kTwoPi * pCycles * double(i) / double(pCount))));
     return samples;
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/BeatClock.h>
 
-#include <apps/shared/clock/TickLog.h>
 #include <shared/clock/ClockOutputs.h>
 
 #include <QtTest>
 
+#include <apps/shared/clock/TickLog.h>
 #include <support/TestClass.h>
 
 namespace {

@@ -4,9 +4,8 @@
 #include <QSemaphore>
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <atomic>
+#include <support/TestClass.h>
 #include <thread>
 #include <vector>
 
