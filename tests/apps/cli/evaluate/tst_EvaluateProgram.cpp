@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <apps/cli/ProgramRunner.h>
+#include <apps/cli/analyze/ProgramRunner.h>
 #include <support/TestClass.h>
 
 /// The command as its users run it.
