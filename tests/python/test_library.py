@@ -12,7 +12,7 @@ import tempfile
 import unittest
 
 import audioanalyzer
-from audioanalyzer import library
+from audioanalyzer import analysis, library
 
 PACKAGE = pathlib.Path(audioanalyzer.__file__).parent
 FILE = pathlib.Path(os.environ["AUDIOANALYZER_LIBRARY"])

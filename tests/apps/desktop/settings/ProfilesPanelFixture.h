@@ -18,9 +18,9 @@ inline QString Text(const char* pText)
 }
 
 /// A panel with a user profile "Zouk" in its configuration, and its signals in one log.
-struct Panel
+struct ProfilesBench
 {
-    Panel()
+    ProfilesBench()
     {
         configuration.Add(Text("Zouk"), 80.0, 110.0, 1.5, 20, 90);
         configuration.setIsModified(false);

@@ -30,7 +30,7 @@ private Q_SLOTS:
 
 void tst_ProfilesPanel::list_showsTheSelectedProfile()
 {
-    Panel panel;
+    ProfilesBench panel;
     QCOMPARE(panel.List().currentIndex().row(), 0);
     QCOMPARE(panel.Names(),
              QStringList({Text("Electro"), Text("Hardcore"), Text("Slow"), Text("Zouk")}));
@@ -40,7 +40,7 @@ void tst_ProfilesPanel::list_showsTheSelectedProfile()
 
 void tst_ProfilesPanel::arrows_select()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.List().setFocus();
     QTest::keyClick(&panel.List(), Qt::Key_Down);
     QCOMPARE(panel.Selected(), Text("Hardcore"));
@@ -55,7 +55,7 @@ void tst_ProfilesPanel::arrows_select()
 
 void tst_ProfilesPanel::click_selects()
 {
-    Panel panel;
+    ProfilesBench panel;
     const QRect place = panel.List().visualRect(panel.panel.m_pModel->index(2));
     QTest::mouseClick(panel.List().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
     QCOMPARE(panel.Selected(), Text("Slow"));
@@ -78,7 +78,7 @@ void tst_ProfilesPanel::summary_tellsBandAndKind()
     QFETCH(const int, low);
     QFETCH(const int, high);
     QFETCH(const QString, band);
-    Panel panel;
+    ProfilesBench panel;
     panel.panel.m_pModel->getProfile(3).setFilterFrequencies(low, high);
     panel.Select(3);
     QCOMPARE(panel.Summary(),
@@ -91,7 +91,7 @@ void tst_ProfilesPanel::summary_tellsBandAndKind()
 
 void tst_ProfilesPanel::duplicate_copiesEverything()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Select(1);
     Profile original = panel.configuration.getSelectedProfile();
     QVERIFY(original.setMaximalThreshold(20000));
@@ -114,7 +114,7 @@ void tst_ProfilesPanel::duplicate_copiesEverything()
 
 void tst_ProfilesPanel::duplicate_findsAFreeName()
 {
-    Panel panel;
+    ProfilesBench panel;
     for (int i = 0; i < 3; ++i) {
         panel.Select(0);
         panel.Click("duplicate");
@@ -128,7 +128,7 @@ void tst_ProfilesPanel::duplicate_findsAFreeName()
 
 void tst_ProfilesPanel::duplicate_takesAnyName()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.panel.m_pModel->getProfile(3).setName(Text("100 %1 %2 & <b>"));
     panel.Select(3);
     panel.Click("duplicate");
@@ -140,7 +140,7 @@ void tst_ProfilesPanel::duplicate_takesAnyName()
 
 void tst_ProfilesPanel::remove_takesAProfile_andBringsItBack()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Select(3);
     Profile zouk = panel.configuration.getSelectedProfile();
     QVERIFY(zouk.setMinimalThreshold(1500));
@@ -172,7 +172,7 @@ void tst_ProfilesPanel::remove_takesAProfile_andBringsItBack()
 
 void tst_ProfilesPanel::remove_isRefused_forABuiltInProfile()
 {
-    Panel panel;
+    ProfilesBench panel;
     QVERIFY(!panel.Button("remove").isEnabled());
     QCOMPARE(panel.Button("remove").toolTip(), Text("A built-in profile cannot be removed."));
     panel.List().setFocus();
@@ -185,7 +185,7 @@ void tst_ProfilesPanel::remove_isRefused_forABuiltInProfile()
 
 void tst_ProfilesPanel::remove_keepsTheLastOneToBringBack()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.configuration.Add(Text("Ambient"), 60.0, 90.0, 2.0, 0, 75);
     panel.panel.Refresh();
     panel.Select(3);
@@ -198,7 +198,7 @@ void tst_ProfilesPanel::remove_keepsTheLastOneToBringBack()
 
 void tst_ProfilesPanel::refresh_showsWhatChangedElsewhere()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.configuration.setSelectedProfile(
         panel.configuration.Add(Text("Ambient"), 60.0, 90.0, 2.0, 0, 75));
     panel.panel.Refresh();
@@ -208,14 +208,14 @@ void tst_ProfilesPanel::refresh_showsWhatChangedElsewhere()
 
 void tst_ProfilesPanel::everything_hasAName()
 {
-    const Panel panel;
+    const ProfilesBench panel;
     QCOMPARE(PanelTest::Unnamed(panel.panel), QStringList());
     QCOMPARE(panel.panel.windowTitle(), Text("Profiles"));
 }
 
 void tst_ProfilesPanel::mnemonics_differ()
 {
-    const Panel panel;
+    const ProfilesBench panel;
     QString letters = PanelTest::Mnemonics(panel.panel);
     std::sort(letters.begin(), letters.end());
     QCOMPARE(letters, Text("DEIMU"));

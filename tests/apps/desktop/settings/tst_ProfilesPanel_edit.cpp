@@ -30,7 +30,7 @@ private Q_SLOTS:
 
 void tst_ProfilesPanel_edit::add_makesAProfile()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Click("add");
     panel.Type("name", "Ambient");
     panel.Type("minimalBPM", "60");
@@ -53,7 +53,7 @@ void tst_ProfilesPanel_edit::add_makesAProfile()
 
 void tst_ProfilesPanel_edit::add_isCancelled()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Click("add");
     panel.Type("name", "Ambient");
     PanelTest::Click(panel.Editor(), "cancel");
@@ -65,7 +65,7 @@ void tst_ProfilesPanel_edit::add_isCancelled()
 
 void tst_ProfilesPanel_edit::edit_changesAProfileOfOnesOwn()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Select(3);
     panel.TakeLog();
     panel.configuration.setIsModified(false);
@@ -82,7 +82,7 @@ void tst_ProfilesPanel_edit::edit_changesAProfileOfOnesOwn()
 
 void tst_ProfilesPanel_edit::edit_changesABuiltInProfile_untilExit()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Click("edit");
     QVERIFY(panel.Editor().m_pNotice->isVisible());
     panel.Type("maximalBPM", "160");
@@ -97,7 +97,7 @@ void tst_ProfilesPanel_edit::edit_changesABuiltInProfile_untilExit()
 
 void tst_ProfilesPanel_edit::edit_keepsABuiltInProfile_asANewOne()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Click("edit");
     panel.Type("maximalBPM", "160");
     panel.Type("name", "My Electro");
@@ -113,7 +113,7 @@ void tst_ProfilesPanel_edit::edit_keepsABuiltInProfile_asANewOne()
 
 void tst_ProfilesPanel_edit::edit_opensOnce()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Click("edit");
     const ProfileEditor* pEditor = panel.panel.m_pEditor;
     panel.Button("add").click();
@@ -126,7 +126,7 @@ void tst_ProfilesPanel_edit::edit_opensOnce()
 
 void tst_ProfilesPanel_edit::editor_blocksNothing()
 {
-    Panel panel;
+    ProfilesBench panel;
     // Returns while the editor is open: the event loop is nobody else's.
     panel.Click("edit");
     QVERIFY(panel.Editor().isVisible());
@@ -135,7 +135,7 @@ void tst_ProfilesPanel_edit::editor_blocksNothing()
 
 void tst_ProfilesPanel_edit::keys_editAndRemove()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.Select(3);
     panel.List().setFocus();
     QTest::keyClick(&panel.List(), Qt::Key_F2);
@@ -156,7 +156,7 @@ void tst_ProfilesPanel_edit::keys_editAndRemove()
 
 void tst_ProfilesPanel_edit::doubleClick_edits()
 {
-    Panel panel;
+    ProfilesBench panel;
     const QRect place = panel.List().visualRect(panel.panel.m_pModel->index(3));
     QTest::mouseClick(panel.List().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
     QTest::mouseDClick(panel.List().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
@@ -166,7 +166,7 @@ void tst_ProfilesPanel_edit::doubleClick_edits()
 
 void tst_ProfilesPanel_edit::readOnlyProfile_isNotEdited()
 {
-    Panel panel;
+    ProfilesBench panel;
     panel.configuration.setSelectedProfile(Profile());
     panel.panel.Refresh();
     QVERIFY(!panel.Button("edit").isEnabled());

@@ -161,7 +161,7 @@ void tst_MainWindow_settings::settingsOfOthers_areShown()
     other.setDeviceName(QStringLiteral("Line"));
     QVERIFY(other.Save());
 
-    QTRY_VERIFY(!PanelTest::Get<QCheckBox>(column, "grayMode").isChecked());
+    QTRY_VERIFY(!PanelTest::Get<QCheckBox>(column, "gray-mode").isChecked());
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              makePalette(eLightLook).color(QPalette::Window));
     QVERIFY(!stand.window.m_pSpeakers->isVisible());
