@@ -170,8 +170,7 @@ LevelCounts countLevels(const Track& pTrack)
         const auto bin = std::size_t(double(kBinsPerBeat) * phase + 0.5);
         const std::size_t step = (beat * kBinsPerBeat + bin) % kSteps;
         for (std::size_t range = 0; range < kMeterRanges; ++range)
-            if (pTrack.levels[i][range] < kLevels)
-                counts.counts[step][range][pTrack.levels[i][range]] += 1.0;
+            counts.counts[step][range][pTrack.levels[i][range]] += 1.0;
         frames += 1.0;
     }
     LevelCounts scaled;

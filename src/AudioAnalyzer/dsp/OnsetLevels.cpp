@@ -67,8 +67,7 @@ void OnsetLevels::Reset()
     m_frameSize = m_missing = getFrameEnd(1);
     m_meanSquare = m_frameMeanSquare = 0.0F;
     m_rises = m_meanRises = m_strengths = {};
-    for (std::size_t range = 0; range < kRangeCount; ++range)
-        m_levels[range] = m_bandCounts[range] > 0.0F ? 0 : kNoLevel;
+    m_levels = {};
 }
 
 quint64 OnsetLevels::getFrameEnd(quint64 pFrame) const
@@ -150,8 +149,10 @@ void OnsetLevels::_RankRise()
 {
     const float step = std::max(1.0F / kRiseFrames, 1.0F / static_cast<float>(m_frameCount));
     for (std::size_t range = 0; range < kRangeCount; ++range) {
-        if (m_bandCounts[range] == 0.0F)
+        if (m_bandCounts[range] == 0.0F) {
+            m_levels[range] = m_levels[range - 1];
             continue;
+        }
         const float rise = m_rises[range] / m_bandCounts[range];
         m_meanRises[range] += step * (rise - m_meanRises[range]);
         m_strengths[range] = rise / (m_meanRises[range] + kLeastRise);

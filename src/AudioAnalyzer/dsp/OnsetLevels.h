@@ -15,7 +15,8 @@
 /// Each frame looks at the last 46 ms. Its spectrum, in semitone bands, is compressed, and what has
 /// risen in a band since three frames ago, beyond what the band and its neighbours had then, is
 /// averaged over the bands of a range and divided by its own running mean. So neither loudness nor
-/// the character of the music matters, nor the sample rate, as far as it reaches the range.
+/// the character of the music matters, nor the sample rate; a range that the rate does not reach
+/// takes the level of the one below.
 ///
 /// The same samples give the same levels, in portions of any size and on every machine.
 ///
@@ -26,8 +27,7 @@ public:
     static constexpr std::size_t kRangeCount = 5;
     static constexpr int kFramesPerSecond = 100;
     static constexpr quint8 kLevelCount = 10;
-    static constexpr quint8 kNoLevel = kLevelCount;  ///< the rate does not reach the range
-    using Levels = std::array<quint8, kRangeCount>;  ///< 0 to 9, or kNoLevel
+    using Levels = std::array<quint8, kRangeCount>;  ///< 0 to 9
 
     /// pSampleRate in Hz, 8000 to 192000. [allocates]
     explicit OnsetLevels(int pSampleRate);

@@ -21,7 +21,7 @@ public:
 private:
     using Row = std::array<float, kStepsPerBar>;
 
-    std::array<std::array<Row, OnsetLevels::kLevelCount + 1>, kMeterRanges> m_rows;
+    std::array<std::array<Row, OnsetLevels::kLevelCount>, kMeterRanges> m_rows;
     MeterLikelihoods m_likelihoods = {};
 };
 

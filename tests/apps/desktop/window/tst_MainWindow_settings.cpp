@@ -165,7 +165,7 @@ void tst_MainWindow_settings::settingsOfOthers_areShown()
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              makePalette(eLightLook).color(QPalette::Window));
     QVERIFY(!stand.window.m_pSpeakers->isVisible());
-    QCOMPARE(PanelTest::Get<QDoubleSpinBox>(column, "bpm").value(), 21.0);
+    QCOMPARE(PanelTest::Get<QDoubleSpinBox>(column, "bpm-duration").value(), 21.0);
     const auto& profiles = PanelTest::Get<QListView>(column, "profiles");
     QCOMPARE(profiles.model()->rowCount(), 4);
     QVERIFY(profiles.currentIndex().data().toString().startsWith(QLatin1String("House")));
