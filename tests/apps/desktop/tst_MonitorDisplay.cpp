@@ -81,7 +81,6 @@ private Q_SLOTS:
     void devices_areListedLive();
     void window_startsWhereItShould_data();
     void window_startsWhereItShould();
-    void window_keepsItsFrameOnTheScreen_data();
     void window_keepsItsFrameOnTheScreen();
     void program_playsAFile_andEndsWell();
 };
@@ -165,43 +164,34 @@ void tst_MonitorDisplay::window_startsWhereItShould()
     QTRY_COMPARE_WITH_TIMEOUT(window.pos(), corner, kTimeoutMs);
 }
 
-void tst_MonitorDisplay::window_keepsItsFrameOnTheScreen_data()
-{
-    QTest::addColumn<int>("position");
-    QTest::addColumn<bool>("isAtTop");
-    QTest::addColumn<bool>("isAtLeft");
-    QTest::newRow("top left") << int(TopLeft) << true << true;
-    QTest::newRow("top right") << int(TopRight) << true << false;
-    QTest::newRow("bottom left") << int(BottomLeft) << false << true;
-    QTest::newRow("bottom right") << int(BottomRight) << false << false;
-}
-
-// A window manager puts a frame with a title bar around the window, after it has been shown.
+// A window manager puts a frame with a title bar around a window, after it has been shown. There is
+// one for all the places: Qt does not expect it to be replaced.
 void tst_MonitorDisplay::window_keepsItsFrameOnTheScreen()
 {
-    QFETCH(int, position);
-    QFETCH(bool, isAtTop);
-    QFETCH(bool, isAtLeft);
     const WindowManager manager;
-    MonitorSession session;
-    MainWindow window(session, WindowSettings(), QPalette());
-    window.setFixedSize(600, 400);
-    // As the program does.
-    window.Place(eStartingPosition(position));
-    window.show();
-    const QRect screen = window.screen()->availableGeometry();
-    QTRY_VERIFY_WITH_TIMEOUT(window.windowHandle()->frameMargins().top() > 0, kTimeoutMs);
-    QTRY_COMPARE_WITH_TIMEOUT(isAtTop ? window.frameGeometry().top()
-                                      : window.frameGeometry().bottom(),
-                              isAtTop ? screen.top() : screen.bottom(),
-                              kTimeoutMs);
-    QTRY_COMPARE_WITH_TIMEOUT(isAtLeft ? window.frameGeometry().left()
-                                       : window.frameGeometry().right(),
-                              isAtLeft ? screen.left() : screen.right(),
-                              kTimeoutMs);
-    // Where it is moved to later it stays.
-    window.move(300, 200);
-    QTRY_COMPARE_WITH_TIMEOUT(window.frameGeometry().topLeft(), QPoint(300, 200), kTimeoutMs);
+    for (const eStartingPosition position : {TopLeft, TopRight, BottomLeft, BottomRight}) {
+        const bool isAtTop = position == TopLeft || position == TopRight;
+        const bool isAtLeft = position == TopLeft || position == BottomLeft;
+        MonitorSession session;
+        MainWindow window(session, WindowSettings(), QPalette());
+        window.setFixedSize(600, 400);
+        // As the program does.
+        window.Place(position);
+        window.show();
+        const QRect screen = window.screen()->availableGeometry();
+        QTRY_VERIFY_WITH_TIMEOUT(window.windowHandle()->frameMargins().top() > 0, kTimeoutMs);
+        QTRY_COMPARE_WITH_TIMEOUT(isAtTop ? window.frameGeometry().top()
+                                          : window.frameGeometry().bottom(),
+                                  isAtTop ? screen.top() : screen.bottom(),
+                                  kTimeoutMs);
+        QTRY_COMPARE_WITH_TIMEOUT(isAtLeft ? window.frameGeometry().left()
+                                           : window.frameGeometry().right(),
+                                  isAtLeft ? screen.left() : screen.right(),
+                                  kTimeoutMs);
+        // Where it is moved to later it stays.
+        window.move(300, 200);
+        QTRY_COMPARE_WITH_TIMEOUT(window.frameGeometry().topLeft(), QPoint(300, 200), kTimeoutMs);
+    }
 }
 
 void tst_MonitorDisplay::program_playsAFile_andEndsWell()
