@@ -44,11 +44,11 @@ void writeTable(const QString& pPath,
     if (!file.open(QIODevice::WriteOnly))
         throw std::runtime_error("cannot write " + pPath.toStdString());
     QTextStream out(&file);
-    out << "// SPDX-License-Identifier: MIT\n"
+    out << "// SPDX-License-Identifier: MIT\n// clang-format off\n"
         << "// Made by script/train FOLDER from " << describe(pTracks) << ".\n"
         << "// For each beat of the bar, step of phase and range, the lowest first: c0, c1, c2.\n"
         << "#include <AudioAnalyzer/analysis/detail/MeterTable.h>\n\n"
-        << "namespace detail {\n\n// clang-format off\n"
+        << "namespace detail {\n\n"
         << "const MeterTable kMeterTable = {\n    {\n";
     for (const auto& beat : pTable.fit) {
         out << "        {\n";
