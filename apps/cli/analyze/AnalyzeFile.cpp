@@ -68,7 +68,7 @@ bool AnalyzeFile::_OpenOutputs()
     if (!m_output.Open(m_task.output))
         return _Fail(m_output.getError());
     m_events =
-        std::make_unique<NdjsonWriter>(&m_analysis->getLog(),
+        std::make_unique<NdjsonWriter>(m_analysis->getRelay(),
                                        m_task.isTagged ? m_task.input : QString(),
                                        m_options.isRealOnly,
                                        [this](const QByteArray& pLine) { m_output.Write(pLine); });

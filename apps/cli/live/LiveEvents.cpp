@@ -74,16 +74,19 @@ void LiveEvents::Finish()
 
 void LiveEvents::_FollowForText()
 {
-    BeatLog* pLog = &m_summary.getLog();
-    connect(pLog, &BeatLog::OnPlayingChanged, this, [this](double pTime, bool pIsPlaying) {
-        _WriteText(pTime, pIsPlaying ? tr("playing") : tr("stopped"));
-    });
+    connect(
+        &m_summary.getRelay(),
+        &BeatRelay::OnPlayingChanged,
+        this,
+        [this](double pTime, bool pIsPlaying) {
+            _WriteText(pTime, pIsPlaying ? tr("playing") : tr("stopped"));
+        });
 }
 
 void LiveEvents::_FollowForNdjson()
 {
     m_ndjson = std::make_unique<NdjsonWriter>(
-        &m_summary.getLog(), QString(), false, [this](const QByteArray& pLine) { _Write(pLine); });
+        m_summary.getRelay(), QString(), false, [this](const QByteArray& pLine) { _Write(pLine); });
     connect(
         &m_session,
         &CaptureSession::OnStateChanged,

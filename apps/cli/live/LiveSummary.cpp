@@ -16,7 +16,7 @@ LiveSummary::LiveSummary(CaptureSession& pSession, bool pMeasures)
     using S = CaptureSession;
     connect(&pSession, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
     connect(&pSession, &S::OnAnchored, this, &LiveSummary::_OnAnchored);
-    connect(&m_log, &BeatLog::OnBeatLogged, this, &LiveSummary::_OnBeatLogged);
+    connect(&m_relay, &BeatRelay::OnBeat, this, &LiveSummary::_OnBeatFound);
 }
 
 double LiveSummary::getSeconds() const
@@ -32,7 +32,7 @@ double LiveSummary::getTempo() const
 
 void LiveSummary::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
 {
-    m_log.Follow(pAnalyzer, m_session.getSampleClock().getSampleRate());
+    m_follower.Follow(pAnalyzer);
     connect(pAnalyzer, &AudioAnalyzer::OnBeat, this, &LiveSummary::_OnAnnouncement);
 }
 
@@ -40,7 +40,8 @@ void LiveSummary::_OnAnchored()
 {
     if (!m_clock.isValid())
         m_clock.start();
-    m_log.Restart(getSeconds());
+    m_follower.Restart();
+    m_relay.Restart(m_session.getSampleClock().getSampleRate(), getSeconds());
     m_errors.Interrupt();
 }
 
@@ -51,7 +52,7 @@ void LiveSummary::_OnAnnouncement()
     Q_EMIT OnBeat();
 }
 
-void LiveSummary::_OnBeatLogged(const LoggedBeat& pBeat)
+void LiveSummary::_OnBeatFound(const LoggedBeat& pBeat)
 {
     ++(pBeat.isVirtual ? m_virtualBeats : m_realBeats);
     if (!pBeat.isVirtual && pBeat.bpm > 0.0)
@@ -59,11 +60,6 @@ void LiveSummary::_OnBeatLogged(const LoggedBeat& pBeat)
     const quint64 arrival = m_session.getArrivals().getArrival(pBeat.index);
     if (m_measures && !pBeat.isVirtual && arrival != 0)
         m_errors.AddBeat(arrival);
-    AnalysisResult& result = m_log.getResult();
-    result.beats.clear();
-    result.pulseTimes.clear();
-    result.silences.clear();
-    result.tempos.clear();
 }
 
 #include "moc_LiveSummary.cpp"

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/BeatFollower.h>
+
 #include <cli/live/detail/AnnounceErrors.h>
 #include <cli/live/detail/TempoMedian.h>
-#include <shared/beats/BeatLog.h>
+#include <shared/beats/BeatRelay.h>
 
 #include <QElapsedTimer>
 #include <QObject>
 
 class CaptureSession;
 
-/// The log of a live session of any length, and what is said of it at its end.
+/// What is told of a live session of any length, and said of it at its end.
 ///
 /// Times are seconds since the first sample, by the clock, also when the device was away meanwhile.
-/// The log's lists are emptied all the time, so that the memory does not grow.
 class LiveSummary : public QObject
 {
     Q_OBJECT
@@ -23,7 +24,7 @@ public:
     /// pMeasures.
     LiveSummary(CaptureSession& pSession, bool pMeasures);
 
-    BeatLog& getLog() { return m_log; }
+    const BeatRelay& getRelay() const { return m_relay; }
     /// Seconds since the first sample; 0 before it.
     double getSeconds() const;
     quint64 getRealBeats() const { return m_realBeats; }
@@ -41,11 +42,12 @@ private:
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnAnchored();
     void _OnAnnouncement();
-    void _OnBeatLogged(const LoggedBeat& pBeat);
+    void _OnBeatFound(const LoggedBeat& pBeat);
 
     CaptureSession& m_session;  ///< not owned
     bool m_measures;
-    BeatLog m_log;
+    BeatFollower m_follower;
+    BeatRelay m_relay{m_follower};
     QElapsedTimer m_clock;  ///< from the first sample on
     quint64 m_realBeats = 0;
     quint64 m_virtualBeats = 0;

@@ -22,13 +22,16 @@ QJsonValue BPMValue(double pBPM)
 
 }  // namespace
 
-NdjsonWriter::NdjsonWriter(BeatLog* pLog, const QString& pFile, bool pIsRealOnly, Sink pSink)
+NdjsonWriter::NdjsonWriter(const BeatRelay& pRelay,
+                           const QString& pFile,
+                           bool pIsRealOnly,
+                           Sink pSink)
     : m_file(pFile), m_isRealOnly(pIsRealOnly), m_sink(std::move(pSink))
 {
-    connect(pLog, &BeatLog::OnBeatLogged, this, &NdjsonWriter::_OnBeat);
-    connect(pLog, &BeatLog::OnPulseLogged, this, &NdjsonWriter::_OnPulse);
-    connect(pLog, &BeatLog::OnTempoLogged, this, &NdjsonWriter::_OnTempo);
-    connect(pLog, &BeatLog::OnPlayingChanged, this, [this](double pTime, bool pIsPlaying) {
+    connect(&pRelay, &BeatRelay::OnBeat, this, &NdjsonWriter::_OnBeat);
+    connect(&pRelay, &BeatRelay::OnPulse, this, &NdjsonWriter::_OnPulse);
+    connect(&pRelay, &BeatRelay::OnTempo, this, &NdjsonWriter::_OnTempo);
+    connect(&pRelay, &BeatRelay::OnPlayingChanged, this, [this](double pTime, bool pIsPlaying) {
         _Write(pTime, pIsPlaying ? "play" : "stop", {});
     });
 }

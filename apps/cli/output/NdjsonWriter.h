@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <shared/beats/BeatLog.h>
+#include <shared/beats/AnalysisResult.h>
+#include <shared/beats/BeatRelay.h>
 
 #include <QByteArray>
 #include <QObject>
@@ -11,7 +12,7 @@
 
 class QJsonObject;
 
-/// Writes what a BeatLog reports as newline-delimited JSON, one event a line, the moment it
+/// Writes what a BeatRelay tells as newline-delimited JSON, one event a line, the moment it
 /// happens.
 ///
 /// Every line has t (seconds) and type:
@@ -30,8 +31,8 @@ public:
     /// Receives one line with its line feed.
     using Sink = std::function<void(const QByteArray& pLine)>;
 
-    /// Follows pLog, which is not owned. pFile, when not empty, goes into every line as file.
-    NdjsonWriter(BeatLog* pLog, const QString& pFile, bool pIsRealOnly, Sink pSink);
+    /// Follows pRelay, which is not owned. pFile, when not empty, goes into every line as file.
+    NdjsonWriter(const BeatRelay& pRelay, const QString& pFile, bool pIsRealOnly, Sink pSink);
 
     /// Writes the end event.
     void Finish(const AnalysisResult& pResult);

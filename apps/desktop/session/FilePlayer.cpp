@@ -4,8 +4,9 @@
 
 #include <desktop/session/FilePlayer.h>
 
+#include <QFileInfo>
+
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -27,7 +28,7 @@ QAudioFormat FormatOf(int pSampleRate)
 }  // namespace
 
 FilePlayer::FilePlayer(Configuration& pConfiguration, QObject* pParent)
-    : QObject(pParent), m_configuration(pConfiguration)
+    : LiveSource(pConfiguration, pParent)
 {
     m_tick.setTimerType(Qt::PreciseTimer);
     connect(&m_tick, &QTimer::timeout, this, &FilePlayer::_Tick);
@@ -42,15 +43,20 @@ void FilePlayer::Open(const QString& pPath, bool pIsLooped)
     m_tick.start(kTickMs);
 }
 
-double FilePlayer::getLength() const
+SourceState FilePlayer::getSource() const
 {
-    return m_sampleRate > 0 ? double(m_frameCount) / m_sampleRate : 0.0;
+    SourceState state;
+    state.kind = SourceState::eFile;
+    state.name = QFileInfo(m_path).fileName();
+    state.isPlaying = isPlaying();
+    state.position = _Seconds(m_frameCount > 0 ? m_position % m_frameCount : m_position);
+    state.length = _Seconds(m_frameCount);
+    return state;
 }
 
-double FilePlayer::getPosition() const
+double FilePlayer::_Seconds(quint64 pFrames) const
 {
-    const quint64 position = m_frameCount > 0 ? m_position % m_frameCount : m_position;
-    return m_sampleRate > 0 ? double(position) / m_sampleRate : 0.0;
+    return getSampleRate() > 0 ? double(pFrames) / getSampleRate() : 0.0;
 }
 
 void FilePlayer::_Tick()
@@ -58,11 +64,11 @@ void FilePlayer::_Tick()
     const bool isChunkThere = m_chunkFill < m_chunk.samples.size() || _TakeChunk();
     if (!m_tick.isActive() || !isChunkThere)
         return;
-    if (!m_analyzer->isAnalyzing())
+    if (!getAnalyzer()->isAnalyzing())
         return _Anchor();
     const quint64 due = _CountDue();
-    if (due > quint64(kLateSeconds * m_sampleRate))
-        m_analyzer->Stop();
+    if (due > quint64(kLateSeconds * getSampleRate()))
+        getAnalyzer()->Stop();
     else
         _Feed(due);
 }
@@ -78,33 +84,18 @@ bool FilePlayer::_TakeChunk()
         return false;
     m_chunk = m_source->Take();
     m_chunkFill = 0;
-    if (m_chunk.sampleRate > 0 && !m_analyzer)
-        _MakeAnalyzer(m_chunk);
+    if (m_chunk.sampleRate > 0 && !getAnalyzer()) {
+        m_frameCount = m_chunk.frameCount;
+        _Prepare(FormatOf(m_chunk.sampleRate), kLevelSeconds);
+    }
     return !m_chunk.samples.empty();
-}
-
-void FilePlayer::_MakeAnalyzer(const ReadAhead::Chunk& pChunk)
-{
-    m_sampleRate = pChunk.sampleRate;
-    m_frameCount = pChunk.frameCount;
-    m_levels = shared::LevelWatch(quint64(kLevelSeconds * m_sampleRate));
-    m_analyzer = std::make_unique<AudioAnalyzer>(&m_configuration, FormatOf(m_sampleRate), nullptr);
-    connect(
-        m_analyzer.get(),
-        &AudioAnalyzer::OnAmplitudesComputed,
-        this,
-        [this] { m_isBlockHeard = true; });
-    connect(m_analyzer.get(), &AudioAnalyzer::OnAudioSamplesAnalyzed, this, [this] {
-        m_isPlaying = std::exchange(m_isBlockHeard, false);
-    });
-    Q_EMIT OnAnalyzerCreated(m_analyzer.get());
 }
 
 void FilePlayer::_Anchor()
 {
     m_anchor = HighResolutionTimer::getTime();
     m_sinceAnchor = 0;
-    m_analyzer->Start();
+    getAnalyzer()->Start();
     Q_EMIT OnAnchored();
 }
 
@@ -112,7 +103,7 @@ void FilePlayer::_Anchor()
 quint64 FilePlayer::_CountDue() const
 {
     const quint64 elapsed = HighResolutionTimer::getTime() - m_anchor;
-    const auto rate = quint64(m_sampleRate);
+    const auto rate = quint64(getSampleRate());
     return elapsed / 1000000 * rate + elapsed % 1000000 * rate / 1000000 - m_sinceAnchor;
 }
 
@@ -132,22 +123,15 @@ void FilePlayer::_Analyze(std::size_t pCount)
     m_chunkFill += pCount;
     m_sinceAnchor += pCount;
     m_position += pCount;
-    m_analyzer->Analyze(pSamples, pCount);
+    getAnalyzer()->Analyze(pSamples, pCount);
     _WatchLevel(pSamples, pCount);
-}
-
-void FilePlayer::_WatchLevel(const qint16* pSamples, std::size_t pCount)
-{
-    const auto notices = m_levels.Add(pSamples, pCount, m_isPlaying);
-    for (const eCaptureNotice notice : notices)
-        Q_EMIT OnNotice(notice);
 }
 
 void FilePlayer::_End()
 {
     m_tick.stop();
-    if (m_analyzer)
-        m_analyzer->Stop();
+    if (getAnalyzer())
+        getAnalyzer()->Stop();
     Q_EMIT OnEnded(m_chunk.error);
 }
 

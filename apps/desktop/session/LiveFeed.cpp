@@ -14,7 +14,7 @@ void LiveFeed::Follow(AudioAnalyzer* pAnalyzer, int pSampleRate)
 {
     if (m_pAnalyzer)
         m_pAnalyzer->disconnect(this);
-    m_log.reset();
+    m_follower.reset();
     m_values = {};
     m_values.sampleRate = pSampleRate;
     m_pAnalyzer = pAnalyzer;
@@ -26,10 +26,9 @@ void LiveFeed::Follow(AudioAnalyzer* pAnalyzer, int pSampleRate)
 void LiveFeed::_Connect(AudioAnalyzer* pAnalyzer)
 {
     using A = AudioAnalyzer;
-    m_log = std::make_unique<BeatLog>();
-    m_log->Follow(pAnalyzer, m_values.sampleRate);
-    connect(m_log.get(), &BeatLog::OnBeatLogged, this, &LiveFeed::_OnBeatLogged);
-    connect(m_log.get(), &BeatLog::OnTempoLogged, this, &LiveFeed::_TrimLog);
+    m_follower = std::make_unique<BeatFollower>();
+    m_follower->Follow(pAnalyzer);
+    connect(m_follower.get(), &BeatFollower::OnBeatFound, this, &LiveFeed::_OnBeatFound);
     connect(pAnalyzer, &A::OnAmplitudesComputed, this, &LiveFeed::_OnSpectrum);
     connect(pAnalyzer, &A::OnPulseDetected, this, &LiveFeed::_OnPulse);
     connect(pAnalyzer, &A::OnBeat, this, &LiveFeed::_OnBeat);
@@ -38,8 +37,8 @@ void LiveFeed::_Connect(AudioAnalyzer* pAnalyzer)
 
 void LiveFeed::Restart()
 {
-    if (m_log)
-        m_log->Restart(0.0);
+    if (m_follower)
+        m_follower->Restart();
     m_tempo.Clear();
 }
 
@@ -56,7 +55,7 @@ const LiveValues& LiveFeed::Read()
     const AudioAnalyzer& analyzer = *m_pAnalyzer;
     const double fixed = analyzer.getFixedBPM();
     m_values.isAnalyzing = m_pAnalyzer->isAnalyzing();
-    m_values.isPlaying = m_values.isAnalyzing && m_log->isPlaying();
+    m_values.isPlaying = analyzer.isPlaying();
     m_values.bpm = fixed > 0.0 ? fixed : m_reportedBPM;
     m_values.isFixed = fixed > 0.0;
     m_values.isHeld = !m_values.isFixed && m_reportedBPM > 0.0 &&
@@ -88,7 +87,7 @@ void LiveFeed::_OnPulse(const Pulse& pPulse)
 /// In silence the analyzer goes on to measure the beats that it assumes: that is no tempo of music.
 void LiveFeed::_OnTempo(double pBPM)
 {
-    if (m_log->isPlaying())
+    if (m_pAnalyzer->isPlaying())
         m_reportedBPM = pBPM;
 }
 
@@ -101,22 +100,11 @@ void LiveFeed::_OnBeat()
     Q_EMIT OnFlashed();
 }
 
-void LiveFeed::_OnBeatLogged(const LoggedBeat& pBeat)
+void LiveFeed::_OnBeatFound(const BeatFollower::Beat& pBeat)
 {
     const double seconds = m_pAnalyzer->getConfiguration()->getBPMCalculationDuration();
     m_isLastBeatVirtual = pBeat.isVirtual;
     m_tempo.Add(pBeat.index, quint64(qMax(0.0, seconds) * m_values.sampleRate));
-    _TrimLog();
-}
-
-/// The log is followed, not kept.
-void LiveFeed::_TrimLog()
-{
-    AnalysisResult& result = m_log->getResult();
-    result.beats.clear();
-    result.pulseTimes.clear();
-    result.silences.clear();
-    result.tempos.clear();
 }
 
 #include "moc_LiveFeed.cpp"

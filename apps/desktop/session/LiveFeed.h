@@ -2,10 +2,10 @@
 #pragma once
 
 #include <AudioAnalyzer/analysis/AudioAnalyzer.h>
+#include <AudioAnalyzer/analysis/BeatFollower.h>
 
 #include <desktop/session/LiveValues.h>
 #include <desktop/session/detail/TempoSpan.h>
-#include <shared/beats/BeatLog.h>
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -48,15 +48,14 @@ private:
     void _OnPulse(const Pulse& pPulse);
     void _OnTempo(double pBPM);
     void _OnBeat();
-    void _OnBeatLogged(const LoggedBeat& pBeat);
-    void _TrimLog();
+    void _OnBeatFound(const BeatFollower::Beat& pBeat);
 
     QElapsedTimer m_clock;
     QPointer<AudioAnalyzer> m_pAnalyzer;
-    std::unique_ptr<BeatLog> m_log;  ///< null without an analyzer
+    std::unique_ptr<BeatFollower> m_follower;  ///< null without an analyzer
     LiveValues m_values;
     desktop::TempoSpan m_tempo;
-    bool m_isLastBeatVirtual = false;  ///< of the beats that the log chose
+    bool m_isLastBeatVirtual = false;  ///< of the beats that were chosen
     double m_reportedBPM = 0.0;
     quint64 m_beatCount = 0;
 };

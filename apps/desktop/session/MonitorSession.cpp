@@ -3,7 +3,9 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <desktop/session/DeviceChoice.h>
+#include <desktop/session/FilePlayer.h>
 #include <desktop/session/MonitorSession.h>
+#include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
 
 #include <QFileInfo>
@@ -40,9 +42,7 @@ bool MonitorSession::Load(QString& pError)
 
 AudioAnalyzer* MonitorSession::getAnalyzer() const
 {
-    if (m_player)
-        return m_player->getAnalyzer();
-    return m_capture ? m_capture->getAnalyzer() : nullptr;
+    return m_source ? m_source->getAnalyzer() : nullptr;
 }
 
 // ---- The source ---------------------------------------------------------------------------------
@@ -56,48 +56,37 @@ void MonitorSession::Listen(const QString& pName)
     if (m_deviceName.isEmpty())
         m_deviceName = chooseDevice(listInputDevices());
     if (m_deviceName.isEmpty())
-        _WaitForAnyDevice();
-    else
-        _OpenCapture();
+        return _WaitForAnyDevice();
+    auto capture = std::make_unique<CaptureSession>(m_store.getConfiguration());
+    CaptureSession* pCapture = capture.get();
+    _TakeSource(std::move(capture));
+    pCapture->Open(m_deviceName);
 }
 
 void MonitorSession::ChooseDevice(const QString& pName)
 {
+    const bool isListening = m_source && !isFilePlaying();
     if (pName != m_store.getDeviceName()) {
         m_store.setDeviceName(pName);
         m_saver.Touch();
     }
-    if (pName != m_deviceName || !m_capture)
+    if (pName != m_deviceName || !isListening)
         Listen(pName);
 }
 
 void MonitorSession::PlayFile(const QString& pPath, bool pIsLooped)
 {
     _Close();
-    m_player = std::make_unique<FilePlayer>(m_store.getConfiguration());
-    FilePlayer* pPlayer = m_player.get();
-    connect(pPlayer, &FilePlayer::OnAnalyzerCreated, this, [this, pPlayer](AudioAnalyzer* pNew) {
-        _OnAnalyzerCreated(pNew, pPlayer->getSampleRate());
-    });
-    connect(pPlayer, &FilePlayer::OnAnchored, this, &MonitorSession::_OnAnchored);
-    connect(pPlayer, &FilePlayer::OnNotice, this, &MonitorSession::_OnNotice);
-    // Queued, since the player is deleted then; meanwhile another may have taken its place.
-    connect(
-        pPlayer,
-        &FilePlayer::OnEnded,
-        this,
-        [this, pPlayer](const QString& pError) {
-            if (m_player.get() == pPlayer)
-                _OnFileEnded(pError);
-        },
-        Qt::QueuedConnection);
+    auto player = std::make_unique<FilePlayer>(m_store.getConfiguration());
+    FilePlayer* pPlayer = player.get();
+    _TakeSource(std::move(player));
     pPlayer->Open(pPath, pIsLooped);
     Q_EMIT OnSourceChanged();
 }
 
 void MonitorSession::StopFile()
 {
-    if (m_player || m_endedFile)
+    if (isFilePlaying() || m_endedFile)
         Listen(m_deviceName);
 }
 
@@ -105,25 +94,31 @@ void MonitorSession::_Close()
 {
     QtAudioInputDevicesManager::GetInstance()->disconnect(this);
     _SetAnalyzer(nullptr, 0);
-    m_capture.reset();
-    m_player.reset();
+    m_source.reset();
     m_endedFile.reset();
     m_notice.reset();
     m_peak = 0;
 }
 
-void MonitorSession::_OpenCapture()
+void MonitorSession::_TakeSource(std::unique_ptr<LiveSource> pSource)
 {
-    m_capture = std::make_unique<CaptureSession>(m_store.getConfiguration());
-    CaptureSession* pCapture = m_capture.get();
-    using S = CaptureSession;
-    connect(pCapture, &S::OnAnalyzerCreated, this, [this, pCapture](AudioAnalyzer* pAnalyzer) {
-        _OnAnalyzerCreated(pAnalyzer, pCapture->getSampleClock().getSampleRate());
-    });
-    connect(pCapture, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
-    connect(pCapture, &S::OnNotice, this, &MonitorSession::_OnNotice);
-    connect(pCapture, &S::OnStateChanged, this, &MonitorSession::_OnCaptureState);
-    pCapture->Open(m_deviceName);
+    m_source = std::move(pSource);
+    LiveSource* pNew = m_source.get();
+    using S = LiveSource;
+    connect(pNew, &S::OnAnalyzerCreated, this, &MonitorSession::_OnAnalyzerCreated);
+    connect(pNew, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
+    connect(pNew, &S::OnNotice, this, &MonitorSession::_OnNotice);
+    connect(pNew, &S::OnSourceChanged, this, &MonitorSession::_OnSourceChanged);
+    // Queued, since the source is deleted then; meanwhile another may have taken its place.
+    connect(
+        pNew,
+        &S::OnEnded,
+        this,
+        [this, pNew](const QString& pError) {
+            if (m_source.get() == pNew)
+                _OnFileEnded(pError);
+        },
+        Qt::QueuedConnection);
 }
 
 void MonitorSession::_WaitForAnyDevice()
@@ -145,10 +140,16 @@ void MonitorSession::_WaitForAnyDevice()
     Q_EMIT OnSourceChanged();
 }
 
+bool MonitorSession::isFilePlaying() const
+{
+    return m_source && m_source->getSource().kind == SourceState::eFile;
+}
+
 bool MonitorSession::isDevicePresent() const
 {
-    if (m_capture)
-        return m_capture->getState() != eCaptureWaiting;
+    const SourceState source = m_source ? m_source->getSource() : SourceState();
+    if (source.kind == SourceState::eDevice)
+        return source.capture != eCaptureWaiting;
     return QtAudioInputDevicesManager::GetInstance()->GetAudioInputDevice(m_deviceName) != nullptr;
 }
 
@@ -156,21 +157,8 @@ SourceState MonitorSession::getSource() const
 {
     if (m_endedFile)
         return *m_endedFile;
-    SourceState state;
+    SourceState state = m_source ? m_source->getSource() : SourceState();
     state.notice = m_notice;
-    if (m_player) {
-        state.kind = SourceState::eFile;
-        state.name = QFileInfo(m_player->getPath()).fileName();
-        state.position = m_player->getPosition();
-        state.length = m_player->getLength();
-    } else if (m_capture) {
-        state.kind = SourceState::eDevice;
-        state.name = m_capture->getDeviceName();
-        state.capture = m_capture->getState();
-        state.channels = m_capture->getInputFormat().channelCount();
-        state.isPlaying = m_capture->isPlaying();
-    }
-    state.channels = std::max(state.channels, 0);
     return state;
 }
 
@@ -195,10 +183,10 @@ void MonitorSession::Reset()
     m_feed.Forget();
 }
 
-void MonitorSession::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer, int pSampleRate)
+void MonitorSession::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
 {
     pAnalyzer->setFixedBPM(m_fixedTempo);
-    _SetAnalyzer(pAnalyzer, pSampleRate);
+    _SetAnalyzer(pAnalyzer, m_source->getSampleRate());
 }
 
 void MonitorSession::_SetAnalyzer(AudioAnalyzer* pAnalyzer, int pSampleRate)
@@ -223,9 +211,9 @@ void MonitorSession::_OnNotice(eCaptureNotice pNotice)
     Q_EMIT OnSourceChanged();
 }
 
-void MonitorSession::_OnCaptureState()
+void MonitorSession::_OnSourceChanged()
 {
-    if (m_capture->getState() != eCaptureRunning)
+    if (m_source->getSource().capture != eCaptureRunning)
         m_notice.reset();
     Q_EMIT OnDeviceChanged(m_deviceName, isDevicePresent());
     Q_EMIT OnSourceChanged();
@@ -238,7 +226,7 @@ void MonitorSession::_OnFileEnded(const QString& pError)
     state.error = pError;
     state.notice.reset();
     _SetAnalyzer(nullptr, 0);
-    m_player.reset();
+    m_source.reset();
     m_notice.reset();
     m_endedFile = state;
     Q_EMIT OnSourceChanged();
@@ -246,7 +234,7 @@ void MonitorSession::_OnFileEnded(const QString& pError)
 
 void MonitorSession::_Tick()
 {
-    const int peak = m_player ? m_player->TakePeak() : m_capture ? m_capture->TakePeak() : 0;
+    const int peak = m_source ? m_source->TakePeak() : 0;
     m_peak = std::max(m_peak, peak);
     if (peak >= kFullScale && m_notice == eClippedNotice)
         m_sinceClipped.start();

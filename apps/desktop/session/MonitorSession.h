@@ -2,10 +2,8 @@
 #pragma once
 
 #include <desktop/session/ConfigurationSaver.h>
-#include <desktop/session/FilePlayer.h>
 #include <desktop/session/LiveFeed.h>
-#include <desktop/session/SourceState.h>
-#include <shared/capture/CaptureSession.h>
+#include <shared/capture/LiveSource.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QElapsedTimer>
@@ -54,7 +52,7 @@ public:
     void PlayFile(const QString& pPath, bool pIsLooped);
     /// Listens again.
     void StopFile();
-    bool isFilePlaying() const { return m_player != nullptr; }
+    bool isFilePlaying() const;
 
     /// BPM; 0 = measured again.
     void setFixedTempo(double pBPM);
@@ -69,12 +67,12 @@ Q_SIGNALS:
 
 private:
     void _Close();
-    void _OpenCapture();
+    void _TakeSource(std::unique_ptr<LiveSource> pSource);
     void _WaitForAnyDevice();
-    void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer, int pSampleRate);
+    void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnAnchored();
     void _OnNotice(eCaptureNotice pNotice);
-    void _OnCaptureState();
+    void _OnSourceChanged();
     void _OnFileEnded(const QString& pError);
     void _Tick();
     void _JudgeNotice();
@@ -84,8 +82,7 @@ private:
     ConfigurationSaver m_saver{m_store};
     LiveFeed m_feed;
     QString m_deviceName;
-    std::unique_ptr<CaptureSession> m_capture;  ///< null while a file plays, or without a device
-    std::unique_ptr<FilePlayer> m_player;       ///< null while no file plays
+    std::unique_ptr<LiveSource> m_source;  ///< null without a device, and after the end of a file
     std::optional<SourceState> m_endedFile;
     std::optional<eCaptureNotice> m_notice;
     QElapsedTimer m_sinceClipped;

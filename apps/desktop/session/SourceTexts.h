@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <desktop/session/SourceState.h>
+#include <shared/capture/SourceState.h>
 
 #include <QCoreApplication>
 #include <QString>

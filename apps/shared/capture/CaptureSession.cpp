@@ -7,6 +7,7 @@
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -22,7 +23,7 @@ QtAudioInputDevicesManager* Watcher()
 }  // namespace
 
 CaptureSession::CaptureSession(Configuration& pConfiguration, QObject* pParent)
-    : QObject(pParent), m_configuration(pConfiguration)
+    : LiveSource(pConfiguration, pParent)
 {
     connect(&m_tick, &QTimer::timeout, this, &CaptureSession::_Tick);
 }
@@ -50,6 +51,17 @@ void CaptureSession::Open(const QString& pName)
     _TryToRecord();
 }
 
+SourceState CaptureSession::getSource() const
+{
+    SourceState state;
+    state.kind = SourceState::eDevice;
+    state.name = m_name;
+    state.capture = m_state;
+    state.channels = std::max(m_inputFormat.channelCount(), 0);
+    state.isPlaying = isPlaying();
+    return state;
+}
+
 void CaptureSession::_Tick()
 {
     if (m_pDevice)
@@ -69,7 +81,7 @@ void CaptureSession::_TryToRecord()
         return _SetState(eCaptureWaiting);
     if (!_SetFormat())
         return _SetState(eCaptureUnusable);
-    _MakeAnalyzer();
+    _SetClock();
     using D = QtAudioInputDevice;
     connect(m_pDevice, &D::OnAudioSamplesRecorded, this, &CaptureSession::_OnSamples);
     connect(m_pDevice, &D::OnRecordingStopped, this, &CaptureSession::_Lose);
@@ -98,20 +110,13 @@ bool CaptureSession::_SetFormat()
     return false;
 }
 
-void CaptureSession::_MakeAnalyzer()
+/// The clock is there before anybody is told of the analyzer.
+void CaptureSession::_SetClock()
 {
     const QAudioFormat& format = m_pDevice->getOutputFormat();
-    m_levels = shared::LevelWatch(quint64(m_limits.levelWindow * format.sampleRate()));
-    if (m_analyzer && m_clock.getSampleRate() == format.sampleRate())
-        return;
-    m_analyzer = std::make_unique<AudioAnalyzer>(&m_configuration, format, nullptr);
-    m_clock = shared::SampleClock(format.sampleRate());
-    connect(m_analyzer.get(), &AudioAnalyzer::OnAmplitudesComputed, this, [this] {
-        m_isBlockHeard = true;
-    });
-    connect(
-        m_analyzer.get(), &AudioAnalyzer::OnAudioSamplesAnalyzed, this, &CaptureSession::_OnBlock);
-    Q_EMIT OnAnalyzerCreated(m_analyzer.get());
+    if (m_clock.getSampleRate() != format.sampleRate())
+        m_clock = shared::SampleClock(format.sampleRate());
+    _Prepare(format, m_limits.levelWindow);
 }
 
 /// May be called from a signal of the device, which therefore is deleted later.
@@ -121,8 +126,7 @@ void CaptureSession::_Lose()
         return;
     m_pDevice->disconnect(this);
     std::exchange(m_pDevice, nullptr)->deleteLater();
-    m_analyzer->Stop();
-    m_isPlaying = false;
+    getAnalyzer()->Stop();
     m_sinceTry.start();
     _RestWatcher(false);
     _SetState(eCaptureWaiting);
@@ -152,8 +156,7 @@ void CaptureSession::_WatchData()
     if (!m_pDevice)
         return;
     if (!std::exchange(m_isNoDataTold, true)) {
-        m_analyzer->Stop();
-        m_isPlaying = false;
+        getAnalyzer()->Stop();
         Q_EMIT OnNotice(eNoDataNotice);
     } else if (silence >= m_limits.reopenMs) {
         _Lose();
@@ -171,20 +174,18 @@ void CaptureSession::_OnSamples(qint16* pSamples, unsigned pCount)
         _RestWatcher(m_isEnumerationSlow);
         _SetState(eCaptureRunning);
     }
-    if (m_analyzer->isAnalyzing())
+    if (getAnalyzer()->isAnalyzing())
         _Analyze(pSamples, pCount, now);
     else
         _Anchor(now);
-    const auto notices = m_levels.Add(pSamples, pCount, m_isPlaying);
-    for (const eCaptureNotice notice : notices)
-        Q_EMIT OnNotice(notice);
+    _WatchLevel(pSamples, pCount);
 }
 
 void CaptureSession::_Analyze(qint16* pSamples, unsigned pCount, quint64 pNow)
 {
     m_clock.Add(pCount, pNow);
     m_arrivals.Add(m_clock.getCount(), pNow);
-    m_analyzer->Analyze(pSamples, pCount);
+    getAnalyzer()->Analyze(pSamples, pCount);
     _WatchDrift();
 }
 
@@ -193,7 +194,7 @@ void CaptureSession::_Anchor(quint64 pNow)
     m_clock.Start(pNow);
     m_arrivals.Clear();
     ++m_anchorCount;
-    m_analyzer->Start();
+    getAnalyzer()->Start();
     Q_EMIT OnAnchored();
 }
 
@@ -201,13 +202,8 @@ void CaptureSession::_Anchor(quint64 pNow)
 void CaptureSession::_WatchDrift()
 {
     const qint64 drift = std::abs(m_clock.getDrift());
-    if (drift >= (m_isPlaying ? m_limits.greatDrift : m_limits.drift))
-        m_analyzer->Stop();
-}
-
-void CaptureSession::_OnBlock()
-{
-    m_isPlaying = std::exchange(m_isBlockHeard, false);
+    if (drift >= (isPlaying() ? m_limits.greatDrift : m_limits.drift))
+        getAnalyzer()->Stop();
 }
 
 void CaptureSession::_SetState(eCaptureState pState)
@@ -216,6 +212,7 @@ void CaptureSession::_SetState(eCaptureState pState)
         return;
     m_state = pState;
     Q_EMIT OnStateChanged(pState);
+    Q_EMIT OnSourceChanged();
 }
 
 void CaptureSession::_RestWatcher(bool pIsResting)

@@ -1,32 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
 #include <AudioAnalyzer/audio/QtAudioInputDevice.h>
 
-#include <shared/capture/CaptureNotice.h>
-#include <shared/capture/LevelWatch.h>
+#include <shared/capture/LiveSource.h>
 #include <shared/capture/detail/ArrivalLog.h>
 #include <shared/capture/detail/SampleClock.h>
 
 #include <QElapsedTimer>
-#include <QObject>
 #include <QString>
 #include <QTimer>
 
-#include <memory>
-
 class Configuration;
 class QtAudioInputDeviceInfo;
-
-enum eCaptureState
-{
-    eCaptureClosed,    ///< not opened
-    eCaptureWaiting,   ///< the device is not there; as soon as it is, it is recorded again
-    eCaptureUnusable,  ///< the device is there, but has no mono format
-    eCaptureStarting,  ///< recording was asked for, nothing has arrived yet
-    eCaptureRunning    ///< samples arrive
-};
 
 /// Records a device by its name and has the samples analysed, come what may.
 ///
@@ -44,7 +30,7 @@ enum eCaptureState
 /// Enumeration: where it is slow, the watcher rests as long as samples arrive.
 ///
 /// Threads: one event-loop thread.
-class CaptureSession : public QObject
+class CaptureSession : public LiveSource
 {
     Q_OBJECT
 
@@ -69,55 +55,39 @@ public:
     /// Records the device of exactly that name, now or when it is there. To be called once.
     void Open(const QString& pName);
 
+    SourceState getSource() const override;
     eCaptureState getState() const { return m_state; }
     QString getDeviceName() const { return m_name; }
     /// Of the last recording; invalid before the first, and when the device has no usable one.
     const QAudioFormat& getInputFormat() const { return m_inputFormat; }
-    /// Null before the device was seen for the first time. Owned by the session.
-    /// [valid until OnAnalyzerCreated]
-    AudioAnalyzer* getAnalyzer() const { return m_analyzer.get(); }
     /// Since the last anchor.
     const shared::SampleClock& getSampleClock() const { return m_clock; }
     const shared::ArrivalLog& getArrivals() const { return m_arrivals; }
     int getAnchorCount() const { return m_anchorCount; }
-    /// Music plays.
-    bool isPlaying() const { return m_isPlaying; }
-    /// The greatest sample magnitude since the last call, at most 32767.
-    int TakePeak() { return m_levels.TakePeak(); }
 
 Q_SIGNALS:
     void OnStateChanged(eCaptureState pState);
-    /// Once per occurrence.
-    void OnNotice(eCaptureNotice pNotice);
-    /// At the first recording, and when a device came back with another sample rate; the analyzer
-    /// before is gone by then. It is not started yet.
-    void OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
-    /// The analysis has been started: sample 0 is to come next.
-    void OnAnchored();
 
 private:
     void _Tick();
     void _TryToRecord();
     bool _HasDevice();
     bool _SetFormat();
-    void _MakeAnalyzer();
+    void _SetClock();
     void _Lose();
     void _WatchData();
     void _OnSamples(qint16* pSamples, unsigned pCount);
     void _Analyze(qint16* pSamples, unsigned pCount, quint64 pNow);
     void _Anchor(quint64 pNow);
     void _WatchDrift();
-    void _OnBlock();
     void _OnConnected(const QtAudioInputDeviceInfo& pDevice);
     void _OnDisconnected(const QtAudioInputDeviceInfo& pDevice);
     void _SetState(eCaptureState pState);
     void _RestWatcher(bool pIsResting);
 
-    Configuration& m_configuration;  ///< not owned
     Limits m_limits;
     QString m_name;
     eCaptureState m_state = eCaptureClosed;
-    std::unique_ptr<AudioAnalyzer> m_analyzer;
     QtAudioInputDevice* m_pDevice = nullptr;  ///< child; null while not recording
     QAudioFormat m_inputFormat;
     QTimer m_tick;
@@ -125,10 +95,7 @@ private:
     QElapsedTimer m_sinceData;  ///< the last samples, or since recording was asked for
     bool m_isEnumerationSlow = false;
     bool m_isNoDataTold = false;
-    bool m_isBlockHeard = false;  ///< the present block counts as music
-    bool m_isPlaying = false;
     int m_anchorCount = 0;
     shared::SampleClock m_clock;
     shared::ArrivalLog m_arrivals;
-    shared::LevelWatch m_levels{0};
 };

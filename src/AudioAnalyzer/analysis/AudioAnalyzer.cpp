@@ -90,6 +90,11 @@ bool AudioAnalyzer::isAnalyzing() const
     return m_isAnalyzing;
 }
 
+bool AudioAnalyzer::isPlaying() const
+{
+    return m_isAnalyzing && !m_isStopped;
+}
+
 void AudioAnalyzer::Analyze(qint16* pAudioSamples, size_t pCount)
 {
     DetectStops(pAudioSamples, pCount);

@@ -59,6 +59,9 @@ public:
     /// does.
     bool PauseAnalysis();
     bool isAnalyzing() const;
+    /// Whether music plays: the analysis runs and its last stop block was no silence. A search that
+    /// begins anew counts as stopped until the next one.
+    bool isPlaying() const;
 
     Configuration* getConfiguration() const;
     /// Spectrum of the last filtered block, getAmplitudesCount() values owned by the analyzer; null

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 #include <AudioAnalyzer/analysis/AnalyzerSettings.h>
-#include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/api/detail/AnalysisAnswer.h>
 #include <AudioAnalyzer/api/detail/AnalysisHandle.h>
 #include <AudioAnalyzer/audio/AudioDownmix.h>
-
-#include <QAudioFormat>
 
 #include <algorithm>
 #include <cstdint>
@@ -18,8 +15,6 @@ namespace {
 constexpr int kMinimalRate = 8000;    ///< Hz
 constexpr int kMaximalRate = 192000;  ///< Hz
 constexpr int kMostChannels = 1024;
-constexpr quint64 kStartTime = 1000000;  ///< µs; any constant above 0
-constexpr quint64 kMicroSecondsPerSecond = 1000000;
 /// Differs from those of the profiles that a configuration has, so that it can be selected.
 constexpr unsigned int kProfileID = std::numeric_limits<unsigned int>::max();
 
@@ -38,16 +33,6 @@ private:
     bool& m_mark;
 };
 
-QAudioFormat MakeFormat(int pSampleRate)
-{
-    QAudioFormat format;
-    format.setSampleRate(pSampleRate);
-    format.setChannelCount(1);
-    format.setSampleSize(16);
-    format.setSampleType(QAudioFormat::SignedInt);
-    return format;
-}
-
 Profile CopyOf(const Profile& pProfile)
 {
     return Profile(pProfile.getName(),
@@ -59,14 +44,6 @@ Profile CopyOf(const Profile& pProfile)
                    kProfileID,
                    pProfile.getMinimalBPM(),
                    pProfile.getMaximalBPM());
-}
-
-/// Time at the end of that many samples, µs.
-quint64 ClockAt(quint64 pSampleCount, int pSampleRate)
-{
-    const auto rate = static_cast<quint64>(pSampleRate);
-    return kStartTime + pSampleCount / rate * kMicroSecondsPerSecond +
-           pSampleCount % rate * kMicroSecondsPerSecond / rate;
 }
 
 template <typename Sample>
@@ -142,26 +119,17 @@ AudioAnalysis::AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>&
 
 void AudioAnalysis::Restart()
 {
-    auto analyzer =
-        std::make_unique<AudioAnalyzer>(&configuration, MakeFormat(sampleRate), nullptr);
-    auto follower = std::make_unique<BeatFollower>();
-    _ApplyTo(*analyzer);
-    follower->Follow(analyzer.get());
-    _ConnectEvents(*follower);
-    _ConnectSpectrum(*analyzer);
-    block.resize(analyzer->getPulseBlockSize());
-    pFollower = std::move(follower);
-    pAnalyzer = std::move(analyzer);
-    blockFill = 0;
-    fedCount = 0;
-    sampleCount = 0;
+    auto pump = std::make_unique<AnalysisPump>(&configuration, sampleRate);
+    _ApplyTo(pump->getAnalyzer());
+    _ConnectEvents(pump->getFollower());
+    _ConnectSpectrum(*pump);
+    pPump = std::move(pump);
+    pAnalyzer = &pPump->getAnalyzer();
     isFinished = false;
 }
 
-// Beats come from the follower: there need not be an event loop for the timer.
 void AudioAnalysis::_ApplyTo(AudioAnalyzer& pNew) const
 {
-    pNew.setBeatTimerAllowed(false);
     for (const Held& one : held)
         AnalyzerSettings::Tell(*one.pSetting, one.value, pNew);
 }
@@ -171,39 +139,19 @@ void AudioAnalysis::Push(const Sample* pSamples, std::size_t pFrameCount, int pC
 {
     const Mark busy(isBusy);
     while (pFrameCount > 0) {
-        const std::size_t count = std::min(pFrameCount, block.size() - blockFill);
-        AudioDownmix::ToMono(pSamples, pChannelCount, count, block.data() + blockFill);
+        const std::size_t count = std::min(pFrameCount, pPump->getSpaceCount());
+        AudioDownmix::ToMono(pSamples, pChannelCount, count, pPump->getSpace());
         pSamples += count * std::size_t(pChannelCount);
         pFrameCount -= count;
-        sampleCount += count;
-        blockFill += count;
-        if (blockFill == block.size())
-            _Feed();
+        pPump->Commit(count);
     }
 }
 
-// Completes the last block, then waits out the longest time that a beat window can stay open.
 void AudioAnalysis::Finish()
 {
     const Mark busy(isBusy);
     isFinished = true;
-    pFollower->setEnd(sampleCount);
-    const quint64 end = sampleCount + pFollower->getSettlingSampleCount(sampleRate);
-    do {
-        std::fill(block.begin() + std::ptrdiff_t(blockFill), block.end(), qint16(0));
-        _Feed();
-    } while (fedCount < end);
-}
-
-// The start sets up the first beat window, so it waits for the settings.
-void AudioAnalysis::_Feed()
-{
-    HighResolutionTimerOverride clock(ClockAt(fedCount, sampleRate));
-    pAnalyzer->Start();
-    blockFill = 0;
-    fedCount += block.size();
-    clock.setTime(ClockAt(fedCount, sampleRate));
-    pAnalyzer->Analyze(block.data(), block.size());
+    pPump->Finish();
 }
 
 const char* AudioAnalysis_GetVersion(void)

@@ -316,7 +316,11 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_GetProfile(const AudioAnal
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetPulseCallback(
     AudioAnalysis* pAnalysis, AudioAnalysisPulseCallback pCallback, void* pUser);
 
-/** For every beat, once its beat window has passed: six blocks, about 0.14 s, behind it. */
+/**
+ * For every beat, once its beat window has passed: six blocks, about 0.14 s, behind it. A fixed
+ * tempo below the profile's range puts the first virtual beat behind its window, ahead of what was
+ * pushed.
+ */
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetBeatCallback(
     AudioAnalysis* pAnalysis, AudioAnalysisBeatCallback pCallback, void* pUser);
 

@@ -61,15 +61,15 @@ void AudioAnalysis::_ConnectEvents(BeatFollower& pNew)
     });
 }
 
-void AudioAnalysis::_ConnectSpectrum(AudioAnalyzer& pNew)
+void AudioAnalysis::_ConnectSpectrum(AnalysisPump& pNew)
 {
     QObject::connect(
-        &pNew,
+        &pNew.getAnalyzer(),
         &AudioAnalyzer::OnAmplitudesComputed,
-        &pNew,
-        [this](const double* pAmplitudes, unsigned int pCount) {
-            const quint64 index = getBlockIndex();
-            if (index < sampleCount)
+        &pNew.getAnalyzer(),
+        [this, &pNew](const double* pAmplitudes, unsigned int pCount) {
+            const quint64 index = pNew.getBlockIndex();
+            if (index < pNew.getSampleCount())
                 onSpectrum({index, TimeOf(index), pAmplitudes, pCount, sampleRate * 0.5 / pCount});
         },
         Qt::DirectConnection);
@@ -137,12 +137,12 @@ int32_t AudioAnalysis_GetSampleRate(const AudioAnalysis* pAnalysis)
 
 uint64_t AudioAnalysis_GetSampleCount(const AudioAnalysis* pAnalysis)
 {
-    return pAnalysis ? pAnalysis->sampleCount : 0;
+    return pAnalysis ? pAnalysis->pPump->getSampleCount() : 0;
 }
 
 uint64_t AudioAnalysis_GetBlockSize(const AudioAnalysis* pAnalysis)
 {
-    return pAnalysis ? pAnalysis->block.size() : 0;
+    return pAnalysis ? pAnalysis->pPump->getBlockSize() : 0;
 }
 
 double AudioAnalysis_GetBPM(const AudioAnalysis* pAnalysis)
@@ -159,7 +159,7 @@ int32_t AudioAnalysis_IsStopped(const AudioAnalysis* pAnalysis)
 {
     if (!pAnalysis)
         return -1;
-    return pAnalysis->pFollower->isPlaying() ? 0 : 1;
+    return pAnalysis->pPump->getFollower().isPlaying() ? 0 : 1;
 }
 
 int32_t AudioAnalysis_GetAverageVolume(const AudioAnalysis* pAnalysis)

@@ -48,7 +48,7 @@ void Put(double* pTarget, double pValue)
 
 void AudioAnalysis::Set(const Setting& pSetting, double pValue)
 {
-    AnalyzerSettings::Store(pSetting, pValue, configuration, pAnalyzer.get());
+    AnalyzerSettings::Store(pSetting, pValue, configuration, pAnalyzer);
     for (Held& one : held)
         if (one.pSetting == &pSetting)
             one.value = pValue;

@@ -49,7 +49,6 @@ private Q_SLOTS:
     void end_cutsOffBeatsPulsesAndTempos();
     void silences_areTheStretchesWithoutSpectrum();
     void silence_reachesTheEnd_whenItLasts();
-    void playing_isKnownFromTheFirstBlock();
     void log_agreesWithTheSharedRecords_onRandomMusic();
 
 private:
@@ -58,6 +57,8 @@ private:
 
     Configuration m_configuration;
     std::unique_ptr<AudioAnalyzer> m_analyzer;
+    std::unique_ptr<BeatFollower> m_follower;
+    std::unique_ptr<BeatRelay> m_relay;
     std::unique_ptr<BeatLog> m_log;
     QStringList m_events;
     unsigned m_index = 0;
@@ -66,34 +67,40 @@ private:
 void tst_BeatLog::init()
 {
     m_analyzer = std::make_unique<AudioAnalyzer>(&m_configuration, FormatOf(kRate), nullptr);
-    m_log = std::make_unique<BeatLog>();
-    m_log->Follow(m_analyzer.get(), kRate);
+    m_log.reset();
+    m_relay.reset();
+    m_follower = std::make_unique<BeatFollower>();
+    m_relay = std::make_unique<BeatRelay>(*m_follower);
+    m_log = std::make_unique<BeatLog>(*m_relay);
+    m_follower->Follow(m_analyzer.get());
+    m_relay->Restart(kRate);
     m_events.clear();
     m_index = 0;
     connect(
-        m_log.get(),
-        &BeatLog::OnBeatLogged,
+        m_relay.get(),
+        &BeatRelay::OnBeat,
         this,
         [this](const LoggedBeat& pBeat) {
             m_events << QStringLiteral("beat %1 %2").arg(pBeat.time).arg(pBeat.bpm);
         });
     connect(
-        m_log.get(),
-        &BeatLog::OnPulseLogged,
+        m_relay.get(),
+        &BeatRelay::OnPulse,
         this,
         [this](double pTime, const Pulse&) { m_events << QStringLiteral("pulse %1").arg(pTime); });
     connect(
-        m_log.get(),
-        &BeatLog::OnTempoLogged,
+        m_relay.get(),
+        &BeatRelay::OnTempo,
         this,
         [this](double pTime, double pBPM) {
             m_events << QStringLiteral("tempo %1 %2").arg(pTime).arg(pBPM);
         });
-    connect(m_log.get(), &BeatLog::OnPlayingChanged, this, [this](double pTime, bool pIsPlaying) {
-        m_events << QStringLiteral("%1 %2")
-                        .arg(pIsPlaying ? QStringLiteral("play") : QStringLiteral("stop"))
-                        .arg(pTime);
-    });
+    connect(
+        m_relay.get(), &BeatRelay::OnPlayingChanged, this, [this](double pTime, bool pIsPlaying) {
+            m_events << QStringLiteral("%1 %2")
+                            .arg(pIsPlaying ? QStringLiteral("play") : QStringLiteral("stop"))
+                            .arg(pTime);
+        });
 }
 
 /// One pulse block's signals; pInside emits those between the spectrum and the block's end.
@@ -118,7 +125,7 @@ void tst_BeatLog::realBeat_isThePulseThatBecameABeat()
         second.setType(eBeat);
         Q_EMIT m_analyzer->OnBPMChanged(120.0);
     });
-    m_log->Finish();
+    m_log->Finish(m_follower->getSampleCount());
     QCOMPARE(m_events,
              (QStringList{QStringLiteral("play 0"),
                           QStringLiteral("pulse 0"),
@@ -212,14 +219,14 @@ void tst_BeatLog::end_cutsOffBeatsPulsesAndTempos()
 {
     Pulse last = MakePulse(1023);
     _Block(true, [&] { Q_EMIT m_analyzer->OnPulseDetected(last); });
-    m_log->setEnd(1024);
+    m_follower->setEnd(1024);
     _Block(true, [&] {
         last.setType(eBeat);
         Q_EMIT m_analyzer->OnBPMChanged(120.0);
         Q_EMIT m_analyzer->OnPulseDetected(MakePulse(1024, 500, eBeat));
     });
     _Block(false);
-    m_log->Finish();
+    m_log->Finish(m_follower->getSampleCount());
     QCOMPARE(m_events,
              (QStringList{QStringLiteral("play 0"),
                           QStringLiteral("pulse 0.999023"),
@@ -232,7 +239,7 @@ void tst_BeatLog::silences_areTheStretchesWithoutSpectrum()
 {
     for (const bool isPlaying : {false, false, true, true, false, true})
         _Block(isPlaying);
-    m_log->Finish();
+    m_log->Finish(m_follower->getSampleCount());
     QCOMPARE(m_events,
              (QStringList{QStringLiteral("stop 0"),
                           QStringLiteral("play 2"),
@@ -250,20 +257,10 @@ void tst_BeatLog::silence_reachesTheEnd_whenItLasts()
 {
     for (const bool isPlaying : {true, false, false})
         _Block(isPlaying);
-    m_log->setEnd(2560);
-    m_log->Finish();
+    m_log->Finish(2560);
     QCOMPARE(m_log->getResult().silences.size(), std::size_t(1));
     QCOMPARE(m_log->getResult().silences[0].start, 1.0);
     QCOMPARE(m_log->getResult().silences[0].end, 2.5);
-}
-
-void tst_BeatLog::playing_isKnownFromTheFirstBlock()
-{
-    QVERIFY(!m_log->isPlaying());
-    _Block(true);
-    QVERIFY(m_log->isPlaying());
-    _Block(false);
-    QVERIFY(!m_log->isPlaying());
 }
 
 // Whoever keeps all pulses sees in the end which of them became beats: the log must have found just
@@ -285,8 +282,11 @@ void tst_BeatLog::log_agreesWithTheSharedRecords_onRandomMusic()
             QStringLiteral("random"), 1.0, -1, -1, 60.0, run % 4 == 0 ? 900.0 : 180.0);
         configuration.setSelectedProfile(profile);
         AudioAnalyzer analyzer(&configuration, FormatOf(8000), nullptr);
-        BeatLog log;
-        log.Follow(&analyzer, 8000);
+        BeatFollower follower;
+        BeatRelay relay(follower);
+        BeatLog log(relay);
+        follower.Follow(&analyzer);
+        relay.Restart(8000);
         std::vector<Pulse> kept;
         connect(&analyzer, &AudioAnalyzer::OnPulseDetected, this, [&](const Pulse& pPulse) {
             kept.push_back(pPulse);

@@ -19,15 +19,16 @@ private Q_SLOTS:
 
 void tst_NdjsonWriter::events_areOneLineEach()
 {
-    BeatLog log;
+    const BeatFollower follower;
+    BeatRelay relay(follower);
     QList<QByteArray> lines;
-    const NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
-    Q_EMIT log.OnPlayingChanged(1.5, true);
-    Q_EMIT log.OnPulseLogged(1.6000004, Pulse(0, 0, 9, 8000, 5, 300, 1200, ePulse));
-    Q_EMIT log.OnBeatLogged({0, 1.6, false, 1200, 1.0 / 3.0, 128.12345});
-    Q_EMIT log.OnTempoLogged(1.75, 128.12345);
-    Q_EMIT log.OnBeatLogged({0, 2.0, true, 20, 1.0, 0.0});
-    Q_EMIT log.OnPlayingChanged(4.0, false);
+    const NdjsonWriter writer(relay, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
+    Q_EMIT relay.OnPlayingChanged(1.5, true);
+    Q_EMIT relay.OnPulse(1.6000004, Pulse(0, 0, 9, 8000, 5, 300, 1200, ePulse));
+    Q_EMIT relay.OnBeat({0, 1.6, false, 1200, 1.0 / 3.0, 128.12345});
+    Q_EMIT relay.OnTempo(1.75, 128.12345);
+    Q_EMIT relay.OnBeat({0, 2.0, true, 20, 1.0, 0.0});
+    Q_EMIT relay.OnPlayingChanged(4.0, false);
     QCOMPARE(
         lines,
         (QList<QByteArray>{
@@ -42,12 +43,13 @@ void tst_NdjsonWriter::events_areOneLineEach()
 
 void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
 {
-    BeatLog log;
+    const BeatFollower follower;
+    BeatRelay relay(follower);
     QList<QByteArray> lines;
-    const NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
+    const NdjsonWriter writer(relay, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
     // Unknown, as at the start; twice the same, to the last decimal written; unknown again.
     for (const double bpm : {0.0, 120.0, 120.0, 120.0001, 0.0, 0.0})
-        Q_EMIT log.OnTempoLogged(1.0, bpm);
+        Q_EMIT relay.OnTempo(1.0, bpm);
     QCOMPARE(lines,
              (QList<QByteArray>{"{\"bpm\":120,\"t\":1,\"type\":\"tempo\"}\n",
                                 "{\"bpm\":null,\"t\":1,\"type\":\"tempo\"}\n"}));
@@ -55,31 +57,34 @@ void tst_NdjsonWriter::tempo_isWritten_whenItChanged()
 
 void tst_NdjsonWriter::virtualBeats_areLeftOut_whenAskedTo()
 {
-    BeatLog log;
+    const BeatFollower follower;
+    BeatRelay relay(follower);
     QList<QByteArray> lines;
-    const NdjsonWriter writer(&log, {}, true, [&](const QByteArray& pLine) { lines << pLine; });
-    Q_EMIT log.OnBeatLogged({0, 1.0, true, 1, 1.0, 0.0});
+    const NdjsonWriter writer(relay, {}, true, [&](const QByteArray& pLine) { lines << pLine; });
+    Q_EMIT relay.OnBeat({0, 1.0, true, 1, 1.0, 0.0});
     QVERIFY(lines.isEmpty());
-    Q_EMIT log.OnBeatLogged({0, 1.5, false, 1, 1.0, 0.0});
+    Q_EMIT relay.OnBeat({0, 1.5, false, 1, 1.0, 0.0});
     QCOMPARE(lines.size(), 1);
 }
 
 void tst_NdjsonWriter::file_isInEveryLine_whenGiven()
 {
-    BeatLog log;
+    const BeatFollower follower;
+    BeatRelay relay(follower);
     QList<QByteArray> lines;
     const NdjsonWriter writer(
-        &log, QStringLiteral("a\n\"b\""), false, [&](const QByteArray& pLine) { lines << pLine; });
-    Q_EMIT log.OnPlayingChanged(0.0, false);
+        relay, QStringLiteral("a\n\"b\""), false, [&](const QByteArray& pLine) { lines << pLine; });
+    Q_EMIT relay.OnPlayingChanged(0.0, false);
     QCOMPARE(lines,
              (QList<QByteArray>{"{\"file\":\"a\\n\\\"b\\\"\",\"t\":0,\"type\":\"stop\"}\n"}));
 }
 
 void tst_NdjsonWriter::finish_sumsUp()
 {
-    BeatLog log;
+    const BeatFollower follower;
+    BeatRelay relay(follower);
     QList<QByteArray> lines;
-    NdjsonWriter writer(&log, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
+    NdjsonWriter writer(relay, {}, false, [&](const QByteArray& pLine) { lines << pLine; });
     writer.Finish(HandMadeResult());
     QCOMPARE(lines,
              (QList<QByteArray>{

@@ -90,14 +90,14 @@ void tst_FilePlayer::file_isAnalysedWhole()
 void tst_FilePlayer::length_andPosition_areTold()
 {
     FilePlayer player(m_configuration);
-    QCOMPARE(player.getLength(), 0.0);
-    QCOMPARE(player.getPosition(), 0.0);
+    QCOMPARE(player.getSource().length, 0.0);
+    QCOMPARE(player.getSource().position, 0.0);
     QSignalSpy anchored(&player, &FilePlayer::OnAnchored);
     player.Open(_Write("four.wav", desktoptest::Strokes(4.0)), false);
     QVERIFY(anchored.wait(5000));
-    QCOMPARE(player.getLength(), 4.0);
-    QTRY_VERIFY(player.getPosition() > 0.3);
-    QVERIFY(player.getPosition() < 4.0);
+    QCOMPARE(player.getSource().length, 4.0);
+    QTRY_VERIFY(player.getSource().position > 0.3);
+    QVERIFY(player.getSource().position < 4.0);
 }
 
 void tst_FilePlayer::end_stopsTheAnalysis()
@@ -122,7 +122,7 @@ void tst_FilePlayer::looped_goesOn()
     QCOMPARE(ended.count(), 0);
     // Without a gap: the count of samples goes on.
     QCOMPARE(anchored.count(), 1);
-    QVERIFY(player.getPosition() < 0.3);
+    QVERIFY(player.getSource().position < 0.3);
 }
 
 void tst_FilePlayer::emptyFile_ends_whenLooped()
@@ -159,11 +159,11 @@ void tst_FilePlayer::heldUp_isAnchoredAnew()
     QSignalSpy anchored(&player, &FilePlayer::OnAnchored);
     player.Open(_Write("four.wav", desktoptest::Strokes(4.0)), false);
     QVERIFY(anchored.wait(5000));
-    const double position = player.getPosition();
+    const double position = player.getSource().position;
     QTest::qSleep(900);
     QVERIFY(anchored.wait(2000));
     // It goes on where it was, and does not catch up.
-    QVERIFY(player.getPosition() < position + 0.3);
+    QVERIFY(player.getSource().position < position + 0.3);
 }
 
 QTEST_GUILESS_MAIN(tst_FilePlayer)

@@ -255,9 +255,6 @@ void tst_MonitorSession::beats_flash()
     QVERIFY(values.beatTime > 0 && values.pulseTime > 0);
     QVERIFY(values.spectrumCount > 20);
     QVERIFY(quint64(flashes.count()) > session.getFeed().getBeatCount());
-    // The log behind it keeps nothing.
-    QVERIFY(session.getFeed().m_log->getResult().beats.size() <= 1);
-    QVERIFY(session.getFeed().m_log->getResult().pulseTimes.size() < 30);
 }
 
 void tst_MonitorSession::reset_forgetsTheTempo()

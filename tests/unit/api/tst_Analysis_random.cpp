@@ -70,7 +70,10 @@ private:
             [](void* pUser, const AudioAnalysisBeat* pBeat) {
                 Monkey& self = *static_cast<Monkey*>(pUser);
                 ++self.beats;
-                self._CheckEvent(pBeat->index, pBeat->time);
+                // A fixed tempo below the range puts a virtual one ahead of the audio.
+                self._CheckTime(pBeat->index, pBeat->time);
+                if (!pBeat->isVirtual)
+                    self._CheckEvent(pBeat->index, pBeat->time);
                 if (!(pBeat->accuracy > 0.0 && pBeat->accuracy <= 1.0))
                     self.m_fault = QStringLiteral("accuracy %1").arg(pBeat->accuracy);
                 if (!(pBeat->bpm >= 0.0 && pBeat->bpm < 1000.0))
@@ -97,13 +100,23 @@ private:
             this);
     }
 
-    // Whatever is told lies in what was pushed; then something is tried that changes nothing else.
+    // Whatever is heard lies in what was pushed; then something is tried that changes nothing else.
     void _CheckEvent(quint64 pIndex, double pTime)
     {
         if (pIndex >= AudioAnalysis_GetSampleCount(m_pAnalysis))
             m_fault = QStringLiteral("index %1 was not pushed").arg(pIndex);
+        _CheckTime(pIndex, pTime);
+        _Meddle();
+    }
+
+    void _CheckTime(quint64 pIndex, double pTime)
+    {
         if (pTime != double(pIndex) / AudioAnalysis_GetSampleRate(m_pAnalysis))
             m_fault = QStringLiteral("index %1 is not at %2 s").arg(pIndex).arg(pTime);
+    }
+
+    void _Meddle()
+    {
         if (m_random.bounded(8) != 0)
             return;
         const float sample = 0.0f;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
-#include <AudioAnalyzer/analysis/BeatFollower.h>
+#include <AudioAnalyzer/analysis/AnalysisPump.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/SettingsTable.h>
@@ -40,7 +39,7 @@ struct AudioAnalysis
     /// pProfiles shows that ProfilesMutex() is held. [allocates]
     AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>& pProfiles);
 
-    /// A new analyzer and its follower, then all positions at 0. Nothing changes if it throws.
+    /// A new analyzer, with all positions at 0. Nothing changes if it throws.
     void Restart();
     template <typename Sample>
     void Push(const Sample* pSamples, std::size_t pFrameCount, int pChannelCount);
@@ -51,8 +50,6 @@ struct AudioAnalysis
     double Get(const SettingsTable::Setting& pSetting) const;
 
     double TimeOf(quint64 pIndex) const { return static_cast<double>(pIndex) / sampleRate; }
-    /// First sample of the block that is being analysed.
-    quint64 getBlockIndex() const { return fedCount - block.size(); }
 
     const int sampleRate;  ///< Hz
     Configuration configuration;
@@ -73,19 +70,14 @@ struct AudioAnalysis
     detail::Callback<AudioAnalysisStop> onStop;
     detail::Callback<AudioAnalysisSpectrum> onSpectrum;
 
-    std::unique_ptr<AudioAnalyzer> pAnalyzer;
-    std::unique_ptr<BeatFollower> pFollower;
-    std::vector<qint16> block;  ///< one pulse block
-    std::size_t blockFill = 0;  ///< samples
-    quint64 fedCount = 0;       ///< samples given to the analyzer, silence behind the end included
-    quint64 sampleCount = 0;    ///< frames pushed
-    bool isBusy = false;        ///< inside Push() or Finish()
+    std::unique_ptr<AnalysisPump> pPump;
+    AudioAnalyzer* pAnalyzer = nullptr;  ///< the pump's
+    bool isBusy = false;                 ///< inside Push() or Finish()
     bool isFinished = false;
     mutable std::string errorText;
 
 private:
     void _ApplyTo(AudioAnalyzer& pNew) const;
     void _ConnectEvents(BeatFollower& pNew);
-    void _ConnectSpectrum(AudioAnalyzer& pNew);
-    void _Feed();
+    void _ConnectSpectrum(AnalysisPump& pNew);
 };

@@ -2,11 +2,19 @@
 #pragma once
 
 #include <shared/capture/CaptureNotice.h>
-#include <shared/capture/CaptureSession.h>
 
 #include <QString>
 
 #include <optional>
+
+enum eCaptureState
+{
+    eCaptureClosed,    ///< not opened
+    eCaptureWaiting,   ///< the device is not there; as soon as it is, it is recorded again
+    eCaptureUnusable,  ///< the device is there, but has no mono format
+    eCaptureStarting,  ///< recording was asked for, nothing has arrived yet
+    eCaptureRunning    ///< samples arrive
+};
 
 /// Where the sound comes from, and how it is.
 struct SourceState
