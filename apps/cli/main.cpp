@@ -9,11 +9,11 @@
 #include <cli/output/OutputFile.h>
 #include <cli/settings/ConfigCommand.h>
 #include <cli/settings/ProfilesCommand.h>
+#include <shared/pulse/PulseBackEnd.h>
 
 #include <QCoreApplication>
 #include <QTextCodec>
 
-#include <cstdlib>
 #include <fcntl.h>
 #include <initializer_list>
 #include <unistd.h>
@@ -60,8 +60,6 @@ int Run(const CommandLine& pCommand)
     return eExitUsage;
 }
 
-/// Qt's plugin for PulseAudio now and then crashes when the process unloads it. Everything is
-/// written by then, so a command that used it leaves without unloading.
 bool UsesSound(const CommandLine& pCommand)
 {
     return pCommand.action == CommandLine::eListen || pCommand.action == CommandLine::eDevices;
@@ -69,6 +67,14 @@ bool UsesSound(const CommandLine& pCommand)
 
 /// Sound plugins comment on devices that vanish. The commands say that in words of their own.
 void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+int RunWithSound(const CommandLine& pCommand)
+{
+    qInstallMessageHandler(&IgnoreMessage);
+    PulseBackEnd backEnd;
+    backEnd.Install();
+    return Run(pCommand);
+}
 
 }  // namespace
 
@@ -81,11 +87,7 @@ int main(int argc, char* argv[])
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("audio-analyzer"));
     const CommandLine command = parseCommandLine(argc, argv);
-    if (UsesSound(command))
-        qInstallMessageHandler(&IgnoreMessage);
-    const int exitCode = Run(command);
+    const int exitCode = UsesSound(command) ? RunWithSound(command) : Run(command);
     interrupt::Finish();
-    if (UsesSound(command))
-        std::_Exit(exitCode);
     return exitCode;
 }

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QThread>
 
+#include <csignal>
+
 namespace {
 
 constexpr int kTimeoutMs = 10000;
@@ -49,6 +51,7 @@ PulseServer::PulseServer()
 
 PulseServer::~PulseServer()
 {
+    Thaw();
     EndPlaying();
     End();
 }
@@ -80,6 +83,37 @@ void PulseServer::End()
     _End(m_daemon);
 }
 
+void PulseServer::Kill()
+{
+    m_daemon.kill();
+    m_daemon.waitForFinished(kTimeoutMs);
+}
+
+void PulseServer::Freeze()
+{
+    _Signal(SIGSTOP);
+}
+
+void PulseServer::Thaw()
+{
+    _Signal(SIGCONT);
+}
+
+QString PulseServer::LoadSource(const QString& pName, int pChannels, int pSampleRate)
+{
+    return _Control({QStringLiteral("load-module"),
+                     QStringLiteral("module-null-source"),
+                     QStringLiteral("source_name=%1").arg(pName),
+                     QStringLiteral("description=Line-%1").arg(pName),
+                     QStringLiteral("channels=%1").arg(pChannels),
+                     QStringLiteral("rate=%1").arg(pSampleRate)});
+}
+
+bool PulseServer::setDefaultSource(const QString& pName)
+{
+    return _Do({QStringLiteral("set-default-source"), pName});
+}
+
 QString PulseServer::LoadSink(const QString& pName)
 {
     return _Control({QStringLiteral("load-module"),
@@ -92,8 +126,7 @@ QString PulseServer::LoadSink(const QString& pName)
 
 bool PulseServer::UnloadModule(const QString& pModule)
 {
-    _Control({QStringLiteral("unload-module"), pModule});
-    return m_error.isEmpty();
+    return _Do({QStringLiteral("unload-module"), pModule});
 }
 
 bool PulseServer::Play(const QString& pPath, const QString& pSink)
@@ -122,6 +155,18 @@ QString PulseServer::folder() const
 QString PulseServer::error() const
 {
     return m_error;
+}
+
+bool PulseServer::_Do(const QStringList& pArguments)
+{
+    _Control(pArguments);
+    return m_error.isEmpty();
+}
+
+void PulseServer::_Signal(int pSignal)
+{
+    if (m_daemon.state() == QProcess::Running)
+        ::kill(pid_t(m_daemon.processId()), pSignal);
 }
 
 /// The trimmed answer of pactl; empty on failure, and error() then says why.

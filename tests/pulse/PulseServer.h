@@ -22,10 +22,19 @@ public:
     bool Start();
     /// Ends the daemon by its process ID and waits for it.
     void End();
+    /// Kills the daemon and waits for its end; clients get no word from it.
+    void Kill();
+    /// Keeps the daemon from doing anything, answers included.
+    void Freeze();
+    void Thaw();
 
     /// Adds a mono 48000 Hz null sink, whose monitor is an input named "<name>.monitor". Returns
     /// its module's number; empty on failure.
     QString LoadSink(const QString& pName);
+    /// Adds an input that delivers silence from the first moment on; a null sink's monitor may take
+    /// two seconds. Returns its module's number; empty on failure.
+    QString LoadSource(const QString& pName, int pChannels = 1, int pSampleRate = 48000);
+    bool setDefaultSource(const QString& pName);
     bool UnloadModule(const QString& pModule);
     /// Starts playing a raw mono signed 16-bit 48000 Hz file on a sink.
     bool Play(const QString& pPath, const QString& pSink);
@@ -37,6 +46,8 @@ public:
     QString error() const;
 
 private:
+    bool _Do(const QStringList& pArguments);
+    void _Signal(int pSignal);
     QString _Control(const QStringList& pArguments);
     static void _End(QProcess& pProcess);
 

@@ -7,7 +7,7 @@
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
-#include <shared/capture/SoundServer.h>
+#include <shared/capture/SoundBackEnd.h>
 
 #include <QStringList>
 #include <QTimer>
@@ -24,7 +24,8 @@ DevicesCommand::DevicesCommand(const DevicesOptions& pOptions) : m_options(pOpti
 
 int DevicesCommand::Run()
 {
-    preferSoundServer();
+    if (!SoundBackEnd::get())
+        console::PrintLine(listentexts::describeNoServer());
     m_output.Open(QStringLiteral("-"));
     // First, so that nothing that changes while the devices are listed is missed.
     QtAudioInputDevicesManager::GetInstance();
@@ -33,8 +34,9 @@ int DevicesCommand::Run()
         _Watch();
     if (m_output.isReaderGone())
         return eExitPipeClosed;
+    const SoundBackEnd* pBackEnd = SoundBackEnd::get();
     if (m_output.getError().isEmpty())
-        return eExitDone;
+        return pBackEnd && !pBackEnd->isAnswering() ? eExitFailed : eExitDone;
     console::PrintError(m_output.getError());
     return eExitFailed;
 }
@@ -48,7 +50,7 @@ void DevicesCommand::_List()
     for (const InputDevice& device : devices)
         _Write(_Describe(device, width));
     if (devices.empty())
-        console::PrintLine(tr("there is no input device; plug one in, or start a sound server"));
+        console::PrintLine(listentexts::describeNoDevice());
 }
 
 void DevicesCommand::_Watch()

@@ -11,7 +11,7 @@
 #include <cli/live/LiveSummary.h>
 #include <cli/live/detail/LiveLine.h>
 #include <shared/capture/InputDevices.h>
-#include <shared/capture/SoundServer.h>
+#include <shared/capture/SoundBackEnd.h>
 
 #include <algorithm>
 #include <unistd.h>
@@ -48,7 +48,6 @@ ListenCommand::~ListenCommand() = default;
 
 int ListenCommand::Run()
 {
-    preferSoundServer();
     if (!m_store.Load())
         console::PrintError(m_store.getError());
     const QString device = _ChooseDevice();
@@ -79,7 +78,7 @@ QString ListenCommand::_ChooseDevice()
         return {};
     }
     if (names.isEmpty()) {
-        console::PrintError(tr("there is no input device; plug one in, or start a sound server"));
+        console::PrintError(listentexts::describeNoDevice());
         return {};
     }
     const QString stored = m_store.getDeviceName();
@@ -113,6 +112,8 @@ QString ListenCommand::_ApplyOptions()
 
 void ListenCommand::_Listen(const QString& pDevice)
 {
+    if (!SoundBackEnd::get())
+        _Say(listentexts::describeNoServer());
     m_session = std::make_unique<CaptureSession>(m_store.getConfiguration());
     m_summary = std::make_unique<LiveSummary>(*m_session, m_options.measures);
     if (!m_isLine)

@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <shared/capture/SoundBackEnd.h>
+
+#include <optional>
 #include <vector>
 
 /// An input device as a person chooses one.
@@ -13,6 +16,7 @@ struct InputDevice
     QString name;
     bool isDefault;
     QAudioFormat format;  ///< that would be recorded; invalid when there is none
+    std::optional<SoundSource> source = {};  ///< as the hosts' own back end has it
 
     /// Records what the machine plays itself.
     bool isMonitor() const;

@@ -5,7 +5,7 @@
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/SettingsColumn.h>
 #include <desktop/window/StatusLine.h>
-#include <shared/capture/SoundServer.h>
+#include <shared/pulse/PulseBackEnd.h>
 
 #include <QFile>
 #include <QListView>
@@ -23,6 +23,7 @@ private Q_SLOTS:
 
 private:
     PulseServer m_server;
+    PulseBackEnd m_backEnd;
     QString m_track;
 };
 
@@ -38,7 +39,7 @@ void tst_MonitorPulse::initTestCase()
     file.close();
     QVERIFY2(m_server.Start(), qPrintable(m_server.error()));
     QVERIFY2(!m_server.LoadSink(QStringLiteral("deck")).isEmpty(), qPrintable(m_server.error()));
-    QVERIFY(preferSoundServer());
+    QVERIFY(m_backEnd.Install());
 }
 
 void tst_MonitorPulse::sink_isListedAndCaptured()
@@ -62,16 +63,5 @@ void tst_MonitorPulse::sink_isListedAndCaptured()
         10000);
 }
 
-/// Qt's plugin for the sound server now and then crashes when the process unloads it.
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    int result = 0;
-    {
-        tst_MonitorPulse test;
-        result = QTest::qExec(&test, argc, argv);
-    }
-    std::fflush(nullptr);
-    std::_Exit(result);
-}
+QTEST_MAIN(tst_MonitorPulse)
 #include "tst_MonitorPulse.moc"
