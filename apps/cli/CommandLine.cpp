@@ -3,6 +3,7 @@
 
 #include <cli/CommandLine.h>
 #include <cli/analyze/AnalyzeArguments.h>
+#include <cli/evaluate/EvaluateArguments.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingsArguments.h>
@@ -41,7 +42,7 @@ QString AnalyzeFooter()
         "\n"
         "Beats are real, heard in the music, or virtual, put where one was expected. The tempo\n"
         "of a file is the median of the tempos that were reported with its real beats, from\n"
-        "ten seconds after the first beat on; in shorter music, of all of them.\n"
+        "ten seconds after the first one on; in shorter music, of all of them.\n"
         "\n"
         "With several files, -o names a folder, and song.flac gives song.beats.txt,\n"
         "song.labels.txt, song.csv, song.svl, song.tempo.txt, song.json or song.ndjson in it.\n"
@@ -102,6 +103,11 @@ void AddInputOptions(CLI::App& pCommand, AnalyzeArguments& pArguments)
         ->check(RefuseEmpty)
         ->type_name(Utf8(tr("RATE[:CHANNELS]")))
         ->group(group);
+    pCommand
+        .add_flag("--partial",
+                  pArguments.isPartial,
+                  Utf8(tr("read a damaged or unfinished file as far as it goes")))
+        ->group(group);
     pCommand.add_option("-j,--jobs", pArguments.jobs, Utf8(tr("analyse N files side by side")))
         ->check(RefuseEmpty)
         ->type_name("N")
@@ -110,26 +116,37 @@ void AddInputOptions(CLI::App& pCommand, AnalyzeArguments& pArguments)
     pCommand.add_flag("--worker", pArguments.isWorker)->group("");
 }
 
-/// All analysis options, or those that pNames holds.
+/// "seconds of beats that make the tempo, 0.05 to 600 (default: 10)".
+QString HelpOf(const AnalysisOptionInfo& pInfo, bool pIsStored)
+{
+    if (pIsStored || pInfo.initial.isEmpty())
+        return pInfo.help;
+    return tr("%1 (default: %2)").arg(pInfo.help, pInfo.initial);
+}
+
+/// All analysis options, or those that pNames holds. pIsStored: what is not given is as it is
+/// stored.
 void AddAnalysisOptions(CLI::App& pCommand,
                         std::map<std::string, std::string>& pValues,
+                        bool pIsStored,
                         const std::set<std::string>& pNames = {})
 {
     for (const AnalysisOptionInfo& info : getAnalysisOptionTable()) {
         const std::string name = Utf8(info.name);
         if (!pNames.empty() && pNames.count(name) == 0)
             continue;
+        const std::string help = Utf8(HelpOf(info, pIsStored));
         CLI::Option* pOption = nullptr;
         if (info.valueName.isEmpty()) {
             pOption = pCommand.add_flag_callback(
-                name, [&pValues, name] { pValues[name] = std::string(); }, Utf8(info.help));
+                name, [&pValues, name] { pValues[name] = std::string(); }, help);
         } else {
             pOption =
                 pCommand
                     .add_option_function<std::string>(
                         name,
                         [&pValues, name](const std::string& pValue) { pValues[name] = pValue; },
-                        Utf8(info.help))
+                        help)
                     ->type_name(Utf8(info.valueName));
         }
         pOption->group(Utf8(tr("Analysis")));
@@ -146,7 +163,8 @@ QString ListenFooter()
         "  ndjson  announce when a beat falls due, the events of \"analyze\", and device and\n"
         "          notice events\n"
         "\n"
-        "A device that vanishes is waited for, and recorded again when it is back.\n"
+        "What is not given is as \"audio-analyzer config show\" has it. A device that vanishes is\n"
+        "waited for, and recorded again when it is back.\n"
         "\n"
         "Examples:\n"
         "  audio-analyzer listen\n"
@@ -175,7 +193,7 @@ void AddListen(CLI::App& pApp, ListenArguments& pArguments)
     add("-d,--device",
         pArguments.device,
         tr("NAME"),
-        tr("input device (default: the stored one, else the system's)"));
+        tr("input device, or \"default\": the system's, whichever it becomes (default: the stored one, else the system's)"));
     addFlag("--save", pArguments.isSaved, tr("remember the device"));
     add("-f,--format", pArguments.format, tr("NAME"), tr("print events: text, beats, ndjson"));
     add("--duration", pArguments.duration, tr("S"), tr("end after so many seconds"));
@@ -186,7 +204,7 @@ void AddListen(CLI::App& pApp, ListenArguments& pArguments)
             pArguments.measures,
             tr("tell at the end how far the announced beats were off"));
     addFlag("-q,--quiet", pArguments.isQuiet, tr("no notices, no summary"));
-    AddAnalysisOptions(command, pArguments.analysis);
+    AddAnalysisOptions(command, pArguments.analysis, true);
 }
 
 void AddDevices(CLI::App& pApp, DevicesOptions& pOptions)
@@ -211,7 +229,7 @@ void AddProfiles(CLI::App& pApp, ProfilesArguments& pArguments)
     command.add_option("--name", pArguments.newName, Utf8(tr("new name, for edit")))
         ->check(RefuseEmpty)
         ->type_name(Utf8(tr("NAME")));
-    AddAnalysisOptions(command, pArguments.changes, {"--bpm", "--band", "--sensibility"});
+    AddAnalysisOptions(command, pArguments.changes, false, {"--bpm", "--band", "--sensibility"});
     command.footer(Utf8(tr("Example:\n"
                            "  audio-analyzer profiles add House --bpm 110:140 --band 0:80\n")));
 }
@@ -223,9 +241,57 @@ void AddConfig(CLI::App& pApp, ConfigArguments& pArguments)
         .add_option("ACTION", pArguments.words, Utf8(tr("show, set SETTING VALUE, path, reset")))
         ->type_name("");
     command.add_flag("--all", pArguments.isAll, Utf8(tr("reset the user's profiles as well")));
-    command.footer(Utf8(tr("The settings stand next to the program; every host there shares "
+    command.footer(Utf8(tr("The settings stand next to the program, or in the user's own folder "
+                           "where it is installed for\nall; every host there shares "
                            "them.\n\nExample:\n"
                            "  audio-analyzer config set stop-threshold 500\n")));
+}
+
+QString EvaluateFooter()
+{
+    return tr(
+        "REFERENCE and ESTIMATE are two files, or two folders in which NAME.beats has its "
+        "estimate\n"
+        "in NAME.beats.txt, NAME.labels.txt, NAME.csv or NAME.beats, or a tempo alone in\n"
+        "NAME.tempo.txt. In a file of beats each line begins with seconds, as \"analyze\" writes "
+        "it;\n"
+        "# begins a comment. NAME.json beside the reference may hold \"genre\", \"bpm\",\n"
+        "\"tempo_range\": [BPM, BPM], \"duration\", \"ignore\": [[START, END], ...] without beats "
+        "and\n"
+        "\"changes\": [SECONDS, ...] of the music.\n"
+        "\n"
+        "The scores are those of the literature, as mir_eval 0.7 computes them. With ± stands the\n"
+        "standard error of the mean over the recordings of a genre.\n"
+        "\n"
+        "Examples:\n"
+        "  audio-analyzer analyze song.flac | audio-analyzer evaluate song.beats -\n"
+        "  audio-analyzer analyze -o found/ music/*.flac\n"
+        "  audio-analyzer evaluate music/ found/\n"
+        "\n"
+        "Exit status: 0 all done, 1 some file failed and the others are done, 2 wrong usage.\n");
+}
+
+void AddEvaluate(CLI::App& pApp, EvaluateArguments& pArguments)
+{
+    CLI::App& command =
+        *pApp.add_subcommand("evaluate", Utf8(tr("hold found beats against annotated ones")));
+    const auto addFile = [&](const char* pName, std::string& pValue, const QString& pHelp) {
+        command.add_option(pName, pValue, Utf8(pHelp))->type_name("");
+    };
+    addFile("REFERENCE", pArguments.reference, tr("the annotated beats: a file or a folder"));
+    addFile("ESTIMATE", pArguments.estimate, tr("the found ones; - reads standard input"));
+    const auto add = [&](const char* pName,
+                         std::string& pValue,
+                         const QString& pType,
+                         const QString& pHelp) {
+        command.add_option(pName, pValue, Utf8(pHelp))->check(RefuseEmpty)->type_name(Utf8(pType));
+    };
+    add("-f,--format", pArguments.format, tr("NAME"), tr("text, json, csv (default: text)"));
+    add("--from",
+        pArguments.from,
+        tr("S"),
+        tr("leave out what lies before S seconds (default: 5)"));
+    command.footer(Utf8(EvaluateFooter()));
 }
 
 /// The command that was named, null when there is none.
@@ -274,6 +340,7 @@ struct Arguments
     DevicesOptions devices;
     ProfilesArguments profiles;
     ConfigArguments config;
+    EvaluateArguments evaluate;
 };
 
 void AddAnalyze(CLI::App& pApp, AnalyzeArguments& pArguments)
@@ -281,7 +348,7 @@ void AddAnalyze(CLI::App& pApp, AnalyzeArguments& pArguments)
     CLI::App& command = *pApp.add_subcommand("analyze", Utf8(tr("analyse audio files")));
     AddInputOptions(command, pArguments);
     AddOutputOptions(command, pArguments);
-    AddAnalysisOptions(command, pArguments.analysis);
+    AddAnalysisOptions(command, pArguments.analysis, false);
     command.footer(Utf8(AnalyzeFooter()));
 }
 
@@ -302,6 +369,9 @@ CommandLine Read(const std::string& pCommand, const Arguments& pArguments)
     } else if (pCommand == "config") {
         action = CommandLine::eConfig;
         result.text = readConfigArguments(pArguments.config, result.config);
+    } else if (pCommand == "evaluate") {
+        action = CommandLine::eEvaluate;
+        result.text = readEvaluateArguments(pArguments.evaluate, result.evaluate);
     }
     result.action = result.text.isEmpty() ? action : CommandLine::eRefuse;
     return result;
@@ -324,15 +394,16 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
     AddDevices(app, arguments.devices);
     AddProfiles(app, arguments.profiles);
     AddConfig(app, arguments.config);
+    AddEvaluate(app, arguments.evaluate);
     Dress(app);
     for (CLI::App* pCommand : app.get_subcommands({}))
         Dress(*pCommand);
 
-    const QString noCommand =
-        tr("name a command: analyze, listen, devices, profiles, config; see audio-analyzer --help");
+    const QString noCommand = tr("name a command: analyze, listen, devices, profiles, config, "
+                                 "evaluate; see audio-analyzer --help");
     if (pCount < 2)
         return Refuse(noCommand);
-    const QString first = QString::fromUtf8(pArguments[1]);
+    const QString first = QString::fromLocal8Bit(pArguments[1]);
     if (!first.startsWith(QLatin1Char('-')) && !HasCommand(app, first))
         return Refuse(tr("there is no command \"%1\"; to analyse a file: audio-analyzer analyze %1")
                           .arg(first));
@@ -350,7 +421,7 @@ CommandLine parseCommandLine(int pCount, const char* const* pArguments)
         const QString name =
             pCommand ? QString::fromStdString(pCommand->get_name()) + QLatin1Char(' ') : QString();
         return Refuse(
-            tr("%1; see audio-analyzer %2--help").arg(QString::fromUtf8(error.what()), name));
+            tr("%1; see audio-analyzer %2--help").arg(QString::fromLocal8Bit(error.what()), name));
     }
     const CLI::App* pCommand = FindParsed(app);
     return pCommand ? Read(pCommand->get_name(), arguments) : Refuse(noCommand);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/analyze/AnalyzeOptions.h>
+#include <cli/evaluate/EvaluateOptions.h>
 #include <cli/live/LiveOptions.h>
 #include <cli/settings/SettingsOptions.h>
 
@@ -18,7 +19,8 @@ struct CommandLine
         eListen,
         eDevices,
         eProfiles,
-        eConfig
+        eConfig,
+        eEvaluate
     };
 
     eAction action = eRefuse;
@@ -28,6 +30,7 @@ struct CommandLine
     DevicesOptions devices;
     ProfilesOptions profiles;
     ConfigOptions config;
+    EvaluateOptions evaluate;
 };
 
 /// Reads the arguments, the program's name among them, in UTF-8.

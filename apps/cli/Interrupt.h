@@ -2,7 +2,8 @@
 #pragma once
 
 /// SIGINT, SIGTERM and SIGHUP end the work at the next chance, so that nothing half-written stays;
-/// a second one ends the program at once. A closed pipe is an error to a writer, not a signal.
+/// a second one ends the program at once. A closed pipe
+/// and a file that grows too large are errors to a writer, not signals.
 namespace interrupt {
 
 /// To be called once, at the start of the program.

@@ -4,15 +4,17 @@
 #include <cli/ExitCode.h>
 #include <cli/Interrupt.h>
 #include <cli/analyze/AnalyzeCommand.h>
+#include <cli/evaluate/EvaluateCommand.h>
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenCommand.h>
 #include <cli/output/OutputFile.h>
 #include <cli/settings/ConfigCommand.h>
 #include <cli/settings/ProfilesCommand.h>
+#include <shared/files/FileNameCodec.h>
 #include <shared/pulse/PulseBackEnd.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QCoreApplication>
-#include <QTextCodec>
 
 #include <fcntl.h>
 #include <initializer_list>
@@ -21,21 +23,20 @@
 namespace {
 
 /// A standard stream that the caller closed must not be taken by the next file that is opened.
+/// Writing to a closed output fails all the same; for messages there is nobody to be told.
 void HoldStandardStreams()
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(descriptor, F_GETFD) < 0)
-            ::open("/dev/null", O_RDWR);
+            ::open("/dev/null", descriptor == STDERR_FILENO ? O_WRONLY : O_RDONLY);
 }
 
 int ShowText(const QString& pText)
 {
     OutputFile output;
-    if (output.Open(QStringLiteral("-")) && output.Write(pText.toLocal8Bit()))
-        return eExitDone;
-    if (!output.isReaderGone())
-        console::PrintError(output.getError());
-    return output.isReaderGone() ? eExitPipeClosed : eExitFailed;
+    output.Open(QStringLiteral("-"));
+    output.Write(pText.toLocal8Bit());
+    return output.Conclude();
 }
 
 int Run(const CommandLine& pCommand)
@@ -53,6 +54,8 @@ int Run(const CommandLine& pCommand)
         return ProfilesCommand(pCommand.profiles).Run();
     case CommandLine::eConfig:
         return ConfigCommand(pCommand.config).Run();
+    case CommandLine::eEvaluate:
+        return EvaluateCommand(pCommand.evaluate).Run();
     case CommandLine::eRefuse:
         break;
     }
@@ -82,10 +85,10 @@ int main(int argc, char* argv[])
 {
     HoldStandardStreams();
     interrupt::Install();
-    // File names are UTF-8 everywhere, in the C locale of containers and services as well.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    FileNameCodec::Install();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("audio-analyzer"));
+    ConfigurationStore::UseUserFolder();
     const CommandLine command = parseCommandLine(argc, argv);
     const int exitCode = UsesSound(command) ? RunWithSound(command) : Run(command);
     interrupt::Finish();

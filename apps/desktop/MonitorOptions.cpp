@@ -45,7 +45,7 @@ MonitorOptions Refusal(const CLI::App& pApp, const CLI::ParseError& pError)
     MonitorOptions options;
     options.action = pApp.exit(pError, output, errors) == 0 ? MonitorOptions::eShowText
                                                             : MonitorOptions::eRefuse;
-    options.text = QString::fromStdString(output.str() + errors.str());
+    options.text = QString::fromLocal8Bit((output.str() + errors.str()).c_str());
     return options;
 }
 

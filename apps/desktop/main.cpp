@@ -8,12 +8,13 @@
 #include <desktop/settings/Translations.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Tray.h>
+#include <shared/files/FileNameCodec.h>
 #include <shared/pulse/PulseBackEnd.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QStyleFactory>
-#include <QTextCodec>
 #include <QTimer>
 
 #include <cstdio>
@@ -55,20 +56,19 @@ int Run(const MonitorOptions& pOptions)
     backEnd.Install();
     MonitorSession session;
     QString error;
-    const bool isLoaded = session.Load(error);
+    session.Load(error);
     const WindowSettings settings = WindowSettings::Load(pOptions.iniPath);
     Translations translations;
     translations.setLanguage(session.getConfiguration().getLanguage());
     MainWindow window(session, settings, QApplication::palette());
     QObject::connect(
         &window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
-    if (!isLoaded)
-        window.ShowProblem(error);
+    window.ShowProblem(error);
     Tray tray(window, window.getResetAction(), window.getQuitAction());
     Termination termination;
     QObject::connect(&termination, &Termination::OnRequested, &QCoreApplication::quit);
-    tray.Start(settings.isHiddenOnStart);
     window.Place(settings.position);
+    tray.Start(settings.isHiddenOnStart);
     QTimer::singleShot(0, &session, [&] { Begin(session, pOptions); });
     QApplication::exec();
     if (session.getSaver().Save())
@@ -84,8 +84,7 @@ void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 int main(int argc, char* argv[])
 {
-    // File names are UTF-8 everywhere, in the C locale as well.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    FileNameCodec::Install();
     const MonitorOptions options = parseMonitorOptions(argc, argv);
     if (options.action != MonitorOptions::eRun) {
         const bool isRefused = options.action == MonitorOptions::eRefuse;
@@ -104,6 +103,7 @@ int main(int argc, char* argv[])
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("beat-monitor"));
+    ConfigurationStore::UseUserFolder();
     QApplication::setWindowIcon(makeIcon());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setQuitOnLastWindowClosed(false);

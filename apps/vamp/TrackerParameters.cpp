@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/ProfileLimits.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
+
 #include <vamp/TrackerParameters.h>
 
+#include <cctype>
 #include <cmath>
 #include <limits>
 
@@ -8,82 +12,34 @@ namespace {
 
 using Descriptor = Vamp::Plugin::ParameterDescriptor;
 
-struct SettingParameter
+std::string Capitalized(const char* pText)
 {
-    const char* pName;
-    const char* pTitle;
-    const char* pDescription;
-    const char* pUnit;
-    AudioAnalysisSetting setting;
-    bool isWhole;
-};
+    std::string text = pText;
+    text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+    return text;
+}
 
-const SettingParameter kSettingParameters[] = {
-    {"threshold",
-     "Threshold",
-     "Level that makes a pulse; -1 follows the volume",
-     "",
-     AudioAnalysisSetting_Threshold,
-     true},
-    {"stop-threshold",
-     "Stop threshold",
-     "Level up to which it is quiet; music that is mastered low needs less",
-     "",
-     AudioAnalysisSetting_StopThreshold,
-     true},
-    {"stop-duration",
-     "Stop duration",
-     "Time of quiet that counts as a stop",
-     "s",
-     AudioAnalysisSetting_StopDuration,
-     false},
-    {"average-duration",
-     "Average duration",
-     "Time over which the volume is averaged",
-     "s",
-     AudioAnalysisSetting_AverageDuration,
-     false},
-    {"bpm-duration",
-     "Tempo duration",
-     "Time whose beats make the tempo",
-     "s",
-     AudioAnalysisSetting_BPMDuration,
-     false},
-    {"fixed-bpm",
-     "Fixed tempo",
-     "Tempo to impose instead of measuring it, held within the profile's range; 0 measures",
-     "bpm",
-     AudioAnalysisSetting_FixedBPM,
-     false},
-    {"consistency",
-     "Keep the last tempo across gaps",
-     "1 keeps it, 0 forgets it",
-     "",
-     AudioAnalysisSetting_Consistency,
-     true},
-    {"virtual-when-stopped",
-     "Virtual beats while the music is stopped",
-     "1 goes on with them, 0 does not",
-     "",
-     AudioAnalysisSetting_VirtualWhenStopped,
-     true},
-};
-
-Descriptor Describe(const SettingParameter& pParameter)
+/// "Level that makes a pulse; -1: auto".
+std::string DescriptionOf(const SettingsTable::Setting& pSetting)
 {
-    double minimum = 0.0;
-    double maximum = 0.0;
-    double initial = 0.0;
-    AudioAnalysis_GetLimits(pParameter.setting, &minimum, &maximum, &initial);
+    const std::string text = Capitalized(pSetting.pDescription);
+    if (!pSetting.pMinimumWord)
+        return text;
+    return text + "; " + std::to_string(std::lround(pSetting.minimum)) + ": " +
+           pSetting.pMinimumWord;
+}
+
+Descriptor Describe(const SettingsTable::Setting& pSetting)
+{
     Descriptor result;
-    result.identifier = pParameter.pName;
-    result.name = pParameter.pTitle;
-    result.description = pParameter.pDescription;
-    result.unit = pParameter.pUnit;
-    result.minValue = static_cast<float>(minimum);
-    result.maxValue = static_cast<float>(maximum);
-    result.defaultValue = static_cast<float>(initial);
-    result.isQuantized = pParameter.isWhole;
+    result.identifier = pSetting.pIdentifier;
+    result.name = Capitalized(pSetting.pName);
+    result.description = DescriptionOf(pSetting);
+    result.unit = pSetting.pUnit;
+    result.minValue = static_cast<float>(pSetting.minimum);
+    result.maxValue = static_cast<float>(pSetting.maximum);
+    result.defaultValue = static_cast<float>(pSetting.initial);
+    result.isQuantized = pSetting.form != SettingsTable::eNumber;
     result.quantizeStep = 1.0F;
     return result;
 }
@@ -123,7 +79,7 @@ Descriptor DescribeEdit(const char* pName,
 
 Vamp::Plugin::ParameterList DescribeEdits()
 {
-    constexpr float kMaximalBPM = 999.0F;
+    constexpr auto kMaximalBPM = static_cast<float>(ProfileLimits::kMaximalBPM);
     constexpr float kMaximalFrequency = 96000.0F;
     return {
         DescribeEdit("minimal-bpm", "Slowest tempo", "0: the profile's", "bpm", 0.0F, kMaximalBPM),
@@ -145,7 +101,7 @@ Vamp::Plugin::ParameterList DescribeEdits()
                      "Automatic threshold as a multiple of the average volume; -1: the profile's",
                      "",
                      -1.0F,
-                     1000.0F),
+                     static_cast<float>(ProfileLimits::kMaximalSensibility)),
     };
 }
 
@@ -170,8 +126,9 @@ Vamp::Plugin::ParameterList TrackerParameters::getDescriptors()
     Vamp::Plugin::ParameterList list = {DescribeProfile()};
     for (const Descriptor& edit : DescribeEdits())
         list.push_back(edit);
-    for (const SettingParameter& parameter : kSettingParameters)
-        list.push_back(Describe(parameter));
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.use == SettingsTable::eAnalysis)
+            list.push_back(Describe(setting));
     return list;
 }
 
@@ -190,9 +147,10 @@ void TrackerParameters::set(const std::string& pName, float pValue)
 
 bool TrackerParameters::ApplyTo(AudioAnalysis* pAnalysis) const
 {
-    for (const SettingParameter& parameter : kSettingParameters) {
-        const double value = static_cast<double>(get(parameter.pName));
-        if (AudioAnalysis_Set(pAnalysis, parameter.setting, value) != AudioAnalysisError_None)
+    int32_t number = 0;
+    while (const char* pName = AudioAnalysis_GetSettingName(number)) {
+        const double value = static_cast<double>(get(pName));
+        if (AudioAnalysis_Set(pAnalysis, number++, value) != AudioAnalysisError_None)
             return false;
     }
     return _ApplyProfileTo(pAnalysis);

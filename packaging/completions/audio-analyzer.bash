@@ -28,6 +28,7 @@ _audio_analyzer() {
         ;;
     analyze:-f | analyze:--format) options=$'beats\nlabels\ncsv\nsvl\ntempo\njson\nndjson' ;;
     listen:-f | listen:--format) options=$'text\nbeats\nndjson' ;;
+    evaluate:-f | evaluate:--format) options=$'text\njson\ncsv' ;;
     listen:-d | listen:--device)
         options=$("$program" devices 2>/dev/null | sed 's/^..//; s/  .*//')
         ;;

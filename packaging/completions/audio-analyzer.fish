@@ -20,7 +20,7 @@ function __audio_analyzer_after
     test (count $words) -ge 2; and contains -- $words[-1] $argv
 end
 
-set -l known analyze listen devices profiles config
+set -l known analyze listen devices profiles config evaluate
 complete -c audio-analyzer -n __fish_use_subcommand -f -a '(__audio_analyzer_commands)'
 complete -c audio-analyzer -n 'string match -q -- "-*" (commandline -ct); and __fish_use_subcommand' \
     -f -a '(__audio_analyzer_options)'
@@ -34,6 +34,8 @@ complete -c audio-analyzer -n '__fish_seen_subcommand_from analyze; and __audio_
     -f -a 'beats labels csv svl tempo json ndjson'
 complete -c audio-analyzer -n '__fish_seen_subcommand_from listen; and __audio_analyzer_after -f --format' \
     -f -a 'text beats ndjson'
+complete -c audio-analyzer -n '__fish_seen_subcommand_from evaluate; and __audio_analyzer_after -f --format' \
+    -f -a 'text json csv'
 complete -c audio-analyzer -n '__audio_analyzer_after -d --device' -f -a '(__audio_analyzer_names devices)'
 complete -c audio-analyzer -n '__audio_analyzer_after --threshold' -f -a auto
 complete -c audio-analyzer -n '__audio_analyzer_after config' -f -a 'show set path reset'

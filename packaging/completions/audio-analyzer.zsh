@@ -32,6 +32,7 @@ _audio-analyzer() {
     *:--profile | profiles:(edit|remove|select)) _audio_analyzer_names profiles list ;;
     analyze:(-f|--format)) compadd beats labels csv svl tempo json ndjson ;;
     listen:(-f|--format)) compadd text beats ndjson ;;
+    evaluate:(-f|--format)) compadd text json csv ;;
     listen:(-d|--device)) _audio_analyzer_names devices ;;
     *:--threshold) compadd auto ;;
     config:set) compadd $(${words[1]} config show 2>/dev/null | sed 's/ .*//') ;;

@@ -11,19 +11,30 @@ from typing import TypeVar, Union, cast, overload
 from . import samples as buffers
 from .errors import ClosedError
 from .events import Beat, Event, Pulse, Spectrum, Stop, Tempo
-from .library import CALLBACKS, ProfileRecord, library
+from .library import (
+    CALLBACKS,
+    MEMORY_ERROR,
+    RANGE_ERROR,
+    ProfileRecord,
+    library,
+    setting_numbers,
+)
 from .profiles import Profile, from_record, to_record
 
 Number = TypeVar("Number", bound=float)
+_RATES = range(8000, 192001)  # Hz
 
 
 class _Setting(Generic[Number]):
-    """A setting of the library, by its number in AudioAnalysisSetting, as an attribute."""
+    """A setting of the library as an attribute, whose name it has, with hyphens."""
 
-    def __init__(self, number: int, convert: Callable[[float], Number], doc: str) -> None:
-        self._number = number
+    def __init__(self, convert: Callable[[float], Number], doc: str) -> None:
+        self._name = ""
         self._convert = convert
         self.__doc__ = doc
+
+    def __set_name__(self, owner: Any, name: str) -> None:
+        self._name = name.replace("_", "-")
 
     @overload
     def __get__(self, analysis: None, owner: Any) -> "_Setting[Number]": ...
@@ -37,11 +48,11 @@ class _Setting(Generic[Number]):
         if analysis is None:
             return self
         value = ctypes.c_double()
-        analysis._call("Get", self._number, ctypes.byref(value))
+        analysis._call("Get", setting_numbers()[self._name], ctypes.byref(value))
         return self._convert(value.value)
 
     def __set__(self, analysis: "Analysis", value: Number) -> None:
-        analysis._call("Set", self._number, float(value))
+        analysis._call("Set", setting_numbers()[self._name], float(value))
 
 
 class _ProfileSetting:
@@ -151,27 +162,25 @@ class Analysis:
     sample_rate: Hz, 8000 to 192000. profile: the name of a built-in one, in any case of its letters, or
     a Profile. on_...: called with each event from inside push() and finish(); what they raise, push() and
     finish() raise. A callback must not push, finish, restart or close its own analysis. The other
-    arguments are the attributes of the same names; None leaves the default.
+    arguments are the settings below, such as stop_duration=0.5; None leaves the default.
 
-    Raises RangeError, UnknownNameError and LibraryNotFoundError.
+    Raises RangeError, UnknownNameError, MemoryError and LibraryNotFoundError.
     """
 
     profile = _ProfileSetting()
     threshold = _Setting(
-        0, int, "Magnitude that makes a pulse, 0 to 32767; -1, the default, follows the volume."
+        int, "Magnitude that makes a pulse, 0 to 32767; -1, the default, follows the volume."
     )
-    stop_threshold = _Setting(1, int, "Magnitude up to which it is quiet, 0 to 32767; 3276.")
-    stop_duration = _Setting(2, float, "Seconds of quiet that count as a stop, 0.05 to 10; 1.5.")
-    average_duration = _Setting(
-        3, float, "Seconds over which the volume is averaged, 0.05 to 60; 2."
-    )
-    bpm_duration = _Setting(4, float, "Seconds of beats that make the tempo, 0.05 to 600; 10.")
+    stop_threshold = _Setting(int, "Magnitude up to which it is quiet, 0 to 32767; 3276.")
+    stop_duration = _Setting(float, "Seconds of quiet that count as a stop, 0.05 to 10; 1.5.")
+    average_duration = _Setting(float, "Seconds over which the volume is averaged, 0.05 to 60; 2.")
+    bpm_duration = _Setting(float, "Seconds of beats that make the tempo, 0.05 to 600; 10.")
     fixed_bpm = _Setting(
-        5, float, "A tempo to impose, up to 999, held within the profile's range; 0 measures."
+        float, "A tempo to impose, up to 999, held within the profile's range; 0 measures."
     )
-    consistency = _Setting(6, bool, "Whether the last tempo is kept across gaps; it is.")
+    consistency = _Setting(bool, "Whether the last tempo is kept across gaps; it is.")
     virtual_when_stopped = _Setting(
-        7, bool, "Whether virtual beats go on while the music is stopped; they do not."
+        bool, "Whether virtual beats go on while the music is stopped; they do not."
     )
 
     def __init__(
@@ -184,19 +193,17 @@ class Analysis:
         on_tempo: Optional[Callable[[Tempo], object]] = None,
         on_stop: Optional[Callable[[Stop], object]] = None,
         on_spectrum: Optional[Callable[[Spectrum], object]] = None,
-        threshold: Optional[int] = None,
-        stop_threshold: Optional[int] = None,
-        stop_duration: Optional[float] = None,
-        average_duration: Optional[float] = None,
-        bpm_duration: Optional[float] = None,
-        fixed_bpm: Optional[float] = None,
-        consistency: Optional[bool] = None,
-        virtual_when_stopped: Optional[bool] = None,
+        **settings: Union[int, float, bool, None],
     ) -> None:
+        for name in settings:
+            if not isinstance(getattr(type(self), name, None), _Setting):
+                raise TypeError(f"there is no argument {name}")
         self._library = library()
-        handle = self._library.call("Create", _rate(sample_rate))
+        rate = _rate(sample_rate)
+        handle = self._library.call("Create", rate)
         if handle is None:
-            self._library.check(2, None)
+            # It has two reasons, and the rate is looked at first.
+            self._library.check(MEMORY_ERROR if rate in _RATES else RANGE_ERROR, None)
         self._handle: Any = handle
         self._sink = _Sink()
         self._thunks = {kind: self._sink.thunk(kind, make) for kind, make in _MAKERS.items()}
@@ -212,16 +219,6 @@ class Analysis:
             self._set_callback(kind, callback)
             if kind != "Spectrum":
                 self._connect(kind, True)
-        settings: Dict[str, Union[int, float, bool, None]] = {
-            "threshold": threshold,
-            "stop_threshold": stop_threshold,
-            "stop_duration": stop_duration,
-            "average_duration": average_duration,
-            "bpm_duration": bpm_duration,
-            "fixed_bpm": fixed_bpm,
-            "consistency": consistency,
-            "virtual_when_stopped": virtual_when_stopped,
-        }
         if profile is not None:
             self.profile = profile
         for name, value in settings.items():
@@ -470,8 +467,20 @@ class Result:
 
     @property
     def bpm(self) -> float:
-        """The tempo of the last real beat; 0 = there was none."""
-        return next((beat.bpm for beat in reversed(self.beats) if not beat.is_virtual), 0.0)
+        """The tempo of the whole recording; 0 = unknown. It is the median of the tempos of the real
+        beats from ten seconds after the first of them on; in shorter music, of all of them."""
+        count = len(self.beats)
+        bpm = ctypes.c_double()
+        error = library().call(
+            "ComputeRecordingTempo",
+            (ctypes.c_double * count)(*(beat.time for beat in self.beats)),
+            (ctypes.c_double * count)(*(beat.bpm for beat in self.beats)),
+            (ctypes.c_int32 * count)(*(beat.is_virtual for beat in self.beats)),
+            count,
+            ctypes.byref(bpm),
+        )
+        library().check(error, None)
+        return bpm.value
 
 
 def analyze(

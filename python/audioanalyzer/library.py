@@ -91,6 +91,12 @@ _FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
     "Reset": (c_int32, [c_void_p]),
     "Set": (c_int32, [c_void_p, c_int32, c_double]),
     "Get": (c_int32, [c_void_p, c_int32, POINTER(c_double)]),
+    "GetSettingName": (c_char_p, [c_int32]),
+    "GetLimits": (c_int32, [c_int32, POINTER(c_double), POINTER(c_double), POINTER(c_double)]),
+    "ComputeRecordingTempo": (
+        c_int32,
+        [POINTER(c_double), POINTER(c_double), POINTER(c_int32), c_size_t, POINTER(c_double)],
+    ),
     "GetProfileName": (c_char_p, [c_size_t]),
     "FindProfile": (c_int32, [c_char_p, POINTER(ProfileRecord)]),
     "SelectProfile": (c_int32, [c_void_p, c_char_p]),
@@ -110,13 +116,15 @@ _FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
 for _kind, _type in CALLBACKS.items():
     _FUNCTIONS[f"Set{_kind}Callback"] = (c_int32, [c_void_p, _type, c_void_p])
 
+RANGE_ERROR = 2
+MEMORY_ERROR = 6
 _ERRORS: Dict[int, Type[Exception]] = {
     1: TypeError,
-    2: errors.RangeError,
+    RANGE_ERROR: errors.RangeError,
     3: errors.UnknownNameError,
     4: errors.BusyError,
     5: errors.FinishedError,
-    6: MemoryError,
+    MEMORY_ERROR: MemoryError,
 }
 
 
@@ -154,6 +162,16 @@ def candidates() -> List[str]:
     folders = [package, *package.parents[2:3]]
     near = [str(folder / name) for folder in folders for name in FILE_NAMES]
     return [path for path in near if os.path.exists(path)] + list(FILE_NAMES)
+
+
+@functools.lru_cache(maxsize=None)
+def setting_numbers() -> Dict[str, int]:
+    """The numbers of the settings by their names, "stop-duration" say."""
+    found = library()
+    numbers: Dict[str, int] = {}
+    while (name := found.call("GetSettingName", len(numbers))) is not None:
+        numbers[name.decode()] = len(numbers)
+    return numbers
 
 
 @functools.lru_cache(maxsize=None)

@@ -4,6 +4,8 @@
 #include <QMetaMethod>
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 /// Hosts connect by signature strings and by index, so the meta-object is part of the interface.
 class tst_MetaObject : public QObject
 {
@@ -97,5 +99,5 @@ void tst_MetaObject::signatures_connectByString()
     QVERIFY(meta.indexOfSlot(normalized("Analyze(qint16*, size_t)")) >= 0);
 }
 
-QTEST_APPLESS_MAIN(tst_MetaObject)
+AA_TEST(tst_MetaObject, NoApplication)
 #include "tst_MetaObject.moc"

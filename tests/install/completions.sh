@@ -51,6 +51,7 @@ expect "Electro Hardcore Slow" audio-analyzer analyze --profile ""
 expect "Slow" audio-analyzer profiles edit S
 expect "$(formats_of analyze)" audio-analyzer analyze song.flac -f ""
 expect "$(formats_of listen)" audio-analyzer listen --format ""
+expect "$(formats_of evaluate)" audio-analyzer evaluate --format ""
 expect "show set path reset" audio-analyzer config ""
 expect "stop-duration stop-threshold" audio-analyzer config set st
 expect "list add edit remove select" audio-analyzer profiles ""

@@ -4,7 +4,8 @@
     man_page.py PAGE PROGRAM
 
 A subsection of COMMANDS stands for the command of its name, and has the shared options as well when it
-refers to the section ANALYSIS OPTIONS. Options elsewhere belong to the program itself.
+refers to the section ANALYSIS OPTIONS. Options elsewhere belong to the program itself. The page says of each
+of those options which limits and which default the help of "analyze" gives.
 """
 import os
 import re
@@ -54,6 +55,32 @@ def options_of_help(text):
     return {re.sub(r" (\w+):\1$", r" \1", re.sub(r" Needs: .*", "", option)) for option in found}
 
 
+def paragraphs_of_page(path):
+    """The text of each option among ANALYSIS OPTIONS, by its name."""
+    with open(path, encoding="utf-8") as page:
+        section = page.read().partition(f".Sh {SHARED}\n")[2].partition("\n.Sh ")[0]
+    return {item.split()[0]: item for item in re.split(r"^\.It Fl -", section, flags=re.M)[1:]}
+
+
+def numbers_of_help(text):
+    """What stands behind the explanation of an option, ", 0.05 to 10 (default: 1.5)", by its name."""
+    values = {}
+    for name, tail in re.findall(r"^ +--(\S+) .*?((?:, (?:up )?[^,]*)? \(default: \S+\))$", text, re.M):
+        values[name] = re.findall(r"\d+(?:\.\d+)?|(?<=default: )[a-z]+", tail)
+    return values
+
+
+def compare_numbers(page, help_text):
+    """Whether the page has all of them."""
+    paragraphs = paragraphs_of_page(page)
+    values = {name: found for name, found in numbers_of_help(help_text).items() if name in paragraphs}
+    missing = [(name, value) for name, found in values.items() for value in found
+               if not re.search(rf"(?<![\d.]){re.escape(value)}(?![\d]|\.\d)", paragraphs[name])]
+    for name, value in missing:
+        print(f"FAIL: the page does not say {value} of --{name}")
+    return bool(values) == bool(paragraphs) and not missing
+
+
 def main():
     page, program = sys.argv[1:]
     in_page = options_of_page(page)
@@ -71,6 +98,7 @@ def main():
         for option in sorted(theirs - ours):
             print(f"FAIL: the help has {name} {option}, the page has not")
         failed |= ours != theirs or not ours
+    failed |= "analyze" in commands and not compare_numbers(page, help_of(program, "analyze"))
     print(f"{sum(map(len, in_help.values()))} options of {len(in_help)} commands")
     return 1 if failed else 0
 

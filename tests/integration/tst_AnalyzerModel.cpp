@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <cstdio>
+#include <support/TestClass.h>
 
 using model::Samples;
 using model::Scenario;
@@ -157,5 +158,5 @@ void tst_AnalyzerModel::steadyKicks_giveTheHandComputedTempo_inBoth()
     QVERIFY(qAbs(twins.pLibrary->getCurrentBPM() - 120.0) < 1.0);
 }
 
-QTEST_GUILESS_MAIN(tst_AnalyzerModel)
+AA_TEST(tst_AnalyzerModel, QCoreApplication)
 #include "tst_AnalyzerModel.moc"

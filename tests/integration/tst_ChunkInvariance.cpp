@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <memory>
 #include <support/SignalLog.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 using waves::Samples;
@@ -138,5 +139,5 @@ void tst_ChunkInvariance::remainder_standsInThePulseBlock()
     QVERIFY(std::equal(m_track.end() - 77, m_track.end(), block.samples));
 }
 
-QTEST_GUILESS_MAIN(tst_ChunkInvariance)
+AA_TEST(tst_ChunkInvariance, QCoreApplication)
 #include "tst_ChunkInvariance.moc"

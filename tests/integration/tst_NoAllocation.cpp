@@ -11,6 +11,7 @@
 #include <memory>
 #include <support/AllocationGuard.h>
 #include <support/SingleShotTrap.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 namespace {
@@ -279,5 +280,5 @@ void tst_NoAllocation::gettersAndReset_allocateNothing()
     QCOMPARE(count, std::size_t(0));
 }
 
-QTEST_GUILESS_MAIN(tst_NoAllocation)
+AA_TEST(tst_NoAllocation, QCoreApplication)
 #include "tst_NoAllocation.moc"

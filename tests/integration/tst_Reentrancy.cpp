@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 Q_DECLARE_METATYPE(std::function<void(AudioAnalyzer&)>)
@@ -348,5 +349,5 @@ void tst_Reentrancy::receiver_mayDeleteItself_insideASignal()
     QCOMPARE(calls, 1);
 }
 
-QTEST_GUILESS_MAIN(tst_Reentrancy)
+AA_TEST(tst_Reentrancy, QCoreApplication)
 #include "tst_Reentrancy.moc"

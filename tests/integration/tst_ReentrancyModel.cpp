@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 Q_DECLARE_METATYPE(model::Reaction)
@@ -106,5 +107,5 @@ void tst_ReentrancyModel::library_equalsTheModel_whenAReceiverActs()
     QVERIFY2(difference.isEmpty(), qPrintable(difference));
 }
 
-QTEST_GUILESS_MAIN(tst_ReentrancyModel)
+AA_TEST(tst_ReentrancyModel, QCoreApplication)
 #include "tst_ReentrancyModel.moc"

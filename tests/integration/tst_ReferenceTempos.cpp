@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <support/SingleShotTrap.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 namespace {
@@ -120,5 +121,5 @@ void tst_ReferenceTempos::tempo_isWithinOneBlockOfTheTrack_forOtherKicks()
     QVERIFY2(std::abs(tempo - bpm) <= tolerance, qPrintable(toText(tempo)));
 }
 
-QTEST_GUILESS_MAIN(tst_ReferenceTempos)
+AA_TEST(tst_ReferenceTempos, QCoreApplication)
 #include "tst_ReferenceTempos.moc"

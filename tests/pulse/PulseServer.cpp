@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kTimeoutMs = 10000;
+constexpr int kTimeoutMs = 60000;
 constexpr int kPollMs = 20;
 
 QString Socket(const QTemporaryDir& pFolder)

@@ -2,13 +2,17 @@
 """Life, events, settings and errors of analyses."""
 
 import array
+import ctypes
 import math
+import os
+import pathlib
+import re
 import threading
 import unittest
 import weakref
 
 import audioanalyzer
-from audioanalyzer import Analysis, Beat, Profile, Pulse, Spectrum, Stop, Tempo
+from audioanalyzer import Analysis, Beat, Profile, Pulse, Spectrum, Stop, Tempo, library
 from music import RATE, kicks, silence
 
 MUSIC = kicks(10.0)
@@ -231,7 +235,56 @@ class Life(unittest.TestCase):
         self.assertEqual(found, expected)
 
 
+def limits(number):
+    """Minimum, maximum and default, as the library has them."""
+    values = [ctypes.c_double() for _ in range(3)]
+    library.library().call("GetLimits", number, *map(ctypes.byref, values))
+    return [value.value for value in values]
+
+
 class Settings(unittest.TestCase):
+    def test_every_setting_of_the_library_is_an_attribute(self):
+        numbers = library.setting_numbers()
+        self.assertEqual(len(numbers), len(self.TABLE))
+        with Analysis(RATE) as analysis:
+            for name, number in numbers.items():
+                attribute = name.replace("-", "_")
+                minimum, maximum, default = limits(number)
+                for value in (minimum, maximum):
+                    setattr(analysis, attribute, value)
+                    self.assertEqual(getattr(analysis, attribute), value, name)
+                with Analysis(RATE) as fresh:
+                    self.assertEqual(getattr(fresh, attribute), default, name)
+                for value in (minimum - 1.0, maximum + 1.0):
+                    with self.assertRaisesRegex(audioanalyzer.RangeError, name):
+                        setattr(analysis, attribute, value)
+
+    def test_documentation_tells_the_limits(self):
+        for name, number in library.setting_numbers().items():
+            _, maximum, default = limits(number)
+            text = getattr(Analysis, name.replace("-", "_")).__doc__
+            if maximum > 1.0:
+                self.assertIn(f"{maximum:g}", text, name)
+                self.assertIn(f"{default:g}", text, name)
+
+    def test_header_numbers_the_settings_as_the_library_does(self):
+        header = pathlib.Path(os.environ["AA_HEADER"]).read_text()
+        comments = re.findall(r"/\*\*((?:(?!\*/).)*)\*/\s*AudioAnalysisSetting_(\w+) = (\d+)", header, re.S)
+        found = {name.lower(): int(number) for _, name, number in comments}
+        numbers = library.setting_numbers()
+        self.assertEqual(
+            found, {name.replace("-", ""): number for name, number in numbers.items()}
+        )
+        for comment, name, number in comments:
+            _, maximum, default = limits(int(number))
+            self.assertIn(f"{maximum:g}", comment, name)
+            self.assertIn(f"{default:g}", comment, name)
+
+    def test_unknown_arguments_are_refused(self):
+        for name in ("tempo", "push", "bpm", "stop-duration", "_handle"):
+            with self.assertRaisesRegex(TypeError, name):
+                Analysis(RATE, **{name: 1})
+
     # Name, default, another value, values that are refused.
     TABLE = (
         ("threshold", -1, 3000, (-2, 32768)),
@@ -303,14 +356,32 @@ class Settings(unittest.TestCase):
             self.assertTrue(issubclass(error, audioanalyzer.AnalysisError))
 
 
+def beat(time, bpm, is_virtual=False):
+    return Beat(0, time, bpm, 1.0, is_virtual, 1000)
+
+
 class Whole(unittest.TestCase):
+    def test_tempo_is_the_median_of_the_settled_real_beats(self):
+        # The first real beat is at 1 s, so what is reported from 11 s on is settled.
+        beats = (
+            beat(0.5, 90.0, True),
+            beat(1.0, 130.0),
+            beat(1.5, 131.0),
+            beat(11.0, 140.17),
+            beat(11.5, 141.0),
+            beat(12.0, 139.0),
+            beat(12.5, 150.57, True),
+        )
+        for count, bpm in ((7, 140.17), (4, 140.17), (3, 130.0), (1, 90.0), (0, 0.0)):
+            result = audioanalyzer.Result(RATE, RATE, beats[:count], (), (), ())
+            self.assertEqual(result.bpm, bpm)
+
     def test_analyze_tells_all(self):
         result = audioanalyzer.analyze(MUSIC, RATE)
         self.assertEqual(result.sample_count, len(MUSIC))
         self.assertEqual(result.duration, 10.0)
         self.assertEqual(result.beat_times, [beat.time for beat in result.beats])
-        real = [beat for beat in result.beats if not beat.is_virtual]
-        self.assertEqual(result.bpm, real[-1].bpm)
+        self.assertAlmostEqual(result.bpm, 125.0, delta=3.0)
         self.assertGreater(len(result.pulses), len(result.beats) // 2)
         self.assertEqual([stop.is_stopped for stop in result.stops], [True, False])
 

@@ -3,6 +3,7 @@
 
 import array
 import contextlib
+import ctypes
 import io
 import os
 import pathlib
@@ -10,6 +11,8 @@ import re
 import subprocess
 import tempfile
 import unittest
+
+from audioanalyzer import library
 
 ROOT = pathlib.Path(os.environ["AA_SOURCE"])
 INCLUDES = [f"-I{ROOT / 'src'}", f"-I{os.environ['AA_GENERATED']}"]
@@ -84,6 +87,19 @@ class Snippets(unittest.TestCase):
         self.assertGreater(len(lines), 15)
         for line in lines:
             self.assertRegex(line, r"^\d+\.\d{3} s, \d+\.\d BPM(, bridged)?$")
+
+
+class Figures(unittest.TestCase):
+    def test_embedding_has_the_defaults_of_the_library(self):
+        text = (ROOT / "docs/embedding.md").read_text()
+        numbers = library.setting_numbers()
+        for name, pattern in (
+            ("stop-duration", r"until ([\d.]+) seconds of it were heard \(`StopDuration`\)"),
+            ("stop-threshold", r"\(`StopThreshold`, (\d+)\)"),
+        ):
+            default = ctypes.c_double()
+            library.library().call("GetLimits", numbers[name], None, None, ctypes.byref(default))
+            self.assertEqual(float(re.search(pattern, text)[1]), default.value, name)
 
 
 if __name__ == "__main__":

@@ -12,7 +12,7 @@ import tempfile
 import unittest
 
 import audioanalyzer
-from audioanalyzer import analysis, library
+from audioanalyzer import library
 
 PACKAGE = pathlib.Path(audioanalyzer.__file__).parent
 FILE = pathlib.Path(os.environ["AUDIOANALYZER_LIBRARY"])
@@ -61,6 +61,26 @@ class Finding(unittest.TestCase):
         run = self.run_python("import audioanalyzer; print('done')")
         self.assertEqual((run.stdout, run.stderr), ("done\n", ""))
 
+    def test_memory_that_runs_out_is_no_matter_of_range(self):
+        code = (
+            "import audioanalyzer, resource\n"
+            "analyses = [audioanalyzer.Analysis(192000)]\n"
+            "pages = int(open('/proc/self/statm').read().split()[0])\n"
+            "limit = pages * resource.getpagesize() + (64 << 20)\n"
+            "resource.setrlimit(resource.RLIMIT_AS, (limit, limit))\n"
+            "try:\n"
+            "    while len(analyses) < 100000:\n"
+            "        analyses.append(audioanalyzer.Analysis(192000, average_duration=60))\n"
+            "except Exception as error:\n"
+            "    kind = type(error).__name__\n"
+            "    del analyses\n"
+            "    print(kind)\n"
+        )
+        run = self.run_python(code, AUDIOANALYZER_LIBRARY=str(FILE))
+        self.assertEqual((run.stdout, run.stderr), ("MemoryError\n", ""))
+        with self.assertRaises(audioanalyzer.RangeError):
+            audioanalyzer.Analysis(192001)
+
     def test_process_says_nothing_by_itself(self):
         code = (
             "import array, audioanalyzer\n"
@@ -75,7 +95,7 @@ class Header(unittest.TestCase):
     def test_all_functions_are_known(self):
         declared = set(re.findall(r"\bAudioAnalysis_(\w+)\(", re.sub(r"/\*.*?\*/", "", HEADER, flags=re.S)))
         self.assertGreater(len(declared), 25)
-        self.assertEqual(declared - set(library._FUNCTIONS), {"DescribeError", "GetLimits"})
+        self.assertEqual(declared - set(library._FUNCTIONS), {"DescribeError"})
         self.assertEqual(set(library._FUNCTIONS) - declared, set())
 
     def test_records_have_the_members_and_sizes_of_the_header(self):
@@ -89,14 +109,9 @@ class Header(unittest.TestCase):
             fields = [field.replace("_", "").lower() for field, _ in record._fields_]
             self.assertEqual(fields, [member.lower() for member in members], name)
 
-    def test_settings_have_the_numbers_of_the_header(self):
-        numbers = dict(re.findall(r"AudioAnalysisSetting_(\w+) = (\d+)", HEADER))
-        names = {
-            name.replace("_", ""): str(value._number)
-            for name, value in vars(analysis.Analysis).items()
-            if isinstance(value, analysis._Setting)
-        }
-        self.assertEqual(names, {name.lower(): number for name, number in numbers.items()})
+    def test_rates_are_those_of_the_header(self):
+        low, high = map(int, re.search(r"pSampleRate Hz, (\d+) to (\d+)", HEADER).groups())
+        self.assertEqual(analysis._RATES, range(low, high + 1))
 
     def test_errors_have_the_numbers_of_the_header(self):
         numbers = dict(re.findall(r"AudioAnalysisError_(\w+) = (\d+)", HEADER))

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <malloc.h>
 #include <support/AllocationGuard.h>
+#include <support/TestClass.h>
 #include <thread>
 
 namespace {
@@ -149,5 +150,5 @@ void tst_AllocationGuard::replacements_giveUsableMemory()
     QCOMPARE(posix_memalign(&pAligned, 3, 10), EINVAL);
 }
 
-QTEST_APPLESS_MAIN(tst_AllocationGuard)
+AA_TEST(tst_AllocationGuard, NoApplication)
 #include "tst_AllocationGuard.moc"

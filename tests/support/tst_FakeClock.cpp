@@ -5,6 +5,7 @@
 
 #include <ctime>
 #include <support/FakeClock.h>
+#include <support/TestClass.h>
 #include <sys/time.h>
 
 class tst_FakeClock : public QObject
@@ -61,5 +62,5 @@ void tst_FakeClock::gettimeofday_readsTheSystemTime_withoutAFakeClock()
     QVERIFY2(seconds >= before && seconds <= before + 10, "not the system's time");
 }
 
-QTEST_APPLESS_MAIN(tst_FakeClock)
+AA_TEST(tst_FakeClock, NoApplication)
 #include "tst_FakeClock.moc"

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <support/SignalLog.h>
+#include <support/TestClass.h>
 
 class tst_SignalLog : public QObject
 {
@@ -101,5 +102,5 @@ void tst_SignalLog::difference_namesTheFirstRecordThatDiffers()
                             "  right: OnAudioSamplesAnalyzed(0, 3 samples)"));
 }
 
-QTEST_APPLESS_MAIN(tst_SignalLog)
+AA_TEST(tst_SignalLog, NoApplication)
 #include "tst_SignalLog.moc"

@@ -3,6 +3,8 @@
 #include <QtTest>
 
 #include <support/SingleShotTrap.h>
+#include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 class tst_SingleShotTrap : public QObject
 {
@@ -62,5 +64,5 @@ void tst_SingleShotTrap::timer_fires_withoutATrap()
     QTRY_COMPARE(m_fired, 2);
 }
 
-QTEST_GUILESS_MAIN(tst_SingleShotTrap)
+AA_TEST(tst_SingleShotTrap, InVirtualTime<QCoreApplication>)
 #include "tst_SingleShotTrap.moc"

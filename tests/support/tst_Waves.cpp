@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 class tst_Waves : public QObject
@@ -72,5 +73,5 @@ void tst_Waves::toSample_roundsAndSaturates()
     QCOMPARE(waves::toSample(-40000), qint16(-32768));
 }
 
-QTEST_APPLESS_MAIN(tst_Waves)
+AA_TEST(tst_Waves, NoApplication)
 #include "tst_Waves.moc"

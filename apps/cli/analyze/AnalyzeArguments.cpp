@@ -7,6 +7,8 @@
 #include <cli/settings/AnalysisOptionTable.h>
 #include <shared/files/AudioSource.h>
 
+#include <QFile>
+
 namespace {
 
 constexpr int kMaximalJobs = 256;
@@ -45,10 +47,10 @@ QString ReadRaw(const QString& pValue, AnalyzeOptions& pOptions)
     if (!rate || !channels || parts.size() > 2) {
         return tr("--raw %1: give RATE or RATE:CHANNELS with %2 <= RATE <= %3 Hz and 1 <= CHANNELS "
                   "<= %4")
-            .arg(pValue)
-            .arg(AudioSource::kMinimalRate)
-            .arg(AudioSource::kMaximalRate)
-            .arg(RawPcmReader::kMaximalChannels);
+            .arg(pValue,
+                 QString::number(AudioSource::kMinimalRate),
+                 QString::number(AudioSource::kMaximalRate),
+                 QString::number(RawPcmReader::kMaximalChannels));
     }
     pOptions.rawRate = *rate;
     pOptions.rawChannels = *channels;
@@ -66,7 +68,8 @@ QString ReadChoices(const AnalyzeArguments& pArguments, AnalyzeOptions& pOptions
     const QString jobs = QString::fromStdString(pArguments.jobs);
     const auto jobCount = cli::ParseInteger(jobs, 1, kMaximalJobs);
     if (!jobs.isEmpty() && !jobCount)
-        return tr("--jobs %1: give a whole number from 1 to %2").arg(jobs).arg(kMaximalJobs);
+        return tr("--jobs %1: give a whole number from 1 to %2")
+            .arg(jobs, QString::number(kMaximalJobs));
     pOptions.jobs = jobCount.value_or(1);
     return pArguments.raw.empty() ? QString()
                                   : ReadRaw(QString::fromStdString(pArguments.raw), pOptions);
@@ -77,11 +80,12 @@ QString ReadChoices(const AnalyzeArguments& pArguments, AnalyzeOptions& pOptions
 QString readAnalyzeArguments(const AnalyzeArguments& pArguments, AnalyzeOptions& pOptions)
 {
     for (const std::string& input : pArguments.inputs)
-        pOptions.inputs.append(QString::fromStdString(input));
-    pOptions.output = QString::fromStdString(pArguments.output);
-    pOptions.click = QString::fromStdString(pArguments.click);
-    pOptions.plot = QString::fromStdString(pArguments.plot);
+        pOptions.inputs.append(QFile::decodeName(input.c_str()));
+    pOptions.output = QFile::decodeName(pArguments.output.c_str());
+    pOptions.click = QFile::decodeName(pArguments.click.c_str());
+    pOptions.plot = QFile::decodeName(pArguments.plot.c_str());
     pOptions.isRealOnly = pArguments.isRealOnly;
+    pOptions.isPartial = pArguments.isPartial;
     pOptions.isQuiet = pArguments.isQuiet;
     pOptions.isWorker = pArguments.isWorker;
     const QString refusal = ReadChoices(pArguments, pOptions);

@@ -19,6 +19,7 @@ struct AnalyzeArguments
     std::string raw;
     std::string jobs;
     bool isRealOnly = false;
+    bool isPartial = false;
     bool isQuiet = false;
     bool isWorker = false;
     std::map<std::string, std::string> analysis;  ///< by option name

@@ -92,7 +92,8 @@ bool AnalyzeCommand::_RunFile(const AnalyzeTask& pTask,
         if (m_options.isWorker && pFraction >= told + kWorkerStep) {
             told = pFraction;
             // The process that waits for this one may have ended.
-            if (!console::PrintRaw('%' + QByteArray::number(pFraction, 'f', 3) + '\n'))
+            if (!console::PrintRaw(WorkerPool::kProgressMark +
+                                   QByteArray::number(pFraction, 'f', 3) + '\n'))
                 return false;
         }
         return pProgress(pFraction, pSeconds);

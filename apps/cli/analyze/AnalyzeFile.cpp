@@ -4,10 +4,10 @@
 #include <cli/detail/ProgressLine.h>
 #include <cli/output/JsonWriter.h>
 #include <cli/output/NdjsonWriter.h>
-#include <cli/output/OverallTempo.h>
 #include <cli/output/SvlWriter.h>
 #include <cli/output/TextWriters.h>
 #include <cli/plot/Plot.h>
+#include <cli/settings/BandCheck.h>
 #include <shared/files/AudioFileReader.h>
 
 #include <QElapsedTimer>
@@ -44,13 +44,17 @@ bool AnalyzeFile::_OpenSource()
         m_source = std::move(reader);
     } else {
         auto reader = std::make_unique<AudioFileReader>();
+        if (m_options.isPartial)
+            reader->setPartial();
         isOpen = reader->Open(m_task.input);
         m_source = std::move(reader);
     }
     if (!isOpen)
-        return _Fail(m_source->getError());
+        return _FailToRead(m_source->getError());
     m_analysis = std::make_unique<FileAnalysis>(m_options.analysis, *m_source);
-    return true;
+    const QString refusal =
+        cli::CheckBand(m_analysis->getConfiguration(), m_source->getSampleRate());
+    return refusal.isEmpty() || _Fail(refusal);
 }
 
 /// What cannot be written is found out before the work; only events are written during it.
@@ -87,7 +91,7 @@ bool AnalyzeFile::_Analyze(const Progress& pProgress)
         return !m_output.isReaderGone() && _Report(pProgress);
     });
     if (!isDone && !m_analysis->getError().isEmpty())
-        return _Fail(m_analysis->getError());
+        return _FailToRead(m_analysis->getError());
     return isDone;
 }
 
@@ -152,6 +156,8 @@ QByteArray AnalyzeFile::_MakeText(const AnalysisResult& pResult) const
 void AnalyzeFile::_AddSummary(double pElapsed)
 {
     const AnalysisResult& result = m_analysis->getLog().getResult();
+    if (!m_source->getLoss().isEmpty())
+        m_notes.append(tr("%1: %2").arg(m_task.input, m_source->getLoss()));
     const QString silence = _DescribeSilence();
     if (!silence.isEmpty())
         m_notes.append(tr("%1: %2").arg(m_task.input, silence));
@@ -159,23 +165,23 @@ void AnalyzeFile::_AddSummary(double pElapsed)
         std::count_if(result.beats.begin(), result.beats.end(), [](const LoggedBeat& pBeat) {
             return pBeat.isVirtual;
         });
-    const double bpm = cli::OverallTempo(result.beats);
+    const double bpm = result.getTempo();
     const double speed = result.duration() / std::max(pElapsed, 1e-6);
     m_notes.append(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual), %7x real time")
-                       .arg(m_task.input)
-                       .arg(cli::Clock(result.duration()))
-                       .arg(bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("tempo unknown"))
-                       .arg(result.beats.size())
-                       .arg(qint64(result.beats.size()) - virtualCount)
-                       .arg(virtualCount)
-                       .arg(speed, 0, 'f', 0));
+                       .arg(m_task.input,
+                            cli::Clock(result.duration()),
+                            bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("tempo unknown"),
+                            QString::number(result.beats.size()),
+                            QString::number(qint64(result.beats.size()) - virtualCount),
+                            QString::number(virtualCount),
+                            QString::number(speed, 'f', 0)));
 }
 
 /// Why the whole file counted as stopped, and what to do; empty when it did not.
 QString AnalyzeFile::_DescribeSilence() const
 {
     const AnalysisResult& result = m_analysis->getLog().getResult();
-    const double stopDuration = m_options.analysis.stopDuration;
+    const double stopDuration = m_analysis->getConfiguration().getStopDetectionDuration();
     const bool isSilent = result.silences.size() == 1 && result.silences.front().start <= 0.0 &&
                           result.silences.front().end >= result.duration();
     if (!isSilent)
@@ -191,6 +197,13 @@ QString AnalyzeFile::_DescribeSilence() const
               "between 50 and 2000 Hz (its peak is %2); lower --stop-threshold")
         .arg(threshold)
         .arg(m_analysis->getPeak());
+}
+
+bool AnalyzeFile::_FailToRead(const QString& pReason)
+{
+    const bool isRest = !m_source->getLoss().isEmpty() && !m_options.isPartial;
+    return _Fail(isRest ? tr("%1, or read it as far as it goes with --partial").arg(pReason)
+                        : pReason);
 }
 
 bool AnalyzeFile::_Fail(const QString& pReason)

@@ -51,6 +51,7 @@ private:
     QByteArray _MakeText(const AnalysisResult& pResult) const;
     void _AddSummary(double pElapsed);
     QString _DescribeSilence() const;
+    bool _FailToRead(const QString& pReason);
     bool _Fail(const QString& pReason);
 
     const AnalyzeOptions& m_options;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cli/analyze/AnalyzePlan.h>
+#include <cli/output/ClickTrack.h>
 #include <cli/output/OutputFile.h>
 #include <cli/plot/Plot.h>
 
@@ -71,6 +72,8 @@ bool AnalyzePlan::_CheckExtras(const AnalyzeOptions& pOptions)
         return _Fail(tr("--click makes one click track; name one input only"));
     if (!isSingle && !pOptions.plot.isEmpty())
         return _Fail(tr("--plot makes one picture; name one input only"));
+    if (!pOptions.click.isEmpty() && !ClickTrack::isSupported(pOptions.click))
+        return _Fail(tr("--click %1: name a file that ends in .wav").arg(pOptions.click));
     if (!pOptions.plot.isEmpty() && !Plot::isSupported(pOptions.plot))
         return _Fail(tr("--plot %1: name a file that ends in .svg or .png").arg(pOptions.plot));
     return true;

@@ -9,6 +9,7 @@ namespace {
 /// The settings must be in the configuration before the analyzer is made from it.
 Configuration* ApplyTo(Configuration& pConfiguration, const AnalysisOptions& pOptions)
 {
+    SettingsTable::Restore(pConfiguration);
     const QString refusal = pOptions.Apply(pConfiguration);
     Q_ASSERT_X(refusal.isEmpty(), "FileAnalysis", qPrintable(refusal));
     return &pConfiguration;

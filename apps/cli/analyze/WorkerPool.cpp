@@ -61,6 +61,8 @@ QStringList WorkerPool::makeArguments(const AnalyzeOptions& pOptions, const Anal
                           getOutputFormat(pOptions.format).name};
     if (pOptions.isRealOnly)
         arguments.append(QStringLiteral("--real-only"));
+    if (pOptions.isPartial)
+        arguments.append(QStringLiteral("--partial"));
     if (pOptions.rawRate > 0) {
         arguments += {QStringLiteral("--raw"),
                       QStringLiteral("%1:%2").arg(pOptions.rawRate).arg(pOptions.rawChannels)};
@@ -108,7 +110,7 @@ void WorkerPool::_OnMessages(std::size_t pTask)
     for (int end = 0; (end = worker.messages.indexOf('\n')) >= 0;) {
         const QByteArray line = worker.messages.left(end);
         worker.messages.remove(0, end + 1);
-        if (line.startsWith('%'))
+        if (line.startsWith(kProgressMark))
             m_progress.Set(pTask, line.mid(1).toDouble());
         else
             worker.result.messages.append(QString::fromLocal8Bit(line));

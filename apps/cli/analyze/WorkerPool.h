@@ -29,7 +29,8 @@ struct WorkerResult
 /// file.
 ///
 /// A worker writes its output to standard output and its messages to standard error, among lines
-/// that begin with % and tell the fraction done. A worker that dies spoils its own file only.
+/// that begin with kProgressMark and tell the fraction done. A worker that dies spoils its own file
+/// only.
 class WorkerPool : public QObject
 {
     Q_OBJECT
@@ -37,6 +38,9 @@ class WorkerPool : public QObject
 public:
     /// Receives the results in the order of the tasks. False gives up.
     using Receiver = std::function<bool(const AnalyzeTask& pTask, const WorkerResult& pResult)>;
+
+    /// No name of a file holds this character, so no message begins with it.
+    static constexpr char kProgressMark = '\0';
 
     /// pOptions and pTasks are not owned.
     WorkerPool(const AnalyzeOptions& pOptions,

@@ -2,7 +2,6 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 
 #include <cli/Console.h>
-#include <cli/ExitCode.h>
 #include <cli/Interrupt.h>
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenTexts.h>
@@ -32,13 +31,9 @@ int DevicesCommand::Run()
     _List();
     if (m_options.isWatching)
         _Watch();
-    if (m_output.isReaderGone())
-        return eExitPipeClosed;
+    const int exitCode = m_output.Conclude();
     const SoundBackEnd* pBackEnd = SoundBackEnd::get();
-    if (m_output.getError().isEmpty())
-        return pBackEnd && !pBackEnd->isAnswering() ? eExitFailed : eExitDone;
-    console::PrintError(m_output.getError());
-    return eExitFailed;
+    return exitCode == eExitDone && pBackEnd && !pBackEnd->isAnswering() ? eExitFailed : exitCode;
 }
 
 void DevicesCommand::_List()
@@ -95,8 +90,10 @@ QString DevicesCommand::_Describe(const InputDevice& pDevice, int pWidth) const
         notes.append(tr("default"));
     if (!pDevice.isUsable())
         notes.append(tr("cannot be analysed: the analysis needs a mono format"));
+    if (pDevice.source && !pDevice.source->description.isEmpty())
+        notes.append(pDevice.source->description);
     return QStringLiteral("%1 %2  %3")
-        .arg(QLatin1Char(pDevice.isDefault ? '*' : ' '))
-        .arg(pDevice.name, -pWidth)
-        .arg(notes.join(QLatin1String("; ")));
+        .arg(QLatin1String(pDevice.isDefault ? "*" : " "),
+             pDevice.name.leftJustified(pWidth),
+             notes.join(QLatin1String("; ")));
 }

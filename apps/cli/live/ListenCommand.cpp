@@ -10,6 +10,7 @@
 #include <cli/live/LiveEvents.h>
 #include <cli/live/LiveSummary.h>
 #include <cli/live/detail/LiveLine.h>
+#include <cli/settings/BandCheck.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundBackEnd.h>
 
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int kTickMs = 50;
 constexpr int kBeatMarkMs = 120;
+const QString kDefault = QStringLiteral("default");
 
 QStringList NamesOf(const std::vector<InputDevice>& pDevices)
 {
@@ -48,8 +50,10 @@ ListenCommand::~ListenCommand() = default;
 
 int ListenCommand::Run()
 {
-    if (!m_store.Load())
-        console::PrintError(m_store.getError());
+    const bool isLoaded = m_store.Load();
+    const QString problem = isLoaded ? m_store.getNotice() : m_store.getError();
+    if (!problem.isEmpty())
+        console::PrintError(problem);
     const QString device = _ChooseDevice();
     if (device.isEmpty())
         return eExitFailed;
@@ -71,6 +75,9 @@ QString ListenCommand::_ChooseDevice()
 {
     const std::vector<InputDevice> devices = listInputDevices();
     const QStringList names = NamesOf(devices);
+    m_followsDefault = m_options.device == kDefault && !names.isEmpty() && !names.contains(kDefault);
+    if (m_followsDefault)
+        return DefaultOf(devices);
     if (!m_options.device.isEmpty()) {
         if (names.contains(m_options.device))
             return m_options.device;
@@ -100,10 +107,8 @@ void ListenCommand::_SaveDevice(const QString& pName)
 QString ListenCommand::_ApplyOptions()
 {
     Configuration& configuration = m_store.getConfiguration();
-    // What is not asked for stays as it is stored.
-    m_analysis.isVirtualWhenStopped |= configuration.getDisplayVirtualBeatsWhenStopped();
     const QString refusal = m_analysis.Apply(configuration);
-    if (refusal.isEmpty() && m_analysis.fixedBPM > 0.0)
+    if (refusal.isEmpty() && m_analysis.getFixedBPM() > 0.0)
         _Say(tr("with --fixed-bpm no beat is announced"));
     return refusal;
 }
@@ -115,6 +120,8 @@ void ListenCommand::_Listen(const QString& pDevice)
     if (!SoundBackEnd::get())
         _Say(listentexts::describeNoServer());
     m_session = std::make_unique<CaptureSession>(m_store.getConfiguration());
+    if (m_followsDefault)
+        m_session->FollowDefault();
     m_summary = std::make_unique<LiveSummary>(*m_session, m_options.measures);
     if (!m_isLine)
         m_events = std::make_unique<LiveEvents>(
@@ -140,6 +147,12 @@ void ListenCommand::_Connect()
         &S::OnAnalyzerCreated,
         [this](AudioAnalyzer* pAnalyzer) {
             m_analysis.Apply(*pAnalyzer);
+            const QString refusal = cli::CheckBand(m_store.getConfiguration(),
+                                                   m_session->getSampleClock().getSampleRate());
+            if (!refusal.isEmpty()) {
+                console::PrintError(refusal);
+                return _End(eExitFailed);
+            }
             if (m_options.showsFormat)
                 _Tell(listentexts::describeFormat(*m_session));
         });
@@ -165,8 +178,12 @@ void ListenCommand::_OnStateChanged(eCaptureState pState)
         console::PrintError(listentexts::describeUnusable(*m_session));
         return _End(eExitFailed);
     }
-    _Say(listentexts::describeState(*m_session, m_wasRunning));
-    m_wasRunning |= pState == eCaptureRunning;
+    const QString name = m_session->getDeviceName();
+    _Say(listentexts::describeState(*m_session, m_heard == name));
+    if (pState == eCaptureRunning) {
+        m_wasRunning = true;
+        m_heard = name;
+    }
 }
 
 void ListenCommand::_OnTick()
@@ -243,10 +260,9 @@ void ListenCommand::_Summarize()
     if (m_events) {
         m_events->Finish();
         const OutputFile& output = m_events->getOutput();
-        if (output.isReaderGone())
-            m_exitCode = eExitPipeClosed;
-        else if (!output.getError().isEmpty())
-            console::PrintError(output.getError());
+        const int exitCode = output.Conclude();
+        if (exitCode != eExitDone)
+            m_exitCode = exitCode;
     }
     if (m_session->getAnchorCount() == 0)
         return _Say(tr("nothing was heard"));
@@ -256,9 +272,10 @@ void ListenCommand::_Summarize()
         _Tell(listentexts::describeAnnouncements(m_summary->getAnnounceStatistics()));
     const double tempo = m_summary->getTempo();
     _Say(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual)")
-             .arg(m_session->getDeviceName(), cli::Clock(m_summary->getSeconds()))
-             .arg(tempo > 0.0 ? tr("%1 BPM").arg(tempo, 0, 'f', 1) : tr("tempo unknown"))
-             .arg(m_summary->getRealBeats() + m_summary->getVirtualBeats())
-             .arg(m_summary->getRealBeats())
-             .arg(m_summary->getVirtualBeats()));
+             .arg(m_session->getDeviceName(),
+                  cli::Clock(m_summary->getSeconds()),
+                  tempo > 0.0 ? tr("%1 BPM").arg(tempo, 0, 'f', 1) : tr("tempo unknown"),
+                  QString::number(m_summary->getRealBeats() + m_summary->getVirtualBeats()),
+                  QString::number(m_summary->getRealBeats()),
+                  QString::number(m_summary->getVirtualBeats())));
 }

@@ -86,8 +86,7 @@ QString describeUnusable(const CaptureSession& pSession)
         format.isValid()
             ? tr("\"%1\" delivers %2 channels only, which the analysis cannot use; it needs a mono "
                  "format")
-                  .arg(pSession.getDeviceName())
-                  .arg(format.channelCount())
+                  .arg(pSession.getDeviceName(), QString::number(format.channelCount()))
             : tr("\"%1\" offers no format that can be analysed").arg(pSession.getDeviceName());
     const QStringList choices = others + monitors;
     return choices.isEmpty() ? tr("%1; set up a mono source or a monitor of it").arg(reason)

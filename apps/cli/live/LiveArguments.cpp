@@ -39,9 +39,9 @@ QString ReadDuration(const QString& pValue, ListenOptions& pOptions)
     const auto seconds = cli::ParseNumber(pValue, kMinimalDuration, kMaximalDuration);
     if (!seconds) {
         return tr("--duration %1: give a number of seconds from %2 to %3")
-            .arg(pValue)
-            .arg(kMinimalDuration)
-            .arg(kMaximalDuration, 0, 'f', 0);
+            .arg(pValue,
+                 QString::number(kMinimalDuration),
+                 QString::number(kMaximalDuration, 'f', 0));
     }
     pOptions.duration = *seconds;
     return {};

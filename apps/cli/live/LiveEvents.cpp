@@ -68,8 +68,8 @@ void LiveEvents::Finish()
     if (m_format == eNdjsonEvents)
         _WriteObject("end",
                      {{Key("bpm"), BPMValue(m_summary.getTempo())},
-                      {Key("real"), qint64(m_summary.getRealBeats())},
-                      {Key("virtual"), qint64(m_summary.getVirtualBeats())}});
+                      {Key("realBeats"), qint64(m_summary.getRealBeats())},
+                      {Key("virtualBeats"), qint64(m_summary.getVirtualBeats())}});
 }
 
 void LiveEvents::_FollowForText()
@@ -122,7 +122,7 @@ void LiveEvents::_WriteText(double pTime, const QString& pText)
 
 void LiveEvents::_WriteObject(const char* pType, QJsonObject pFields)
 {
-    pFields[Key("t")] = cli::Rounded(m_summary.getSeconds(), 6);
+    pFields[Key("time")] = cli::Rounded(m_summary.getSeconds(), 6);
     pFields[Key("type")] = Key(pType);
     _Write(QJsonDocument(pFields).toJson(QJsonDocument::Compact) + '\n');
 }

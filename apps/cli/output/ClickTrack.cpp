@@ -7,6 +7,11 @@
 #include <algorithm>
 #include <cstdio>
 
+bool ClickTrack::isSupported(const QString& pPath)
+{
+    return pPath.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive);
+}
+
 bool ClickTrack::Open(const QString& pPath, int pSampleRate, int pChannels)
 {
     m_path = pPath;

@@ -23,6 +23,8 @@ class ClickTrack
     Q_DECLARE_TR_FUNCTIONS(ClickTrack)
 
 public:
+    /// Whether the file's name ends in .wav, in any case.
+    static bool isSupported(const QString& pPath);
     /// pSampleRate in Hz; pChannels from 1. False when the file cannot be written there.
     bool Open(const QString& pPath, int pSampleRate, int pChannels);
     /// Appends pFrames interleaved frames of samples in [-1, 1], saturating what lies outside.

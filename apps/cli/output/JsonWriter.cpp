@@ -2,7 +2,6 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <cli/output/JsonWriter.h>
-#include <cli/output/OverallTempo.h>
 #include <cli/output/TextNumbers.h>
 
 #include <QJsonArray>
@@ -28,33 +27,47 @@ QJsonValue EdgeValue(int pFrequency)
     return pFrequency > 0 ? QJsonValue(pFrequency) : QJsonValue();
 }
 
+/// "stopDuration" for "stop-duration".
+QString KeyOf(const SettingsTable::Setting& pSetting)
+{
+    QString key;
+    for (const QString& word : QString::fromLatin1(pSetting.pIdentifier).split(QLatin1Char('-')))
+        key += key.isEmpty() ? word : word.left(1).toUpper() + word.mid(1);
+    return key;
+}
+
+/// A switch is a boolean; a number that people call by a word is that word, and "none" is null.
+QJsonValue ValueOf(const SettingsTable::Setting& pSetting, double pValue)
+{
+    if (pSetting.form == SettingsTable::eSwitch)
+        return pValue != 0.0;
+    if (!pSetting.pMinimumWord || pValue != pSetting.minimum)
+        return pValue;
+    const QString word = Key(pSetting.pMinimumWord);
+    return word == Key("none") ? QJsonValue() : QJsonValue(word);
+}
+
 QJsonObject MakeSettings(const AnalysisOptions& pOptions, const Configuration& pConfiguration)
 {
     const Profile profile = pConfiguration.getSelectedProfile();
-    const short threshold = pConfiguration.getThreshold();
     QJsonObject settings;
-    settings[Key("averageDuration")] = pConfiguration.getAverageVolumeCalculationDuration();
     settings[Key("bandLow")] = EdgeValue(profile.getFilterLowFrequency());
     settings[Key("bandHigh")] = EdgeValue(profile.getFilterHighFrequency());
-    settings[Key("bpmDuration")] = pConfiguration.getBPMCalculationDuration();
     settings[Key("bpmMinimal")] = profile.getMinimalBPM();
     settings[Key("bpmMaximal")] = profile.getMaximalBPM();
-    settings[Key("consistency")] = pOptions.isConsistencyAllowed;
-    settings[Key("fixedBpm")] = BPMValue(pOptions.fixedBPM);
     settings[Key("sensibility")] = profile.getSensibility();
-    settings[Key("stopDuration")] = pConfiguration.getStopDetectionDuration();
-    settings[Key("stopThreshold")] = pConfiguration.getStopDetectionThreshold();
-    settings[Key("threshold")] = threshold < 0 ? QJsonValue(Key("auto")) : QJsonValue(threshold);
-    settings[Key("virtualWhenStopped")] = pConfiguration.getDisplayVirtualBeatsWhenStopped();
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.use == SettingsTable::eAnalysis)
+            settings[KeyOf(setting)] = ValueOf(setting, pOptions.getValue(setting, pConfiguration));
     return settings;
 }
 
 QJsonObject MakeTempo(const AnalysisResult& pResult)
 {
     QJsonObject tempo;
-    tempo[Key("bpm")] = BPMValue(cli::OverallTempo(pResult.beats));
+    tempo[Key("bpm")] = BPMValue(pResult.getTempo());
     tempo[Key("method")] = Key(
-        "median of the tempos reported with real beats, from ten seconds after the first beat on");
+        "median of the tempos reported with real beats, from ten seconds after the first one on");
     return tempo;
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <cli/output/NdjsonWriter.h>
-#include <cli/output/OverallTempo.h>
 #include <cli/output/TextNumbers.h>
 
 #include <QJsonDocument>
@@ -45,9 +44,9 @@ void NdjsonWriter::Finish(const AnalysisResult& pResult)
         });
     _Write(pResult.duration(),
            "end",
-           {{Key("bpm"), BPMValue(cli::OverallTempo(pResult.beats))},
-            {Key("real"), qint64(pResult.beats.size()) - virtualCount},
-            {Key("virtual"), qint64(virtualCount)}});
+           {{Key("bpm"), BPMValue(pResult.getTempo())},
+            {Key("realBeats"), qint64(pResult.beats.size()) - virtualCount},
+            {Key("virtualBeats"), qint64(virtualCount)}});
 }
 
 void NdjsonWriter::_OnBeat(const LoggedBeat& pBeat)
@@ -57,16 +56,17 @@ void NdjsonWriter::_OnBeat(const LoggedBeat& pBeat)
     _Write(pBeat.time,
            "beat",
            {{Key("bpm"), BPMValue(pBeat.bpm)},
-            {Key("conf"), cli::Rounded(pBeat.accuracy, 6)},
-            {Key("level"), pBeat.loudness},
+            {Key("accuracy"), cli::Rounded(pBeat.accuracy, 6)},
+            {Key("loudness"), pBeat.loudness},
             {Key("virtual"), pBeat.isVirtual}});
 }
 
 void NdjsonWriter::_OnPulse(double pTime, const Pulse& pPulse)
 {
-    _Write(pTime,
-           "pulse",
-           {{Key("level"), pPulse.getMaximalValue()}, {Key("threshold"), pPulse.getThreshold()}});
+    _Write(
+        pTime,
+        "pulse",
+        {{Key("loudness"), pPulse.getMaximalValue()}, {Key("threshold"), pPulse.getThreshold()}});
 }
 
 void NdjsonWriter::_OnTempo(double pTime, double pBPM)
@@ -79,7 +79,7 @@ void NdjsonWriter::_OnTempo(double pTime, double pBPM)
 
 void NdjsonWriter::_Write(double pTime, const char* pType, QJsonObject pFields)
 {
-    pFields[Key("t")] = cli::Rounded(pTime, 6);
+    pFields[Key("time")] = cli::Rounded(pTime, 6);
     pFields[Key("type")] = Key(pType);
     if (!m_file.isEmpty())
         pFields[Key("file")] = m_file;

@@ -15,14 +15,14 @@ class QJsonObject;
 /// Writes what a BeatRelay tells as newline-delimited JSON, one event a line, the moment it
 /// happens.
 ///
-/// Every line has t (seconds) and type:
-///   play, stop   the music counts as playing or stopped from t on;
-///   pulse        level and threshold, 16-bit sample magnitudes;
-///   beat         bpm (null = unknown), conf (accuracy), level, virtual;
+/// Every line has time (seconds) and type:
+///   play, stop   the music counts as playing or stopped from time on;
+///   pulse        loudness and threshold, 16-bit sample magnitudes;
+///   beat         bpm (null = unknown), accuracy, loudness, virtual;
 ///   tempo        bpm changed (null = unknown);
-///   end          the audio ended; bpm (of the whole) and the numbers of real and virtual beats.
-/// A beat's t lies a little before those of its neighbours: it is chosen when its window has
-/// passed.
+///   end          the audio ended; bpm (of the whole), realBeats and virtualBeats.
+/// docs/json.md tells more. A beat's time lies a little before those of its neighbours: it is
+/// chosen when its window has passed.
 class NdjsonWriter : public QObject
 {
     Q_OBJECT

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Console.h>
+#include <cli/ExitCode.h>
 #include <cli/output/OutputFile.h>
 
 #include <QFile>
@@ -9,6 +11,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 OutputFile::~OutputFile()
 {
@@ -49,54 +52,72 @@ bool OutputFile::Open(const QString& pPath)
         m_descriptor = STDOUT_FILENO;
         return true;
     }
-    if (isStream(pPath)) {
-        m_descriptor =
-            ::open(QFile::encodeName(pPath).constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
-        return m_descriptor >= 0 || _Fail(QString::fromLocal8Bit(std::strerror(errno)));
-    }
+    if (isStream(pPath))
+        return _OpenDescriptor(pPath, O_NOCTTY);
     m_error = FindObstacle(pPath);
     if (!m_error.isEmpty())
         return false;
-    m_file = std::make_unique<QSaveFile>(pPath);
-    return m_file->open(QIODevice::WriteOnly) || _Fail(m_file->errorString());
+    if (m_file.Create(pPath))
+        return _OpenDescriptor(m_file.getTemporaryPath(), 0);
+    m_error = m_file.getError();
+    return false;
+}
+
+bool OutputFile::_OpenDescriptor(const QString& pPath, int pFlags)
+{
+    m_descriptor = ::open(QFile::encodeName(pPath).constData(), O_WRONLY | O_CLOEXEC | pFlags);
+    return m_descriptor >= 0 || _Fail();
 }
 
 bool OutputFile::Write(const QByteArray& pBytes)
 {
     if (!m_error.isEmpty() || m_isReaderGone)
         return false;
-    if (m_file == nullptr)
-        return _WriteStream(pBytes);
-    return m_file->write(pBytes) == pBytes.size() || _Fail(m_file->errorString());
+    for (int written = 0; written < pBytes.size();) {
+        const ssize_t count = ::write(
+            m_descriptor, pBytes.constData() + written, std::size_t(pBytes.size() - written));
+        if (count < 0 && errno != EINTR)
+            return _Fail();
+        written += count > 0 ? int(count) : 0;
+    }
+    return true;
 }
 
 bool OutputFile::Commit()
 {
     if (!m_error.isEmpty() || m_isReaderGone)
         return false;
-    return m_file == nullptr || m_file->commit() || _Fail(m_file->errorString());
+    if (m_file.getTemporaryPath().isEmpty())
+        return true;
+    // Some file systems tell only now that the disk is full.
+    if (::close(std::exchange(m_descriptor, -1)) != 0)
+        return _Fail();
+    if (m_file.Commit())
+        return true;
+    m_error = m_file.getError();
+    return false;
 }
 
-bool OutputFile::_WriteStream(const QByteArray& pBytes)
+int OutputFile::Conclude() const
 {
-    for (int written = 0; written < pBytes.size();) {
-        const ssize_t count = ::write(
-            m_descriptor, pBytes.constData() + written, std::size_t(pBytes.size() - written));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0) {
-            m_isReaderGone = errno == EPIPE;
-            return m_isReaderGone ? false : _Fail(QString::fromLocal8Bit(std::strerror(errno)));
-        }
-        written += int(count);
-    }
-    return true;
+    if (m_isReaderGone)
+        return eExitPipeClosed;
+    if (m_error.isEmpty())
+        return eExitDone;
+    console::PrintError(m_error);
+    return eExitFailed;
 }
 
-bool OutputFile::_Fail(const QString& pReason)
+/// Tells what errno says.
+bool OutputFile::_Fail()
 {
+    m_isReaderGone = errno == EPIPE;
+    if (m_isReaderGone)
+        return false;
     const bool isStandardOutput = m_path == QLatin1String("-");
-    m_error = tr("cannot write %1: %2")
-                  .arg(isStandardOutput ? tr("to standard output") : m_path, pReason);
+    const QString reason =
+        errno == EBADF ? tr("it is closed") : QString::fromLocal8Bit(std::strerror(errno));
+    m_error =
+        tr("cannot write %1: %2").arg(isStandardOutput ? tr("to standard output") : m_path, reason);
     return false;
 }

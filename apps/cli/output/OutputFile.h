@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/files/WholeFile.h>
+
 #include <QByteArray>
 #include <QCoreApplication>
-#include <QSaveFile>
 #include <QString>
-
-#include <memory>
 
 /// Where an output goes: a file, which appears whole at Commit() or not at all, or a stream
 /// (standard output, a pipe, a device), which is written to at once.
@@ -37,14 +36,16 @@ public:
     bool isReaderGone() const { return m_isReaderGone; }
     /// One sentence on the first failure, with the file's name; empty = all is well.
     QString getError() const { return m_error; }
+    /// The exit code of a program whose work was to write this; says the failure on standard error.
+    int Conclude() const;
 
 private:
-    bool _WriteStream(const QByteArray& pBytes);
-    bool _Fail(const QString& pReason);
+    bool _OpenDescriptor(const QString& pPath, int pFlags);
+    bool _Fail();
 
     QString m_path;
-    std::unique_ptr<QSaveFile> m_file;  ///< null for a stream
-    int m_descriptor = -1;              ///< of a stream
+    WholeFile m_file;  ///< unused for a stream
+    int m_descriptor = -1;
     bool m_isReaderGone = false;
     QString m_error;
 };

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cli/output/OverallTempo.h>
 #include <cli/output/TextNumbers.h>
 #include <cli/output/TextWriters.h>
 
@@ -17,7 +16,7 @@ QByteArray makeHeading(const QString& pFile)
     QString name = pFile;
     // A name with a line feed must not look like a line of its own.
     name.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return "# " + name.toUtf8() + '\n';
+    return "# " + name.toLocal8Bit() + '\n';
 }
 
 QByteArray makeBeatsText(const AnalysisResult& pResult)
@@ -50,7 +49,7 @@ QByteArray makeCsvText(const AnalysisResult& pResult)
 
 QByteArray makeTempoText(const AnalysisResult& pResult)
 {
-    const double tempo = cli::OverallTempo(pResult.beats);
+    const double tempo = pResult.getTempo();
     const double other = tempo < kOctaveLimit ? tempo * 2.0 : tempo / 2.0;
     const double lowerShare = tempo > 0.0 && tempo < other ? 1.0 : 0.0;
     return QByteArray::number(std::min(tempo, other), 'f', 2) + '\t' +

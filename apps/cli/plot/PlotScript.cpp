@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cli/output/OverallTempo.h>
 #include <cli/plot/PlotScript.h>
 #include <cli/plot/detail/PlotData.h>
 
@@ -106,7 +105,7 @@ void PlotScript::_AddTitle(ePlotFormat pFormat)
 QString PlotScript::_GetSummary() const
 {
     const auto virtualCount = int(_GetBeatTimes(true).size());
-    const double bpm = cli::OverallTempo(m_result.beats);
+    const double bpm = m_result.getTempo();
     const QStringList parts = {bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("no tempo found"),
                                tr("%1 beats").arg(int(m_result.beats.size()) - virtualCount),
                                tr("%1 virtual beats").arg(virtualCount),

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/ProfileLimits.h>
+
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/AnalysisOptionTable.h>
+#include <cli/settings/SettingText.h>
 
 #include <QStringList>
 
@@ -8,36 +11,9 @@
 
 namespace {
 
-constexpr double kMaximalSensibility = 1000.0;
-constexpr double kMinimalDuration = 0.05;      ///< seconds
-constexpr double kMaximalStopDuration = 10.0;  ///< seconds; bounds the memory of its transform
-constexpr double kMaximalAverageDuration = 60.0;
-constexpr double kMaximalBPMDuration = 600.0;
-constexpr int kMaximalMagnitude = std::numeric_limits<qint16>::max();
-
 QString tr(const char* pText)
 {
     return QCoreApplication::translate("AnalysisOptionTable", pText);
-}
-
-/// Stores a number within limits, both included.
-template <typename T>
-QString ReadNumber(T& pTarget, const QString& pValue, double pMinimum, double pMaximum)
-{
-    const std::optional<double> value = cli::ParseNumber(pValue, pMinimum, pMaximum);
-    if (!value)
-        return tr("give a number from %1 to %2").arg(pMinimum).arg(pMaximum);
-    pTarget = *value;
-    return {};
-}
-
-QString ReadMagnitude(std::optional<qint16>& pTarget, const QString& pValue)
-{
-    const std::optional<int> value = cli::ParseInteger(pValue, 0, kMaximalMagnitude);
-    if (!value)
-        return tr("give a whole number from 0 to %1").arg(kMaximalMagnitude);
-    pTarget = static_cast<qint16>(*value);
-    return {};
 }
 
 QString ReadProfile(AnalysisOptions& pOptions, const QString& pValue)
@@ -51,8 +27,8 @@ QString ReadTempoRange(AnalysisOptions& pOptions, const QString& pValue)
     const QStringList ends = pValue.split(QLatin1Char(':'));
     const std::optional<double> minimal = cli::ParseNumber(ends.first());
     const std::optional<double> maximal = cli::ParseNumber(ends.last());
-    if (ends.size() != 2 || !minimal || !maximal || !(*minimal >= 1.0) || !(*minimal <= *maximal) ||
-        !(*maximal < 1000.0))
+    if (ends.size() != 2 || !minimal || !maximal ||
+        !ProfileLimits::isTempoRange(*minimal, *maximal))
         return tr("give MIN:MAX with 1 <= MIN <= MAX < 1000 BPM");
     pOptions.bpm = AnalysisOptions::TempoRange{*minimal, *maximal};
     return {};
@@ -72,29 +48,20 @@ QString ReadBand(AnalysisOptions& pOptions, const QString& pValue)
     const QStringList ends = pValue.split(QLatin1Char(':'));
     const std::optional<int> low = ReadEdge(ends.first());
     const std::optional<int> high = ReadEdge(ends.last());
-    if (ends.size() != 2 || !low || !high || (*low > 0 && *high > 0 && *low > *high))
+    if (ends.size() != 2 || !low || !high || !ProfileLimits::isBand(*low, *high))
         return tr("give LOW:HIGH in whole Hz with LOW <= HIGH; 0 or nothing = no edge");
     pOptions.band = AnalysisOptions::Band{*low, *high};
     return {};
 }
 
-QString ReadThreshold(AnalysisOptions& pOptions, const QString& pValue)
+QString ReadSensibility(AnalysisOptions& pOptions, const QString& pValue)
 {
-    if (pValue.compare(QLatin1String("auto"), Qt::CaseInsensitive) == 0) {
-        pOptions.threshold = qint16(-1);
-        return {};
-    }
-    const QString refusal = ReadMagnitude(pOptions.threshold, pValue);
-    return refusal.isEmpty() ? refusal : tr("%1, or auto").arg(refusal);
-}
-
-QString ReadFixedBPM(AnalysisOptions& pOptions, const QString& pValue)
-{
-    const std::optional<double> value = cli::ParseNumber(pValue);
-    if (!value || !(*value >= 1.0 && *value < 1000.0))
-        return tr("give a tempo of at least 1 and below 1000 BPM");
-    pOptions.fixedBPM = *value;
-    return {};
+    pOptions.sensibility = cli::ParseNumber(
+        pValue, ProfileLimits::kMinimalSensibility, ProfileLimits::kMaximalSensibility);
+    return pOptions.sensibility ? QString()
+                                : tr("give a number from %1 to %2")
+                                      .arg(ProfileLimits::kMinimalSensibility)
+                                      .arg(ProfileLimits::kMaximalSensibility);
 }
 
 std::vector<AnalysisOptionInfo> getProfileOptions()
@@ -103,82 +70,68 @@ std::vector<AnalysisOptionInfo> getProfileOptions()
         {QStringLiteral("--profile"),
          tr("NAME"),
          tr("tempo profile: Electro (default), Hardcore, Slow"),
-         &ReadProfile},
+         &ReadProfile,
+         {}},
         {QStringLiteral("--bpm"),
          tr("MIN:MAX"),
          tr("range of tempos to search, 1 <= MIN <= MAX < 1000"),
-         &ReadTempoRange},
+         &ReadTempoRange,
+         {}},
         {QStringLiteral("--band"),
          tr("LOW:HIGH"),
          tr("band to listen to, Hz; 0 or nothing = no edge"),
-         &ReadBand},
+         &ReadBand,
+         {}},
         {QStringLiteral("--sensibility"),
          tr("X"),
          tr("automatic threshold as a multiple of the average volume"),
-         [](AnalysisOptions& pOptions, const QString& pValue) {
-             return ReadNumber(pOptions.sensibility, pValue, 0.0, kMaximalSensibility);
-         }},
-        {QStringLiteral("--threshold"),
-         tr("N|auto"),
-         tr("level that makes a pulse, 0 to 32767 (default: auto)"),
-         &ReadThreshold},
-        {QStringLiteral("--fixed-bpm"),
-         tr("X"),
-         tr("impose this tempo instead of measuring it"),
-         &ReadFixedBPM},
+         &ReadSensibility,
+         {}},
     };
 }
 
-std::vector<AnalysisOptionInfo> getDurationOptions()
+/// "N|auto", "S"; empty for a flag.
+QString ValueName(const SettingsTable::Setting& pSetting)
 {
-    return {
-        {QStringLiteral("--stop-duration"),
-         tr("S"),
-         tr("seconds of quiet that count as a stop (default: 1.5)"),
-         [](AnalysisOptions& pOptions, const QString& pValue) {
-             return ReadNumber(
-                 pOptions.stopDuration, pValue, kMinimalDuration, kMaximalStopDuration);
-         }},
-        {QStringLiteral("--stop-threshold"),
-         tr("N"),
-         tr("level up to which it is quiet, 0 to 32767 (default: 3276)"),
-         [](AnalysisOptions& pOptions, const QString& pValue) {
-             return ReadMagnitude(pOptions.stopThreshold, pValue);
-         }},
-        {QStringLiteral("--average-duration"),
-         tr("S"),
-         tr("seconds over which the volume is averaged (default: 2)"),
-         [](AnalysisOptions& pOptions, const QString& pValue) {
-             return ReadNumber(
-                 pOptions.averageDuration, pValue, kMinimalDuration, kMaximalAverageDuration);
-         }},
-        {QStringLiteral("--bpm-duration"),
-         tr("S"),
-         tr("seconds of beats that make the tempo (default: 10)"),
-         [](AnalysisOptions& pOptions, const QString& pValue) {
-             return ReadNumber(pOptions.bpmDuration, pValue, kMinimalDuration, kMaximalBPMDuration);
-         }},
-    };
+    if (pSetting.form == SettingsTable::eSwitch)
+        return {};
+    const QString name = pSetting.form == SettingsTable::eWholeNumber          ? tr("N")
+                         : QLatin1String(pSetting.pUnit) == QLatin1String("s") ? tr("S")
+                                                                               : tr("X");
+    return pSetting.pMinimumWord ? name + QLatin1Char('|') + QLatin1String(pSetting.pMinimumWord)
+                                 : name;
 }
 
-std::vector<AnalysisOptionInfo> getFlags()
+AnalysisOptionInfo MakeFlag(const SettingsTable::Setting& pSetting)
 {
-    return {
-        {QStringLiteral("--no-consistency"),
-         {},
-         tr("forget the last tempo across gaps"),
-         [](AnalysisOptions& pOptions, const QString&) {
-             pOptions.isConsistencyAllowed = false;
-             return QString();
-         }},
-        {QStringLiteral("--virtual-when-stopped"),
-         {},
-         tr("go on with virtual beats while the music is stopped"),
-         [](AnalysisOptions& pOptions, const QString&) {
-             pOptions.isVirtualWhenStopped = true;
-             return QString();
-         }},
-    };
+    const bool isOn = pSetting.initial != 0.0;
+    const QString identifier = QLatin1String(pSetting.pIdentifier);
+    const QString description = cli::SettingDescription(pSetting);
+    return {(isOn ? QStringLiteral("--no-") : QStringLiteral("--")) + identifier,
+            {},
+            isOn ? tr("do not %1").arg(description) : description,
+            [&pSetting, isOn](AnalysisOptions& pOptions, const QString&) {
+                pOptions.settings[&pSetting] = isOn ? 0.0 : 1.0;
+                return QString();
+            },
+            {}};
+}
+
+AnalysisOptionInfo MakeOption(const SettingsTable::Setting& pSetting)
+{
+    if (pSetting.form == SettingsTable::eSwitch)
+        return MakeFlag(pSetting);
+    return {QStringLiteral("--") + QLatin1String(pSetting.pIdentifier),
+            ValueName(pSetting),
+            tr("%1, %2").arg(cli::SettingDescription(pSetting), cli::NumberRange(pSetting)),
+            [&pSetting](AnalysisOptions& pOptions, const QString& pValue) {
+                const std::optional<double> value = cli::ReadSetting(pSetting, pValue);
+                if (!value)
+                    return cli::SettingRefusal(pSetting);
+                pOptions.settings[&pSetting] = *value;
+                return QString();
+            },
+            cli::SettingText(pSetting, pSetting.initial)};
 }
 
 }  // namespace
@@ -186,8 +139,9 @@ std::vector<AnalysisOptionInfo> getFlags()
 std::vector<AnalysisOptionInfo> getAnalysisOptionTable()
 {
     std::vector<AnalysisOptionInfo> table = getProfileOptions();
-    for (const auto& part : {getDurationOptions(), getFlags()})
-        table.insert(table.end(), part.begin(), part.end());
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.use == SettingsTable::eAnalysis)
+            table.push_back(MakeOption(setting));
     return table;
 }
 

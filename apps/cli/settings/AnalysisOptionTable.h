@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,10 +18,12 @@ struct AnalysisOptionInfo
     QString help;
     /// Reads a value, which is ignored for a flag; returns the limits when it is refused, else an
     /// empty text.
-    QString (*read)(AnalysisOptions& pOptions, const QString& pValue);
+    std::function<QString(AnalysisOptions& pOptions, const QString& pValue)> read;
+    QString initial;  ///< what an analysis has without the option; empty = it goes without saying
 };
 
-/// All of them, in the order of the help.
+/// All of them, in the order of the help: those of the profile, then every setting of the analysis.
+/// A switch is a flag that gives it the value that it does not begin with.
 std::vector<AnalysisOptionInfo> getAnalysisOptionTable();
 
 /// Reads the values by option name. Returns which one is refused, and its limits, or an empty text.

@@ -13,11 +13,9 @@ namespace {
 int Print(const QString& pText)
 {
     OutputFile output;
-    if (output.Open(QStringLiteral("-")) && output.Write(pText.toUtf8()))
-        return eExitDone;
-    if (!output.isReaderGone())
-        console::PrintError(output.getError());
-    return output.isReaderGone() ? eExitPipeClosed : eExitFailed;
+    output.Open(QStringLiteral("-"));
+    output.Write(pText.toLocal8Bit());
+    return output.Conclude();
 }
 
 }  // namespace
@@ -30,8 +28,12 @@ int ConfigCommand::Run()
     QCoreApplication::setLibraryPaths({});
     if (m_options.action == ConfigOptions::ePath)
         return Print(ConfigurationStore::getPath() + QLatin1Char('\n'));
-    const bool isLoaded = m_store.Load();
-    if (m_options.action == ConfigOptions::eReset) {
+    const bool isShown = m_options.action == ConfigOptions::eShow;
+    const bool isLoaded = isShown ? m_store.Load() : m_store.LoadToChange();
+    if (!m_store.getNotice().isEmpty() && m_options.action != ConfigOptions::eReset)
+        console::PrintError(m_store.getNotice());
+    // A damaged file is no reason not to begin anew.
+    if (m_options.action == ConfigOptions::eReset && !m_store.isBusy()) {
         m_store.Reset(!m_options.isAll);
         return _Save();
     }
@@ -45,9 +47,9 @@ int ConfigCommand::_Show()
     QString text;
     for (const ConfigurationSetting& setting : getConfigurationSettings()) {
         text += QStringLiteral("%1 %2  # %3\n")
-                    .arg(setting.name, -24)
-                    .arg(setting.get(m_store), -14)
-                    .arg(setting.help);
+                    .arg(setting.name.leftJustified(24),
+                         setting.get(m_store).leftJustified(14),
+                         setting.help);
     }
     return Print(text);
 }

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class ConfigurationStore;
@@ -12,10 +13,11 @@ struct ConfigurationSetting
 {
     QString name;
     QString help;  ///< what it is, its unit and its limits
-    QString (*get)(const ConfigurationStore& pStore);
+    std::function<QString(const ConfigurationStore& pStore)> get;
     /// Returns why a value is refused, with the limits, or an empty text.
-    QString (*set)(ConfigurationStore& pStore, const QString& pValue);
+    std::function<QString(ConfigurationStore& pStore, const QString& pValue)> set;
 };
 
-/// All of them, by name.
+/// All of them, by name: every stored setting of the table that the hosts use, and what is chosen
+/// by its name.
 const std::vector<ConfigurationSetting>& getConfigurationSettings();

@@ -37,11 +37,14 @@ int ProfilesCommand::Run()
 {
     // No sound is needed, so the sound system is not asked for its devices.
     QCoreApplication::setLibraryPaths({});
-    if (!m_store.Load()) {
+    const bool isListed = m_options.action == ProfilesOptions::eList;
+    if (!(isListed ? m_store.Load() : m_store.LoadToChange())) {
         console::PrintError(m_store.getError());
         return eExitFailed;
     }
-    return m_options.action == ProfilesOptions::eList ? _List() : _Save(_Change());
+    if (!m_store.getNotice().isEmpty())
+        console::PrintError(m_store.getNotice());
+    return isListed ? _List() : _Save(_Change());
 }
 
 int ProfilesCommand::_List()
@@ -51,18 +54,18 @@ int ProfilesCommand::_List()
     const Configuration& configuration = m_store.getConfiguration();
     for (const Profile& profile : configuration.getProfiles()) {
         const QString line = QStringLiteral("%1 %2  %3:%4 BPM  %5:%6 Hz  %7 %8%9\n")
-                                 .arg(QLatin1Char(configuration.isSelected(profile) ? '*' : ' '))
-                                 .arg(profile.getName(), -12)
-                                 .arg(profile.getMinimalBPM())
-                                 .arg(profile.getMaximalBPM())
-                                 .arg(EdgeText(profile.getFilterLowFrequency()),
+                                 .arg(QLatin1String(configuration.isSelected(profile) ? "*" : " "),
+                                      profile.getName().leftJustified(12),
+                                      QString::number(profile.getMinimalBPM()),
+                                      QString::number(profile.getMaximalBPM()),
+                                      EdgeText(profile.getFilterLowFrequency()),
                                       EdgeText(profile.getFilterHighFrequency()),
-                                      tr("sensibility"))
-                                 .arg(profile.getSensibility())
-                                 .arg(profile.isSerializable() ? QString() : tr("  built-in"));
+                                      tr("sensibility"),
+                                      QString::number(profile.getSensibility()),
+                                      profile.isSerializable() ? QString() : tr("  built-in"));
         output.Write(line.toUtf8());
     }
-    return output.isReaderGone() ? eExitPipeClosed : eExitDone;
+    return output.Conclude();
 }
 
 int ProfilesCommand::_Save(const QString& pRefusal)

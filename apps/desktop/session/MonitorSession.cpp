@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include <desktop/session/DeviceChoice.h>
 #include <desktop/session/FilePlayer.h>
 #include <desktop/session/MonitorSession.h>
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
-#include <shared/settings/AnalysisOptions.h>
 
 #include <QFileInfo>
 
@@ -25,6 +26,7 @@ constexpr int kFullScale = 32767;
 MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
 {
     connect(&m_tick, &QTimer::timeout, this, &MonitorSession::_Tick);
+    connect(&m_saver, &ConfigurationSaver::OnTakenOver, this, &MonitorSession::_OnTakenOver);
     m_tick.start(kTickMs);
 }
 
@@ -36,19 +38,10 @@ MonitorSession::~MonitorSession()
 bool MonitorSession::Load(QString& pError)
 {
     const bool isLoaded = m_store.Load();
-    pError = m_store.getError();
+    pError = isLoaded ? m_store.getNotice() : m_store.getError();
     m_deviceName = m_store.getDeviceName();
-    if (!QFileInfo::exists(ConfigurationStore::getPath()))
-        _SetHostDefaults();
+    m_saver.Watch();
     return isLoaded;
-}
-
-/// Until the user chooses, silence is judged as often as in the other hosts.
-void MonitorSession::_SetHostDefaults()
-{
-    Configuration& configuration = m_store.getConfiguration();
-    configuration.setStopDetectionDuration(AnalysisOptions::kStopDuration);
-    configuration.setIsModified(false);
 }
 
 AudioAnalyzer* MonitorSession::getAnalyzer() const
@@ -192,6 +185,17 @@ void MonitorSession::Reset()
     if (getAnalyzer())
         getAnalyzer()->Reset();
     m_feed.Forget();
+}
+
+/// Another device is for the next start: what is recorded now goes on.
+void MonitorSession::_OnTakenOver()
+{
+    AudioAnalyzer* pAnalyzer = getAnalyzer();
+    if (!pAnalyzer)
+        return;
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.reader == SettingsTable::eTold)
+            AnalyzerSettings::Tell(setting, setting.get(m_store.getConfiguration()), *pAnalyzer);
 }
 
 void MonitorSession::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)

@@ -29,8 +29,10 @@ public:
     /// Does not save.
     ~MonitorSession() override;
 
-    /// Reads the configuration. False when it is damaged; pError says what to do.
+    /// Reads the configuration. False when it is damaged; pError says what to do. It also tells
+    /// what the file holds beyond the limits of its settings.
     bool Load(QString& pError);
+    QString getNotice() const { return m_store.getNotice(); }
     Configuration& getConfiguration() { return m_store.getConfiguration(); }
     ConfigurationSaver& getSaver() { return m_saver; }
     LiveFeed& getFeed() { return m_feed; }
@@ -66,10 +68,10 @@ Q_SIGNALS:
     void OnSourceChanged();
 
 private:
-    void _SetHostDefaults();
     void _Close();
     void _TakeSource(std::unique_ptr<LiveSource> pSource);
     void _WaitForAnyDevice();
+    void _OnTakenOver();
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnAnchored();
     void _OnNotice(eCaptureNotice pNotice);

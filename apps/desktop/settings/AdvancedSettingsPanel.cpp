@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/Translations.h>
@@ -15,27 +17,12 @@
 namespace {
 
 using P = AdvancedSettingsPanel;
-using C = Configuration;
 
-struct FlagSetting
+struct Flag
 {
-    const char* pName;  ///< of the field
-    bool (*get)(const Configuration&);
-    bool (*set)(Configuration&, bool);  ///< whether it changed
+    const char* pIdentifier;  ///< of the setting and of the field
     void (*tell)(AdvancedSettingsPanel&, bool);
 };
-
-template <bool (Configuration::*kGetter)() const>
-bool Get(const Configuration& pConfiguration)
-{
-    return (pConfiguration.*kGetter)();
-}
-
-template <bool (Configuration::*kSetter)(bool)>
-bool Set(Configuration& pConfiguration, bool pIsOn)
-{
-    return (pConfiguration.*kSetter)(pIsOn);
-}
 
 template <void (AdvancedSettingsPanel::*kSignal)(bool)>
 void Tell(AdvancedSettingsPanel& pPanel, bool pIsOn)
@@ -44,22 +31,20 @@ void Tell(AdvancedSettingsPanel& pPanel, bool pIsOn)
 }
 
 // In the order of the panel's enumeration.
-constexpr FlagSetting kFlags[] = {
-    {"virtualBeats",
-     &Get<&C::getDisplayVirtualBeatsWhenStopped>,
-     &Set<&C::setDisplayVirtualBeatsWhenStopped>,
-     &Tell<&P::OnVirtualBeatsWhenStoppedChanged>},
-    {"stopped",
-     &P::isStoppedDisplayed,
-     &Set<&C::setDisplayStopped>,
-     &Tell<&P::OnDisplayStoppedChanged>},
-    {"speakers",
-     &Get<&C::getDisplaySpeakers>,
-     &Set<&C::setDisplaySpeakers>,
-     &Tell<&P::OnDisplaySpeakersChanged>},
-    {"grayMode", &Get<&C::getGrayMode>, &Set<&C::setGrayMode>, &Tell<&P::OnGrayModeChanged>},
-    {"topMost", &Get<&C::isTopMost>, &Set<&C::setTopMost>, &Tell<&P::OnTopMostChanged>},
+constexpr Flag kFlags[] = {
+    {"virtual-when-stopped", &Tell<&P::OnVirtualBeatsWhenStoppedChanged>},
+    {"display-stopped", &Tell<&P::OnDisplayStoppedChanged>},
+    {"display-speakers", &Tell<&P::OnDisplaySpeakersChanged>},
+    {"gray-mode", &Tell<&P::OnGrayModeChanged>},
+    {"top-most", &Tell<&P::OnTopMostChanged>},
 };
+
+const SettingsTable::Setting& SettingOf(const Flag& pFlag)
+{
+    const auto* pSetting = SettingsTable::Find(QLatin1String(pFlag.pIdentifier));
+    Q_ASSERT_X(pSetting, "AdvancedSettingsPanel", pFlag.pIdentifier);
+    return *pSetting;
+}
 
 }  // namespace
 
@@ -70,7 +55,7 @@ AdvancedSettingsPanel::AdvancedSettingsPanel(Configuration& pConfiguration, QWid
     auto* pLayout = new QVBoxLayout(this);
     for (int i = 0; i < eFlagCount; ++i) {
         auto* pBox = new QCheckBox(this);
-        pBox->setObjectName(QLatin1String(kFlags[i].pName));
+        pBox->setObjectName(QLatin1String(kFlags[i].pIdentifier));
         connect(pBox, &QCheckBox::toggled, this, [this, i](bool pIsOn) {
             _StoreFlag(eFlag(i), pIsOn);
         });
@@ -90,19 +75,17 @@ AdvancedSettingsPanel::AdvancedSettingsPanel(Configuration& pConfiguration, QWid
     Refresh();
 }
 
-// A copy tells what the value was.
 bool AdvancedSettingsPanel::isStoppedDisplayed(const Configuration& pConfiguration)
 {
-    Configuration copy(pConfiguration);
-    return !copy.setDisplayStopped(true);
+    return SettingOf(kFlags[eStopped]).get(pConfiguration) != 0.0;
 }
 
 void AdvancedSettingsPanel::_StoreFlag(eFlag pFlag, bool pIsOn)
 {
-    const FlagSetting& setting = kFlags[pFlag];
-    if (!setting.set(m_configuration, pIsOn))
+    const Flag& flag = kFlags[pFlag];
+    if (!AnalyzerSettings::Store(SettingOf(flag), pIsOn ? 1.0 : 0.0, m_configuration, m_pAnalyzer))
         return;
-    setting.tell(*this, pIsOn);
+    flag.tell(*this, pIsOn);
     Q_EMIT OnConfigurationChanged();
 }
 
@@ -119,7 +102,7 @@ void AdvancedSettingsPanel::Refresh()
 {
     for (int i = 0; i < eFlagCount; ++i) {
         const QSignalBlocker blocker(m_flags[std::size_t(i)]);
-        m_flags[std::size_t(i)]->setChecked(kFlags[i].get(m_configuration));
+        m_flags[std::size_t(i)]->setChecked(SettingOf(kFlags[i]).get(m_configuration) != 0.0);
     }
     _ShowLanguages();
 }

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/config/SettingsTable.h>
+
 #include <desktop/settings/SettingsPanel.h>
 
-#include <array>
+#include <vector>
 
 class DecimalField;
 class HintLabel;
 class QGridLayout;
 class QLabel;
 class QPushButton;
-class QSpinBox;
 
 /// The spans of time over which the analysis measures, and the levels that go with them.
 class DurationsPanel final : public SettingsPanel
@@ -26,45 +27,21 @@ protected:
     void _Retranslate() override;
 
 private:
-    enum eDuration
+    struct Row
     {
-        eAverageVolume,
-        eBPM,
-        eStop,
-        eNormalization,
-        eDurationCount
-    };
-    enum eLevel
-    {
-        eStopLevel,
-        eNormalizationLevel,
-        eLevelCount
-    };
-    struct DurationRow
-    {
-        QLabel* pLabel = nullptr;
-        DecimalField* pField = nullptr;
-        HintLabel* pHint = nullptr;
-    };
-    struct LevelRow
-    {
-        QLabel* pLabel = nullptr;
-        QSpinBox* pField = nullptr;
-        HintLabel* pHint = nullptr;
+        const SettingsTable::Setting* pSetting;
+        const char* pText;  ///< of the label, untranslated
+        const char* pHelp;  ///< untranslated
+        QLabel* pLabel;
+        DecimalField* pField;  ///< has the identifier as its name
+        HintLabel* pHint;
     };
 
-    void _AddDuration(eDuration pDuration, QGridLayout* pGrid);
-    void _AddLevel(eLevel pLevel, QGridLayout* pGrid);
-    void _StoreDuration(eDuration pDuration, double pSeconds);
-    void _StoreLevel(eLevel pLevel, int pMagnitude);
+    void _Fill(Row& pRow);
+    void _Store(const Row& pRow, double pValue);
     void _RestoreDefaults();
-    template <typename Row>
-    static void _SetTexts(const Row& pRow, const QString& pLabel, const QString& pHelp);
-    void _ShowHints();
-    void _ShowDurationHint(eDuration pDuration);
-    void _ShowLevelHint(eLevel pLevel);
+    void _ShowHint(const Row& pRow);
 
-    std::array<DurationRow, eDurationCount> m_durations;
-    std::array<LevelRow, eLevelCount> m_levels;
+    std::vector<Row> m_rows;
     QPushButton* m_pDefaults;
 };

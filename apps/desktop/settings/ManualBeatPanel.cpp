@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/ProfileLimits.h>
 
 #include <desktop/settings/HintLabel.h>
 #include <desktop/settings/ManualBeatPanel.h>
@@ -16,12 +17,10 @@
 namespace {
 
 constexpr int kForgetMs = 10000;
-constexpr double kMinimalTempo = 1.0;     ///< BPM
-constexpr double kMaximalTempo = 1000.0;  ///< BPM, excluded
 
 bool IsTempo(double pBPM)
 {
-    return pBPM >= kMinimalTempo && pBPM < kMaximalTempo;
+    return ProfileLimits::isTempoRange(pBPM, pBPM);
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/ProfileLimits.h>
+
 #include <desktop/settings/DecimalField.h>
 #include <desktop/settings/HintLabel.h>
 #include <desktop/settings/ProfileEditor.h>
@@ -21,7 +23,7 @@ namespace {
 
 /// More than a profile takes, so that a refused number can be typed, explained and mended.
 constexpr int kWideTempo = 99999;
-constexpr double kWideSensibility = 1000.0;
+constexpr double kWideSensibility = ProfileLimits::kMaximalSensibility;
 constexpr int kFieldWidth = 14;  ///< letters
 
 void SetUp(QSpinBox* pField, const char* pName, int pMinimum, int pMaximum)

@@ -91,20 +91,36 @@
         <translation>hat eine Abtastrate von %1 Hz; wandeln Sie sie in eine von %2 bis %3 Hz um</translation>
     </message>
     <message>
-        <source>truncated: its end is missing; get a whole copy of it</source>
-        <translation>abgeschnitten: das Ende fehlt; besorgen Sie eine vollständige Kopie</translation>
+        <source>cannot be kept in %1 for its decoder: %2; save it to a file first</source>
+        <translation>lässt sich für den Decoder nicht in %1 zwischenspeichern: %2; speichern Sie es zuerst in einer Datei</translation>
     </message>
     <message>
-        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
-        <translation>abgeschnitten: %1 von %2 Bytes sind da; besorgen Sie eine vollständige Kopie</translation>
+        <source>its header counts no samples, though %1 bytes follow it: the recording was not closed</source>
+        <translation>der Kopf nennt keine Abtastwerte, obwohl %1 Bytes folgen: die Aufnahme wurde nicht abgeschlossen</translation>
     </message>
     <message>
-        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
-        <translation>beschädigt oder abgeschnitten: nur %1 s von %2 s sind lesbar; besorgen Sie eine vollständige Kopie</translation>
+        <source>is a file of the kind %1, which is not read; convert it to WAV, FLAC, Ogg Vorbis, Opus, MP3 or AIFF: ffmpeg -i FILE song.flac</source>
+        <translation>ist eine Datei der Art %1, die nicht gelesen wird; wandeln Sie sie in WAV, FLAC, Ogg Vorbis, Opus, MP3 oder AIFF um: ffmpeg -i DATEI song.flac</translation>
     </message>
     <message>
-        <source>damaged: %1; get a whole copy of it</source>
-        <translation>beschädigt: %1; besorgen Sie eine vollständige Kopie</translation>
+        <source>truncated: its end is missing</source>
+        <translation>abgeschnitten: das Ende fehlt</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there</source>
+        <translation>abgeschnitten: %1 von %2 Bytes sind da</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read</source>
+        <translation>beschädigt oder abgeschnitten: nur %1 s von %2 s sind lesbar</translation>
+    </message>
+    <message>
+        <source>damaged: %1</source>
+        <translation>beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>%1; get a whole copy of it</source>
+        <translation>%1; besorgen Sie eine vollständige Kopie</translation>
     </message>
 </context>
 <context>
@@ -173,6 +189,31 @@
         <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
         <translation>%1 lässt sich nicht schreiben; der Ordner %2 muss beschreibbar und der Name für eine Datei frei sein</translation>
     </message>
+    <message>
+        <source>%1 is not a file; move it away</source>
+        <translation>%1 ist keine Datei; räumen Sie es beiseite</translation>
+    </message>
+    <message>
+        <source>%1 %2 instead of %3</source>
+        <comment>setting, value taken, value in the file</comment>
+        <translation>%1 %2 statt %3</translation>
+    </message>
+    <message>
+        <source>%1 of the profile &quot;%2&quot;</source>
+        <translation>%1 im Profil „%2“</translation>
+    </message>
+    <message>
+        <source>%1 holds values beyond their limits; taken: %2</source>
+        <translation>%1 enthält Werte außerhalb ihrer Grenzen; genommen: %2</translation>
+    </message>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>%1 wird gerade von einem anderen Programm geändert, das nicht fertig wird; beenden Sie es und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; remove %2</source>
+        <translation>%1 lässt sich nicht schreiben; entfernen Sie %2</translation>
+    </message>
 </context>
 <context>
     <name>DurationsPanel</name>
@@ -183,10 +224,6 @@
     <message>
         <source>&amp;Quiet up to:</source>
         <translation>Stille &amp;bis:</translation>
-    </message>
-    <message>
-        <source>Normalization &amp;level:</source>
-        <translation>Normalisierungs&amp;pegel:</translation>
     </message>
     <message>
         <source>Restore &amp;defaults</source>
@@ -200,14 +237,6 @@
     <message>
         <source>%1 to %2 s</source>
         <translation>%1 bis %2 s</translation>
-    </message>
-    <message>
-        <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation>Gespeichert sind %1 s, außerhalb von %2 bis %3 s; das bleibt, bis Sie es ändern</translation>
-    </message>
-    <message>
-        <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation>Gespeichert ist %1, unter 0; das bleibt, bis Sie es ändern</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
@@ -242,28 +271,12 @@
         <translation>Bis zu diesem Pegel gilt Ton als Stille.</translation>
     </message>
     <message>
-        <source>&amp;Normalization over:</source>
-        <translation>&amp;Normalisierung über:</translation>
-    </message>
-    <message>
-        <source>The span of time for the normalization of the volume.</source>
-        <translation>Die Zeitspanne für die Normalisierung der Lautstärke.</translation>
-    </message>
-    <message>
-        <source>The level for the normalization of the volume.</source>
-        <translation>Der Pegel für die Normalisierung der Lautstärke.</translation>
-    </message>
-    <message>
         <source>All durations and levels as they were at first.</source>
         <translation>Setzt alle Zeiten und Pegel auf ihre Standardwerte.</translation>
     </message>
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS; 0 bis %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 s of quiet</source>
-        <translation>%1 bis %2 s Stille</translation>
     </message>
 </context>
 <context>

@@ -91,20 +91,36 @@
         <translation>tiene una frecuencia de muestreo de %1 Hz; conviértalo a una de %2 a %3 Hz</translation>
     </message>
     <message>
-        <source>truncated: its end is missing; get a whole copy of it</source>
-        <translation>truncado: falta el final; consiga una copia completa</translation>
+        <source>cannot be kept in %1 for its decoder: %2; save it to a file first</source>
+        <translation>no se puede guardar en %1 para su decodificador: %2; guárdelo antes en un archivo</translation>
     </message>
     <message>
-        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
-        <translation>truncado: hay %1 de %2 bytes; consiga una copia completa</translation>
+        <source>its header counts no samples, though %1 bytes follow it: the recording was not closed</source>
+        <translation>su cabecera no cuenta muestras, aunque la siguen %1 bytes: la grabación no se cerró</translation>
     </message>
     <message>
-        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
-        <translation>dañado o truncado: solo se pueden leer %1 s de %2 s; consiga una copia completa</translation>
+        <source>is a file of the kind %1, which is not read; convert it to WAV, FLAC, Ogg Vorbis, Opus, MP3 or AIFF: ffmpeg -i FILE song.flac</source>
+        <translation>es un archivo del tipo %1, que no se lee; conviértalo a WAV, FLAC, Ogg Vorbis, Opus, MP3 o AIFF: ffmpeg -i ARCHIVO song.flac</translation>
     </message>
     <message>
-        <source>damaged: %1; get a whole copy of it</source>
-        <translation>dañado: %1; consiga una copia completa</translation>
+        <source>truncated: its end is missing</source>
+        <translation>truncado: falta el final</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there</source>
+        <translation>truncado: hay %1 de %2 bytes</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read</source>
+        <translation>dañado o truncado: solo se pueden leer %1 s de %2 s</translation>
+    </message>
+    <message>
+        <source>damaged: %1</source>
+        <translation>dañado: %1</translation>
+    </message>
+    <message>
+        <source>%1; get a whole copy of it</source>
+        <translation>%1; consiga una copia completa</translation>
     </message>
 </context>
 <context>
@@ -173,6 +189,31 @@
         <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
         <translation>%1 no se puede escribir; la carpeta %2 debe permitir escritura y el nombre estar libre para un archivo</translation>
     </message>
+    <message>
+        <source>%1 is not a file; move it away</source>
+        <translation>%1 no es un archivo; muévalo a otro lugar</translation>
+    </message>
+    <message>
+        <source>%1 %2 instead of %3</source>
+        <comment>setting, value taken, value in the file</comment>
+        <translation>%1 %2 en lugar de %3</translation>
+    </message>
+    <message>
+        <source>%1 of the profile &quot;%2&quot;</source>
+        <translation>%1 del perfil «%2»</translation>
+    </message>
+    <message>
+        <source>%1 holds values beyond their limits; taken: %2</source>
+        <translation>%1 contiene valores fuera de sus límites; se toman: %2</translation>
+    </message>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>Otro programa está cambiando %1 y no termina; ciérrelo e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; remove %2</source>
+        <translation>No se puede escribir %1; elimine %2</translation>
+    </message>
 </context>
 <context>
     <name>DurationsPanel</name>
@@ -183,10 +224,6 @@
     <message>
         <source>&amp;Quiet up to:</source>
         <translation>Silencio &amp;hasta:</translation>
-    </message>
-    <message>
-        <source>Normalization &amp;level:</source>
-        <translation>Ni&amp;vel de normalización:</translation>
     </message>
     <message>
         <source>Restore &amp;defaults</source>
@@ -200,14 +237,6 @@
     <message>
         <source>%1 to %2 s</source>
         <translation>de %1 a %2 s</translation>
-    </message>
-    <message>
-        <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation>Hay guardado %1 s, fuera de %2 a %3 s; se mantiene hasta que lo cambie</translation>
-    </message>
-    <message>
-        <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation>Hay guardado %1, por debajo de 0; se mantiene hasta que lo cambie</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
@@ -242,28 +271,12 @@
         <translation>Hasta este nivel, el sonido cuenta como silencio.</translation>
     </message>
     <message>
-        <source>&amp;Normalization over:</source>
-        <translation>&amp;Normalización durante:</translation>
-    </message>
-    <message>
-        <source>The span of time for the normalization of the volume.</source>
-        <translation>El intervalo para normalizar el volumen.</translation>
-    </message>
-    <message>
-        <source>The level for the normalization of the volume.</source>
-        <translation>El nivel para normalizar el volumen.</translation>
-    </message>
-    <message>
         <source>All durations and levels as they were at first.</source>
         <translation>Todas las duraciones y niveles con su valor original.</translation>
     </message>
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS; de 0 a %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 s of quiet</source>
-        <translation>de %1 a %2 s de silencio</translation>
     </message>
 </context>
 <context>

@@ -91,20 +91,36 @@
         <translation>a une fréquence d’échantillonnage de %1 Hz&#xa0;; convertissez-le entre %2 et %3 Hz</translation>
     </message>
     <message>
-        <source>truncated: its end is missing; get a whole copy of it</source>
-        <translation>tronqué&#xa0;: la fin manque&#xa0;; procurez-vous une copie complète</translation>
+        <source>cannot be kept in %1 for its decoder: %2; save it to a file first</source>
+        <translation>ne peut pas être gardé dans %1 pour son décodeur&#xa0;: %2&#xa0;; enregistrez-le d’abord dans un fichier</translation>
     </message>
     <message>
-        <source>truncated: %1 of %2 bytes are there; get a whole copy of it</source>
-        <translation>tronqué&#xa0;: %1 octets sur %2 sont là&#xa0;; procurez-vous une copie complète</translation>
+        <source>its header counts no samples, though %1 bytes follow it: the recording was not closed</source>
+        <translation>son en-tête ne compte aucun échantillon, alors que %1 octets le suivent&#xa0;: l’enregistrement n’a pas été clos</translation>
     </message>
     <message>
-        <source>damaged or truncated: only %1 s of %2 s can be read; get a whole copy of it</source>
-        <translation>endommagé ou tronqué&#xa0;: seulement %1 s sur %2 s sont lisibles&#xa0;; procurez-vous une copie complète</translation>
+        <source>is a file of the kind %1, which is not read; convert it to WAV, FLAC, Ogg Vorbis, Opus, MP3 or AIFF: ffmpeg -i FILE song.flac</source>
+        <translation>est un fichier du type %1, qui n’est pas lu&#xa0;; convertissez-le en WAV, FLAC, Ogg Vorbis, Opus, MP3 ou AIFF&#xa0;: ffmpeg -i FICHIER song.flac</translation>
     </message>
     <message>
-        <source>damaged: %1; get a whole copy of it</source>
-        <translation>endommagé&#xa0;: %1&#xa0;; procurez-vous une copie complète</translation>
+        <source>truncated: its end is missing</source>
+        <translation>tronqué&#xa0;: la fin manque</translation>
+    </message>
+    <message>
+        <source>truncated: %1 of %2 bytes are there</source>
+        <translation>tronqué&#xa0;: %1 octets sur %2 sont là</translation>
+    </message>
+    <message>
+        <source>damaged or truncated: only %1 s of %2 s can be read</source>
+        <translation>endommagé ou tronqué&#xa0;: seulement %1 s sur %2 s sont lisibles</translation>
+    </message>
+    <message>
+        <source>damaged: %1</source>
+        <translation>endommagé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1; get a whole copy of it</source>
+        <translation>%1&#xa0;; procurez-vous une copie complète</translation>
     </message>
 </context>
 <context>
@@ -173,6 +189,31 @@
         <source>%1 cannot be written; the folder %2 must be writable, and the name free for a file</source>
         <translation>%1 ne peut pas être écrit&#xa0;; le dossier %2 doit être accessible en écriture et le nom libre pour un fichier</translation>
     </message>
+    <message>
+        <source>%1 is not a file; move it away</source>
+        <translation>%1 n’est pas un fichier ; déplacez-le</translation>
+    </message>
+    <message>
+        <source>%1 %2 instead of %3</source>
+        <comment>setting, value taken, value in the file</comment>
+        <translation>%1 %2 au lieu de %3</translation>
+    </message>
+    <message>
+        <source>%1 of the profile &quot;%2&quot;</source>
+        <translation>%1 du profil « %2 »</translation>
+    </message>
+    <message>
+        <source>%1 holds values beyond their limits; taken: %2</source>
+        <translation>%1 contient des valeurs hors de leurs limites ; retenu : %2</translation>
+    </message>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>%1 est en cours de modification par un autre programme, qui n’aboutit pas ; fermez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; remove %2</source>
+        <translation>%1 ne peut pas être écrit ; supprimez %2</translation>
+    </message>
 </context>
 <context>
     <name>DurationsPanel</name>
@@ -183,10 +224,6 @@
     <message>
         <source>&amp;Quiet up to:</source>
         <translation>Silence &amp;jusqu’à&#xa0;:</translation>
-    </message>
-    <message>
-        <source>Normalization &amp;level:</source>
-        <translation>Ni&amp;veau de normalisation&#xa0;:</translation>
     </message>
     <message>
         <source>Restore &amp;defaults</source>
@@ -200,14 +237,6 @@
     <message>
         <source>%1 to %2 s</source>
         <translation>%1 à %2 s</translation>
-    </message>
-    <message>
-        <source>%1 s is stored, outside %2 to %3 s; it stays until you change it</source>
-        <translation>%1 s est enregistré, hors des limites de %2 à %3 s&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
-    </message>
-    <message>
-        <source>%1 is stored, below 0; it stays until you change it</source>
-        <translation>%1 est enregistré, au-dessous de 0&#xa0;; cela reste jusqu’à ce que vous le changiez</translation>
     </message>
     <message>
         <source>silence; 0 to %1</source>
@@ -242,28 +271,12 @@
         <translation>Jusqu’à ce niveau, le son compte comme du silence.</translation>
     </message>
     <message>
-        <source>&amp;Normalization over:</source>
-        <translation>&amp;Normalisation sur&#xa0;:</translation>
-    </message>
-    <message>
-        <source>The span of time for the normalization of the volume.</source>
-        <translation>La durée de la normalisation du volume.</translation>
-    </message>
-    <message>
-        <source>The level for the normalization of the volume.</source>
-        <translation>Le niveau de la normalisation du volume.</translation>
-    </message>
-    <message>
         <source>All durations and levels as they were at first.</source>
         <translation>Toutes les durées et tous les niveaux d’origine.</translation>
     </message>
     <message>
         <source>%1 dBFS; 0 to %2</source>
         <translation>%1 dBFS&#xa0;; 0 à %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 s of quiet</source>
-        <translation>%1 à %2 s de silence</translation>
     </message>
 </context>
 <context>

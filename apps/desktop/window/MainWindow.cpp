@@ -152,6 +152,7 @@ void MainWindow::_Connect()
     ConfigurationSaver& saver = m_session.getSaver();
     connect(&saver, &ConfigurationSaver::OnFailed, this, &MainWindow::ShowProblem);
     connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
+    connect(&saver, &ConfigurationSaver::OnTakenOver, this, &MainWindow::_OnTakenOver);
     connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
     connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
     connect(&m_session.getFeed(), &LiveFeed::OnFlashed, this, &MainWindow::_OnFlashed);
@@ -278,6 +279,19 @@ void MainWindow::ApplyFlags()
     _ApplyTopMost();
 }
 
+/// Another program has stored other settings.
+void MainWindow::_OnTakenOver()
+{
+    if (!m_session.getNotice().isEmpty())
+        ShowProblem(m_session.getNotice());
+    m_pSettings->Refresh();
+    // What is recorded goes on, whatever device is stored.
+    m_pSettings->getDevices().setCurrentDevice(m_session.getDeviceName(),
+                                               m_session.isDevicePresent());
+    ApplyFlags();
+    Q_EMIT OnLanguageChosen(m_session.getConfiguration().getLanguage());
+}
+
 void MainWindow::_ApplyLook()
 {
     const eLook look = chooseLook(m_session.getConfiguration().getGrayMode(), m_desktop);
@@ -302,6 +316,8 @@ void MainWindow::_ApplyTopMost()
 
 void MainWindow::Place(eStartingPosition pPosition)
 {
+    // Before it is shown, a position is that of the frame; only the frame's size is unknown yet.
+    m_place = frameGeometry().size() == size() ? pPosition : Default;
     const QScreen* pScreen = screen();
     const QSize frame = frameGeometry().size();
     if (const auto corner = placeWindow(pPosition, frame, pScreen->availableGeometry()))
@@ -309,6 +325,14 @@ void MainWindow::Place(eStartingPosition pPosition)
 }
 
 // ---- What happens to it -------------------------------------------------------------------------
+
+void MainWindow::moveEvent(QMoveEvent* pEvent)
+{
+    QMainWindow::moveEvent(pEvent);
+    // The window manager has put its frame around the window, which moved what is in it.
+    if (m_place != Default && frameGeometry().size() != size())
+        Place(m_place);
+}
 
 void MainWindow::changeEvent(QEvent* pEvent)
 {

@@ -44,7 +44,8 @@ public:
                QWidget* pParent = nullptr);
     ~MainWindow() override;
 
-    /// Moves the window to where the settings want it.
+    /// Moves the window to where the settings want it, and again once its frame is known. To be
+    /// called before it is shown.
     void Place(eStartingPosition pPosition);
     void setPanelVisible(ePanel pPanel, bool pIsVisible);
     bool isPanelVisible(ePanel pPanel) const;
@@ -75,6 +76,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent* pEvent) override;
     void dropEvent(QDropEvent* pEvent) override;
     void hideEvent(QHideEvent* pEvent) override;
+    void moveEvent(QMoveEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
 
 private:
@@ -89,6 +91,7 @@ private:
     void _Refresh();
     void _WatchRefresh();
     void _OnFlashed();
+    void _OnTakenOver();
     void _ChoosePace(const LiveValues& pValues, qint64 pNow);
     void _ShowSource();
     void _HideEmptyCards();
@@ -124,5 +127,6 @@ private:
     QAction* m_pFullScreen;
     QAction* m_pAbout;
     QTimer m_refresh;
-    qint64 m_lastStatus = 0;  ///< ms
+    qint64 m_lastStatus = 0;              ///< ms
+    eStartingPosition m_place = Default;  ///< to be taken once the frame is known
 };

@@ -69,6 +69,12 @@ void SettingsColumn::setAnalyzer(AudioAnalyzer* pAnalyzer)
         pContent->setAnalyzer(pAnalyzer);
 }
 
+void SettingsColumn::Refresh()
+{
+    for (const auto& [panel, pContent] : m_panels)
+        pContent->Refresh();
+}
+
 QWidget* SettingsColumn::getPanel(ePanel pPanel) const
 {
     const auto found = m_cards.find(pPanel);

@@ -25,6 +25,8 @@ public:
     explicit SettingsColumn(Configuration& pConfiguration, QWidget* pParent = nullptr);
 
     void setAnalyzer(AudioAnalyzer* pAnalyzer);
+    /// Shows what the configuration holds by now.
+    void Refresh();
     /// Null for a panel that is elsewhere.
     QWidget* getPanel(ePanel pPanel) const;
     InputDevicesPanel& getDevices() { return *m_pDevices; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/RecordingTempo.h>
+
 #include <QString>
 #include <QtGlobal>
 
@@ -42,5 +44,13 @@ struct AnalysisResult
     std::vector<TimeSpan> silences;  ///< stretches in which the music counted as stopped
     std::vector<double> pulseTimes;  ///< seconds, every detected pulse
 
+    /// One tempo for all of it, BPM; 0 = unknown.
+    double getTempo() const
+    {
+        std::vector<RecordingTempo::Report> reports;
+        for (const LoggedBeat& beat : beats)
+            reports.push_back({beat.time, beat.bpm, beat.isVirtual});
+        return RecordingTempo::Compute(reports);
+    }
     double duration() const { return sampleRate > 0 ? double(sampleCount) / sampleRate : 0.0; }
 };

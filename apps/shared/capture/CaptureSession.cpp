@@ -66,6 +66,8 @@ SourceState CaptureSession::getSource() const
 
 void CaptureSession::_Tick()
 {
+    if (m_followsDefault)
+        _FollowDefault();
     if (m_pDevice)
         _WatchData();
     else if (m_sinceTry.elapsed() >= _GetRetryMs())
@@ -132,12 +134,31 @@ void CaptureSession::_Lose()
 {
     if (!m_pDevice)
         return;
-    m_pDevice->disconnect(this);
-    std::exchange(m_pDevice, nullptr)->deleteLater();
-    getAnalyzer()->Stop();
+    _Release();
     m_sinceTry.start();
     _RestWatcher(false);
     _SetState(eCaptureWaiting);
+}
+
+void CaptureSession::_Release()
+{
+    m_pDevice->disconnect(this);
+    std::exchange(m_pDevice, nullptr)->deleteLater();
+    getAnalyzer()->Stop();
+}
+
+/// While there is no server, there is no default one either; the last one is waited for.
+void CaptureSession::_FollowDefault()
+{
+    const SoundBackEnd* pBackEnd = SoundBackEnd::get();
+    const std::vector<SoundSource> sources =
+        pBackEnd ? pBackEnd->getSources() : std::vector<SoundSource>();
+    if (sources.empty() || !sources.front().isDefault || sources.front().name == m_name)
+        return;
+    if (m_pDevice)
+        _Release();
+    m_name = sources.front().name;
+    _TryToRecord();
 }
 
 void CaptureSession::_OnConnected(const QtAudioInputDeviceInfo& pDevice)

@@ -55,6 +55,9 @@ public:
     void setLimits(const Limits& pLimits) { m_limits = pLimits; }
     /// Records the device of exactly that name, now or when it is there. To be called once.
     void Open(const QString& pName);
+    /// Goes on with another device when that becomes the sound server's default one, which the device
+    /// of the given name is by now. Only the hosts' own back end tells.
+    void FollowDefault() { m_followsDefault = true; }
 
     SourceState getSource() const override;
     eCaptureState getState() const { return m_state; }
@@ -78,6 +81,8 @@ private:
     bool _SetFormat();
     void _SetClock();
     void _Lose();
+    void _Release();
+    void _FollowDefault();
     void _WatchData();
     void _OnSamples(qint16* pSamples, unsigned pCount);
     void _Analyze(qint16* pSamples, unsigned pCount, quint64 pEnd);
@@ -98,6 +103,7 @@ private:
     QTimer m_tick;
     QElapsedTimer m_sinceTry;   ///< the last look for the device
     QElapsedTimer m_sinceData;  ///< the last samples, or since recording was asked for
+    bool m_followsDefault = false;
     bool m_isEnumerationSlow = false;
     bool m_isNoDataTold = false;
     int m_anchorCount = 0;

@@ -33,4 +33,7 @@ public:
     /// Why the audio could not be opened or ended too early, and what to do, without the file's
     /// name; empty = all is well.
     virtual QString getError() const = 0;
+    /// What is missing of audio that is damaged or cut short, without the file's name; empty = all
+    /// is there, as far as has been read.
+    virtual QString getLoss() const { return {}; }
 };

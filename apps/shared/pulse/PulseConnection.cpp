@@ -50,6 +50,16 @@ PulseConnection::eAnswer PulseConnection::Start(int pTimeoutMs)
 {
     _Connect();
     pa_threaded_mainloop_start(m_pLoop);
+    const eAnswer answer = _AwaitAnswer(pTimeoutMs);
+    if (answer == eAbsent) {
+        pa_threaded_mainloop_stop(m_pLoop);
+        _Drop();
+    }
+    return answer;
+}
+
+PulseConnection::eAnswer PulseConnection::_AwaitAnswer(int pTimeoutMs)
+{
     std::unique_lock<std::mutex> guard(m_mutex);
     m_changed.wait_for(
         guard, std::chrono::milliseconds(pTimeoutMs), [this] { return m_answer.has_value(); });

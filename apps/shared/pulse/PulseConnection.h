@@ -31,8 +31,8 @@ public:
     PulseConnection(const PulseConnection&) = delete;
     PulseConnection& operator=(const PulseConnection&) = delete;
 
-    /// Connects, and waits so long at most until the sources are known. Once there was any server,
-    /// it is looked for from then on. To be called once. [event loop]
+    /// Connects, and waits so long at most until the sources are known. When there is no server,
+    /// none is looked for later. To be called once. [event loop]
     eAnswer Start(int pTimeoutMs);
 
     /// The default one first. [any thread]
@@ -56,6 +56,7 @@ public:
     pa_context* getContext() const;
 
 private:
+    eAnswer _AwaitAnswer(int pTimeoutMs);
     void _Connect();
     void _ConnectLater();
     void _Drop();

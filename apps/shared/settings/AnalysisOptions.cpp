@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/UserProfile.h>
 
 #include <shared/settings/AnalysisOptions.h>
+#include <shared/settings/ConfigurationStore.h>
 
 #include <QStringList>
 
 #include <algorithm>
-#include <memory>
 
 namespace {
 
@@ -26,6 +26,21 @@ bool Select(const QString& pName, const QList<Profile>& pProfiles, Configuration
 
 }  // namespace
 
+double AnalysisOptions::getValue(const SettingsTable::Setting& pSetting,
+                                 const Configuration& pConfiguration) const
+{
+    const auto found = settings.find(&pSetting);
+    if (found != settings.end())
+        return found->second;
+    return pSetting.get ? pSetting.get(pConfiguration) : pSetting.initial;
+}
+
+double AnalysisOptions::getFixedBPM() const
+{
+    const auto found = settings.find(SettingsTable::Find(QStringLiteral("fixed-bpm")));
+    return found == settings.end() ? 0.0 : found->second;
+}
+
 QString AnalysisOptions::Apply(Configuration& pConfiguration) const
 {
     for (const auto step : {&AnalysisOptions::SelectProfile, &AnalysisOptions::_EditProfile}) {
@@ -33,23 +48,17 @@ QString AnalysisOptions::Apply(Configuration& pConfiguration) const
         if (!refusal.isEmpty())
             return refusal;
     }
-    if (threshold)
-        pConfiguration.setThreshold(*threshold);
-    pConfiguration.setStopDetectionDuration(stopDuration);
-    if (stopThreshold)
-        pConfiguration.setStopDetectionThreshold(*stopThreshold);
-    if (averageDuration)
-        pConfiguration.setAverageVolumeCalculationDuration(*averageDuration);
-    if (bpmDuration)
-        pConfiguration.setBPMCalculationDuration(*bpmDuration);
-    pConfiguration.setDisplayVirtualBeatsWhenStopped(isVirtualWhenStopped);
+    for (const auto& [pSetting, value] : settings)
+        if (pSetting->set)
+            pSetting->set(pConfiguration, value);
     return _CheckFixedBPM(pConfiguration);
 }
 
 void AnalysisOptions::Apply(AudioAnalyzer& pAnalyzer) const
 {
-    pAnalyzer.setFixedBPM(fixedBPM);
-    pAnalyzer.setConsistencyAllowed(isConsistencyAllowed);
+    for (const auto& [pSetting, value] : settings)
+        if (pSetting->reader == SettingsTable::eHeld)
+            AnalyzerSettings::Tell(*pSetting, value, pAnalyzer);
 }
 
 QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const
@@ -57,11 +66,13 @@ QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const
     if (profile.isEmpty() || Select(profile, pConfiguration.getProfiles(), pConfiguration))
         return {};
     // A configuration of its own does not know the profiles that the user has saved.
-    const std::unique_ptr<Configuration> saved(Configuration::LoadOrCreate());
-    if (Select(profile, saved->getProfiles(), pConfiguration))
+    ConfigurationStore store;
+    store.Load();
+    const QList<Profile>& saved = store.getConfiguration().getProfiles();
+    if (Select(profile, saved, pConfiguration))
         return {};
     QStringList names;
-    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved->getProfiles()})
+    for (const QList<Profile>& profiles : {pConfiguration.getProfiles(), saved})
         for (const Profile& known : profiles)
             if (!names.contains(known.getName()))
                 names.append(known.getName());
@@ -94,6 +105,7 @@ QString AnalysisOptions::_EditProfile(Configuration& pConfiguration) const
 
 QString AnalysisOptions::_CheckFixedBPM(const Configuration& pConfiguration) const
 {
+    const double fixedBPM = getFixedBPM();
     const Profile selected = pConfiguration.getSelectedProfile();
     if (fixedBPM <= 0.0 ||
         (fixedBPM >= selected.getMinimalBPM() && fixedBPM <= selected.getMaximalBPM()))

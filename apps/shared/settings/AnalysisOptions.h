@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/config/SettingsTable.h>
+
 #include <QCoreApplication>
 #include <QString>
 
+#include <map>
 #include <optional>
 
 class AudioAnalyzer;
@@ -27,21 +30,15 @@ public:
         int high;  ///< Hz; -1 = no upper edge
     };
 
-    /// What live hosts use.
-    static constexpr double kStopDuration = 1.5;  ///< seconds
-
     QString profile;  ///< name in any case; empty = the selected one
     std::optional<TempoRange> bpm;
     std::optional<Band> band;
     std::optional<double> sensibility;
-    std::optional<qint16> threshold;        ///< sample magnitude; -1 = automatic
-    double fixedBPM = 0.0;                  ///< 0 = none
-    double stopDuration = kStopDuration;    ///< seconds
-    std::optional<qint16> stopThreshold;    ///< sample magnitude
-    std::optional<double> averageDuration;  ///< seconds
-    std::optional<double> bpmDuration;      ///< seconds
-    bool isConsistencyAllowed = true;
-    bool isVirtualWhenStopped = false;
+    std::map<const SettingsTable::Setting*, double> settings;  ///< those of the analysis
+
+    /// The value that was asked for, else the one that an analysis with pConfiguration has.
+    double getValue(const SettingsTable::Setting& pSetting,
+                    const Configuration& pConfiguration) const;
 
     /// Puts the settings into a configuration. Edits to the profile go to a copy of it that becomes
     /// the selected one, so that the configuration's own profiles stay as they are. Returns why a
@@ -53,6 +50,9 @@ public:
     /// Selects the profile alone, one of pConfiguration's or one that the user has saved. Returns
     /// why it cannot, or an empty text. [event loop]
     QString SelectProfile(Configuration& pConfiguration) const;
+
+    /// 0 = none.
+    double getFixedBPM() const;
 
 private:
     QString _EditProfile(Configuration& pConfiguration) const;

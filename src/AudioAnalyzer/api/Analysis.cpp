@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/api/detail/AnalysisAnswer.h>
 #include <AudioAnalyzer/api/detail/AnalysisHandle.h>
@@ -14,7 +15,6 @@ namespace {
 constexpr int kMinimalRate = 8000;    ///< Hz
 constexpr int kMaximalRate = 192000;  ///< Hz
 constexpr int kMostChannels = 1024;
-constexpr double kStopDuration = 1.5;  ///< seconds
 /// Differs from those of the profiles that a configuration has, so that it can be selected.
 constexpr unsigned int kProfileID = std::numeric_limits<unsigned int>::max();
 
@@ -110,7 +110,10 @@ AudioAnalysis::AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>&
 {
     profile.setMinimalThreshold(0);
     configuration.setSelectedProfile(profile);
-    configuration.setStopDetectionDuration(kStopDuration);
+    SettingsTable::Restore(configuration);
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.reader == SettingsTable::eHeld)
+            held.push_back({&setting, setting.initial});
     Restart();
 }
 
@@ -127,8 +130,8 @@ void AudioAnalysis::Restart()
 
 void AudioAnalysis::_ApplyTo(AudioAnalyzer& pNew) const
 {
-    pNew.setFixedBPM(fixedBPM);
-    pNew.setConsistencyAllowed(isConsistencyAllowed);
+    for (const Held& one : held)
+        AnalyzerSettings::Tell(*one.pSetting, one.value, pNew);
 }
 
 template <typename Sample>

@@ -256,6 +256,12 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Get(const AudioAnalysis* p
                                                           double* pValue);
 
 /**
+ * What the other interfaces call the setting of that number, "stop-duration" say; NULL for a number
+ * that none has, so that a host can list them from 0. Static. [any thread]
+ */
+AUDIOANALYZER_EXPORT const char* AudioAnalysis_GetSettingName(int32_t pSetting);
+
+/**
  * Stores the limits of a setting, both included, and its default through the pointers that are not
  * NULL. None, Unknown. [any thread]
  */
@@ -329,6 +335,23 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetStopCallback(
 /** For every block while music plays, before its pulse. */
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetSpectrumCallback(
     AudioAnalysis* pAnalysis, AudioAnalysisSpectrumCallback pCallback, void* pUser);
+
+/* ---- A whole recording: AnalysisEvents.cpp ----------------------------------------------------
+ */
+
+/**
+ * Stores the one tempo of a recording in *pBPM, 0 = unknown, from the pCount beats that its
+ * analysis told: their times, tempos and virtual marks, in arrays of the host's own. It is the
+ * median of the tempos of the real beats from ten seconds after the first of them on; for want of
+ * those, of all real beats, or of all beats. None, Null (an array may be NULL if pCount is 0),
+ * Memory. [any thread] [allocates]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError
+AudioAnalysis_ComputeRecordingTempo(const double* pTimes,
+                                    const double* pBPMs,
+                                    const int32_t* pVirtualMarks,
+                                    size_t pCount,
+                                    double* pBPM);
 
 /* ---- State: AnalysisEvents.cpp --------------------------------------------------------------- */
 

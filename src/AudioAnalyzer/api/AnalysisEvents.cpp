@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/RecordingTempo.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/api/detail/AnalysisAnswer.h>
 #include <AudioAnalyzer/api/detail/AnalysisHandle.h>
@@ -107,6 +108,26 @@ AudioAnalysisError AudioAnalysis_SetSpectrumCallback(AudioAnalysis* pAnalysis,
                                                      void* pUser)
 {
     return SetCallback(pAnalysis, &AudioAnalysis::onSpectrum, pCallback, pUser);
+}
+
+AudioAnalysisError AudioAnalysis_ComputeRecordingTempo(const double* pTimes,
+                                                       const double* pBPMs,
+                                                       const int32_t* pVirtualMarks,
+                                                       size_t pCount,
+                                                       double* pBPM)
+{
+    return detail::Answer(
+        nullptr,
+        [=] {
+            const bool hasBeats = pTimes && pBPMs && pVirtualMarks;
+            if (!pBPM || (pCount > 0 && !hasBeats))
+                return detail::Refuse(nullptr, AudioAnalysisError_Null, "an array is NULL");
+            std::vector<RecordingTempo::Report> reports;
+            for (size_t i = 0; i < pCount; ++i)
+                reports.push_back({pTimes[i], pBPMs[i], pVirtualMarks[i] != 0});
+            *pBPM = RecordingTempo::Compute(reports);
+            return AudioAnalysisError_None;
+        });
 }
 
 int32_t AudioAnalysis_GetSampleRate(const AudioAnalysis* pAnalysis)

@@ -3,6 +3,7 @@
 #include <AudioAnalyzer/api/detail/AnalysisAnswer.h>
 #include <AudioAnalyzer/api/detail/AnalysisHandle.h>
 #include <AudioAnalyzer/config/PredefinedProfile.h>
+#include <AudioAnalyzer/config/ProfileLimits.h>
 
 #include <QString>
 
@@ -10,7 +11,6 @@
 
 namespace {
 
-constexpr double kMaximalSensibility = 1000.0;
 constexpr int kNoEdge = -1;  ///< instead of a frequency
 
 struct BuiltIn
@@ -69,18 +69,14 @@ AudioAnalysisError RefuseName(const AudioAnalysis* pAnalysis, const char* pName)
     return detail::Refuse(pAnalysis, AudioAnalysisError_Unknown, text);
 }
 
-/// What is wrong with a profile, or null. Tests of doubles are written so that NaN fails them.
+/// What is wrong with a profile, or null.
 const char* FaultOf(const AudioAnalysisProfile& pProfile)
 {
-    const bool isOrdered = pProfile.minimalBPM >= 1.0 &&
-                           pProfile.maximalBPM >= pProfile.minimalBPM &&
-                           pProfile.maximalBPM < 1000.0;
-    if (!isOrdered)
+    if (!ProfileLimits::isTempoRange(pProfile.minimalBPM, pProfile.maximalBPM))
         return "a tempo range has 1 <= minimal <= maximal < 1000 BPM";
-    if (!(pProfile.sensibility >= 0.0 && pProfile.sensibility <= kMaximalSensibility))
+    if (!ProfileLimits::isSensibility(pProfile.sensibility))
         return "a sensibility is 0 to 1000";
-    const bool hasEdges = pProfile.lowFrequency >= 1 && pProfile.highFrequency >= 1;
-    if (hasEdges && pProfile.lowFrequency > pProfile.highFrequency)
+    if (!ProfileLimits::isBand(pProfile.lowFrequency, pProfile.highFrequency))
         return "a band's lower edge is not above its upper edge";
     if (pProfile.maximalThreshold < 0 ||
         pProfile.maximalThreshold > std::numeric_limits<qint16>::max())

@@ -1,138 +1,22 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/AnalyzerSettings.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/api/detail/AnalysisAnswer.h>
 #include <AudioAnalyzer/api/detail/AnalysisHandle.h>
-
-#include <cmath>
-#include <iterator>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 namespace {
 
-constexpr double kFullScale = 32767.0;
-constexpr double kShortest = 0.05;  ///< seconds
+using Setting = SettingsTable::Setting;
 
-struct Setting
-{
-    const char* pName;
-    double minimum;
-    double maximum;
-    double initial;
-    bool isWhole;
-    double (*get)(const AudioAnalysis& pThis);
-    void (*set)(AudioAnalysis& pThis, double pValue);
-};
-
-void SetThreshold(AudioAnalysis& pThis, double pValue)
-{
-    pThis.configuration.setThreshold(static_cast<short>(pValue));
-}
-
-void SetStopThreshold(AudioAnalysis& pThis, double pValue)
-{
-    pThis.configuration.setStopDetectionThreshold(static_cast<short>(pValue));
-}
-
-void SetStopDuration(AudioAnalysis& pThis, double pValue)
-{
-    if (pThis.configuration.setStopDetectionDuration(pValue))
-        pThis.pAnalyzer->setStopDetectionDuration(pValue);
-}
-
-// The analyzer first: it may find that memory has run out.
-void SetAverageDuration(AudioAnalysis& pThis, double pValue)
-{
-    pThis.pAnalyzer->setAverageVolumeCalculationDuration(pValue);
-    pThis.configuration.setAverageVolumeCalculationDuration(pValue);
-}
-
-void SetBPMDuration(AudioAnalysis& pThis, double pValue)
-{
-    pThis.configuration.setBPMCalculationDuration(pValue);
-}
-
-void SetFixedBPM(AudioAnalysis& pThis, double pValue)
-{
-    pThis.fixedBPM = pValue;
-    pThis.pAnalyzer->setFixedBPM(pValue);
-}
-
-void SetConsistency(AudioAnalysis& pThis, double pValue)
-{
-    pThis.isConsistencyAllowed = pValue != 0.0;
-    pThis.pAnalyzer->setConsistencyAllowed(pThis.isConsistencyAllowed);
-}
-
-void SetVirtualWhenStopped(AudioAnalysis& pThis, double pValue)
-{
-    pThis.configuration.setDisplayVirtualBeatsWhenStopped(pValue != 0.0);
-}
-
-/// In the order of AudioAnalysisSetting.
-const Setting kSettings[] = {
-    {"a threshold",
-     -1.0,
-     kFullScale,
-     -1.0,
-     true,
-     [](const AudioAnalysis& p) -> double { return p.configuration.getThreshold(); },
-     &SetThreshold},
-    {"a stop threshold",
-     0.0,
-     kFullScale,
-     3276.0,
-     true,
-     [](const AudioAnalysis& p) -> double { return p.configuration.getStopDetectionThreshold(); },
-     &SetStopThreshold},
-    {"a stop duration in seconds",
-     kShortest,
-     10.0,
-     1.5,
-     false,
-     [](const AudioAnalysis& p) { return p.configuration.getStopDetectionDuration(); },
-     &SetStopDuration},
-    {"an average duration in seconds",
-     kShortest,
-     60.0,
-     2.0,
-     false,
-     [](const AudioAnalysis& p) { return p.configuration.getAverageVolumeCalculationDuration(); },
-     &SetAverageDuration},
-    {"a BPM duration in seconds",
-     kShortest,
-     600.0,
-     10.0,
-     false,
-     [](const AudioAnalysis& p) { return p.configuration.getBPMCalculationDuration(); },
-     &SetBPMDuration},
-    {"a fixed tempo in BPM",
-     0.0,
-     999.0,
-     0.0,
-     false,
-     [](const AudioAnalysis& p) { return p.fixedBPM; },
-     &SetFixedBPM},
-    {"consistency",
-     0.0,
-     1.0,
-     1.0,
-     true,
-     [](const AudioAnalysis& p) { return p.isConsistencyAllowed ? 1.0 : 0.0; },
-     &SetConsistency},
-    {"virtual beats when stopped",
-     0.0,
-     1.0,
-     0.0,
-     true,
-     [](const AudioAnalysis& p) {
-         return p.configuration.getDisplayVirtualBeatsWhenStopped() ? 1.0 : 0.0;
-     },
-     &SetVirtualWhenStopped},
-};
-
+/// Those of the analysis come first in the table, in the order of their numbers.
 const Setting* FindSetting(int32_t pSetting)
 {
-    const bool isKnown = pSetting >= 0 && pSetting < int32_t(std::size(kSettings));
-    return isKnown ? &kSettings[pSetting] : nullptr;
+    const auto& settings = SettingsTable::getSettings();
+    const auto place = static_cast<std::size_t>(pSetting);
+    const bool isKnown =
+        pSetting >= 0 && place < settings.size() && settings[place].use == SettingsTable::eAnalysis;
+    return isKnown ? &settings[place] : nullptr;
 }
 
 AudioAnalysisError RefuseSetting(const AudioAnalysis* pAnalysis, int32_t pSetting)
@@ -141,31 +25,42 @@ AudioAnalysisError RefuseSetting(const AudioAnalysis* pAnalysis, int32_t pSettin
         pAnalysis, AudioAnalysisError_Unknown, "there is no setting " + detail::Text(pSetting));
 }
 
-/// Written so that NaN is not.
-bool IsAllowed(const Setting& pSetting, double pValue)
-{
-    const bool isWithin = pValue >= pSetting.minimum && pValue <= pSetting.maximum;
-    return isWithin && (!pSetting.isWhole || std::floor(pValue) == pValue);
-}
-
 AudioAnalysisError
 RefuseValue(const AudioAnalysis& pAnalysis, const Setting& pSetting, double pValue)
 {
-    return detail::Refuse(&pAnalysis,
-                          AudioAnalysisError_Range,
-                          std::string(pSetting.pName) + " is " +
-                              (pSetting.isWhole ? "a whole number from " : "") +
-                              detail::Text(pSetting.minimum) + " to " +
-                              detail::Text(pSetting.maximum) + ", not " + detail::Text(pValue));
+    const bool isWhole = pSetting.form != SettingsTable::eNumber;
+    const std::string unit = *pSetting.pUnit ? " " + std::string(pSetting.pUnit) : "";
+    return detail::Refuse(
+        &pAnalysis,
+        AudioAnalysisError_Range,
+        std::string(pSetting.pIdentifier) + " is a " + (isWhole ? "whole number" : "number") +
+            " from " + detail::Text(pSetting.minimum) + " to " + detail::Text(pSetting.maximum) +
+            unit + ", not " + detail::Text(pValue));
 }
 
-void Store(double* pTarget, double pValue)
+void Put(double* pTarget, double pValue)
 {
     if (pTarget)
         *pTarget = pValue;
 }
 
 }  // namespace
+
+void AudioAnalysis::Set(const Setting& pSetting, double pValue)
+{
+    AnalyzerSettings::Store(pSetting, pValue, configuration, pAnalyzer);
+    for (Held& one : held)
+        if (one.pSetting == &pSetting)
+            one.value = pValue;
+}
+
+double AudioAnalysis::Get(const Setting& pSetting) const
+{
+    for (const Held& one : held)
+        if (one.pSetting == &pSetting)
+            return one.value;
+    return pSetting.get(configuration);
+}
 
 AudioAnalysisError AudioAnalysis_Set(AudioAnalysis* pAnalysis, int32_t pSetting, double pValue)
 {
@@ -175,9 +70,9 @@ AudioAnalysisError AudioAnalysis_Set(AudioAnalysis* pAnalysis, int32_t pSetting,
             const Setting* pFound = FindSetting(pSetting);
             if (!pFound)
                 return RefuseSetting(&pThis, pSetting);
-            if (!IsAllowed(*pFound, pValue))
+            if (!pFound->isAllowed(pValue))
                 return RefuseValue(pThis, *pFound, pValue);
-            pFound->set(pThis, pValue);
+            pThis.Set(*pFound, pValue);
             return AudioAnalysisError_None;
         });
 }
@@ -193,9 +88,20 @@ AudioAnalysis_Get(const AudioAnalysis* pAnalysis, int32_t pSetting, double* pVal
                 return RefuseSetting(&pThis, pSetting);
             if (!pValue)
                 return detail::Refuse(&pThis, AudioAnalysisError_Null, "the value's place is NULL");
-            *pValue = pFound->get(pThis);
+            *pValue = pThis.Get(*pFound);
             return AudioAnalysisError_None;
         });
+}
+
+const char* AudioAnalysis_GetSettingName(int32_t pSetting)
+{
+    const char* pName = nullptr;
+    detail::Answer(nullptr, [&] {
+        const Setting* pFound = FindSetting(pSetting);
+        pName = pFound ? pFound->pIdentifier : nullptr;
+        return AudioAnalysisError_None;
+    });
+    return pName;
 }
 
 AudioAnalysisError
@@ -207,9 +113,9 @@ AudioAnalysis_GetLimits(int32_t pSetting, double* pMinimum, double* pMaximum, do
             const Setting* pFound = FindSetting(pSetting);
             if (!pFound)
                 return RefuseSetting(nullptr, pSetting);
-            Store(pMinimum, pFound->minimum);
-            Store(pMaximum, pFound->maximum);
-            Store(pDefault, pFound->initial);
+            Put(pMinimum, pFound->minimum);
+            Put(pMaximum, pFound->maximum);
+            Put(pDefault, pFound->initial);
             return AudioAnalysisError_None;
         });
 }

@@ -107,11 +107,15 @@ public:
     /// The stored configuration, or the defaults when there is none or it is damaged. Never null,
     /// writes nothing; owned by the caller. [event loop]
     static Configuration* LoadOrCreate();
+    /// The configuration in the file at path but for its device, so that the sound system is not
+    /// asked for what it has; null when the file is missing or damaged. Owned by the caller.
+    static Configuration* LoadWithoutDevice(const QString& path);
     /// Replaces the stored configuration; false, and the old file whole, when that fails. Renumbers
-    /// the user profiles, keeps the modified mark. [event loop]
+    /// the user profiles, keeps the modified mark, and mode and owner of the old file. [event loop]
     bool Save();
 
-    /// The absolute path of "AudioAnalyzer.cfg" in the folder of the executable.
+    /// The absolute path of "AudioAnalyzer.cfg" in the folder of the executable, or where
+    /// SettingsFolder has it.
     static QString _getConfigFilePath();
     /// The configuration in the file at path, owned by the caller; null when it is missing or
     /// damaged.
@@ -135,9 +139,16 @@ private:
 
     static const unsigned char _SIGNATURE[8];  ///< first bytes of every configuration file
 
-    bool _Read(QIODevice& pFile);
+    /// What a reader of the file wants to know.
+    enum eFilePart
+    {
+        eEverything,
+        eNoDevice  ///< all but the device, which would have to be looked for
+    };
+    static Configuration* _LoadPart(const QString& path, eFilePart pPart);
+    bool _Read(QIODevice& pFile, eFilePart pPart);
     static int _ReadVersion(detail::BoundedReader& pReader);
-    void _ReadDevice(detail::BoundedReader& pReader);
+    void _ReadDevice(detail::BoundedReader& pReader, eFilePart pPart);
     void _ReadThresholdAndFlags(detail::BoundedReader& pReader);
     void _ReadUserProfiles(detail::BoundedReader& pReader);
     void _ReadDurations(detail::BoundedReader& pReader);

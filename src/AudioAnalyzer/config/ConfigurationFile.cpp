@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/QtAudioInputDeviceInfo.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsFolder.h>
 #include <AudioAnalyzer/config/detail/AtomicFile.h>
 #include <AudioAnalyzer/config/detail/BoundedReader.h>
 #include <AudioAnalyzer/config/detail/FileFormat.h>
 #include <AudioAnalyzer/config/detail/UserProfileRecord.h>
 
-#include <QCoreApplication>
 #include <QDataStream>
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
@@ -45,8 +44,7 @@ bool isSealed(detail::BoundedReader& pReader, QIODevice& pFile)
 
 QString Configuration::_getConfigFilePath()
 {
-    const QDir folder(QCoreApplication::applicationDirPath());
-    return folder.absoluteFilePath(QStringLiteral("AudioAnalyzer.cfg"));
+    return SettingsFolder::getPath(QStringLiteral("AudioAnalyzer.cfg"));
 }
 
 Configuration* Configuration::LoadOrCreate()
@@ -64,6 +62,16 @@ bool Configuration::Save()
 
 Configuration* Configuration::_Load(const QString& path)
 {
+    return _LoadPart(path, eEverything);
+}
+
+Configuration* Configuration::LoadWithoutDevice(const QString& path)
+{
+    return _LoadPart(path, eNoDevice);
+}
+
+Configuration* Configuration::_LoadPart(const QString& path, eFilePart pPart)
+{
     QFile file(path.trimmed());
     if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
         return nullptr;
@@ -71,10 +79,10 @@ Configuration* Configuration::_Load(const QString& path)
     // Intended: a file that cannot even hold the head counts as an unused one, not as a damaged
     // one.
     const bool isUnused = file.size() < detail::kHeadSize;
-    return isUnused || configuration->_Read(file) ? configuration.release() : nullptr;
+    return isUnused || configuration->_Read(file, pPart) ? configuration.release() : nullptr;
 }
 
-bool Configuration::_Read(QIODevice& pFile)
+bool Configuration::_Read(QIODevice& pFile, eFilePart pPart)
 {
     QDataStream stream(&pFile);
     stream.setByteOrder(QDataStream::LittleEndian);
@@ -83,7 +91,7 @@ bool Configuration::_Read(QIODevice& pFile)
     const int version = _ReadVersion(reader);
     if (version < detail::kFileVersion1_0)
         return false;
-    _ReadDevice(reader);
+    _ReadDevice(reader, pPart);
     const auto selectedID = reader.read<quint32>();
     _ReadThresholdAndFlags(reader);
     _ReadUserProfiles(reader);
@@ -107,10 +115,11 @@ int Configuration::_ReadVersion(detail::BoundedReader& pReader)
     return isOurs ? major * 256 + minor : 0;
 }
 
-void Configuration::_ReadDevice(detail::BoundedReader& pReader)
+void Configuration::_ReadDevice(detail::BoundedReader& pReader, eFilePart pPart)
 {
+    const QString name = pReader.readText();
     // Intended: a device that is not present now is forgotten.
-    const QtAudioInputDeviceInfo* const device = _FindDevice(pReader.readText());
+    const QtAudioInputDeviceInfo* const device = pPart == eEverything ? _FindDevice(name) : nullptr;
     if (device)
         m_selectedAudioInputDevice = device->getDeviceName();
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/SettingsFolder.h>
 #include <AudioAnalyzer/config/UISettings.h>
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QSettings>
 
@@ -35,8 +34,7 @@ eStartingPosition positionOf(const QString& pText)
 
 QString UISettings::_getDefaultPath()
 {
-    const QDir folder(QCoreApplication::applicationDirPath());
-    return folder.absoluteFilePath(QStringLiteral("AudioAnalyzer.ini"));
+    return SettingsFolder::getPath(QStringLiteral("AudioAnalyzer.ini"));
 }
 
 UISettings UISettings::Load()

@@ -33,7 +33,8 @@ public:
     /// What the file at _getDefaultPath() says; defaults for whatever it does not say, and for all
     /// of it when it is absent or unreadable. Makes no file.
     static UISettings Load();
-    /// The absolute path of "AudioAnalyzer.ini" in the folder of the executable.
+    /// The absolute path of "AudioAnalyzer.ini" in the folder of the executable, or where
+    /// SettingsFolder has it.
     static QString _getDefaultPath();
 
     bool isAdvancedSettingsVisible() const;

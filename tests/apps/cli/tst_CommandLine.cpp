@@ -3,9 +3,12 @@
 
 #include <cli/CommandLine.h>
 #include <cli/analyze/WorkerPool.h>
+#include <cli/settings/AnalysisOptionTable.h>
 
 #include <QtTest>
 
+#include <support/SettingOf.h>
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -63,19 +66,13 @@ void tst_CommandLine::help_showsEveryOption()
                               "--bpm",
                               "--band",
                               "--sensibility",
-                              "--threshold",
-                              "--fixed-bpm",
-                              "--stop-duration",
-                              "--stop-threshold",
-                              "--average-duration",
-                              "--bpm-duration",
-                              "--no-consistency",
-                              "--virtual-when-stopped",
                               "Examples:",
                               "Exit status:",
                               "median"})
         QVERIFY2(command.text.contains(QLatin1String(pPart)), pPart);
     QVERIFY(!command.text.contains(QLatin1String("--worker")));
+    for (const AnalysisOptionInfo& info : getAnalysisOptionTable())
+        QVERIFY2(command.text.contains(info.name + QLatin1Char(' ')), qPrintable(info.name));
     for (const QString& line : command.text.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 100, qPrintable(line));
 }
@@ -84,7 +81,8 @@ void tst_CommandLine::help_ofTheProgramNamesItsCommands()
 {
     const CommandLine command = Parse("--help");
     QCOMPARE(command.action, CommandLine::eShowText);
-    QVERIFY(command.text.contains(QLatin1String("analyze")));
+    for (const char* pName : {"analyze", "listen", "devices", "profiles", "config", "evaluate"})
+        QVERIFY2(command.text.contains(QLatin1String(pName)), pName);
     QVERIFY(command.text.contains(QLatin1String("Example")));
 }
 
@@ -108,7 +106,7 @@ void tst_CommandLine::analyze_hasDefaults()
     QCOMPARE(options.rawRate, 0);
     QCOMPARE(options.jobs, 1);
     QVERIFY(!options.isRealOnly && !options.isQuiet && !options.isWorker);
-    QCOMPARE(options.analysis.stopDuration, 1.5);
+    QVERIFY(options.analysis.settings.empty());
     QVERIFY(options.analysisArguments.isEmpty());
 }
 
@@ -132,14 +130,16 @@ void tst_CommandLine::analyze_readsEveryOption()
     QCOMPARE(options.analysis.bpm->maximal, 120.0);
     QCOMPARE(options.analysis.band->high, 99);
     QCOMPARE(*options.analysis.sensibility, 1.5);
-    QCOMPARE(*options.analysis.threshold, qint16(77));
-    QCOMPARE(options.analysis.fixedBPM, 101.5);
-    QCOMPARE(options.analysis.stopDuration, 2.0);
-    QCOMPARE(*options.analysis.stopThreshold, qint16(88));
-    QCOMPARE(*options.analysis.averageDuration, 4.0);
-    QCOMPARE(*options.analysis.bpmDuration, 12.0);
-    QVERIFY(!options.analysis.isConsistencyAllowed);
-    QVERIFY(options.analysis.isVirtualWhenStopped);
+    const std::map<const SettingsTable::Setting*, double> settings = {
+        {SettingOf("threshold"), 77.0},
+        {SettingOf("fixed-bpm"), 101.5},
+        {SettingOf("stop-duration"), 2.0},
+        {SettingOf("stop-threshold"), 88.0},
+        {SettingOf("average-duration"), 4.0},
+        {SettingOf("bpm-duration"), 12.0},
+        {SettingOf("consistency"), 0.0},
+        {SettingOf("virtual-when-stopped"), 1.0}};
+    QVERIFY(options.analysis.settings == settings);
 }
 
 void tst_CommandLine::analyze_takesFilesThatLookLikeOptions()
@@ -240,7 +240,7 @@ void tst_CommandLine::worker_getsTheSameAnalysis()
     QVERIFY2(command.action == CommandLine::eAnalyze, qPrintable(command.text));
     AnalyzeTask task;
     task.input = QStringLiteral("-b.raw");
-    const CommandLine worker = Parse(WorkerPool::makeArguments(command.analyze, task));
+    CommandLine worker = Parse(WorkerPool::makeArguments(command.analyze, task));
     QVERIFY2(worker.action == CommandLine::eAnalyze, qPrintable(worker.text));
     QVERIFY(worker.analyze.isWorker);
     QVERIFY(worker.analyze.isRealOnly);
@@ -251,10 +251,10 @@ void tst_CommandLine::worker_getsTheSameAnalysis()
     QCOMPARE(worker.analyze.rawChannels, 2);
     QCOMPARE(worker.analyze.analysisArguments, command.analyze.analysisArguments);
     QCOMPARE(worker.analyze.analysis.bpm->maximal, 120.5);
-    QCOMPARE(worker.analyze.analysis.stopDuration, 0.7);
-    QCOMPARE(*worker.analyze.analysis.threshold, qint16(-1));
-    QVERIFY(!worker.analyze.analysis.isConsistencyAllowed);
+    QVERIFY(worker.analyze.analysis.settings == command.analyze.analysis.settings);
+    QCOMPARE(worker.analyze.analysis.settings[SettingOf("stop-duration")], 0.7);
+    QCOMPARE(worker.analyze.analysis.settings[SettingOf("threshold")], -1.0);
 }
 
-QTEST_GUILESS_MAIN(tst_CommandLine)
+AA_TEST(tst_CommandLine, QCoreApplication)
 #include "tst_CommandLine.moc"

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <optional>
+#include <support/TestClass.h>
 
 /// The arithmetic of readers and options.
 class tst_ParseNumber : public QObject
@@ -91,5 +92,5 @@ void tst_ParseNumber::parseInteger_takesWholeNumbersWithinLimits()
     QCOMPARE(cli::ParseInteger(text, 2, 9).value_or(-1), result);
 }
 
-QTEST_APPLESS_MAIN(tst_ParseNumber)
+AA_TEST(tst_ParseNumber, NoApplication)
 #include "tst_ParseNumber.moc"

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "TestAudio.h"
 #include <cli/analyze/TotalProgress.h>
 #include <cli/detail/ProgressLine.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <apps/shared/files/TestAudio.h>
+#include <support/TestClass.h>
 
 class tst_ProgressLine : public QObject
 {
@@ -99,5 +101,5 @@ void tst_ProgressLine::totalProgress_weighsFilesBySize()
     QCOMPARE(TotalProgress({}).getFraction(), 0.0);
 }
 
-QTEST_APPLESS_MAIN(tst_ProgressLine)
+AA_TEST(tst_ProgressLine, NoApplication)
 #include "tst_ProgressLine.moc"

@@ -3,7 +3,7 @@
 
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include "PanelTest.h"
+#include <apps/desktop/PanelTest.h>
 #include <demo/DemoTrack.h>
 #include <shared/settings/ConfigurationStore.h>
 

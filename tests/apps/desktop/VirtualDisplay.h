@@ -41,3 +41,30 @@ public:
 private:
     QProcess m_server;
 };
+
+/// A window manager on that server, for as long as it lives.
+class WindowManager
+{
+public:
+    WindowManager()
+    {
+        // Its start-up command runs once it manages windows.
+        m_manager.start(
+            QStringLiteral("openbox"),
+            {QStringLiteral("--sm-disable"), QStringLiteral("--startup"), QStringLiteral("echo")});
+        if (!m_manager.waitForReadyRead(20000))
+            qFatal("openbox does not start: %s", m_manager.readAllStandardError().constData());
+    }
+    ~WindowManager()
+    {
+        m_manager.terminate();
+        if (!m_manager.waitForFinished(5000))
+            m_manager.kill();
+        m_manager.waitForFinished(5000);
+    }
+    WindowManager(const WindowManager&) = delete;
+    WindowManager& operator=(const WindowManager&) = delete;
+
+private:
+    QProcess m_manager;
+};

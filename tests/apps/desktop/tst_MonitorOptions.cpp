@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -95,5 +96,5 @@ void tst_MonitorOptions::mistake_isRefusedInWords()
     QVERIFY2(options.text.contains(word), qPrintable(options.text));
 }
 
-QTEST_APPLESS_MAIN(tst_MonitorOptions)
+AA_TEST(tst_MonitorOptions, NoApplication)
 #include "tst_MonitorOptions.moc"

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "Stage.h"
-
 #include <QtTest>
+
+#include <apps/stage/Stage.h>
+#include <support/ProcessStatus.h>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -40,6 +42,13 @@ public:
         return Finish(process);
     }
 };
+
+/// Whether a program has come so far that its event loop goes round.
+bool IsRunning(const QProcess& pProcess)
+{
+    return processstatus::WaitForHandler(pProcess.processId(), SIGTERM) &&
+           processstatus::WaitForRounds(pProcess.processId(), 20);
+}
 
 /// Ends a program that runs well by a signal and returns how that went.
 StagedRun EndBy(QProcess& pProcess, int pSignal)
@@ -109,7 +118,7 @@ void tst_MonitorProgram::signal_endsItWell()
     QProcess process;
     m_stage.Launch(process, {QStringLiteral("--device"), QStringLiteral("Deck")});
     QVERIFY(process.waitForStarted());
-    QTest::qWait(1500);
+    QVERIFY(IsRunning(process));
     QCOMPARE(process.state(), QProcess::Running);
     const StagedRun run = EndBy(process, signal);
     QCOMPARE(run.exitCode, 0);
@@ -122,7 +131,7 @@ void tst_MonitorProgram::damagedConfiguration_doesNotStopIt()
     QProcess process;
     m_stage.Launch(process, {});
     QVERIFY(process.waitForStarted());
-    QTest::qWait(1000);
+    QVERIFY(IsRunning(process));
     QCOMPARE(process.state(), QProcess::Running);
     QCOMPARE(EndBy(process, SIGTERM).exitCode, 0);
     // Nothing was changed, so nothing is written over what may be mended.
@@ -135,10 +144,10 @@ void tst_MonitorProgram::missingFile_doesNotStopIt()
     QProcess process;
     m_stage.Launch(process, {QStringLiteral("--play"), QStringLiteral("/nowhere.wav")});
     QVERIFY(process.waitForStarted());
-    QTest::qWait(1000);
+    QVERIFY(IsRunning(process));
     QCOMPARE(process.state(), QProcess::Running);
     QCOMPARE(EndBy(process, SIGTERM).exitCode, 0);
 }
 
-QTEST_GUILESS_MAIN(tst_MonitorProgram)
+AA_TEST(tst_MonitorProgram, QCoreApplication)
 #include "tst_MonitorProgram.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "DesktopTest.h"
+#include <apps/desktop/DesktopTest.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/session/MonitorSession.h>
 #include <desktop/window/MainWindow.h>
@@ -11,6 +11,9 @@
 #include <QListView>
 
 #include <pulse/PulseServer.h>
+#include <support/TestClass.h>
+
+constexpr int kTimeoutMs = 60000;
 
 /// The window captures from a sound server, which is the test's own.
 class tst_MonitorPulse : public QObject
@@ -30,7 +33,7 @@ private:
 void tst_MonitorPulse::initTestCase()
 {
     desktoptest::ForgetSettings();
-    const std::vector<qint16> samples = desktoptest::DemoPart(8.0, 30.0);
+    const std::vector<qint16> samples = desktoptest::DemoPart(8.0, 90.0);
     m_track = m_server.folder() + QStringLiteral("/music.raw");
     QFile file(m_track);
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -53,15 +56,15 @@ void tst_MonitorPulse::sink_isListedAndCaptured()
     QCOMPARE(list.model()->rowCount(), 1);
     QVERIFY(list.model()->index(0, 0).data().toString().contains(QLatin1String("deck.monitor")));
     QTRY_COMPARE_WITH_TIMEOUT(
-        window.getStatus().getSource(), QStringLiteral("Listening to “deck.monitor”"), 15000);
+        window.getStatus().getSource(), QStringLiteral("Listening to “deck.monitor”"), kTimeoutMs);
     QTRY_VERIFY_WITH_TIMEOUT(std::abs(window.getBpm().m_pTempo->text().toDouble() - 128.0) < 1.5,
-                             15000);
-    QVERIFY(session.getFeed().getBeatCount() >= 3);
+                             kTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(session.getFeed().getBeatCount() >= 3, kTimeoutMs);
     m_server.End();
     QTRY_VERIFY_WITH_TIMEOUT(
         window.getStatus().getSource().startsWith(QStringLiteral("Waiting for “deck.monitor”")),
-        10000);
+        kTimeoutMs);
 }
 
-QTEST_MAIN(tst_MonitorPulse)
+AA_TEST(tst_MonitorPulse, QApplication)
 #include "tst_MonitorPulse.moc"

@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <memory>
 #include <pulse/PulseServer.h>
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -355,5 +356,5 @@ void tst_PulseBackEnd::ending_needsNoAnswer()
     m_server.Thaw();
 }
 
-QTEST_GUILESS_MAIN(tst_PulseBackEnd)
+AA_TEST(tst_PulseBackEnd, QCoreApplication)
 #include "tst_PulseBackEnd.moc"

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 #include <numeric>
 #include <vector>
 
@@ -102,5 +104,5 @@ void tst_SampleRing::nothing_standsForSilence()
     QCOMPARE(Read(ring, 10), Samples({1, 2, 0, 0, 0, 3}));
 }
 
-QTEST_APPLESS_MAIN(tst_SampleRing)
+AA_TEST(tst_SampleRing, NoApplication)
 #include "tst_SampleRing.moc"

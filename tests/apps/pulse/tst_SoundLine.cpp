@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 constexpr quint64 kStart = 1700000000000000;  // µs
@@ -90,5 +92,5 @@ void tst_SoundLine::longTime_costsNoAccuracy()
     QCOMPARE(line.getInstant(minutes * 60 * kRate), kStart + minutes * 60000000);
 }
 
-QTEST_APPLESS_MAIN(tst_SoundLine)
+AA_TEST(tst_SoundLine, NoApplication)
 #include "tst_SoundLine.moc"

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
-#include "BeatTrackerTest.h"
+#include <apps/vamp/BeatTrackerTest.h>
 #include <cli/analyze/FileAnalysis.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <demo/DemoTrack.h>
 
 #include <algorithm>
 #include <cmath>
+#include <support/TestClass.h>
 #include <thread>
 
 using namespace vamptest;
@@ -302,5 +303,5 @@ void tst_BeatTracker::spectrum_showsTheLoudestBin()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_BeatTracker)
+AA_TEST(tst_BeatTracker, QCoreApplication)
 #include "tst_BeatTracker.moc"

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
-#include "BeatTrackerTest.h"
+#include <apps/vamp/BeatTrackerTest.h>
 #include <cli/settings/AnalysisOptionTable.h>
 
 #include <limits>
+#include <support/TestClass.h>
 
 using namespace vamptest;
 
@@ -72,6 +74,18 @@ void tst_BeatTracker_description::parameters_areDescribed()
         name.replace(QLatin1String("band"), QLatin1String("low-frequency"));
         name.remove(QLatin1String("no-"));
         QVERIFY2(names.contains(name), qPrintable(name));
+    }
+    for (const auto& parameter : pPlugin->getParameterDescriptors()) {
+        const auto* pSetting = SettingsTable::Find(QString::fromStdString(parameter.identifier));
+        if (!pSetting)
+            continue;
+        QCOMPARE(pSetting->use, SettingsTable::eAnalysis);
+        QCOMPARE(parameter.minValue, float(pSetting->minimum));
+        QCOMPARE(parameter.maxValue, float(pSetting->maximum));
+        QCOMPARE(parameter.defaultValue, float(pSetting->initial));
+        QCOMPARE(parameter.unit, std::string(pSetting->pUnit));
+        QCOMPARE(parameter.isQuantized, pSetting->form != SettingsTable::eNumber);
+        QVERIFY(parameter.name.size() > 5 && parameter.description.size() > 20);
     }
     const auto profile = pPlugin->getParameterDescriptors().at(0);
     const std::vector<std::string> profiles = {"Electro", "Hardcore", "Slow"};
@@ -149,5 +163,5 @@ void tst_BeatTracker_description::calls_areHarmless_beforeInitialise()
     QVERIFY(pPlugin->getRemainingFeatures().empty());
 }
 
-QTEST_GUILESS_MAIN(tst_BeatTracker_description)
+AA_TEST(tst_BeatTracker_description, QCoreApplication)
 #include "tst_BeatTracker_description.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 #include <vector>
 
@@ -179,5 +180,5 @@ void tst_AnalysisPump::analysis_startsWithTheFirstBlock()
     QVERIFY(!fixture.pump.getAnalyzer().isPlaying());
 }
 
-QTEST_GUILESS_MAIN(tst_AnalysisPump)
+AA_TEST(tst_AnalysisPump, QCoreApplication)
 #include "tst_AnalysisPump.moc"

@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 /// Choosing the beat of a window that has passed, and what Reset keeps.
 class tst_AudioAnalyzer_beats : public QObject
 {
@@ -341,5 +343,5 @@ void tst_AudioAnalyzer_beats::reset_emitsNothing()
     QCOMPARE(kindsOf(fixture.log.getRecords()), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_beats)
+AA_TEST(tst_AudioAnalyzer_beats, QCoreApplication)
 #include "tst_AudioAnalyzer_beats.moc"

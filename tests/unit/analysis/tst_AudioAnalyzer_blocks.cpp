@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <numeric>
+#include <support/TestClass.h>
 
 using waves::Samples;
 
@@ -309,5 +310,5 @@ void tst_AudioAnalyzer_blocks::currentPulseBlock_isTheLastOneUnderThePendingRema
     QCOMPARE(Samples(values.samples, values.samples + values.size), expected);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_blocks)
+AA_TEST(tst_AudioAnalyzer_blocks, QCoreApplication)
 #include "tst_AudioAnalyzer_blocks.moc"

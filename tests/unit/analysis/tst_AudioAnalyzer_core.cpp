@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <support/TestClass.h>
 
 class tst_AudioAnalyzer_core : public QObject
 {
@@ -331,5 +332,5 @@ void tst_AudioAnalyzer_core::destructor_leavesTheConfiguration()
     QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Electro"));
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_core)
+AA_TEST(tst_AudioAnalyzer_core, QCoreApplication)
 #include "tst_AudioAnalyzer_core.moc"

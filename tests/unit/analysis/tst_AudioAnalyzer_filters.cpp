@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <support/TestClass.h>
 
 using waves::Samples;
 
@@ -228,5 +229,5 @@ void tst_AudioAnalyzer_filters::automaticThreshold_followsTheAverage()
     QTEST(fixture.analyzer.getThreshold(), "threshold");
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_filters)
+AA_TEST(tst_AudioAnalyzer_filters, QCoreApplication)
 #include "tst_AudioAnalyzer_filters.moc"

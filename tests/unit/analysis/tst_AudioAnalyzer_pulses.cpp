@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 using waves::Samples;
 
 namespace {
@@ -395,5 +397,5 @@ void tst_AudioAnalyzer_pulses::emptyBlock_endsAtOnce()
     QCOMPARE(stateOf(fixture.analyzer), before);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_pulses)
+AA_TEST(tst_AudioAnalyzer_pulses, QCoreApplication)
 #include "tst_AudioAnalyzer_pulses.moc"

@@ -6,6 +6,9 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <support/TestClass.h>
+#include <support/VirtualTime.h>
+
 namespace {
 
 constexpr quint64 kStart = 1700000000000000;
@@ -249,5 +252,5 @@ void tst_AudioAnalyzer_schedule::beat_isNotSent_afterStopOrReset()
     QCOMPARE(spy.count(), beats);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_schedule)
+AA_TEST(tst_AudioAnalyzer_schedule, InVirtualTime<QCoreApplication>)
 #include "tst_AudioAnalyzer_schedule.moc"

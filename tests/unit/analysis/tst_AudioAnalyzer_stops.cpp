@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <support/TestClass.h>
 
 using waves::Samples;
 
@@ -373,5 +374,5 @@ void tst_AudioAnalyzer_stops::averageVolumeDuration_resizesTheWindow()
     QCOMPARE(fixture.configuration.getAverageVolumeCalculationDuration(), 2.0);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_stops)
+AA_TEST(tst_AudioAnalyzer_stops, QCoreApplication)
 #include "tst_AudioAnalyzer_stops.moc"

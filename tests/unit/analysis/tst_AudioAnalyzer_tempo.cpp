@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 using Indexes = std::vector<quint64>;
 
@@ -303,5 +304,5 @@ void tst_AudioAnalyzer_tempo::report_comesBeforeTheNextWindow()
     QVERIFY(fixture.analyzer.m_beatWindowEnd != 777);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_tempo)
+AA_TEST(tst_AudioAnalyzer_tempo, QCoreApplication)
 #include "tst_AudioAnalyzer_tempo.moc"

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <support/FakeClock.h>
+#include <support/TestClass.h>
 
 /// The watch that starts the tracker anew after ten seconds of poor accuracy.
 class tst_AudioAnalyzer_watch : public QObject
@@ -242,5 +243,5 @@ void tst_AudioAnalyzer_watch::elapsedSeconds_areWholeSecondsAndTheRest()
     QTEST(fixture.analyzer.getInaccuracyElapsedSeconds(), "seconds");
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_watch)
+AA_TEST(tst_AudioAnalyzer_watch, QCoreApplication)
 #include "tst_AudioAnalyzer_watch.moc"

@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 /// Which beat length is predicted, and where the beat window opens.
 class tst_AudioAnalyzer_windows : public QObject
 {
@@ -179,5 +181,5 @@ void tst_AudioAnalyzer_windows::prediction_emitsNothing()
     QCOMPARE(kindsOf(fixture.log.getRecords()), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzer_windows)
+AA_TEST(tst_AudioAnalyzer_windows, QCoreApplication)
 #include "tst_AudioAnalyzer_windows.moc"

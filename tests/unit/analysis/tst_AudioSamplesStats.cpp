@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <support/Waves.h>
 #include <type_traits>
 
@@ -277,5 +278,5 @@ void tst_AudioSamplesStats::window_ofOneSample_keepsTheNewest()
     QCOMPARE(stats.getAverageVolume(), qint16(2));
 }
 
-QTEST_APPLESS_MAIN(tst_AudioSamplesStats)
+AA_TEST(tst_AudioSamplesStats, NoApplication)
 #include "tst_AudioSamplesStats.moc"

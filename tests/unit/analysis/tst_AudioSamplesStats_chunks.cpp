@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <reference/PlainStatistics.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 /// Windows that are put together from the figures of several chunks of 1024 samples equal one pass
@@ -105,6 +106,6 @@ void tst_AudioSamplesStats_chunks::figures_followTheExtremes_whenTheyLeaveTheWin
     QCOMPARE(twins.stats.getAverageVolume(), qint16(100));
 }
 
-QTEST_APPLESS_MAIN(tst_AudioSamplesStats_chunks)
+AA_TEST(tst_AudioSamplesStats_chunks, NoApplication)
 
 #include "tst_AudioSamplesStats_chunks.moc"

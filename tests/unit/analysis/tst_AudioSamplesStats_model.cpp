@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 using waves::Samples;
@@ -139,5 +140,5 @@ void tst_AudioSamplesStats_model::window_equalsTheModel_inRandomRuns()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_AudioSamplesStats_model)
+AA_TEST(tst_AudioSamplesStats_model, NoApplication)
 #include "tst_AudioSamplesStats_model.moc"

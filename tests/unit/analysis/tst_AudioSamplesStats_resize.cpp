@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 using waves::Samples;
@@ -232,5 +233,5 @@ void tst_AudioSamplesStats_resize::resize_ofAFullWindow_goesOnBehindTheSeed()
     QCOMPARE(stats.getMinimalVolume(), qint16(1));
 }
 
-QTEST_APPLESS_MAIN(tst_AudioSamplesStats_resize)
+AA_TEST(tst_AudioSamplesStats_resize, NoApplication)
 #include "tst_AudioSamplesStats_resize.moc"

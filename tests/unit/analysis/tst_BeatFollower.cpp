@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 #include <thread>
 #include <vector>
@@ -192,5 +193,5 @@ void tst_BeatFollower::receiver_mayRestartTheFollower()
     QVERIFY(fixture.beats[1].isVirtual);
 }
 
-QTEST_GUILESS_MAIN(tst_BeatFollower)
+AA_TEST(tst_BeatFollower, QCoreApplication)
 #include "tst_BeatFollower.moc"

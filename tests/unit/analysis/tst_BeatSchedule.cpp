@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 class tst_BeatSchedule : public QObject
@@ -88,5 +89,5 @@ void tst_BeatSchedule::delay_isInWholeMilliSeconds()
              std::numeric_limits<int>::max());
 }
 
-QTEST_APPLESS_MAIN(tst_BeatSchedule)
+AA_TEST(tst_BeatSchedule, NoApplication)
 #include "tst_BeatSchedule.moc"

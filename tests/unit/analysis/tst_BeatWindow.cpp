@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 class tst_BeatWindow : public QObject
 {
     Q_OBJECT
@@ -57,5 +59,5 @@ void tst_BeatWindow::firstWindow_isOneSlowestBeatFromThePosition()
     QCOMPARE(window.end, quint64(34400));
 }
 
-QTEST_APPLESS_MAIN(tst_BeatWindow)
+AA_TEST(tst_BeatWindow, NoApplication)
 #include "tst_BeatWindow.moc"

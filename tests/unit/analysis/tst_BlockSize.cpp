@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_BlockSize : public QObject
 {
@@ -74,5 +75,5 @@ void tst_BlockSize::blockSize_isAPowerOfTwoAndNoOtherOneFits_forEveryRate()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_BlockSize)
+AA_TEST(tst_BlockSize, NoApplication)
 #include "tst_BlockSize.moc"

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_Durations : public QObject
 {
@@ -47,5 +48,5 @@ void tst_Durations::sampleCount_isTheRoundedProduct()
     QCOMPARE(detail::SampleCount(seconds, sampleRate), count);
 }
 
-QTEST_APPLESS_MAIN(tst_Durations)
+AA_TEST(tst_Durations, NoApplication)
 #include "tst_Durations.moc"

@@ -5,6 +5,7 @@
 
 #include <ctime>
 #include <support/FakeClock.h>
+#include <support/TestClass.h>
 #include <type_traits>
 #include <utility>
 
@@ -153,5 +154,5 @@ void tst_HighResolutionTimer::elapsed_isVeryLarge_whenTheClockIsSetBack()
     QCOMPARE(timer.getElapsedMilliSeconds(), 18446744073709550.616);
 }
 
-QTEST_APPLESS_MAIN(tst_HighResolutionTimer)
+AA_TEST(tst_HighResolutionTimer, NoApplication)
 #include "tst_HighResolutionTimer.moc"

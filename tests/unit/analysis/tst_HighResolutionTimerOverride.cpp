@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <support/FakeClock.h>
+#include <support/TestClass.h>
 #include <thread>
 #include <type_traits>
 
@@ -161,5 +162,5 @@ void tst_HighResolutionTimerOverride::wallClock_isBack_afterAnException()
     QCOMPARE(HighResolutionTimer::getTime(), quint64(900));
 }
 
-QTEST_APPLESS_MAIN(tst_HighResolutionTimerOverride)
+AA_TEST(tst_HighResolutionTimerOverride, NoApplication)
 #include "tst_HighResolutionTimerOverride.moc"

@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <vector>
 
 class tst_Magnitudes : public QObject
@@ -85,6 +86,6 @@ void tst_Magnitudes::parts_areCombined()
     QCOMPARE(figures.minimum, qint16(-2));
 }
 
-QTEST_APPLESS_MAIN(tst_Magnitudes)
+AA_TEST(tst_Magnitudes, NoApplication)
 
 #include "tst_Magnitudes.moc"

@@ -4,6 +4,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <type_traits>
 
 static_assert(std::is_base_of_v<Comparable<Pulse>, Pulse>);
@@ -258,5 +259,5 @@ void tst_Pulse::order_isByStartThenByEnd()
     QCOMPARE(pulse == other, order == 0);
 }
 
-QTEST_APPLESS_MAIN(tst_Pulse)
+AA_TEST(tst_Pulse, NoApplication)
 #include "tst_Pulse.moc"

@@ -5,6 +5,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 using waves::Samples;
@@ -157,5 +158,5 @@ void tst_SampleLoops::automaticThreshold_isRoundedAndLimitedAbove()
     QTEST(detail::AutomaticThreshold(sensibility, average, maximum), "threshold");
 }
 
-QTEST_APPLESS_MAIN(tst_SampleLoops)
+AA_TEST(tst_SampleLoops, NoApplication)
 #include "tst_SampleLoops.moc"

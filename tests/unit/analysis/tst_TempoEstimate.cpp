@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_TempoEstimate : public QObject
 {
@@ -73,5 +74,5 @@ void tst_TempoEstimate::tempo_isSamplesPerMinuteByTheWholeMeanInterval()
     QTEST(detail::TempoOfBeats(first, last, std::size_t(count), 2646000.0), "bpm");
 }
 
-QTEST_APPLESS_MAIN(tst_TempoEstimate)
+AA_TEST(tst_TempoEstimate, NoApplication)
 #include "tst_TempoEstimate.moc"

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 
 using namespace pushed;
 
@@ -302,5 +303,5 @@ void tst_Analysis::reset_searchesAnew_atTheSamePosition()
     QVERIFY(std::abs(analysis.beats.back().bpm - 125.0) < 2.0);
 }
 
-QTEST_GUILESS_MAIN(tst_Analysis)
+AA_TEST(tst_Analysis, QCoreApplication)
 #include "tst_Analysis.moc"

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <support/AllocationGuard.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 #include <vector>
 
@@ -93,5 +94,5 @@ void tst_Analysis_allocations::push_allocatesForPulsesOnly()
     AudioAnalysis_Destroy(pAnalysis);
 }
 
-QTEST_APPLESS_MAIN(tst_Analysis_allocations)
+AA_TEST(tst_Analysis_allocations, NoApplication)
 #include "tst_Analysis_allocations.moc"

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <stdexcept>
+#include <support/TestClass.h>
 
 using namespace pushed;
 
@@ -139,5 +140,5 @@ void tst_Analysis_callbacks::errors_haveWords()
     QCOMPARE(AudioAnalysis_DescribeError(8), "there is no such error");
 }
 
-QTEST_GUILESS_MAIN(tst_Analysis_callbacks)
+AA_TEST(tst_Analysis_callbacks, QCoreApplication)
 #include "tst_Analysis_callbacks.moc"

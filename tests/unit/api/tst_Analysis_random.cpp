@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -231,5 +232,5 @@ void tst_Analysis_random::rulesHold_whateverTheHostDoes()
     QVERIFY(pulses > 10);
 }
 
-QTEST_GUILESS_MAIN(tst_Analysis_random)
+AA_TEST(tst_Analysis_random, QCoreApplication)
 #include "tst_Analysis_random.moc"

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/api/detail/AnalysisHandle.h>
 #include <AudioAnalyzer/config/PredefinedProfile.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include "PushedAnalysis.h"
 
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -36,6 +38,7 @@ class tst_Analysis_settings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void settings_areThoseOfTheTable();
     void setting_hasLimitsAndADefault_data();
     void setting_hasLimitsAndADefault();
     void switchesAndMagnitudes_areWhole_data();
@@ -54,7 +57,34 @@ private Q_SLOTS:
     void profile_isTakenOrRefusedAsAWhole();
     void profile_staysWithItsAnalysis();
     void profile_changesWhatIsHeard();
+    void recordingTempo_isThatOfItsBeats();
+    void recordingTempo_refusesNull();
 };
+
+void tst_Analysis_settings::settings_areThoseOfTheTable()
+{
+    int number = 0;
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings()) {
+        if (setting.use != SettingsTable::eAnalysis)
+            continue;
+        QCOMPARE(AudioAnalysis_GetSettingName(number), setting.pIdentifier);
+        double limits[3] = {};
+        QCOMPARE(AudioAnalysis_GetLimits(number, &limits[0], &limits[1], &limits[2]),
+                 AudioAnalysisError_None);
+        QCOMPARE(limits[0], setting.minimum);
+        QCOMPARE(limits[1], setting.maximum);
+        QCOMPARE(limits[2], setting.initial);
+        ++number;
+    }
+    QCOMPARE(number, int(AudioAnalysisSetting_VirtualWhenStopped) + 1);
+    for (const int unknown : {-1, number, std::numeric_limits<int>::max()}) {
+        QVERIFY(!AudioAnalysis_GetSettingName(unknown));
+        QCOMPARE(AudioAnalysis_GetLimits(unknown, nullptr, nullptr, nullptr),
+                 AudioAnalysisError_Unknown);
+    }
+    QCOMPARE(AudioAnalysis_GetSettingName(AudioAnalysisSetting_StopDuration), "stop-duration");
+    QCOMPARE(AudioAnalysis_GetSettingName(AudioAnalysisSetting_Consistency), "consistency");
+}
 
 void tst_Analysis_settings::setting_hasLimitsAndADefault_data()
 {
@@ -354,5 +384,39 @@ void tst_Analysis_settings::profile_changesWhatIsHeard()
     QCOMPARE(high.getEvents("pulse").size(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_Analysis_settings)
+// Ten seconds behind the first real beat, at 11 s, one real beat follows.
+void tst_Analysis_settings::recordingTempo_isThatOfItsBeats()
+{
+    const double times[] = {0.5, 1.0, 1.5, 11.0, 11.5};
+    const double tempos[] = {90.0, 130.0, 131.0, 140.17, 150.57};
+    const int32_t marks[] = {1, 0, 0, 0, 1};
+    double bpm = -1.0;
+    QCOMPARE(AudioAnalysis_ComputeRecordingTempo(times, tempos, marks, 5, &bpm),
+             AudioAnalysisError_None);
+    QCOMPARE(bpm, 140.17);
+    QCOMPARE(AudioAnalysis_ComputeRecordingTempo(times, tempos, marks, 3, &bpm),
+             AudioAnalysisError_None);
+    QCOMPARE(bpm, 130.0);
+    QCOMPARE(AudioAnalysis_ComputeRecordingTempo(times, tempos, marks, 1, &bpm),
+             AudioAnalysisError_None);
+    QCOMPARE(bpm, 90.0);
+    QCOMPARE(AudioAnalysis_ComputeRecordingTempo(nullptr, nullptr, nullptr, 0, &bpm),
+             AudioAnalysisError_None);
+    QCOMPARE(bpm, 0.0);
+}
+
+void tst_Analysis_settings::recordingTempo_refusesNull()
+{
+    const double numbers[] = {1.0};
+    const int32_t marks[] = {0};
+    double bpm = -1.0;
+    const auto compute = &AudioAnalysis_ComputeRecordingTempo;
+    QCOMPARE(compute(nullptr, numbers, marks, 1, &bpm), AudioAnalysisError_Null);
+    QCOMPARE(compute(numbers, nullptr, marks, 1, &bpm), AudioAnalysisError_Null);
+    QCOMPARE(compute(numbers, numbers, nullptr, 1, &bpm), AudioAnalysisError_Null);
+    QCOMPARE(compute(numbers, numbers, marks, 1, nullptr), AudioAnalysisError_Null);
+    QCOMPARE(bpm, -1.0);
+}
+
+AA_TEST(tst_Analysis_settings, QCoreApplication)
 #include "tst_Analysis_settings.moc"

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <atomic>
+#include <support/TestClass.h>
 #include <thread>
 #include <vector>
 
@@ -110,5 +111,5 @@ void tst_Analysis_threads::errorText_belongsToTheThread()
              QByteArray("a sample rate is 8000 to 192000 Hz, not 1"));
 }
 
-QTEST_GUILESS_MAIN(tst_Analysis_threads)
+AA_TEST(tst_Analysis_threads, QCoreApplication)
 #include "tst_Analysis_threads.moc"

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 QByteArray FileContent()
@@ -266,5 +268,5 @@ void tst_AudioAnalyzerInstance::init_givesTheParent()
     AudioAnalyzer::getInstance()->setParent(nullptr);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAnalyzerInstance)
+AA_TEST(tst_AudioAnalyzerInstance, QCoreApplication)
 #include "tst_AudioAnalyzerInstance.moc"

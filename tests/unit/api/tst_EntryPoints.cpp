@@ -9,6 +9,7 @@
 #include <QtTest>
 
 #include <dlfcn.h>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -169,5 +170,5 @@ void tst_EntryPoints::values_followInit()
     QCOMPARE(CallGetAudioValues().size, uint32_t(128));
 }
 
-QTEST_GUILESS_MAIN(tst_EntryPoints)
+AA_TEST(tst_EntryPoints, QCoreApplication)
 #include "tst_EntryPoints.moc"

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <support/AllocationGuard.h>
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -100,5 +101,5 @@ void tst_AudioAllocations::capture_allocatesOnGrowthOnly()
     QVERIFY(received > 0);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioAllocations)
+AA_TEST(tst_AudioAllocations, QCoreApplication)
 #include "tst_AudioAllocations.moc"

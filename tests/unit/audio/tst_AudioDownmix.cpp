@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 #include <vector>
 
 /// The arithmetic of mono samples.
@@ -102,5 +103,5 @@ void tst_AudioDownmix::toMono_takesNoFrames()
     QCOMPARE(untouched, qint16(7));
 }
 
-QTEST_APPLESS_MAIN(tst_AudioDownmix)
+AA_TEST(tst_AudioDownmix, NoApplication)
 #include "tst_AudioDownmix.moc"

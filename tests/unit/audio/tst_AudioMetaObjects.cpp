@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <fake/FakeAudioState.h>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -101,5 +102,5 @@ void tst_AudioMetaObjects::manager_deliversTheDeviceThroughAQueuedConnection()
     disconnect(connection);
 }
 
-QTEST_GUILESS_MAIN(tst_AudioMetaObjects)
+AA_TEST(tst_AudioMetaObjects, QCoreApplication)
 #include "tst_AudioMetaObjects.moc"

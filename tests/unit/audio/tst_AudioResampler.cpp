@@ -9,6 +9,7 @@
 
 #include <climits>
 #include <memory>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -237,5 +238,5 @@ void tst_AudioResampler::resampler_isDestroyedThroughItsBase()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_AudioResampler)
+AA_TEST(tst_AudioResampler, NoApplication)
 #include "tst_AudioResampler.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -212,5 +213,5 @@ void tst_AudioResamplerMonoToMono::fields_standInOrder()
     QCOMPARE(r.m_bufferCapacity, size_t(0));
 }
 
-QTEST_APPLESS_MAIN(tst_AudioResamplerMonoToMono)
+AA_TEST(tst_AudioResamplerMonoToMono, NoApplication)
 #include "tst_AudioResamplerMonoToMono.moc"

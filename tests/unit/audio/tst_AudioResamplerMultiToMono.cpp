@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -234,5 +235,5 @@ void tst_AudioResamplerMultiToMono::fields_standInOrder()
         r.m_frameSize, r.m_channelCount, r.m_converter, r.m_pBuffer, r.m_bufferCapacity));
 }
 
-QTEST_APPLESS_MAIN(tst_AudioResamplerMultiToMono)
+AA_TEST(tst_AudioResamplerMultiToMono, NoApplication)
 #include "tst_AudioResamplerMultiToMono.moc"

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -174,5 +175,5 @@ void tst_AudioSampleConverter::call_isDispatchedVirtually()
     QCOMPARE(int(converter(21)), 42);
 }
 
-QTEST_APPLESS_MAIN(tst_AudioSampleConverter)
+AA_TEST(tst_AudioSampleConverter, NoApplication)
 #include "tst_AudioSampleConverter.moc"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/AudioResampler.h>
-#include <AudioAnalyzer/audio/detail/ChannelAverage.h>
 
 #include "Resampling.h"
 
@@ -10,6 +9,7 @@
 #include <memory>
 #include <random>
 #include <reference/PlainConverters.h>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 
 /// Every converter gives what the plain loop gives, for every input.
@@ -20,7 +20,6 @@ class tst_Converters_bitIdentity : public QObject
 private Q_SLOTS:
     void converters_equalThePlainOnes_data();
     void converters_equalThePlainOnes();
-    void averages_areThePlainOnes_onEveryPath();
 };
 
 namespace {
@@ -117,44 +116,6 @@ void tst_Converters_bitIdentity::converters_equalThePlainOnes()
     }
 }
 
-template <typename T, typename Accumulator, size_t kChannels>
-void compareAverages(waves::Random& random)
-{
-    using Sum = std::conditional_t<sizeof(Accumulator) < sizeof(int), int, Accumulator>;
-    for (const size_t frames : {0u, 1u, 255u, 256u, 257u, 1000u}) {
-        const std::vector<char> input = makeInput(frames * kChannels * sizeof(T), random);
-        std::vector<short> expected(frames), portable(frames), vector(frames);
-        plain::multiToMono<T, Accumulator>(input.data(), frames, kChannels, expected.data());
-        detail::AverageKnown<T, Sum, kChannels>(input.data(), frames, portable.data());
-        QVERIFY(portable == expected);
-        if (!detail::HasAvx2())
-            continue;
-        detail::AverageKnownAvx2<T, Sum, kChannels>(input.data(), frames, vector.data());
-        QVERIFY(vector == expected);
-    }
-}
-
-template <typename T, typename Accumulator>
-void compareAverages(waves::Random& random)
-{
-    compareAverages<T, Accumulator, 2>(random);
-    compareAverages<T, Accumulator, 3>(random);
-    compareAverages<T, Accumulator, 4>(random);
-    compareAverages<T, Accumulator, 6>(random);
-    compareAverages<T, Accumulator, 8>(random);
-}
-
-void tst_Converters_bitIdentity::averages_areThePlainOnes_onEveryPath()
-{
-    waves::Random random(seed());
-    compareAverages<signed char, short>(random);
-    compareAverages<unsigned char, unsigned short>(random);
-    compareAverages<short, int>(random);
-    compareAverages<unsigned short, unsigned int>(random);
-    compareAverages<int, long long>(random);
-    compareAverages<unsigned int, unsigned long long>(random);
-}
-
-QTEST_APPLESS_MAIN(tst_Converters_bitIdentity)
+AA_TEST(tst_Converters_bitIdentity, NoApplication)
 
 #include "tst_Converters_bitIdentity.moc"

@@ -11,6 +11,8 @@
 #include <fake/FakeAudioState.h>
 #include <fake/FakeAudioTrack.h>
 #include <memory>
+#include <support/TestClass.h>
+#include <support/VirtualTime.h>
 #include <vector>
 
 namespace {
@@ -212,5 +214,5 @@ void tst_FakeAudio::wavFile_isRefused_whenBroken()
     QCOMPARE(FromFile(file, false).name, QString());
 }
 
-QTEST_GUILESS_MAIN(tst_FakeAudio)
+AA_TEST(tst_FakeAudio, InVirtualTime<QCoreApplication>)
 #include "tst_FakeAudio.moc"

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 class tst_FormatRank : public QObject
 {
     Q_OBJECT
@@ -151,5 +153,5 @@ void tst_FormatRank::formatRank_isZero_whenFormatCannotBeUsed()
     QCOMPARE(detail::FormatRank(rate, size, channelCount), quint64(0));
 }
 
-QTEST_APPLESS_MAIN(tst_FormatRank)
+AA_TEST(tst_FormatRank, NoApplication)
 #include "tst_FormatRank.moc"

@@ -8,6 +8,7 @@
 
 #include <fake/FakeAudioState.h>
 #include <memory>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -366,5 +367,5 @@ void tst_QtAudioInputDeviceInfo::metaType_travelsThroughAVariant()
     QVERIFY(info.isDefault());
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDeviceInfo)
+AA_TEST(tst_QtAudioInputDeviceInfo, QCoreApplication)
 #include "tst_QtAudioInputDeviceInfo.moc"

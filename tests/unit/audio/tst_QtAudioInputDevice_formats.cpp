@@ -5,6 +5,7 @@
 
 #include <fake/FakeAudioState.h>
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_QtAudioInputDevice_formats : public QObject
 {
@@ -282,5 +283,5 @@ void tst_QtAudioInputDevice_formats::preferred_isInvalid_whenNothingIsUsable()
     QVERIFY(!pDevice->SetRecordingFormat(format));
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevice_formats)
+AA_TEST(tst_QtAudioInputDevice_formats, QCoreApplication)
 #include "tst_QtAudioInputDevice_formats.moc"

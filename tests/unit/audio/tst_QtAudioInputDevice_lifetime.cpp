@@ -7,6 +7,8 @@
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 namespace {
 
@@ -393,5 +395,5 @@ void tst_QtAudioInputDevice_lifetime::capture_endsWithTheParent()
     QCOMPARE(c.Take(), Text("stopped"));
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevice_lifetime)
+AA_TEST(tst_QtAudioInputDevice_lifetime, InVirtualTime<QCoreApplication>)
 #include "tst_QtAudioInputDevice_lifetime.moc"

@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 QString Text(const char* pText)
@@ -309,5 +311,5 @@ void tst_QtAudioInputDevice_recording::restart_needsANewDevice_isIntended()
     QCOMPARE(log.Take(), Text("samples(5)"));
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevice_recording)
+AA_TEST(tst_QtAudioInputDevice_recording, QCoreApplication)
 #include "tst_QtAudioInputDevice_recording.moc"

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 using eRead = FakeAudioStream::eRead;
 
@@ -265,5 +266,5 @@ void tst_QtAudioInputDevice_samples::buffer_growsToTheBlockAndNeverShrinks()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevice_samples)
+AA_TEST(tst_QtAudioInputDevice_samples, QCoreApplication)
 #include "tst_QtAudioInputDevice_samples.moc"

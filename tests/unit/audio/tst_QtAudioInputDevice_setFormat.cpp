@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 /// Nothing of the device has changed since its construction.
@@ -208,5 +210,5 @@ void tst_QtAudioInputDevice_setFormat::setFormat_takesZeroChannels()
     QVERIFY(dynamic_cast<AudioResamplerMonoToMono<short>*>(pDevice->m_pResampler));
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevice_setFormat)
+AA_TEST(tst_QtAudioInputDevice_setFormat, QCoreApplication)
 #include "tst_QtAudioInputDevice_setFormat.moc"

@@ -7,6 +7,8 @@
 #include <QtTest>
 
 #include <cstdint>
+#include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 class tst_QtAudioInputDevicesManager : public QObject
 {
@@ -232,5 +234,5 @@ void tst_QtAudioInputDevicesManager::cleanupTestCase()
     QVERIFY(Manager().Start());
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevicesManager)
+AA_TEST(tst_QtAudioInputDevicesManager, InVirtualTime<QCoreApplication>)
 #include "tst_QtAudioInputDevicesManager.moc"

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 class tst_QtAudioInputDevicesManager_enumerate : public QObject
 {
     Q_OBJECT
@@ -244,5 +246,5 @@ void tst_QtAudioInputDevicesManager_enumerate::onTimer_enumeratesWithSignals()
     QCOMPARE(log.Take(), QByteArray("modified +a*"));
 }
 
-QTEST_GUILESS_MAIN(tst_QtAudioInputDevicesManager_enumerate)
+AA_TEST(tst_QtAudioInputDevicesManager_enumerate, QCoreApplication)
 #include "tst_QtAudioInputDevicesManager_enumerate.moc"

@@ -4,9 +4,13 @@
 #include <QtTest>
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
+#include <support/TestClass.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 /// The library's calls of the operating system land in the functions below, which note them while
@@ -15,9 +19,10 @@ namespace script {
 
 bool isListening = false;
 QStringList calls;
-QString failingCall;    // fails with EIO
-int interruptions = 0;  // writes that end with EINTR
-size_t chunk = 0;       // most bytes per write; 0 = no limit
+QString failingCall;     // fails with EIO
+bool isKilling = false;  // at the first write
+int interruptions = 0;   // writes that end with EINTR
+size_t chunk = 0;        // most bytes per write; 0 = no limit
 
 bool isFailing(const QString& pCall)
 {
@@ -41,6 +46,8 @@ bool isFolder(int pFile)
 
 VISIBLE ssize_t write(int file, const void* bytes, size_t size)
 {
+    if (script::isKilling)
+        ::raise(SIGKILL);
     if (script::isFailing(QStringLiteral("write")))
         return -1;
     if (script::isListening && script::interruptions > 0) {
@@ -88,9 +95,23 @@ private Q_SLOTS:
     void saving_goesOn_whenWritesAreCutOrInterrupted();
     void newFile_hasModeOfAnyNewFile_data();
     void newFile_hasModeOfAnyNewFile();
+    void replacedFile_keepsModeAndOwner_data();
+    void replacedFile_keepsModeAndOwner();
+    void replacedLink_givesNoMode();
+    void killedWriter_isTidiedUpByTheNext();
+    void livingWriter_isLeftAlone();
+    void otherNames_areLeftAlone();
     void saving_closesWhatItOpens();
 
 private:
+    static struct stat statusOf(const QString& pPath)
+    {
+        struct stat status = {};
+        if (::lstat(QFile::encodeName(pPath).constData(), &status) != 0)
+            qFatal("no %s", qPrintable(pPath));
+        return status;
+    }
+
     /// Saves while the script listens.
     static bool save(const ConfigSandbox& pSandbox)
     {
@@ -117,7 +138,7 @@ void tst_AtomicFile::saving_flushesBeforeItRenames()
     sandbox.write("old");
     QVERIFY(save(sandbox));
     QCOMPARE(script::calls.join(QStringLiteral(", ")),
-             QStringLiteral("write, flush, close, rename, flush folder"));
+             QStringLiteral("write, flush, close, rename, close, flush folder"));
 }
 
 void tst_AtomicFile::saving_fails_whenCallFails_data()
@@ -192,15 +213,107 @@ void tst_AtomicFile::newFile_hasModeOfAnyNewFile()
 {
     QFETCH(int, mask);
     const ConfigSandbox sandbox;
-    sandbox.write("old");
-    QVERIFY(QFile::setPermissions(sandbox.path(), QFile::ReadOwner | QFile::ExeOwner));
     const mode_t before = umask(mode_t(mask));
     const bool isSaved = save(sandbox);
     umask(before);
     QVERIFY(isSaved);
-    struct stat status = {};
-    QCOMPARE(stat(QFile::encodeName(sandbox.path()).constData(), &status), 0);
-    QTEST(int(status.st_mode & 07777), "mode");
+    QTEST(int(statusOf(sandbox.path()).st_mode & 07777), "mode");
+}
+
+void tst_AtomicFile::replacedFile_keepsModeAndOwner_data()
+{
+    QTest::addColumn<int>("mode");
+    for (const int mode : {0600, 0640, 0664, 0400, 0755})
+        QTest::addRow("%o", unsigned(mode)) << mode;
+}
+
+void tst_AtomicFile::replacedFile_keepsModeAndOwner()
+{
+    QFETCH(int, mode);
+    const ConfigSandbox sandbox;
+    sandbox.write("old");
+    const QByteArray path = QFile::encodeName(sandbox.path());
+    // Only root can give a file away; for others the owner is their own.
+    const bool isGiven = ::chown(path.constData(), 1234, 4321) == 0;
+    QCOMPARE(isGiven, ::geteuid() == 0);
+    QCOMPARE(::chmod(path.constData(), mode_t(mode)), 0);
+    const struct stat before = statusOf(sandbox.path());
+    QVERIFY(save(sandbox));
+    const struct stat after = statusOf(sandbox.path());
+    QCOMPARE(sandbox.read().size(), 65);
+    QCOMPARE(after.st_mode, before.st_mode);
+    QCOMPARE(after.st_uid, before.st_uid);
+    QCOMPARE(after.st_gid, before.st_gid);
+}
+
+void tst_AtomicFile::replacedLink_givesNoMode()
+{
+    const ConfigSandbox sandbox;
+    QVERIFY(QFile::link(QStringLiteral("/dev/null"), sandbox.path()));
+    const mode_t before = umask(022);
+    const bool isSaved = save(sandbox);
+    umask(before);
+    QVERIFY(isSaved);
+    QCOMPARE(statusOf(sandbox.path()).st_mode, mode_t(S_IFREG | 0644));
+}
+
+void tst_AtomicFile::killedWriter_isTidiedUpByTheNext()
+{
+    const ConfigSandbox sandbox;
+    sandbox.write("old");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        script::isKilling = true;
+        save(sandbox);
+        ::_exit(0);
+    }
+    int status = 0;
+    QCOMPARE(::waitpid(child, &status, 0), child);
+    QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+    QCOMPARE(sandbox.entries().size(), 2);
+    QCOMPARE(sandbox.read(), QByteArray("old"));
+    QVERIFY(save(sandbox));
+    QCOMPARE(sandbox.entries(), QStringList(QStringLiteral("test.cfg")));
+}
+
+void tst_AtomicFile::livingWriter_isLeftAlone()
+{
+    const ConfigSandbox sandbox;
+    QFile writer(sandbox.path(QStringLiteral(".AudioAnalyzer-12ab.tmp")));
+    QVERIFY(writer.open(QIODevice::WriteOnly));
+    QCOMPARE(::flock(writer.handle(), LOCK_EX), 0);
+    QVERIFY(save(sandbox));
+    QVERIFY(writer.exists());
+    writer.close();
+    QVERIFY(save(sandbox));
+    QVERIFY(!writer.exists());
+}
+
+void tst_AtomicFile::otherNames_areLeftAlone()
+{
+    const ConfigSandbox sandbox;
+    QStringList names;
+    for (const char* name : {".AudioAnalyzer-.tmp",
+                             ".AudioAnalyzer-0123456789abcdef0.tmp",
+                             ".AudioAnalyzer-12.tmp.bak",
+                             ".AudioAnalyzer-12AB.tmp",
+                             ".AudioAnalyzer-notes.tmp",
+                             ".audioanalyzer-12.tmp",
+                             "AudioAnalyzer-12.tmp"}) {
+        names << QString::fromUtf8(name);
+        QFile file(sandbox.path(names.last()));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    names << QStringLiteral(".AudioAnalyzer-34.tmp") << QStringLiteral(".AudioAnalyzer-56.tmp")
+          << QStringLiteral("test.cfg");
+    QVERIFY(QDir().mkpath(sandbox.path(QStringLiteral(".AudioAnalyzer-34.tmp"))));
+    QVERIFY(QFile::link(sandbox.path(QStringLiteral("AudioAnalyzer-12.tmp")),
+                        sandbox.path(QStringLiteral(".AudioAnalyzer-56.tmp"))));
+    QVERIFY(save(sandbox));
+    QStringList entries = sandbox.entries();
+    names.sort();
+    entries.sort();
+    QCOMPARE(entries, names);
 }
 
 void tst_AtomicFile::saving_closesWhatItOpens()
@@ -218,5 +331,5 @@ void tst_AtomicFile::saving_closesWhatItOpens()
     QCOMPARE(openFiles(), before);
 }
 
-QTEST_GUILESS_MAIN(tst_AtomicFile)
+AA_TEST(tst_AtomicFile, QCoreApplication)
 #include "tst_AtomicFile.moc"

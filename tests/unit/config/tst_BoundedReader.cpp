@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 /// A reader on bytes of its own, in little-endian order.
@@ -141,5 +143,5 @@ void tst_BoundedReader::fail_sticks()
     QCOMPARE(fixture.reader.read<quint8>(), quint8(0));
 }
 
-QTEST_APPLESS_MAIN(tst_BoundedReader)
+AA_TEST(tst_BoundedReader, NoApplication)
 #include "tst_BoundedReader.moc"

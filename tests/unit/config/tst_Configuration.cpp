@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 #include <type_traits>
 
 namespace {
@@ -363,5 +364,5 @@ void tst_Configuration::isModified_staysSet_whenValueIsSetBack()
     QVERIFY(configuration.isModified());
 }
 
-QTEST_GUILESS_MAIN(tst_Configuration)
+AA_TEST(tst_Configuration, QCoreApplication)
 #include "tst_Configuration.moc"

@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 QtAudioInputDeviceInfo device(const QString& pName, bool pIsDefault = false)
@@ -196,5 +198,5 @@ void tst_ConfigurationDevice::getSelected_keepsName_whenDeviceIsAbsent()
     QVERIFY(!configuration.isModified());
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationDevice)
+AA_TEST(tst_ConfigurationDevice, QCoreApplication)
 #include "tst_ConfigurationDevice.moc"

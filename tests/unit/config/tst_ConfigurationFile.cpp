@@ -7,6 +7,9 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+#include <utility>
+
 namespace {
 
 QString dataPath(const char* pName)
@@ -39,6 +42,8 @@ private Q_SLOTS:
     void LoadOrCreate_makesDefaultsAndNoFile_whenThereIsNoFile();
     void LoadOrCreate_makesDefaults_whenFileIsDamaged();
     void LoadOrCreate_readsWhatSaveWrote();
+    void LoadWithoutDevice_readsAllElse_withoutTheDevices();
+    void LoadWithoutDevice_rejects_whatLoadRejects();
     void Load_trimsPath();
     void Load_rejects_whenPathIsBlank_data();
     void Load_rejects_whenPathIsBlank();
@@ -95,6 +100,40 @@ void tst_ConfigurationFile::LoadOrCreate_readsWhatSaveWrote()
     const std::unique_ptr<Configuration> loaded(Configuration::LoadOrCreate());
     QCOMPARE(loaded->getThreshold(), short(1234));
     QVERIFY(QFile::remove(executableFile()));
+}
+
+void tst_ConfigurationFile::LoadWithoutDevice_readsAllElse_withoutTheDevices()
+{
+    const ConfigSandbox sandbox;
+    Configuration saved;
+    saved.Add(QStringLiteral("House"), 110.0, 140.0, 2.0, 0, 80);
+    QVERIFY(saved.setThreshold(1234));
+    QVERIFY(
+        saved.setSelectedAudioInputDevice(QtAudioInputDeviceInfo(QStringLiteral("Mic"), false)));
+    QVERIFY(saved._Save(sandbox.path()));
+    // A watcher would be made anew.
+    const auto watcher = std::exchange(QtAudioInputDevicesManager::s_instance, {});
+    const std::unique_ptr<Configuration> loaded(Configuration::LoadWithoutDevice(sandbox.path()));
+    QVERIFY(!QtAudioInputDevicesManager::s_instance);
+    QtAudioInputDevicesManager::s_instance = watcher;
+    QVERIFY(loaded);
+    QCOMPARE(loaded->getThreshold(), short(1234));
+    QCOMPARE(loaded->m_selectedAudioInputDevice, QString());
+    QCOMPARE(loaded->getProfiles().size(), 4);
+    QCOMPARE(loaded->getProfiles().at(3).getName(), QStringLiteral("House"));
+    QCOMPARE(loaded->getProfiles().at(3).getMinimalBPM(), 110.0);
+}
+
+void tst_ConfigurationFile::LoadWithoutDevice_rejects_whatLoadRejects()
+{
+    const ConfigSandbox sandbox;
+    QVERIFY(!Configuration::LoadWithoutDevice(sandbox.path()));
+    QVERIFY(!Configuration::LoadWithoutDevice({}));
+    const QByteArray good = FileBuilder::sample(1, 2).bytes();
+    sandbox.write(good.left(good.size() - 1));
+    QVERIFY(!Configuration::LoadWithoutDevice(sandbox.path()));
+    sandbox.write(good);
+    QVERIFY(std::unique_ptr<Configuration>(Configuration::LoadWithoutDevice(sandbox.path())));
 }
 
 void tst_ConfigurationFile::Load_trimsPath()
@@ -228,5 +267,5 @@ void tst_ConfigurationFile::rejectedFile_mayRaiseNextID_isIntended()
     QCOMPARE(UserProfile::_nextID, 501U);
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile)
+AA_TEST(tst_ConfigurationFile, QCoreApplication)
 #include "tst_ConfigurationFile.moc"

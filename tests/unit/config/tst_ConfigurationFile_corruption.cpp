@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -306,5 +307,5 @@ void tst_ConfigurationFile_corruption::checksumAlone_isChecked()
     QVERIFY(!isTaken(sandbox, FileBuilder(good).setI16("checksum", 0xFFFF)));
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile_corruption)
+AA_TEST(tst_ConfigurationFile_corruption, QCoreApplication)
 #include "tst_ConfigurationFile_corruption.moc"

@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 QString dataPath(const char* pName)
@@ -253,5 +255,5 @@ void tst_ConfigurationFile_fields::Load_readsLongTexts()
     QCOMPARE(loaded->m_profiles.at(3).getName(), QString::fromLatin1(text));
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile_fields)
+AA_TEST(tst_ConfigurationFile_fields, QCoreApplication)
 #include "tst_ConfigurationFile_fields.moc"

@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -75,5 +76,5 @@ void tst_ConfigurationFile_memory::longText_isAllocatedOnceItIsThere()
     QVERIFY(use.largest < 300000);
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile_memory)
+AA_TEST(tst_ConfigurationFile_memory, QCoreApplication)
 #include "tst_ConfigurationFile_memory.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <support/TestClass.h>
 #include <sys/resource.h>
 
 namespace {
@@ -190,5 +191,5 @@ void tst_ConfigurationFile_replacing::Save_keepsOldFile_whenDiskIsFull()
     QVERIFY(Configuration()._Save(sandbox.path()));
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile_replacing)
+AA_TEST(tst_ConfigurationFile_replacing, QCoreApplication)
 #include "tst_ConfigurationFile_replacing.moc"

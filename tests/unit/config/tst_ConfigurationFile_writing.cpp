@@ -9,6 +9,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -361,5 +362,5 @@ void tst_ConfigurationFile_writing::Save_givesSameBytesTwice()
     QCOMPARE(sandbox.read(), first);
 }
 
-QTEST_GUILESS_MAIN(tst_ConfigurationFile_writing)
+AA_TEST(tst_ConfigurationFile_writing, QCoreApplication)
 #include "tst_ConfigurationFile_writing.moc"

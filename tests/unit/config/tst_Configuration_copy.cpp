@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 Profile add(Configuration& pConfiguration, const char* pName)
@@ -147,5 +149,5 @@ void tst_Configuration_copy::copy_isIndependent()
     QVERIFY(!other.isModified());
 }
 
-QTEST_GUILESS_MAIN(tst_Configuration_copy)
+AA_TEST(tst_Configuration_copy, QCoreApplication)
 #include "tst_Configuration_copy.moc"

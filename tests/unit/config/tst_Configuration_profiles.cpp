@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <random>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -338,5 +339,5 @@ void tst_Configuration_profiles::Remove_removesBuiltInProfile_whenIDIsItsOwn()
     QCOMPARE(PredefinedProfile::getList().size(), 3);
 }
 
-QTEST_GUILESS_MAIN(tst_Configuration_profiles)
+AA_TEST(tst_Configuration_profiles, QCoreApplication)
 #include "tst_Configuration_profiles.moc"

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 class tst_PredefinedProfile : public QObject
 {
     Q_OBJECT
@@ -163,5 +165,5 @@ void tst_PredefinedProfile::assignment_doesNothing_whenOtherIsSerializable()
     QCOMPARE(turned.getName(), QStringLiteral("A"));
 }
 
-QTEST_GUILESS_MAIN(tst_PredefinedProfile)
+AA_TEST(tst_PredefinedProfile, QCoreApplication)
 #include "tst_PredefinedProfile.moc"

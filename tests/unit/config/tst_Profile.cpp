@@ -6,6 +6,7 @@
 #include <QList>
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <type_traits>
 
 namespace {
@@ -316,5 +317,5 @@ void tst_Profile::sort_putsBuiltInProfilesFirstThenNamesThenIDs()
     QCOMPARE(ids, (QList<unsigned int>{1, 2, 3, 102, 103, 101}));
 }
 
-QTEST_GUILESS_MAIN(tst_Profile)
+AA_TEST(tst_Profile, QCoreApplication)
 #include "tst_Profile.moc"

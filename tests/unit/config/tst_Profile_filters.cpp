@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <climits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -130,5 +131,5 @@ void tst_Profile_filters::setFilterHighFrequency_keepsPairConsistent()
     QTEST(profile.getFilterHighFrequency(), "expectedHigh");
 }
 
-QTEST_GUILESS_MAIN(tst_Profile_filters)
+AA_TEST(tst_Profile_filters, QCoreApplication)
 #include "tst_Profile_filters.moc"

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -328,5 +329,5 @@ void tst_Profile_setters::refusedSetters_changeNothing()
     QCOMPARE(profile.getFilterHighFrequency(), 20);
 }
 
-QTEST_GUILESS_MAIN(tst_Profile_setters)
+AA_TEST(tst_Profile_setters, QCoreApplication)
 #include "tst_Profile_setters.moc"

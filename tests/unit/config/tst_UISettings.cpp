@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QtTest>
 
+#include <support/IniFile.h>
+#include <support/TestClass.h>
 #include <type_traits>
 
 namespace {
@@ -83,7 +85,6 @@ private:
     void write(const QByteArray& pText);
 
     QString m_path;
-    int m_writes = 0;
 };
 
 void tst_UISettings::init()
@@ -99,13 +100,7 @@ void tst_UISettings::cleanup()
 
 void tst_UISettings::write(const QByteArray& pText)
 {
-    QFile file(m_path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(pText), qint64(pText.size()));
-    // Qt keeps a file of the same size and time in its memory.
-    QVERIFY(file.flush());
-    QVERIFY(file.setFileTime(QDateTime::fromSecsSinceEpoch(1000000000 + 10 * ++m_writes),
-                             QFileDevice::FileModificationTime));
+    QVERIFY(WriteIniFile(m_path, pText));
 }
 
 void tst_UISettings::class_isPlainValue()
@@ -310,5 +305,5 @@ void tst_UISettings::copy_takesEveryMember()
     QCOMPARE(assigned.getStartingPosition(), TopRight);
 }
 
-QTEST_GUILESS_MAIN(tst_UISettings)
+AA_TEST(tst_UISettings, QCoreApplication)
 #include "tst_UISettings.moc"

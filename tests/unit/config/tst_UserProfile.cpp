@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 namespace {
 
 UserProfile user(const char* pName)
@@ -190,5 +192,5 @@ void tst_UserProfile::CompactIDs_numbersSharedRecordTwice_whenListedTwice()
     QCOMPARE(UserProfile::_nextID, 102U);
 }
 
-QTEST_GUILESS_MAIN(tst_UserProfile)
+AA_TEST(tst_UserProfile, QCoreApplication)
 #include "tst_UserProfile.moc"

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <support/TestClass.h>
 
 namespace {
 
@@ -232,5 +233,5 @@ void tst_UserProfileRecord::failedDeserialize_raisesNoID()
     QCOMPARE(UserProfile::_nextID, 100U);
 }
 
-QTEST_APPLESS_MAIN(tst_UserProfileRecord)
+AA_TEST(tst_UserProfileRecord, NoApplication)
 #include "tst_UserProfileRecord.moc"

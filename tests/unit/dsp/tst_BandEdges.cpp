@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 class tst_BandEdges : public QObject
 {
     Q_OBJECT
@@ -29,6 +31,6 @@ void tst_BandEdges::upperEdge_isJustBelowTheNext_butNeverBelowItsOwnLower()
     QVERIFY(detail::upperEdge(0.0, 0.001) == 0.0);
 }
 
-QTEST_APPLESS_MAIN(tst_BandEdges)
+AA_TEST(tst_BandEdges, NoApplication)
 
 #include "tst_BandEdges.moc"

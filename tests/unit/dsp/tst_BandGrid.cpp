@@ -3,6 +3,8 @@
 
 #include "StopSignals.h"
 
+#include <support/TestClass.h>
+
 using namespace stops;
 
 class tst_BandGrid : public QObject
@@ -104,5 +106,5 @@ void tst_BandGrid::fineGrid_decidesWhatThePointsLeaveOpen()
     QCOMPARE(decision._DecideBySpectrum(samples.data()), Verdict::eNotAbove);
 }
 
-QTEST_APPLESS_MAIN(tst_BandGrid)
+AA_TEST(tst_BandGrid, NoApplication)
 #include "tst_BandGrid.moc"

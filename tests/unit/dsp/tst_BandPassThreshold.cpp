@@ -4,6 +4,8 @@
 
 #include "StopSignals.h"
 
+#include <support/TestClass.h>
+
 using namespace stops;
 
 class tst_BandPassThreshold : public QObject
@@ -247,5 +249,5 @@ void tst_BandPassThreshold::sizes_mayChangeFromCallToCall()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_BandPassThreshold)
+AA_TEST(tst_BandPassThreshold, NoApplication)
 #include "tst_BandPassThreshold.moc"

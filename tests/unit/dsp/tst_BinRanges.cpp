@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_BinRanges : public QObject
 {
@@ -90,6 +91,6 @@ void tst_BinRanges::bandPassCut_isZero_forANegativeBound()
         QCOMPARE(detail::bandPassCut(low, 22050, 512), size_t(0));
 }
 
-QTEST_APPLESS_MAIN(tst_BinRanges)
+AA_TEST(tst_BinRanges, NoApplication)
 
 #include "tst_BinRanges.moc"

@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <vector>
 
 class tst_BitReversal : public QObject
@@ -85,6 +86,6 @@ void tst_BitReversal::nullValues_becomeZero()
     QCOMPARE(out, std::vector<double>(4));
 }
 
-QTEST_APPLESS_MAIN(tst_BitReversal)
+AA_TEST(tst_BitReversal, NoApplication)
 
 #include "tst_BitReversal.moc"

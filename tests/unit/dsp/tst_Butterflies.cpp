@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <support/TestClass.h>
 #include <vector>
 
 class tst_Butterflies : public QObject
@@ -101,6 +102,6 @@ void tst_Butterflies::directions_areConjugates()
     QCOMPARE(forwardImaginary, backImaginary);
 }
 
-QTEST_APPLESS_MAIN(tst_Butterflies)
+AA_TEST(tst_Butterflies, NoApplication)
 
 #include "tst_Butterflies.moc"

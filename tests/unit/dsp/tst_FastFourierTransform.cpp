@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <new>
+#include <support/TestClass.h>
 #include <type_traits>
 
 class tst_FastFourierTransform : public QObject
@@ -370,6 +371,6 @@ void tst_FastFourierTransform::compute_allocatesAfresh_afterReset()
     QCOMPARE(inverse(fft).size(), size_t(16));
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform)
+AA_TEST(tst_FastFourierTransform, NoApplication)
 
 #include "tst_FastFourierTransform.moc"

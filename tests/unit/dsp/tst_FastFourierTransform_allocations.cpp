@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <support/AllocationGuard.h>
+#include <support/TestClass.h>
 
 class tst_FastFourierTransform_allocations : public QObject
 {
@@ -68,6 +69,6 @@ void tst_FastFourierTransform_allocations::block_allocates_whenLengthChanges()
     QCOMPARE(allocations, size_t(6));
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_allocations)
+AA_TEST(tst_FastFourierTransform_allocations, NoApplication)
 
 #include "tst_FastFourierTransform_allocations.moc"

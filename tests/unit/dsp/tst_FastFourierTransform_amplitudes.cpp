@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_FastFourierTransform_amplitudes : public QObject
 {
@@ -351,6 +352,6 @@ void tst_FastFourierTransform_amplitudes::getMaximalIndex_isHalfLessOne()
     QVERIFY(fft.m_isSpectrumStale);
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_amplitudes)
+AA_TEST(tst_FastFourierTransform_amplitudes, NoApplication)
 
 #include "tst_FastFourierTransform_amplitudes.moc"

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <support/TestClass.h>
 #include <type_traits>
 
 /// FindMaximalAmplitudes() and its record.
@@ -247,6 +248,6 @@ void tst_FastFourierTransform_bands::bands_comeFromTheRefreshedSpectrum()
     QVERIFY(!fft.m_isSpectrumStale);
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_bands)
+AA_TEST(tst_FastFourierTransform_bands, NoApplication)
 
 #include "tst_FastFourierTransform_bands.moc"

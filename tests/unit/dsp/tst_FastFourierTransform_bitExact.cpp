@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <support/TestClass.h>
 
 /// The transform equals the plain recurrence bit for bit, whatever makes it fast.
 class tst_FastFourierTransform_bitExact : public QObject
@@ -135,6 +136,6 @@ void tst_FastFourierTransform_bitExact::object_equalsThePlainTransform()
     QVERIFY(areSameBits(fft.m_pInverseImaginary, imaginary));
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_bitExact)
+AA_TEST(tst_FastFourierTransform_bitExact, NoApplication)
 
 #include "tst_FastFourierTransform_bitExact.moc"

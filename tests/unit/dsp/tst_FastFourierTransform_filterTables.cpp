@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
+
 /// Each filter against a rule that judges every bin on its own, over many rates, lengths and
 /// bounds.
 class tst_FastFourierTransform_filterTables : public QObject
@@ -137,6 +139,6 @@ void tst_FastFourierTransform_filterTables::bandPass_followsTheRule()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_filterTables)
+AA_TEST(tst_FastFourierTransform_filterTables, NoApplication)
 
 #include "tst_FastFourierTransform_filterTables.moc"

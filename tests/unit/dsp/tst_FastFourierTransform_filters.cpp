@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <limits>
+#include <support/TestClass.h>
 
 using Filter = std::function<void(FastFourierTransform&)>;
 /// First and one past the last of a run of bins.
@@ -312,6 +313,6 @@ void tst_FastFourierTransform_filters::filter_staysInsideItsArrays_forAnyArgumen
     }
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_filters)
+AA_TEST(tst_FastFourierTransform_filters, NoApplication)
 
 #include "tst_FastFourierTransform_filters.moc"

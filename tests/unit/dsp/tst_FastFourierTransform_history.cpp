@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 /// The history of maxima, which normalises the amplitudes.
 class tst_FastFourierTransform_history : public QObject
@@ -247,6 +248,6 @@ void tst_FastFourierTransform_history::setSizeFromDuration_isTrueOnlyWhenItChang
     QVERIFY(!fft.m_pMaximums);
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_history)
+AA_TEST(tst_FastFourierTransform_history, NoApplication)
 
 #include "tst_FastFourierTransform_history.moc"

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <support/ReferenceDft.h>
+#include <support/TestClass.h>
 
 class tst_FastFourierTransform_inverse : public QObject
 {
@@ -154,6 +155,6 @@ void tst_FastFourierTransform_inverse::output_isTheRealPartOfTheSum_afterAFilter
     }
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_inverse)
+AA_TEST(tst_FastFourierTransform_inverse, NoApplication)
 
 #include "tst_FastFourierTransform_inverse.moc"

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <new>
+#include <support/TestClass.h>
 
 /// Compute<T>(), which works on the caller's arrays.
 class tst_FastFourierTransform_static : public QObject
@@ -243,6 +244,6 @@ void tst_FastFourierTransform_static::butterflies_takeALengthOfZeroAndOne()
     QVERIFY(imaginary == -2.5);
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_static)
+AA_TEST(tst_FastFourierTransform_static, NoApplication)
 
 #include "tst_FastFourierTransform_static.moc"

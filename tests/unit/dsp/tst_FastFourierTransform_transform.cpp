@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <support/ReferenceDft.h>
+#include <support/TestClass.h>
 
 class tst_FastFourierTransform_transform : public QObject
 {
@@ -241,6 +242,6 @@ void tst_FastFourierTransform_transform::inverse_undoesForward()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_FastFourierTransform_transform)
+AA_TEST(tst_FastFourierTransform_transform, NoApplication)
 
 #include "tst_FastFourierTransform_transform.moc"

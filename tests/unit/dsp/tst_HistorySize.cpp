@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_HistorySize : public QObject
 {
@@ -82,6 +83,6 @@ void tst_HistorySize::size_isDurationInHalfLengths()
     QCOMPARE(quint64(detail::historySize(rate, duration, blockLength)), size);
 }
 
-QTEST_APPLESS_MAIN(tst_HistorySize)
+AA_TEST(tst_HistorySize, NoApplication)
 
 #include "tst_HistorySize.moc"

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <limits>
 #include <reference/PlainFourier.h>
+#include <support/TestClass.h>
 
 /// Every kernel that this machine can run gives the bits of the textbook transform, for every
 /// input. Only NaNs need not be the same ones.
@@ -363,6 +364,6 @@ void tst_Kernels_bitIdentity::staticTransform_isAlike_atEveryCount()
     delete[] pImaginary;
 }
 
-QTEST_APPLESS_MAIN(tst_Kernels_bitIdentity)
+AA_TEST(tst_Kernels_bitIdentity, NoApplication)
 
 #include "tst_Kernels_bitIdentity.moc"

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/TestClass.h>
 
 class tst_LengthSelection : public QObject
 {
@@ -51,6 +52,6 @@ void tst_LengthSelection::length_isTheLeastPowerOfTwoThatHoldsTheCount()
     QCOMPARE(detail::lengthOfBits(63), size_t(1) << 63);
 }
 
-QTEST_APPLESS_MAIN(tst_LengthSelection)
+AA_TEST(tst_LengthSelection, NoApplication)
 
 #include "tst_LengthSelection.moc"

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <support/TestClass.h>
 #include <support/Waves.h>
 #include <vector>
 
@@ -97,6 +98,6 @@ void tst_StrongestBands::strongestAreKept_ofManyOffers()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_StrongestBands)
+AA_TEST(tst_StrongestBands, NoApplication)
 
 #include "tst_StrongestBands.moc"

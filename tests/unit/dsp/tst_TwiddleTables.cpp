@@ -4,6 +4,7 @@
 
 #include <QtTest>
 
+#include <support/TestClass.h>
 #include <thread>
 #include <vector>
 
@@ -134,6 +135,6 @@ void tst_TwiddleTables::tables_beginAtCacheLines()
     QVERIFY(isAligned(tables.columns[15]));
 }
 
-QTEST_APPLESS_MAIN(tst_TwiddleTables)
+AA_TEST(tst_TwiddleTables, NoApplication)
 
 #include "tst_TwiddleTables.moc"

@@ -17,7 +17,7 @@ QString ProfileCheck::Name(const QString& pName, const QStringList& pTaken)
 
 QString ProfileCheck::Tempos(double pMinimum, double pMaximum)
 {
-    if (!(pMinimum >= 1.0))
+    if (!(pMinimum >= ProfileLimits::kMinimalBPM))
         return tr("The lowest tempo must be at least 1 BPM.");
     if (!(pMaximum <= kMaximalTempo))
         return tr("The highest tempo must be at most %1 BPM.").arg(kMaximalTempo);
@@ -35,7 +35,9 @@ QString ProfileCheck::Band(int pLow, int pHigh)
 
 QString ProfileCheck::Sensibility(double pSensibility)
 {
-    return pSensibility >= 0.0 ? QString() : tr("The sensibility must be 0 or more.");
+    return pSensibility >= ProfileLimits::kMinimalSensibility
+               ? QString()
+               : tr("The sensibility must be 0 or more.");
 }
 
 }  // namespace desktop

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/config/ProfileLimits.h>
+
 #include <QCoreApplication>
 #include <QString>
 #include <QStringList>
@@ -16,7 +18,7 @@ struct ProfileCheck
 
 public:
     static constexpr int kLongestName = 100;
-    static constexpr int kMaximalTempo = 999;  ///< BPM
+    static constexpr int kMaximalTempo = int(ProfileLimits::kMaximalBPM);
 
     /// pTaken: the names of the other profiles.
     static QString Name(const QString& pName, const QStringList& pTaken);

@@ -4,6 +4,7 @@
 #include <AudioAnalyzer/analysis/AnalysisPump.h>
 #include <AudioAnalyzer/api/Analysis.h>
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/SettingsTable.h>
 
 #include <cstddef>
 #include <memory>
@@ -44,6 +45,10 @@ struct AudioAnalysis
     void Push(const Sample* pSamples, std::size_t pFrameCount, int pChannelCount);
     void Finish();
 
+    /// pValue must be allowed. Nothing changes if it throws.
+    void Set(const SettingsTable::Setting& pSetting, double pValue);
+    double Get(const SettingsTable::Setting& pSetting) const;
+
     double TimeOf(quint64 pIndex) const { return static_cast<double>(pIndex) / sampleRate; }
 
     const int sampleRate;  ///< Hz
@@ -51,8 +56,13 @@ struct AudioAnalysis
     /// The selected profile, on a record of its own: those of built-in profiles are shared by all
     /// threads, and their reference counts are plain integers.
     Profile profile;
-    double fixedBPM = 0.0;  ///< as it was set; 0 = none
-    bool isConsistencyAllowed = true;
+    /// A setting that no configuration keeps, as it was set.
+    struct Held
+    {
+        const SettingsTable::Setting* pSetting;
+        double value;
+    };
+    std::vector<Held> held;  ///< one of each such setting
 
     detail::Callback<AudioAnalysisPulse> onPulse;
     detail::Callback<AudioAnalysisBeat> onBeat;

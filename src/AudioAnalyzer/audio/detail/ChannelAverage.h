@@ -30,8 +30,7 @@ bool IsSumExact(std::size_t pChannels)
 }
 
 /// What the converter of type Acc makes of a frame's average, from the sum, which must not have
-/// wrapped. Division by a number that only run time knows is what makes the plain way slow: 0.4
-/// GB/s of stereo input instead of 6 and more.
+/// wrapped. Division by a number that only run time knows is what makes the plain way slow.
 ///
 /// Of an accumulator above 16 bits only those bits are left that lie above every average: its sign,
 /// or nothing. The average, truncated toward zero, is negative when the sum reaches -channels.
@@ -60,89 +59,21 @@ void AverageFrames(const char* pData, std::size_t pFrames, std::size_t pChannels
     }
 }
 
-/// Six bytes a frame fit no vector; as three sums of two they do: with AVX2,
-/// 3.7 -> 5.6 GB/s.
-template <typename T>
-void AverageSixBytes(const char* pData, std::size_t pFrames, short* pOut)
-{
-    constexpr std::size_t kBlock = 256;
-    short pairs[3 * kBlock];
-    for (std::size_t first = 0; first < pFrames; first += kBlock) {
-        const std::size_t frames = pFrames - first < kBlock ? pFrames - first : kBlock;
-        for (std::size_t i = 0; i < 3 * frames; ++i)
-            pairs[i] = SumChannels<T, short, 2>(pData + 6 * first + 2 * i, 2);
-        for (std::size_t i = 0; i < frames; ++i) {
-            // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult): they are set.
-            const int sum = pairs[3 * i] + pairs[3 * i + 1] + pairs[3 * i + 2];
-            pOut[first + i] = ConvertAverage<T, 6>(sum, 6);
-        }
-    }
-}
-
-template <typename T, typename Sum, std::size_t kChannels>
-void AverageKnown(const char* pData, std::size_t pFrames, short* pOut)
-{
-    if constexpr (sizeof(T) == 1 && kChannels == 6)
-        AverageSixBytes<T>(pData, pFrames, pOut);
-    else
-        AverageFrames<T, Sum, kChannels>(pData, pFrames, kChannels, pOut);
-}
-
-#if defined(__x86_64__)
-
-/// Three channels need shuffles that the first x86-64 has not: bytes go from 2.7 to 9 GB/s, 16 bits
-/// from 5.7 to 8.4; of two channels, 16 bits from 5.8 to 14.
-template <typename T, typename Sum, std::size_t kChannels>
-__attribute__((target("avx2"), flatten)) void
-AverageKnownAvx2(const char* pData, std::size_t pFrames, short* pOut)
-{
-    AverageKnown<T, Sum, kChannels>(pData, pFrames, pOut);
-}
-
-inline bool HasAvx2()
-{
-    return __builtin_cpu_supports("avx2");
-}
-
-#else
-
-template <typename T, typename Sum, std::size_t kChannels>
-void AverageKnownAvx2(const char* pData, std::size_t pFrames, short* pOut)
-{
-    AverageKnown<T, Sum, kChannels>(pData, pFrames, pOut);
-}
-
-inline bool HasAvx2()
-{
-    return false;
-}
-
-#endif
-
-template <typename T, typename Sum, std::size_t kChannels>
-void AverageFrames(const char* pData, std::size_t pFrames, short* pOut)
-{
-    if (HasAvx2())
-        AverageKnownAvx2<T, Sum, kChannels>(pData, pFrames, pOut);
-    else
-        AverageKnown<T, Sum, kChannels>(pData, pFrames, pOut);
-}
-
 /// Frames of pChannels samples, 2 to 2^31, whose sums fit into Sum.
 template <typename T, typename Sum>
 void AverageFrames(const char* pData, std::size_t pFrames, std::size_t pChannels, short* pOut)
 {
     switch (pChannels) {
     case 2:
-        return AverageFrames<T, Sum, 2>(pData, pFrames, pOut);
+        return AverageFrames<T, Sum, 2>(pData, pFrames, pChannels, pOut);
     case 3:
-        return AverageFrames<T, Sum, 3>(pData, pFrames, pOut);
+        return AverageFrames<T, Sum, 3>(pData, pFrames, pChannels, pOut);
     case 4:
-        return AverageFrames<T, Sum, 4>(pData, pFrames, pOut);
+        return AverageFrames<T, Sum, 4>(pData, pFrames, pChannels, pOut);
     case 6:
-        return AverageFrames<T, Sum, 6>(pData, pFrames, pOut);
+        return AverageFrames<T, Sum, 6>(pData, pFrames, pChannels, pOut);
     case 8:
-        return AverageFrames<T, Sum, 8>(pData, pFrames, pOut);
+        return AverageFrames<T, Sum, 8>(pData, pFrames, pChannels, pOut);
     default:
         return AverageFrames<T, Sum, 0>(pData, pFrames, pChannels, pOut);
     }

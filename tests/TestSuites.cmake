@@ -1,0 +1,77 @@
+# How test executables are made: one for each folder, in which each class is a CTest test of its own.
+
+# aa_add_test_headers(name library header...): headers that are compiled once for many tests. A suite with
+# other options reads the headers as usual, with GCC; clang would take what does not fit.
+function(aa_add_test_headers name library)
+  add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/tests/headers.cpp)
+  target_link_libraries(${name} PRIVATE
+    AudioAnalyzer::AudioAnalyzer Qt5::Test ${library} aa_warnings)
+  target_compile_options(${name} PRIVATE -fno-access-control)
+  target_precompile_headers(${name} PRIVATE ${ARGN})
+  set_target_properties(${name} PROPERTIES
+    AUTOMOC OFF POSITION_INDEPENDENT_CODE ON PCH_WARN_INVALID OFF)
+endfunction()
+
+# What nearly every test includes.
+aa_add_test_headers(aa_test_headers Qt5::Core
+  <QtTest> <AudioAnalyzer/analysis/AudioAnalyzer.h> <AudioAnalyzer/config/Configuration.h>)
+
+# aa_add_tests(suite
+#   TESTS tst_Name...      # classes, each in tst_Name.cpp, which ends in AA_TEST(tst_Name, ...);
+#                          # where the suite has folders, folder/tst_Name
+#   [ALLOCATION_TESTS tst_Name...]  # the same, where malloc can be replaced: not with sanitizers
+#   [SOURCES file...]      # what they share
+#   [LIBRARIES target...]
+#   [LABELS label...]
+#   [HEADERS target])      # whose precompiled headers it takes; aa_test_headers otherwise
+#
+# Tests read private members, so they are compiled without access control. Each class runs through a hard
+# link of the executable in a folder of its own, since settings stand next to the executable, and the
+# link's name says which class runs. A Qt warning or a skipped test fails.
+function(aa_add_tests suite)
+  cmake_parse_arguments(arg "" "HEADERS" "TESTS;ALLOCATION_TESTS;SOURCES;LIBRARIES;LABELS" ${ARGN})
+  if(arg_ALLOCATION_TESTS AND NOT AUDIOANALYZER_SANITIZERS)
+    list(APPEND arg_TESTS ${arg_ALLOCATION_TESTS})
+    list(APPEND arg_LIBRARIES aa_test_allocation)
+  endif()
+  list(TRANSFORM arg_TESTS APPEND .cpp OUTPUT_VARIABLE test_sources)
+  add_executable(${suite} ${test_sources} ${arg_SOURCES})
+  target_compile_options(${suite} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-access-control>)
+  target_link_libraries(${suite} PRIVATE
+    AudioAnalyzer::AudioAnalyzer Qt5::Test aa_test_support aa_test_main aa_warnings ${arg_LIBRARIES})
+  if(NOT arg_HEADERS)
+    set(arg_HEADERS aa_test_headers)
+  endif()
+  aa_precompile(${suite} ${arg_HEADERS})
+  foreach(test IN LISTS arg_TESTS)
+    get_filename_component(name ${test} NAME)
+    aa_add_test_class(${suite} ${name})
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
+  endforeach()
+endfunction()
+
+# Lets a target take the precompiled headers of another.
+function(aa_precompile target headers)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    return()
+  endif()
+  set_target_properties(${target} PROPERTIES PCH_WARN_INVALID OFF)
+  target_precompile_headers(${target} REUSE_FROM ${headers})
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "\\.c$")
+  set_source_files_properties(${sources}
+    ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/mocs_compilation.cpp
+    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
+
+function(aa_add_test_class suite name)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}.dir)
+  file(MAKE_DIRECTORY ${folder})
+  add_custom_command(TARGET ${suite} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E create_hardlink $<TARGET_FILE:${suite}> ${folder}/${name})
+  add_test(NAME ${name} COMMAND ${folder}/${name})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT 600
+    ENVIRONMENT "QT_FATAL_WARNINGS=1;QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
+    FAIL_REGULAR_EXPRESSION "SKIP   : ;[1-9][0-9]* skipped")
+endfunction()

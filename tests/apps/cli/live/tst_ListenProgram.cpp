@@ -1,0 +1,392 @@
+// SPDX-License-Identifier: MIT
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <apps/stage/Stage.h>
+#include <support/TestClass.h>
+
+namespace {
+
+QStringList Lines(const QByteArray& pText)
+{
+    return QString::fromUtf8(pText).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QList<QJsonObject> Events(const QByteArray& pText)
+{
+    QList<QJsonObject> events;
+    for (const QString& line : Lines(pText))
+        events.append(QJsonDocument::fromJson(line.toUtf8()).object());
+    return events;
+}
+
+/// The events of a type, in order.
+QList<QJsonObject> Select(const QList<QJsonObject>& pEvents, const char* pType)
+{
+    QList<QJsonObject> selected;
+    for (const QJsonObject& event : pEvents)
+        if (event[QStringLiteral("type")].toString() == QLatin1String(pType))
+            selected.append(event);
+    return selected;
+}
+
+}  // namespace
+
+/// The commands "listen" and "devices" as programs, on the fake back end.
+class tst_ListenProgram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void devices_areListed();
+    void devices_mayBeNone();
+    void bandAboveTheAudio_isRefused();
+    void devices_areNotLost_whenNothingCanBeWritten();
+    void devices_areWatched();
+    void listen_announcesEveryBeatInTime();
+    void listen_writesTextAndBeats();
+    void listen_takesTheDefault_andSavesAnother();
+    void listen_saysThatTheStoredDeviceIsAway();
+    void listen_namesNearDevices_forAWrongName();
+    void listen_namesUsableDevices_forSeveralChannels();
+    void listen_survivesAVanishingDevice();
+    void listen_saysWhatIsWrongWithTheLevel();
+    void listen_fails_whenNothingIsHeard();
+    void listen_endsWell_onASignal_data();
+    void listen_endsWell_onASignal();
+    void listen_ends_whenItsReaderLeaves();
+    void listen_refusesWrongUsage_data();
+    void listen_refusesWrongUsage();
+    void listen_appliesTheAnalysisOptions();
+    void saving_isSaidToFail_withThePath();
+
+private:
+    const Stage m_stage{{QStringLiteral(AUDIO_ANALYZER_PROGRAM)}};
+};
+
+void tst_ListenProgram::init()
+{
+    m_stage.setDevices({Stage::Device("Deck", "music"),
+                        Stage::Device("Silence", "silence"),
+                        Stage::Device("Quiet", "quiet"),
+                        Stage::Device("Clipped", "clipped"),
+                        Stage::Device("Stereo", "music", 2),
+                        Stage::Device("Deck.monitor", "none")});
+    QDir(m_stage.path(QString())).remove(QStringLiteral("AudioAnalyzer.cfg"));
+}
+
+void tst_ListenProgram::devices_areListed()
+{
+    const StagedRun run = m_stage.Run("devices");
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errors,
+             QByteArray("no sound server answers; the devices are those that Qt finds by itself\n"));
+    const QStringList lines = Lines(run.output);
+    QCOMPARE(lines.size(), 6);
+    QCOMPARE(lines[0], QStringLiteral("* Deck          48000 Hz, mono, 16 bits signed; default"));
+    QCOMPARE(lines[1], QStringLiteral("  Silence       48000 Hz, mono, 16 bits signed"));
+    QCOMPARE(lines[4],
+             QStringLiteral("  Stereo        48000 Hz, 2 channels, 16 bits signed; cannot be "
+                            "analysed: the analysis needs a mono format"));
+    QCOMPARE(lines[5], QStringLiteral("  Deck.monitor  48000 Hz, mono, 16 bits signed; monitor"));
+}
+
+void tst_ListenProgram::devices_mayBeNone()
+{
+    m_stage.setDevices({});
+    const StagedRun run = m_stage.Run("devices");
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY(run.errors.contains("there is no input device"));
+}
+
+// The fake device delivers 48000 Hz.
+void tst_ListenProgram::bandAboveTheAudio_isRefused()
+{
+    m_stage.setDevices({Stage::Device("Mic", "music")});
+    const StagedRun run = m_stage.Run("listen --quiet --format beats --band 24000:");
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains("audio of 48000 Hz ends at 24000 Hz"), run.errors.constData());
+}
+
+void tst_ListenProgram::devices_areNotLost_whenNothingCanBeWritten()
+{
+    m_stage.setDevices({Stage::Device("Mic", "music")});
+    for (const char* pCommand : {"devices", "profiles", "config", "--help"}) {
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        m_stage.Start(process, QStringLiteral("audio-analyzer"), {QLatin1String(pCommand)});
+        const StagedRun run = Stage::Finish(process);
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.errors,
+                 QByteArray("audio-analyzer: cannot write to standard output: "
+                            "No space left on device\n"));
+    }
+}
+
+void tst_ListenProgram::devices_areWatched()
+{
+    QProcess process;
+    m_stage.Start(process,
+                  QStringLiteral("audio-analyzer"),
+                  {QStringLiteral("devices"), QStringLiteral("-w")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "Deck.monitor"));
+    m_stage.setDevices({Stage::Device("Deck", "music"), Stage::Device("New", "music")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "- Deck.monitor\n"));
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "+ New\n"));
+    process.terminate();
+    QCOMPARE(Stage::Finish(process).exitCode, 0);
+}
+
+void tst_ListenProgram::listen_announcesEveryBeatInTime()
+{
+    const StagedRun run =
+        m_stage.Run("listen --format ndjson --duration 11 --measure --format-info");
+    QCOMPARE(run.exitCode, 0);
+    const QList<QJsonObject> events = Events(run.output);
+    QVERIFY(!events.contains(QJsonObject()));
+    QCOMPARE(Select(events, "device").size(), 2);
+    QCOMPARE(Select(events, "notice").size(), 0);
+    QCOMPARE(Select(events, "play").size(), 1);
+    QCOMPARE(events.last()[QStringLiteral("type")].toString(), QStringLiteral("end"));
+    QVERIFY(qAbs(events.last()[QStringLiteral("bpm")].toDouble() - 128.0) < 2.0);
+
+    const QRegularExpression measure(QStringLiteral(
+        "announced beats: ([0-9]+), missing: ([0-9]+); announcement minus arrival: median "
+        "([-0-9.]+) ms, standard deviation ([0-9.]+) ms, worst ([-0-9.]+) ms"));
+    const auto match = measure.match(QString::fromUtf8(run.errors));
+    QVERIFY2(match.hasMatch(), run.errors.constData());
+    qInfo("%s", qPrintable(match.captured()));
+    // After the search there are about 7 s of beats, 128 a minute. In virtual time what is left is
+    // the grid of blocks: the median within two of them, and nearly every beat announced.
+    const int count = match.captured(1).toInt();
+    QVERIFY(count >= 8 && count <= 24);
+    QVERIFY(match.captured(2).toInt() <= 2);
+    QVERIFY(qAbs(match.captured(3).toDouble()) <= 50.0);
+    QVERIFY(match.captured(4).toDouble() <= 60.0);
+    QVERIFY(Select(events, "announce").size() >= count);
+
+    QVERIFY(run.errors.contains("recorded: 48000 Hz, mono, 16 bits signed"));
+    QVERIFY(run.errors.contains("blocks of 1024 samples (21.3 ms)"));
+    QVERIFY(run.errors.contains("drift against the clock: "));
+    QVERIFY(run.errors.contains("anchored 1 times"));
+    QVERIFY(run.errors.contains("listening to \"Deck\""));
+}
+
+void tst_ListenProgram::listen_writesTextAndBeats()
+{
+    const StagedRun textRun = m_stage.Run("listen --duration 6");
+    const StagedRun beatsRun = m_stage.Run("listen --duration 6 -q --format beats");
+    QCOMPARE(textRun.exitCode, 0);
+    const QRegularExpression playing(QStringLiteral("^ +[0-9.]+  playing$"));
+    const QRegularExpression beat(QStringLiteral("^ +[0-9.]+  beat  [0-9.]+ BPM$"));
+    QCOMPARE(Lines(textRun.output).filter(playing).size(), 1);
+    QVERIFY(Lines(textRun.output).filter(beat).size() >= 2);
+    QVERIFY(textRun.errors.contains("Deck: 0:0"));
+
+    QCOMPARE(beatsRun.exitCode, 0);
+    QCOMPARE(beatsRun.errors, QByteArray());
+    const QStringList times = Lines(beatsRun.output);
+    QVERIFY(times.size() >= 2);
+    for (int i = 0; i < times.size(); ++i) {
+        QVERIFY(
+            QRegularExpression(QStringLiteral("^[0-9]+\\.[0-9]{6}$")).match(times[i]).hasMatch());
+        QVERIFY(i == 0 || times[i].toDouble() > times[i - 1].toDouble());
+    }
+}
+
+void tst_ListenProgram::listen_takesTheDefault_andSavesAnother()
+{
+    QVERIFY(m_stage.Run("listen --duration 0.4").errors.contains("listening to \"Deck\""));
+    const StagedRun saving =
+        m_stage.Run("listen --device Quiet --save --duration 0.4 --format beats");
+    QCOMPARE(saving.exitCode, 0);
+    QCOMPARE(saving.output, QByteArray());
+    QVERIFY(m_stage.Run("config show").output.contains("device                   Quiet"));
+    QVERIFY(m_stage.Run("listen --duration 0.4").errors.contains("listening to \"Quiet\""));
+    // What was only asked for this once is not saved with it.
+    m_stage.Run("listen --device Deck --save --duration 0.4 --stop-threshold 77 --profile Slow");
+    const QByteArray settings = m_stage.Run("config show").output;
+    QVERIFY(settings.contains("stop-threshold           3276"));
+    QVERIFY(settings.contains("profile                  Electro"));
+}
+
+void tst_ListenProgram::listen_saysThatTheStoredDeviceIsAway()
+{
+    QCOMPARE(m_stage
+                 .Run(QStringList{QStringLiteral("config"),
+                                  QStringLiteral("set"),
+                                  QStringLiteral("device"),
+                                  QStringLiteral("Away")})
+                 .exitCode,
+             0);
+    const StagedRun run = m_stage.Run("listen --duration 0.4");
+    QVERIFY(run.errors.contains("the stored device \"Away\" is not there; taking \"Deck\""));
+    QVERIFY(m_stage.Run("config show").output.contains("device                   Away"));
+}
+
+void tst_ListenProgram::listen_namesNearDevices_forAWrongName()
+{
+    const StagedRun near = m_stage.Run("listen --device deck");
+    QCOMPARE(near.exitCode, 1);
+    QCOMPARE(near.errors,
+             QByteArray("audio-analyzer: there is no input device \"deck\"; did you mean: "
+                        "\"Deck\", \"Deck.monitor\"\n"));
+    const StagedRun far = m_stage.Run("listen --device Theremin");
+    QCOMPARE(far.exitCode, 1);
+    QVERIFY(far.errors.contains("there are: \"Deck\", \"Silence\", \"Quiet\""));
+    m_stage.setDevices({});
+    QVERIFY(m_stage.Run("listen --device deck").errors.contains("nor any other"));
+    const StagedRun none = m_stage.Run("listen");
+    QCOMPARE(none.exitCode, 1);
+    QVERIFY(none.errors.contains("there is no input device; plug one in"));
+}
+
+void tst_ListenProgram::listen_namesUsableDevices_forSeveralChannels()
+{
+    const StagedRun run = m_stage.Run("listen --device Stereo");
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.errors.contains("\"Stereo\" delivers 2 channels only"), run.errors.constData());
+    QVERIFY(run.errors.contains("choose with --device: \"Deck\", \"Silence\", \"Quiet\", "
+                                "\"Clipped\", \"Deck.monitor\""));
+}
+
+void tst_ListenProgram::listen_survivesAVanishingDevice()
+{
+    QProcess process;
+    m_stage.Start(process,
+                  QStringLiteral("audio-analyzer"),
+                  {QStringLiteral("listen"), QStringLiteral("--format"), QStringLiteral("ndjson")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "\"play\""));
+    m_stage.setDevices({Stage::Device("Quiet", "quiet")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "\"waiting\""));
+    m_stage.setDevices({Stage::Device("Quiet", "quiet"), Stage::Device("Deck", "music")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardError, "\"Deck\" is back"));
+    process.terminate();
+    const StagedRun run = Stage::Finish(process);
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.errors.contains("\"Deck\" is gone; it will be recorded again"));
+    QStringList states;
+    for (const QJsonObject& event : Select(Events(run.output), "device"))
+        states.append(event[QStringLiteral("state")].toString());
+    QCOMPARE(states.join(QLatin1Char(' ')),
+             QStringLiteral("starting running waiting starting running"));
+    double last = 0.0;
+    for (const QJsonObject& event : Select(Events(run.output), "device")) {
+        QVERIFY(event[QStringLiteral("time")].toDouble() >= last);
+        last = event[QStringLiteral("time")].toDouble();
+    }
+}
+
+void tst_ListenProgram::listen_saysWhatIsWrongWithTheLevel()
+{
+    const QList<QPair<QString, QByteArray>> devices = {
+        {QStringLiteral("Silence"), "digital silence"},
+        {QStringLiteral("Quiet"), "too quiet"},
+        {QStringLiteral("Clipped"), "clipped"}};
+    for (const auto& [device, words] : devices) {
+        const StagedRun run = m_stage.Run({QStringLiteral("listen"),
+                                           QStringLiteral("--device"),
+                                           device,
+                                           QStringLiteral("--duration"),
+                                           QStringLiteral("8"),
+                                           QStringLiteral("--format"),
+                                           QStringLiteral("ndjson")});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.errors.count(words + ':') == 1, run.errors.constData());
+        QCOMPARE(Select(Events(run.output), "notice").size(), 1);
+    }
+}
+
+void tst_ListenProgram::listen_fails_whenNothingIsHeard()
+{
+    const StagedRun run = m_stage.Run("listen --device Deck.monitor --duration 0.5");
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY(run.errors.contains("nothing was heard"));
+}
+
+void tst_ListenProgram::listen_endsWell_onASignal_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("INT") << SIGINT;
+    QTest::newRow("TERM") << SIGTERM;
+}
+
+void tst_ListenProgram::listen_endsWell_onASignal()
+{
+    QFETCH(int, signal);
+    QProcess process;
+    m_stage.Start(process,
+                  QStringLiteral("audio-analyzer"),
+                  {QStringLiteral("listen"), QStringLiteral("--format"), QStringLiteral("ndjson")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "\"stop\""));
+    ::kill(pid_t(process.processId()), signal);
+    const StagedRun run = Stage::Finish(process);
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(Select(Events(run.output), "end").size(), 1);
+    QVERIFY(run.errors.contains("Deck: 0:0"));
+}
+
+void tst_ListenProgram::listen_ends_whenItsReaderLeaves()
+{
+    const QString pipe =
+        QStringLiteral("%1 listen --format ndjson | head -n 1; exit ${PIPESTATUS[0]}")
+            .arg(m_stage.path(QStringLiteral("audio-analyzer")));
+    QProcess process;
+    process.start(QStringLiteral("bash"), {QStringLiteral("-c"), pipe});
+    const StagedRun run = Stage::Finish(process);
+    QCOMPARE(run.exitCode, 141);
+    QCOMPARE(Lines(run.output).size(), 1);
+}
+
+void tst_ListenProgram::listen_refusesWrongUsage_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QByteArray>("words");
+    QTest::newRow("format") << "listen --format xml" << QByteArray("text, beats, ndjson");
+    QTest::newRow("duration") << "listen --duration 0" << QByteArray("number of seconds");
+    QTest::newRow("text") << "listen --duration soon" << QByteArray("number of seconds");
+    QTest::newRow("profile") << "listen --profile Polka" << QByteArray("Electro, Hardcore, Slow");
+    QTest::newRow("bpm") << "listen --bpm 200:100" << QByteArray("MIN:MAX");
+    QTest::newRow("fixed") << "listen --fixed-bpm 400" << QByteArray("outside the profile's range");
+    QTest::newRow("option") << "listen --loud" << QByteArray("listen --help");
+    QTest::newRow("device") << "listen Deck" << QByteArray("listen --help");
+}
+
+void tst_ListenProgram::listen_refusesWrongUsage()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QByteArray, words);
+    const StagedRun run = m_stage.Run(arguments.split(QLatin1Char(' ')));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains(words), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
+}
+
+void tst_ListenProgram::listen_appliesTheAnalysisOptions()
+{
+    // With a threshold above full scale's strokes nothing is music.
+    const StagedRun run =
+        m_stage.Run("listen --stop-threshold 32767 --format ndjson --duration 3 --fixed-bpm 100");
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(Select(Events(run.output), "play").isEmpty());
+    QVERIFY(run.errors.contains("with --fixed-bpm no beat is announced"));
+}
+
+void tst_ListenProgram::saving_isSaidToFail_withThePath()
+{
+    // Also root cannot put a file in a folder's place.
+    QVERIFY(QDir().mkpath(m_stage.path(QStringLiteral("AudioAnalyzer.cfg/x"))));
+    const StagedRun run = m_stage.Run("listen --save --duration 0.3");
+    QCOMPARE(run.exitCode, 0);
+    const QByteArray path = m_stage.path(QStringLiteral("AudioAnalyzer.cfg")).toUtf8();
+    QVERIFY2(run.errors.contains(path + " cannot be written"), run.errors.constData());
+    QVERIFY(QDir(m_stage.path(QStringLiteral("AudioAnalyzer.cfg"))).removeRecursively());
+}
+
+AA_TEST(tst_ListenProgram, QCoreApplication)
+#include "tst_ListenProgram.moc"

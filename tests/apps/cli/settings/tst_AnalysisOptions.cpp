@@ -1,0 +1,403 @@
+// SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/AudioAnalyzer.h>
+#include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/PredefinedProfile.h>
+
+#include <cli/settings/AnalysisOptionTable.h>
+#include <cli/settings/ConfigurationSettings.h>
+#include <cli/settings/SettingText.h>
+#include <shared/settings/AnalysisOptions.h>
+#include <shared/settings/ConfigurationStore.h>
+
+#include <QAudioFormat>
+#include <QtTest>
+
+#include <algorithm>
+#include <support/SettingOf.h>
+#include <support/TestClass.h>
+
+namespace {
+
+/// Reads one option the way a command does; returns the refusal.
+QString Read(AnalysisOptions& pOptions, const QString& pName, const QString& pValue)
+{
+    for (const AnalysisOptionInfo& info : getAnalysisOptionTable())
+        if (info.name == pName)
+            return info.read(pOptions, pValue);
+    return QStringLiteral("no such option");
+}
+
+}  // namespace
+
+class tst_AnalysisOptions : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void apply_changesNothing_byDefault();
+    void apply_leavesWhatIsStored();
+    void apply_storesEverySetting();
+    void apply_editsACopyOfTheProfile();
+    void apply_keepsTheProfile_whenNothingOfItIsGiven();
+    void apply_findsProfilesInAnyCase();
+    void apply_namesTheProfiles_whenThereIsNoSuchOne();
+    void apply_refusesAFixedTempoOutsideTheProfile_data();
+    void apply_refusesAFixedTempoOutsideTheProfile();
+    void apply_refusesWhatTheSettersRefuse();
+    void apply_setsUpTheAnalyzer();
+    void table_readsValues_data();
+    void table_readsValues();
+    void table_coversEveryOptionOnce();
+    void table_storesValues();
+    void everySetting_hasItsOption_data();
+    void everySetting_hasItsOption();
+    void everySettingThatIsStored_isReadBack_data();
+    void everySettingThatIsStored_isReadBack();
+};
+
+void tst_AnalysisOptions::apply_changesNothing_byDefault()
+{
+    Configuration configuration;
+    const Configuration untouched;
+    QCOMPARE(AnalysisOptions().Apply(configuration), QString());
+    QCOMPARE(configuration.getStopDetectionDuration(), 0.5);
+    QCOMPARE(configuration.getStopDetectionThreshold(), untouched.getStopDetectionThreshold());
+    QCOMPARE(configuration.getThreshold(), short(-1));
+    QCOMPARE(configuration.getAverageVolumeCalculationDuration(), 2.0);
+    QCOMPARE(configuration.getBPMCalculationDuration(), 10.0);
+    QCOMPARE(configuration.getDisplayVirtualBeatsWhenStopped(), false);
+    QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Electro"));
+    QVERIFY(!configuration.isModified());
+}
+
+// What is stored counts, a pace of its own as well.
+void tst_AnalysisOptions::apply_leavesWhatIsStored()
+{
+    Configuration configuration;
+    configuration.setStopDetectionDuration(0.25);
+    configuration.setDisplayVirtualBeatsWhenStopped(true);
+    QCOMPARE(AnalysisOptions().Apply(configuration), QString());
+    QCOMPARE(configuration.getStopDetectionDuration(), 0.25);
+    QCOMPARE(configuration.getDisplayVirtualBeatsWhenStopped(), true);
+}
+
+void tst_AnalysisOptions::apply_storesEverySetting()
+{
+    AnalysisOptions options;
+    options.profile = QStringLiteral("Slow");
+    options.settings = {{SettingOf("threshold"), 1234.0},
+                        {SettingOf("stop-duration"), 0.7},
+                        {SettingOf("stop-threshold"), 99.0},
+                        {SettingOf("average-duration"), 3.0},
+                        {SettingOf("bpm-duration"), 20.0},
+                        {SettingOf("virtual-when-stopped"), 1.0}};
+    Configuration configuration;
+    QCOMPARE(options.Apply(configuration), QString());
+    QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Slow"));
+    QCOMPARE(configuration.getThreshold(), short(1234));
+    QCOMPARE(configuration.getStopDetectionDuration(), 0.7);
+    QCOMPARE(configuration.getStopDetectionThreshold(), short(99));
+    QCOMPARE(configuration.getAverageVolumeCalculationDuration(), 3.0);
+    QCOMPARE(configuration.getBPMCalculationDuration(), 20.0);
+    QCOMPARE(configuration.getDisplayVirtualBeatsWhenStopped(), true);
+}
+
+void tst_AnalysisOptions::apply_editsACopyOfTheProfile()
+{
+    AnalysisOptions options;
+    options.profile = QStringLiteral("Hardcore");
+    options.bpm = AnalysisOptions::TempoRange{150.0, 200.0};
+    options.band = AnalysisOptions::Band{30, -1};
+    options.sensibility = 1.25;
+    Configuration configuration;
+    QCOMPARE(options.Apply(configuration), QString());
+    const Profile edited = configuration.getSelectedProfile();
+    QCOMPARE(edited.getName(), QStringLiteral("Hardcore"));
+    QCOMPARE(edited.getMinimalBPM(), 150.0);
+    QCOMPARE(edited.getMaximalBPM(), 200.0);
+    QCOMPARE(edited.getFilterLowFrequency(), 30);
+    QCOMPARE(edited.getFilterHighFrequency(), -1);
+    QCOMPARE(edited.getSensibility(), 1.25);
+    QCOMPARE(edited.getMinimalThreshold(), short(1000));
+    QCOMPARE(edited.getMaximalThreshold(), short(32000));
+    // The built-in one, which every configuration shares, is as it was, and no profile was added.
+    QCOMPARE(configuration.getProfiles().size(), 3);
+    for (const Profile& profile : PredefinedProfile::getList()) {
+        if (profile.getName() == QLatin1String("Hardcore")) {
+            QCOMPARE(profile.getMinimalBPM(), 130.0);
+            QCOMPARE(profile.getFilterHighFrequency(), 75);
+            QCOMPARE(profile.getSensibility(), 2.0);
+        }
+    }
+}
+
+void tst_AnalysisOptions::apply_keepsTheProfile_whenNothingOfItIsGiven()
+{
+    Configuration configuration;
+    const unsigned int id = configuration.getSelectedProfile().getID();
+    QCOMPARE(AnalysisOptions().Apply(configuration), QString());
+    QCOMPARE(configuration.getSelectedProfile().getID(), id);
+}
+
+void tst_AnalysisOptions::apply_findsProfilesInAnyCase()
+{
+    AnalysisOptions options;
+    options.profile = QStringLiteral("hARDcore");
+    Configuration configuration;
+    QCOMPARE(options.Apply(configuration), QString());
+    QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Hardcore"));
+}
+
+void tst_AnalysisOptions::apply_namesTheProfiles_whenThereIsNoSuchOne()
+{
+    AnalysisOptions options;
+    options.profile = QStringLiteral("Polka");
+    Configuration configuration;
+    configuration.Add(QStringLiteral("House"), 110, 140, 2, 0, 80);
+    QCOMPARE(
+        options.Apply(configuration),
+        QStringLiteral("there is no profile \"Polka\"; there are: Electro, Hardcore, Slow, House"));
+}
+
+void tst_AnalysisOptions::apply_refusesAFixedTempoOutsideTheProfile_data()
+{
+    QTest::addColumn<double>("tempo");
+    QTest::addColumn<bool>("isAccepted");
+    // Electro goes from 90 to 175.
+    QTest::newRow("none") << 0.0 << true;
+    QTest::newRow("below") << 89.9 << false;
+    QTest::newRow("lowest") << 90.0 << true;
+    QTest::newRow("highest") << 175.0 << true;
+    QTest::newRow("above") << 175.1 << false;
+}
+
+void tst_AnalysisOptions::apply_refusesAFixedTempoOutsideTheProfile()
+{
+    QFETCH(double, tempo);
+    QFETCH(bool, isAccepted);
+    AnalysisOptions options;
+    options.settings[SettingOf("fixed-bpm")] = tempo;
+    Configuration configuration;
+    const QString refusal = options.Apply(configuration);
+    QCOMPARE(refusal.isEmpty(), isAccepted);
+    QCOMPARE(refusal.contains(QLatin1String("90 to 175")), !isAccepted);
+}
+
+void tst_AnalysisOptions::apply_refusesWhatTheSettersRefuse()
+{
+    Configuration configuration;
+    AnalysisOptions tempo;
+    tempo.bpm = AnalysisOptions::TempoRange{200.0, 100.0};
+    QVERIFY(tempo.Apply(configuration).contains(QLatin1String("1 <= MIN <= MAX < 1000")));
+    AnalysisOptions band;
+    band.band = AnalysisOptions::Band{200, 100};
+    QVERIFY(band.Apply(configuration).contains(QLatin1String("LOW <= HIGH")));
+    AnalysisOptions sensibility;
+    sensibility.sensibility = -0.5;
+    QVERIFY(sensibility.Apply(configuration).contains(QLatin1String("0 or more")));
+    QCOMPARE(configuration.getSelectedProfile().getName(), QStringLiteral("Electro"));
+}
+
+void tst_AnalysisOptions::apply_setsUpTheAnalyzer()
+{
+    QAudioFormat format;
+    format.setSampleRate(44100);
+    Configuration configuration;
+    AudioAnalyzer analyzer(&configuration, format, nullptr);
+    AnalysisOptions options;
+    options.Apply(analyzer);
+    QCOMPARE(analyzer.getFixedBPM(), 0.0);
+    QCOMPARE(analyzer.m_isConsistencyAllowed, true);
+    options.settings[SettingOf("fixed-bpm")] = 125.0;
+    options.settings[SettingOf("consistency")] = 0.0;
+    options.Apply(analyzer);
+    QCOMPARE(analyzer.getFixedBPM(), 125.0);
+    QCOMPARE(analyzer.m_isConsistencyAllowed, false);
+}
+
+void tst_AnalysisOptions::table_readsValues_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("words");  // of the refusal; empty = accepted
+    const auto add = [](const char* pName, const char* pValue, const char* pWords) {
+        QTest::addRow("%s %s", pName, pValue) << pName << pValue << pWords;
+    };
+    add("--profile", "Slow", "");
+    add("--profile", "", "name of a profile");
+    add("--bpm", "1:999.9", "");
+    add("--bpm", "120:120", "");
+    add("--bpm", "0.9:100", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "100:1000", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "120:119", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "120", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "1:2:3", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "a:b", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "100:nan", "1 <= MIN <= MAX < 1000");
+    add("--bpm", "", "1 <= MIN <= MAX < 1000");
+    add("--band", "20:150", "");
+    add("--band", ":150", "");
+    add("--band", "20:", "");
+    add("--band", ":", "");
+    add("--band", "0:0", "");
+    add("--band", "100:0", "");
+    add("--band", "100:99", "LOW <= HIGH");
+    add("--band", "-1:99", "LOW <= HIGH");
+    add("--band", "1.5:99", "LOW <= HIGH");
+    add("--band", "100", "LOW <= HIGH");
+    add("--band", "1:2:3", "LOW <= HIGH");
+    add("--sensibility", "0", "");
+    add("--sensibility", "1000", "");
+    add("--sensibility", "-0.1", "0 to 1000");
+    add("--sensibility", "1001", "0 to 1000");
+    add("--sensibility", "1,5", "0 to 1000");
+    add("--threshold", "0", "");
+    add("--threshold", "32767", "");
+    add("--threshold", "Auto", "");
+    add("--threshold", "32768", "0 to 32767, or auto");
+    add("--threshold", "-1", "0 to 32767, or auto");
+    add("--threshold", "1.5", "0 to 32767, or auto");
+    add("--fixed-bpm", "1", "");
+    add("--fixed-bpm", "999", "");
+    add("--fixed-bpm", "none", "");
+    add("--fixed-bpm", "0", "above 0, up to 999, or none");
+    add("--fixed-bpm", "999.5", "above 0, up to 999, or none");
+    add("--stop-duration", "0.05", "");
+    add("--stop-duration", "10", "");
+    add("--stop-duration", "0", "0.05 to 10");
+    add("--stop-duration", "11", "0.05 to 10");
+    add("--stop-threshold", "0", "");
+    add("--stop-threshold", "-1", "0 to 32767");
+    add("--stop-threshold", "auto", "0 to 32767");
+    add("--average-duration", "60", "");
+    add("--average-duration", "61", "0.05 to 60");
+    add("--bpm-duration", "600", "");
+    add("--bpm-duration", "0.01", "0.05 to 600");
+    add("--bpm-duration", "inf", "0.05 to 600");
+    add("--no-consistency", "", "");
+    add("--virtual-when-stopped", "", "");
+}
+
+void tst_AnalysisOptions::table_readsValues()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, value);
+    QFETCH(QString, words);
+    AnalysisOptions options;
+    const QString refusal = Read(options, name, value);
+    QCOMPARE(refusal.isEmpty(), words.isEmpty());
+    QVERIFY2(refusal.contains(words), qPrintable(refusal));
+}
+
+void tst_AnalysisOptions::table_coversEveryOptionOnce()
+{
+    QStringList names;
+    for (const AnalysisOptionInfo& info : getAnalysisOptionTable()) {
+        QVERIFY(!info.help.isEmpty());
+        names.append(info.name);
+    }
+    QCOMPARE(names,
+             QStringLiteral("--profile --bpm --band --sensibility --threshold --stop-threshold "
+                            "--stop-duration --average-duration "
+                            "--bpm-duration --fixed-bpm --no-consistency --virtual-when-stopped")
+                 .split(QLatin1Char(' ')));
+}
+
+void tst_AnalysisOptions::table_storesValues()
+{
+    AnalysisOptions options;
+    const std::vector<std::pair<const char*, const char*>> given = {{"--profile", "slow"},
+                                                                    {"--bpm", "80:120.5"},
+                                                                    {"--band", "0:99"},
+                                                                    {"--sensibility", "1.5"},
+                                                                    {"--threshold", "77"},
+                                                                    {"--fixed-bpm", "101.5"},
+                                                                    {"--stop-duration", "2"},
+                                                                    {"--stop-threshold", "88"},
+                                                                    {"--average-duration", "4"},
+                                                                    {"--bpm-duration", "12"},
+                                                                    {"--no-consistency", ""},
+                                                                    {"--virtual-when-stopped", ""}};
+    for (const auto& [name, value] : given)
+        QCOMPARE(Read(options, QLatin1String(name), QLatin1String(value)), QString());
+    QCOMPARE(options.profile, QStringLiteral("slow"));
+    QCOMPARE(options.bpm->minimal, 80.0);
+    QCOMPARE(options.bpm->maximal, 120.5);
+    QCOMPARE(options.band->low, -1);  // 0 = no edge
+    QCOMPARE(options.band->high, 99);
+    QCOMPARE(*options.sensibility, 1.5);
+    QCOMPARE(options.settings[SettingOf("threshold")], 77.0);
+    QCOMPARE(options.settings[SettingOf("fixed-bpm")], 101.5);
+    QCOMPARE(options.settings[SettingOf("stop-duration")], 2.0);
+    QCOMPARE(options.settings[SettingOf("stop-threshold")], 88.0);
+    QCOMPARE(options.settings[SettingOf("average-duration")], 4.0);
+    QCOMPARE(options.settings[SettingOf("bpm-duration")], 12.0);
+    QCOMPARE(options.settings[SettingOf("consistency")], 0.0);
+    QCOMPARE(options.settings[SettingOf("virtual-when-stopped")], 1.0);
+    QCOMPARE(Read(options, QStringLiteral("--threshold"), QStringLiteral("auto")), QString());
+    QCOMPARE(options.settings[SettingOf("threshold")], -1.0);
+}
+
+void tst_AnalysisOptions::everySetting_hasItsOption_data()
+{
+    QTest::addColumn<QString>("identifier");
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (setting.use == SettingsTable::eAnalysis)
+            QTest::newRow(setting.pIdentifier) << QString::fromUtf8(setting.pIdentifier);
+}
+
+// From its limits, both included, to the analysis.
+void tst_AnalysisOptions::everySetting_hasItsOption()
+{
+    QFETCH(QString, identifier);
+    const SettingsTable::Setting& setting = *SettingsTable::Find(identifier);
+    const bool isSwitch = setting.form == SettingsTable::eSwitch;
+    const QString option =
+        (isSwitch && setting.initial != 0.0 ? QStringLiteral("--no-") : QStringLiteral("--")) +
+        identifier;
+    AnalysisOptions options;
+    const auto read = [&](double pValue) {
+        return Read(options, option, isSwitch ? QString() : cli::SettingText(setting, pValue));
+    };
+    for (const double value : {setting.minimum, setting.maximum}) {
+        QCOMPARE(read(value), QString());
+        QCOMPARE(options.settings[&setting], isSwitch ? OtherValue(setting) : value);
+    }
+    Configuration configuration;
+    QCOMPARE(options.getValue(setting, configuration), OtherValue(setting));
+    for (const double value : {setting.minimum - 1.0, setting.maximum + 1.0})
+        QVERIFY(isSwitch || read(value).contains(QString::number(setting.maximum)));
+}
+
+void tst_AnalysisOptions::everySettingThatIsStored_isReadBack_data()
+{
+    QTest::addColumn<QString>("identifier");
+    for (const ConfigurationSetting& setting : getConfigurationSettings())
+        if (SettingsTable::Find(setting.name))
+            QTest::newRow(qPrintable(setting.name)) << setting.name;
+}
+
+/// Through "config set" and "config show", without their file.
+void tst_AnalysisOptions::everySettingThatIsStored_isReadBack()
+{
+    QFETCH(QString, identifier);
+    const SettingsTable::Setting& setting = *SettingsTable::Find(identifier);
+    const auto& settings = getConfigurationSettings();
+    const auto found = std::find_if(settings.begin(), settings.end(), [&](const auto& pSetting) {
+        return pSetting.name == identifier;
+    });
+    ConfigurationStore store;
+    for (const double value : {setting.minimum, setting.maximum}) {
+        const QString text = cli::SettingText(setting, value);
+        QCOMPARE(found->set(store, text), QString());
+        QCOMPARE(setting.get(store.getConfiguration()), value);
+        QCOMPARE(found->get(store), text);
+        QVERIFY(found->help.contains(cli::SettingRange(setting)));
+    }
+    for (const char* pRefused : {"", "-2", "32768", "nan", "inf", "maybe"})
+        QCOMPARE(found->set(store, QString::fromUtf8(pRefused)), cli::SettingRefusal(setting));
+    QCOMPARE(setting.get(store.getConfiguration()), setting.maximum);
+}
+
+AA_TEST(tst_AnalysisOptions, QCoreApplication)
+#include "tst_AnalysisOptions.moc"

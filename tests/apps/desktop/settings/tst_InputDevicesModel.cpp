@@ -1,0 +1,358 @@
+// SPDX-License-Identifier: MIT
+#include <desktop/settings/InputDevicesModel.h>
+
+#include <QAbstractItemModelTester>
+
+#include <apps/desktop/PanelTest.h>
+#include <support/TestClass.h>
+
+namespace {
+
+FakeAudioState& Machine()
+{
+    return FakeAudioState::Get();
+}
+
+QString Text(const char* pText)
+{
+    return QString::fromUtf8(pText);
+}
+
+/// A model under the eyes of Qt's tester.
+struct Watched
+{
+    InputDevicesModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+
+    QStringList Texts() const
+    {
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts.append(model.index(row).data().toString());
+        return texts;
+    }
+    bool Is(const char* pName, InputDevicesModel::eRole pRole) const
+    {
+        return model.index(model.Find(Text(pName))).data(pRole).toBool();
+    }
+};
+
+}  // namespace
+
+class tst_InputDevicesModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void list_isThatOfTheMachine();
+    void list_hasEachNameOnce();
+    void list_isEmpty_withoutDevices();
+    void monitor_isMarked_data();
+    void monitor_isMarked();
+    void roles_tellNameAndMarks();
+    void newDevice_isListed_whenTheWatcherSeesIt();
+    void goneDevice_isDropped();
+    void goneDefault_leavesItsMarkToAnother();
+    void defaultMark_isTheWatchers();
+    void chosenDevice_staysListed_whenItVanishes();
+    void chosenDevice_isPresentAgain_whenItReturns();
+    void absentDevice_isListed_whenItIsChosen();
+    void absentDevice_isDropped_whenAnotherIsChosen();
+    void choice_isByTheExactName();
+    void choice_tellsBothRows();
+    void chosenPresent_followsTheRecorder();
+    void noChoice_hasNoPresence();
+    void list_takesAManyChanges();
+    void data_isEmpty_whereThereIsNone();
+    void retranslate_tellsEveryRow();
+};
+
+void tst_InputDevicesModel::initTestCase()
+{
+    PanelTest::Install();
+}
+
+void tst_InputDevicesModel::init()
+{
+    PanelTest::Clear();
+}
+
+void tst_InputDevicesModel::list_isThatOfTheMachine()
+{
+    Machine().Plug(Text("Mixer"));
+    Machine().Plug(Text(" Deck "));
+    PanelTest::Poll();
+    const Watched watched;
+    QCOMPARE(watched.Texts(), QStringList({Text("Mixer (default)"), Text("Deck")}));
+    QCOMPARE(watched.model.getPresentCount(), 2);
+    QCOMPARE(watched.model.Find(Text("Deck")), 1);
+    QCOMPARE(watched.model.Find(Text("deck")), -1);
+    QCOMPARE(watched.model.getChosen(), QString());
+}
+
+void tst_InputDevicesModel::list_hasEachNameOnce()
+{
+    Machine().Plug(Text("Deck"));
+    Machine().Plug(Text("deck"));
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    const Watched watched;
+    QCOMPARE(watched.Texts(), QStringList({Text("Deck (default)"), Text("deck")}));
+}
+
+void tst_InputDevicesModel::list_isEmpty_withoutDevices()
+{
+    const Watched watched;
+    QCOMPARE(watched.model.rowCount(), 0);
+    QCOMPARE(watched.model.getPresentCount(), 0);
+}
+
+void tst_InputDevicesModel::monitor_isMarked_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isMonitor");
+    QTest::newRow("server name") << Text("alsa_output.pci.analog-stereo.monitor") << true;
+    QTest::newRow("description") << Text("Monitor of Speakers") << true;
+    QTest::newRow("input") << Text("alsa_input.pci.analog-stereo") << false;
+    QTest::newRow("word inside") << Text("Studio monitor input") << false;
+}
+
+void tst_InputDevicesModel::monitor_isMarked()
+{
+    QFETCH(const QString, name);
+    QFETCH(const bool, isMonitor);
+    Machine().Plug(name);
+    Machine().SetDefault(-1);
+    PanelTest::Poll();
+    const Watched watched;
+    const QModelIndex index = watched.model.index(0);
+    QCOMPARE(index.data(InputDevicesModel::eMonitorRole).toBool(), isMonitor);
+    QCOMPARE(index.data().toString(), isMonitor ? name + Text(" (monitor)") : name);
+    const QString help = Text("%1 (monitor): records what this computer plays").arg(name);
+    QCOMPARE(index.data(Qt::ToolTipRole).toString(), isMonitor ? help : name);
+}
+
+void tst_InputDevicesModel::roles_tellNameAndMarks()
+{
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Deck"));
+    const QModelIndex index = watched.model.index(0);
+    QCOMPARE(index.data(InputDevicesModel::eNameRole).toString(), Text("Deck"));
+    QVERIFY(index.data(InputDevicesModel::eDefaultRole).toBool());
+    QVERIFY(index.data(InputDevicesModel::ePresentRole).toBool());
+    QVERIFY(index.data(InputDevicesModel::eChosenRole).toBool());
+    const QHash<int, QByteArray> names = watched.model.roleNames();
+    QCOMPARE(names.value(InputDevicesModel::eNameRole), QByteArray("name"));
+    QCOMPARE(names.value(InputDevicesModel::eDefaultRole), QByteArray("isDefault"));
+    QCOMPARE(names.value(InputDevicesModel::eMonitorRole), QByteArray("isMonitor"));
+    QCOMPARE(names.value(InputDevicesModel::ePresentRole), QByteArray("isPresent"));
+    QCOMPARE(names.value(InputDevicesModel::eChosenRole), QByteArray("isChosen"));
+}
+
+void tst_InputDevicesModel::newDevice_isListed_whenTheWatcherSeesIt()
+{
+    Watched watched;
+    QSignalSpy inserted(&watched.model, &QAbstractItemModel::rowsInserted);
+    Machine().Plug(Text("Deck"));
+    QCOMPARE(inserted.count(), 0);
+    PanelTest::Poll();
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(inserted.at(0).at(1).toInt(), 0);
+    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
+}
+
+void tst_InputDevicesModel::goneDevice_isDropped()
+{
+    Machine().Plug(Text("Mixer"));
+    const QByteArray deck = Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    QSignalSpy removed(&watched.model, &QAbstractItemModel::rowsRemoved);
+    Machine().Unplug(deck);
+    PanelTest::Poll();
+    QCOMPARE(removed.count(), 1);
+    QCOMPARE(removed.at(0).at(1).toInt(), 1);
+    QCOMPARE(watched.Texts(), QStringList(Text("Mixer (default)")));
+}
+
+void tst_InputDevicesModel::goneDefault_leavesItsMarkToAnother()
+{
+    const QByteArray mixer = Machine().Plug(Text("Mixer"));
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    const Watched watched;
+    Machine().Unplug(mixer);
+    PanelTest::Poll();
+    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
+}
+
+void tst_InputDevicesModel::defaultMark_isTheWatchers()
+{
+    Machine().Plug(Text("Mixer"));
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    const Watched watched;
+    // Another default alone is no change to the watcher; with a change it is.
+    Machine().SetDefault(1);
+    PanelTest::Poll();
+    QVERIFY(watched.Is("Mixer", InputDevicesModel::eDefaultRole));
+    Machine().Plug(Text("Line"));
+    PanelTest::Poll();
+    QCOMPARE(watched.Texts(), QStringList({Text("Mixer"), Text("Deck (default)"), Text("Line")}));
+}
+
+void tst_InputDevicesModel::chosenDevice_staysListed_whenItVanishes()
+{
+    const QByteArray deck = Machine().Plug(Text("Deck"));
+    Machine().Plug(Text("Mixer"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Deck"));
+    Machine().Unplug(deck);
+    PanelTest::Poll();
+    QCOMPARE(watched.Texts(), QStringList({Text("Deck (absent)"), Text("Mixer (default)")}));
+    QVERIFY(!watched.Is("Deck", InputDevicesModel::ePresentRole));
+    QVERIFY(watched.Is("Deck", InputDevicesModel::eChosenRole));
+    QCOMPARE(watched.model.getPresentCount(), 1);
+}
+
+void tst_InputDevicesModel::chosenDevice_isPresentAgain_whenItReturns()
+{
+    const QByteArray deck = Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Deck"));
+    Machine().Unplug(deck);
+    PanelTest::Poll();
+    QSignalSpy inserted(&watched.model, &QAbstractItemModel::rowsInserted);
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    QCOMPARE(inserted.count(), 0);
+    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
+    QVERIFY(watched.Is("Deck", InputDevicesModel::ePresentRole));
+}
+
+void tst_InputDevicesModel::absentDevice_isListed_whenItIsChosen()
+{
+    Machine().Plug(Text("Mixer"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Gone"));
+    QCOMPARE(watched.Texts(), QStringList({Text("Mixer (default)"), Text("Gone (absent)")}));
+    QCOMPARE(watched.model.getChosen(), Text("Gone"));
+    QCOMPARE(watched.model.getPresentCount(), 1);
+}
+
+void tst_InputDevicesModel::absentDevice_isDropped_whenAnotherIsChosen()
+{
+    Machine().Plug(Text("Mixer"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Gone"));
+    watched.model.setChosen(Text("Mixer"));
+    QCOMPARE(watched.Texts(), QStringList(Text("Mixer (default)")));
+    watched.model.setChosen(QString());
+    QCOMPARE(watched.Texts(), QStringList(Text("Mixer (default)")));
+    QVERIFY(!watched.Is("Mixer", InputDevicesModel::eChosenRole));
+}
+
+void tst_InputDevicesModel::choice_isByTheExactName()
+{
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("deck"));
+    QCOMPARE(watched.Texts(), QStringList({Text("Deck (default)"), Text("deck (absent)")}));
+    QVERIFY(!watched.Is("Deck", InputDevicesModel::eChosenRole));
+}
+
+void tst_InputDevicesModel::choice_tellsBothRows()
+{
+    Machine().Plug(Text("Mixer"));
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Mixer"));
+    QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
+    watched.model.setChosen(Text("Deck"));
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(changed.at(0).at(0).toModelIndex().row(), 0);
+    QCOMPARE(changed.at(1).at(0).toModelIndex().row(), 1);
+    watched.model.setChosen(Text("Deck"));
+    QCOMPARE(changed.count(), 2);
+}
+
+void tst_InputDevicesModel::chosenPresent_followsTheRecorder()
+{
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Deck"));
+    QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
+    watched.model.setChosenPresent(false);
+    QCOMPARE(watched.Texts(), QStringList(Text("Deck (absent, default)")));
+    watched.model.setChosenPresent(false);
+    watched.model.setChosenPresent(true);
+    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
+    QCOMPARE(changed.count(), 2);
+}
+
+void tst_InputDevicesModel::noChoice_hasNoPresence()
+{
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosenPresent(false);
+    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
+}
+
+void tst_InputDevicesModel::list_takesAManyChanges()
+{
+    QList<QByteArray> handles;
+    for (int i = 0; i < 20; ++i)
+        handles.append(Machine().Plug(Text("Input %1").arg(i)));
+    PanelTest::Poll();
+    Watched watched;
+    watched.model.setChosen(Text("Input 7"));
+    for (int i = 0; i < 20; i += 2)
+        Machine().Unplug(handles.at(i));
+    Machine().Plug(Text("Late"));
+    PanelTest::Poll();
+    QCOMPARE(watched.model.rowCount(), 11);
+    for (int i = 1; i < 20; i += 2)
+        Machine().Unplug(handles.at(i));
+    PanelTest::Poll();
+    QCOMPARE(watched.Texts(), QStringList({Text("Input 7 (absent)"), Text("Late (default)")}));
+}
+
+void tst_InputDevicesModel::data_isEmpty_whereThereIsNone()
+{
+    Machine().Plug(Text("Deck"));
+    PanelTest::Poll();
+    const Watched watched;
+    QVERIFY(!watched.model.data(QModelIndex(), Qt::DisplayRole).isValid());
+    QVERIFY(!watched.model.index(1).isValid());
+    QVERIFY(!watched.model.index(0).data(Qt::DecorationRole).isValid());
+    QCOMPARE(watched.model.rowCount(watched.model.index(0)), 0);
+}
+
+void tst_InputDevicesModel::retranslate_tellsEveryRow()
+{
+    Machine().Plug(Text("Deck"));
+    Machine().Plug(Text("Mixer"));
+    PanelTest::Poll();
+    Watched watched;
+    QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
+    watched.model.Retranslate();
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.at(0).at(0).toModelIndex().row(), 0);
+    QCOMPARE(changed.at(0).at(1).toModelIndex().row(), 1);
+}
+
+AA_TEST(tst_InputDevicesModel, QApplication)
+#include "tst_InputDevicesModel.moc"
