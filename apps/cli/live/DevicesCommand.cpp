@@ -2,6 +2,7 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 
 #include <cli/Console.h>
+#include <cli/ExitCode.h>
 #include <cli/Interrupt.h>
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenTexts.h>
