@@ -32,7 +32,6 @@ size_t read(AudioFileReader& reader, std::vector<float>& samples)
 
 QByteArray findWithAubio(AudioFileReader& reader)
 {
-    // It finds more beats so than with its usual 1024 and 512.
     constexpr unsigned int kWindow = 512;
     constexpr unsigned int kHop = 128;
     const int rate = reader.getSampleRate();

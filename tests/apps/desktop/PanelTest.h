@@ -78,7 +78,7 @@ public:
     {
         pWindow.show();
         pWindow.activateWindow();
-        return QTest::qWaitForWindowActive(&pWindow);
+        return QTest::qWaitForWindowActive(&pWindow, 60000);
     }
 
     /// The widgets that take the keyboard and say nothing to a screen reader.

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/DesktopTest.h>
-#include <apps/desktop/VirtualDisplay.h>
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>
@@ -16,6 +14,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <apps/desktop/DesktopTest.h>
+#include <apps/desktop/VirtualDisplay.h>
 #include <support/TestClass.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -102,7 +102,7 @@ void tst_MonitorDisplay::demo_isShown()
     MonitorSession session;
     MainWindow window(session, WindowSettings(), QPalette());
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(QTest::qWaitForWindowExposed(&window, kTimeoutMs));
     session.PlayFile(path, false);
     QVERIFY(WaitForFlashes(window.getBeatLed().getLed(), 8));
     QVERIFY(WaitForFlashes(window.getPulseLed().getLed(), 1));
@@ -112,7 +112,7 @@ void tst_MonitorDisplay::demo_isShown()
     QTRY_VERIFY_WITH_TIMEOUT(isTempoRight(), kTimeoutMs);
     QCOMPARE(window.getBpm().m_pTempo->foregroundRole(), QPalette::WindowText);
     const QRegularExpression status(QStringLiteral("^Playing “demo.wav”   0:[0-5][1-9]"));
-    QTRY_VERIFY(status.match(window.getStatus().getSource()).hasMatch());
+    QTRY_VERIFY_WITH_TIMEOUT(status.match(window.getStatus().getSource()).hasMatch(), kTimeoutMs);
     const auto& levels = window.getSpectrum().getBars().getLevels();
     QVERIFY(*std::max_element(levels.begin(), levels.end()) > -30.0);
 }
@@ -129,11 +129,14 @@ void tst_MonitorDisplay::devices_areListedLive()
     const QByteArray handle = FakeAudioState::Get().Plug(desktoptest::MusicDevice("Deck"));
     PanelTest::Poll();
     QCOMPARE(list.model()->rowCount(), 1);
-    QTRY_COMPARE(window.getStatus().getSource(), QStringLiteral("Listening to “Deck”"));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        window.getStatus().getSource(), QStringLiteral("Listening to “Deck”"), kTimeoutMs);
     FakeAudioState::Get().Unplug(handle);
     PanelTest::Poll();
     // It stays listed, as absent, and is waited for.
-    QTRY_VERIFY(window.getStatus().getSource().startsWith(QStringLiteral("Waiting for “Deck”")));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        window.getStatus().getSource().startsWith(QStringLiteral("Waiting for “Deck”")),
+        kTimeoutMs);
     QCOMPARE(list.model()->rowCount(), 1);
 }
 
@@ -156,10 +159,10 @@ void tst_MonitorDisplay::window_startsWhereItShould()
     MainWindow window(session, settings, QPalette());
     window.setFixedSize(600, 400);
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(QTest::qWaitForWindowExposed(&window, kTimeoutMs));
     QCOMPARE(window.screen()->availableGeometry(), QRect(0, 0, 1280, 900));
     window.Place(eStartingPosition(position));
-    QTRY_COMPARE(window.pos(), corner);
+    QTRY_COMPARE_WITH_TIMEOUT(window.pos(), corner, kTimeoutMs);
 }
 
 void tst_MonitorDisplay::window_keepsItsFrameOnTheScreen_data()
@@ -187,14 +190,18 @@ void tst_MonitorDisplay::window_keepsItsFrameOnTheScreen()
     window.Place(eStartingPosition(position));
     window.show();
     const QRect screen = window.screen()->availableGeometry();
-    QTRY_VERIFY(window.windowHandle()->frameMargins().top() > 0);
-    QTRY_COMPARE(isAtTop ? window.frameGeometry().top() : window.frameGeometry().bottom(),
-                 isAtTop ? screen.top() : screen.bottom());
-    QTRY_COMPARE(isAtLeft ? window.frameGeometry().left() : window.frameGeometry().right(),
-                 isAtLeft ? screen.left() : screen.right());
+    QTRY_VERIFY_WITH_TIMEOUT(window.windowHandle()->frameMargins().top() > 0, kTimeoutMs);
+    QTRY_COMPARE_WITH_TIMEOUT(isAtTop ? window.frameGeometry().top()
+                                      : window.frameGeometry().bottom(),
+                              isAtTop ? screen.top() : screen.bottom(),
+                              kTimeoutMs);
+    QTRY_COMPARE_WITH_TIMEOUT(isAtLeft ? window.frameGeometry().left()
+                                       : window.frameGeometry().right(),
+                              isAtLeft ? screen.left() : screen.right(),
+                              kTimeoutMs);
     // Where it is moved to later it stays.
     window.move(300, 200);
-    QTRY_COMPARE(window.frameGeometry().topLeft(), QPoint(300, 200));
+    QTRY_COMPARE_WITH_TIMEOUT(window.frameGeometry().topLeft(), QPoint(300, 200), kTimeoutMs);
 }
 
 void tst_MonitorDisplay::program_playsAFile_andEndsWell()

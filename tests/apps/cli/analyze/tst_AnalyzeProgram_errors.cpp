@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <apps/cli/analyze/ProgramRunner.h>
-
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <apps/cli/analyze/ProgramRunner.h>
 #include <apps/shared/files/TestAudio.h>
 #include <csignal>
 #include <support/ProcessStatus.h>
@@ -384,7 +383,8 @@ void tst_AnalyzeProgram_errors::signal_leavesNothingHalfWritten()
     process.write(testaudio::Raw(testaudio::Kicks(44100, 120, 3.0)));
     QVERIFY(process.waitForBytesWritten());
     if (arguments.contains(QLatin1String("--click")))
-        QTRY_VERIFY(FilesHere() != m_files);  // its temporary file is there
+        QTRY_VERIFY_WITH_TIMEOUT(FilesHere() != m_files,
+                                 kProgramTimeoutMs);  // its temporary file is there
     QVERIFY(processstatus::WaitForHandler(process.processId(), signal));
     QCOMPARE(::kill(pid_t(process.processId()), signal), 0);
     QVERIFY(process.waitForFinished(kProgramTimeoutMs));

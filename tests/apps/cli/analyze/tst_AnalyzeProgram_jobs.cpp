@@ -255,14 +255,15 @@ QByteArray tst_AnalyzeProgram_jobs::_Drawn(const QStringList& pOptions, const ch
         drain();
         return pMark != nullptr && drawn.contains(pMark);
     };
-    QTest::qWaitFor(isDrawn, pMark != nullptr ? kProgramTimeoutMs : 1500);
+    const bool isInTime = QTest::qWaitFor(isDrawn, pMark != nullptr ? kProgramTimeoutMs : 1500);
     const bool isWritten =
         ::write(writer, music.constData(), std::size_t(music.size())) == music.size();
     ::close(writer);
     const ProgramRun run = Finish(process);
     drain();
     ::close(terminal);
-    return isWritten && run.exitCode == 0 ? drawn : QByteArray("failed");
+    const bool isAsExpected = isInTime == (pMark != nullptr) && isWritten && run.exitCode == 0;
+    return isAsExpected ? drawn : QByteArray("failed");
 }
 
 void tst_AnalyzeProgram_jobs::bar_isDrawnOnATerminal()

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <apps/desktop/settings/ProfilesPanelFixture.h>
 #include <desktop/settings/HintLabel.h>
 
 #include <QLineEdit>
 
+#include <apps/desktop/settings/ProfilesPanelFixture.h>
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 
 /// What goes through the editor.
 class tst_ProfilesPanel_edit : public QObject
@@ -172,5 +173,5 @@ void tst_ProfilesPanel_edit::readOnlyProfile_isNotEdited()
     QVERIFY(!panel.Button("remove").isEnabled());
 }
 
-AA_TEST(tst_ProfilesPanel_edit, QApplication)
+AA_TEST(tst_ProfilesPanel_edit, InVirtualTime<QApplication>)
 #include "tst_ProfilesPanel_edit.moc"

@@ -17,6 +17,7 @@
 #include <apps/desktop/PanelTest.h>
 #include <functional>
 #include <support/TestClass.h>
+#include <support/VirtualTime.h>
 #include <vector>
 
 namespace {
@@ -365,5 +366,5 @@ void tst_Translations::mnemonics_differ_amongThePanelsOfTheFirstStart()
              qPrintable(letters));
 }
 
-AA_TEST(tst_Translations, QApplication)
+AA_TEST(tst_Translations, InVirtualTime<QApplication>)
 #include "tst_Translations.moc"
