@@ -6,14 +6,21 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A PulseAudio daemon of our own: no hardware, no session, one unix socket in a temporary folder.
+/// A PulseAudio daemon of our own, or PipeWire's: no hardware, no session, one unix socket in a
+/// temporary folder.
 ///
 /// Its environment is this process's from the construction on, so that every client started or
 /// loaded here talks to it, and to nothing else.
 class PulseServer
 {
 public:
-    PulseServer();
+    enum eKind
+    {
+        ePulseAudio,
+        ePipeWire  ///< with a session manager and a message bus of its own
+    };
+
+    explicit PulseServer(eKind pKind = ePulseAudio);
     ~PulseServer();
     PulseServer(const PulseServer&) = delete;
     PulseServer& operator=(const PulseServer&) = delete;
@@ -46,13 +53,20 @@ public:
     QString error() const;
 
 private:
+    void _StartPulseAudio();
+    bool _StartPipeWire();
+    bool _StartBus();
     bool _Do(const QStringList& pArguments);
     void _Signal(int pSignal);
     QString _Control(const QStringList& pArguments);
     static void _End(QProcess& pProcess);
 
+    const eKind m_kind;
     QTemporaryDir m_folder;
-    QProcess m_daemon;
+    QProcess m_bus;      ///< what PipeWire's parts find each other through
+    QProcess m_engine;   ///< PipeWire itself
+    QProcess m_manager;  ///< its session manager
+    QProcess m_daemon;   ///< what clients talk to
     QProcess m_player;
     QString m_error;
 };

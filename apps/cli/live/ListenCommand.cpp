@@ -75,7 +75,8 @@ QString ListenCommand::_ChooseDevice()
 {
     const std::vector<InputDevice> devices = listInputDevices();
     const QStringList names = NamesOf(devices);
-    m_followsDefault = m_options.device == kDefault && !names.isEmpty() && !names.contains(kDefault);
+    m_followsDefault =
+        m_options.device == kDefault && !names.isEmpty() && !names.contains(kDefault);
     if (m_followsDefault)
         return DefaultOf(devices);
     if (!m_options.device.isEmpty()) {

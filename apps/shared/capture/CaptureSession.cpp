@@ -211,13 +211,12 @@ void CaptureSession::_OnSamples(qint16* pSamples, unsigned pCount)
     _WatchLevel(pSamples, pCount);
 }
 
-/// The instant at which the sample behind those that have arrived sounds, µs: as the back end tells,
-/// else now. What is lost leaves a gap in the count of samples, behind which it begins anew.
+/// The instant at which the sample behind those that have arrived sounds, µs: as the back end
+/// tells, else now. What is lost leaves a gap in the count of samples, behind which it begins anew.
 quint64 CaptureSession::_Place()
 {
     const SoundBackEnd* pBackEnd = SoundBackEnd::get();
-    const std::optional<SoundPosition> position =
-        pBackEnd ? pBackEnd->getPosition() : std::nullopt;
+    const std::optional<SoundPosition> position = pBackEnd ? pBackEnd->getPosition() : std::nullopt;
     if (!position)
         return HighResolutionTimer::getTime();
     if (position->lost != m_lost) {

@@ -19,9 +19,10 @@ class QtAudioInputDeviceInfo;
 /// Anchor: the analyzer counts samples and must know when the first of them sounded, or OnBeat()
 /// comes at a wrong time. The hosts' own back end tells the instant. Another may deliver its first
 /// block seconds after it was asked, and all at once. So the analysis is started when a block
-/// arrives, and the next block is the first to be analysed: it began to sound just then. From then on the count of samples is compared
-/// with the clock. When they have drifted apart, the analysis is anchored anew in the next silence,
-/// where it costs nothing; when they are far apart, at once. The tempo survives.
+/// arrives, and the next block is the first to be analysed: it began to sound just then. From then
+/// on the count of samples is compared with the clock. When they have drifted apart, the analysis
+/// is anchored anew in the next silence, where it costs nothing; when they are far apart, at once.
+/// The tempo survives.
 ///
 /// Survival: a device that is gone (the watcher says so, the capture stops, or no data comes any
 /// more) is waited for and recorded by a new device object once it is listed again. A device that
@@ -55,8 +56,8 @@ public:
     void setLimits(const Limits& pLimits) { m_limits = pLimits; }
     /// Records the device of exactly that name, now or when it is there. To be called once.
     void Open(const QString& pName);
-    /// Goes on with another device when that becomes the sound server's default one, which the device
-    /// of the given name is by now. Only the hosts' own back end tells.
+    /// Goes on with another device when that becomes the sound server's default one, which the
+    /// device of the given name is by now. Only the hosts' own back end tells.
     void FollowDefault() { m_followsDefault = true; }
 
     SourceState getSource() const override;

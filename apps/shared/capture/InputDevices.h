@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/capture/SoundBackEnd.h>
+
 #include <QAudioFormat>
 #include <QString>
 #include <QStringList>
-
-#include <shared/capture/SoundBackEnd.h>
 
 #include <optional>
 #include <vector>
@@ -15,7 +15,7 @@ struct InputDevice
 {
     QString name;
     bool isDefault;
-    QAudioFormat format;  ///< that would be recorded; invalid when there is none
+    QAudioFormat format;                     ///< that would be recorded; invalid when there is none
     std::optional<SoundSource> source = {};  ///< as the hosts' own back end has it
 
     /// Records what the machine plays itself.

@@ -22,8 +22,8 @@ PulseBackEnd* s_pInstalled = nullptr;
 ///
 /// Intended: Qt numbers the plugins that it finds at its first look, those in files before static
 /// ones, and keeps the numbers; but whenever the library paths change it looks for more files, and
-/// the numbers are wrong. So the paths are not taken away and given back. They get names under which
-/// Qt finds nothing now, and under which it has looked already once they lead somewhere.
+/// the numbers are wrong. So the paths are not taken away and given back. They get names under
+/// which Qt finds nothing now, and under which it has looked already once they lead somewhere.
 void HideOtherPlugins()
 {
     const int root = ::open("/dev/null", O_RDONLY | O_CLOEXEC);

@@ -153,10 +153,12 @@ void PulseConnection::_OnReady()
     Forget(pa_context_subscribe(m_pContext, events, nullptr, nullptr));
     _Ask();
     Forget(pa_context_get_source_info_list(m_pContext, &_ListCallback, this));
-    m_pTimer = pa_context_rttime_new(m_pContext, pa_rtclock_now() + kAskPeriod, &_AskCallback, this);
+    m_pTimer =
+        pa_context_rttime_new(m_pContext, pa_rtclock_now() + kAskPeriod, &_AskCallback, this);
 }
 
-/// Only a server that has answered before is asked again. What it is asked for is small, and of use.
+/// Only a server that has answered before is asked again. What it is asked for is small, and of
+/// use.
 void PulseConnection::_Ask()
 {
     {
@@ -258,7 +260,10 @@ void PulseConnection::_ConnectCallback(pa_mainloop_api*,
     Self(pThis)._Connect();
 }
 
-void PulseConnection::_AskCallback(pa_mainloop_api*, pa_time_event* pTimer, const timeval*, void* pThis)
+void PulseConnection::_AskCallback(pa_mainloop_api*,
+                                   pa_time_event* pTimer,
+                                   const timeval*,
+                                   void* pThis)
 {
     PulseConnection& self = Self(pThis);
     self._Ask();

@@ -73,12 +73,10 @@ private:
                                pa_subscription_event_type_t pType,
                                std::uint32_t pIndex,
                                void* pThis);
-    static void
-    _SourceCallback(pa_context*, const pa_source_info* pInfo, int pIsLast, void* pThis);
+    static void _SourceCallback(pa_context*, const pa_source_info* pInfo, int pIsLast, void* pThis);
     static void _ListCallback(pa_context*, const pa_source_info* pInfo, int pIsLast, void* pThis);
     static void _ServerCallback(pa_context*, const pa_server_info* pInfo, void* pThis);
-    static void
-    _ConnectCallback(pa_mainloop_api*, pa_time_event*, const timeval*, void* pThis);
+    static void _ConnectCallback(pa_mainloop_api*, pa_time_event*, const timeval*, void* pThis);
     static void _AskCallback(pa_mainloop_api*, pa_time_event*, const timeval*, void* pThis);
 
     pa_threaded_mainloop* m_pLoop;

@@ -9,8 +9,7 @@ constexpr int kOtherRate = 44100;  // Hz
 }  // namespace
 
 PulseDeviceInfo::PulseDeviceInfo(const SoundSource& pSource)
-    : m_name(pSource.name),
-      m_sampleRate(pSource.sampleRate == kOtherRate ? kOtherRate : kUsualRate)
+    : m_name(pSource.name), m_sampleRate(pSource.sampleRate == kOtherRate ? kOtherRate : kUsualRate)
 {
 }
 

@@ -5,8 +5,8 @@
 
 #include <qaudiosystem.h>
 
-/// A source as Qt Multimedia asks about it: mono with 16 bits, whatever it has. The server mixes and
-/// converts. Its own rate is kept where the analysis takes it, so that nothing is resampled.
+/// A source as Qt Multimedia asks about it: mono with 16 bits, whatever it has. The server mixes
+/// and converts. Its own rate is kept where the analysis takes it, so that nothing is resampled.
 class PulseDeviceInfo : public QAbstractAudioDeviceInfo
 {
     Q_OBJECT

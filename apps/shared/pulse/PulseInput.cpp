@@ -102,8 +102,8 @@ void PulseInput::_Push()
 
 qint64 PulseInput::Read(char* pData, qint64 pMaxSize)
 {
-    const std::size_t count = m_recording.Read(reinterpret_cast<qint16*>(pData),
-                                               std::size_t(pMaxSize) / sizeof(qint16));
+    const std::size_t count =
+        m_recording.Read(reinterpret_cast<qint16*>(pData), std::size_t(pMaxSize) / sizeof(qint16));
     m_backEnd.setPosition(m_recording.getPosition());
     return qint64(count * sizeof(qint16));
 }

@@ -135,9 +135,9 @@ void PulseRecording::_OnData()
     _Tell();
 }
 
-/// The server tells how old the sample was that it was to send next, at an instant of its clock; what
-/// a monitor delivers may sound only later. libpulse's own interpolation of the same is off by tens
-/// of milliseconds for seconds, since its clock runs before the first sample comes.
+/// The server tells how old the sample was that it was to send next, at an instant of its clock;
+/// what a monitor delivers may sound only later. libpulse's own interpolation of the same is off by
+/// tens of milliseconds for seconds, since its clock runs before the first sample comes.
 void PulseRecording::_OnTiming()
 {
     const pa_timing_info* pInfo = pa_stream_get_timing_info(m_pStream);

@@ -15,8 +15,8 @@
 
 /// One recording of one source, never of another: mono, 16 bits, in fragments of 10 ms.
 ///
-/// libpulse's thread puts the samples into a ring and tells the owner once; the owner's thread takes
-/// them. Nothing here waits for the server.
+/// libpulse's thread puts the samples into a ring and tells the owner once; the owner's thread
+/// takes them. Nothing here waits for the server.
 class PulseRecording
 {
 public:

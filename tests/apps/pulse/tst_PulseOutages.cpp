@@ -13,8 +13,8 @@
 #include <algorithm>
 #include <memory>
 #include <pulse/PulseServer.h>
-#include <support/TestClass.h>
 #include <random>
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {
@@ -29,7 +29,9 @@ QString Text(const char* pText)
 
 int CountOf(const char* pFolder)
 {
-    return QDir(Text(pFolder)).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+    return QDir(Text(pFolder))
+        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+        .size();
 }
 
 /// Private pages of this process.
@@ -67,6 +69,11 @@ std::vector<double> ServerOutages()
 class tst_PulseOutages : public QObject
 {
     Q_OBJECT
+
+public:
+    explicit tst_PulseOutages(PulseServer::eKind pKind = PulseServer::ePulseAudio) : m_server(pKind)
+    {
+    }
 
 private Q_SLOTS:
     void initTestCase();
@@ -111,9 +118,11 @@ void tst_PulseOutages::initTestCase()
     QVERIFY(m_backEnd.Install());
     m_session = std::make_unique<CaptureSession>(m_configuration);
     using S = CaptureSession;
-    connect(m_session.get(), &S::OnStateChanged, this, [this](eCaptureState pState) {
-        m_losses += pState == eCaptureWaiting ? 1 : 0;
-    });
+    connect(
+        m_session.get(),
+        &S::OnStateChanged,
+        this,
+        [this](eCaptureState pState) { m_losses += pState == eCaptureWaiting ? 1 : 0; });
     connect(m_session.get(), &S::OnNotice, this, [this](eCaptureNotice pNotice) {
         m_notices.append(pNotice);
     });
@@ -171,7 +180,8 @@ void tst_PulseOutages::server_isFoundAgain()
     QElapsedTimer clock;
     clock.start();
     QVERIFY(_AwaitSound());
-    qInfo("server away for %g s: sound %lld ms after its source was back", seconds, clock.elapsed());
+    qInfo(
+        "server away for %g s: sound %lld ms after its source was back", seconds, clock.elapsed());
 }
 
 void tst_PulseOutages::source_isFoundAgain_besideAnother_data()
@@ -289,5 +299,15 @@ void tst_PulseOutages::end_comesAtOnce_whileTheServerHangs()
     m_server.Thaw();
 }
 
+/// The same on PipeWire, whose part for clients is what fails.
+class tst_PipeWireOutages : public tst_PulseOutages
+{
+    Q_OBJECT
+
+public:
+    tst_PipeWireOutages() : tst_PulseOutages(PulseServer::ePipeWire) {}
+};
+
 AA_TEST(tst_PulseOutages, QCoreApplication)
+AA_TEST(tst_PipeWireOutages, QCoreApplication)
 #include "tst_PulseOutages.moc"

@@ -3,9 +3,8 @@
 
 #include <QtTest>
 
-#include <support/TestClass.h>
-
 #include <numeric>
+#include <support/TestClass.h>
 #include <vector>
 
 namespace {

@@ -48,11 +48,11 @@ private:
         return m_offset + double(qint64(pIndex - m_index)) * 1e6 / m_rate;
     }
 
-    int m_rate;              ///< Hz
-    int m_count = 0;         ///< answers so far, kMemory at most
-    quint64 m_origin = 0;    ///< µs since the epoch
-    quint64 m_index = 0;     ///< of the last answer
-    double m_offset = 0.0;   ///< µs from the origin to that sample
+    int m_rate;             ///< Hz
+    int m_count = 0;        ///< answers so far, kMemory at most
+    quint64 m_origin = 0;   ///< µs since the epoch
+    quint64 m_index = 0;    ///< of the last answer
+    double m_offset = 0.0;  ///< µs from the origin to that sample
 };
 
 }  // namespace pulse

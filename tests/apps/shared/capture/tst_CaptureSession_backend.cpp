@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "SessionLog.h"
-
 #include <shared/capture/SoundBackEnd.h>
 
 #include <QtTest>
