@@ -11,11 +11,11 @@
 #include <cli/settings/ConfigCommand.h>
 #include <cli/settings/ProfilesCommand.h>
 #include <shared/files/FileNameCodec.h>
+#include <shared/pulse/PulseBackEnd.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QCoreApplication>
 
-#include <cstdlib>
 #include <fcntl.h>
 #include <initializer_list>
 #include <unistd.h>
@@ -63,8 +63,6 @@ int Run(const CommandLine& pCommand)
     return eExitUsage;
 }
 
-/// Qt's plugin for PulseAudio now and then crashes when the process unloads it. Everything is
-/// written by then, so a command that used it leaves without unloading.
 bool UsesSound(const CommandLine& pCommand)
 {
     return pCommand.action == CommandLine::eListen || pCommand.action == CommandLine::eDevices;
@@ -72,6 +70,14 @@ bool UsesSound(const CommandLine& pCommand)
 
 /// Sound plugins comment on devices that vanish. The commands say that in words of their own.
 void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+int RunWithSound(const CommandLine& pCommand)
+{
+    qInstallMessageHandler(&IgnoreMessage);
+    PulseBackEnd backEnd;
+    backEnd.Install();
+    return Run(pCommand);
+}
 
 }  // namespace
 
@@ -84,11 +90,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("audio-analyzer"));
     ConfigurationStore::UseUserFolder();
     const CommandLine command = parseCommandLine(argc, argv);
-    if (UsesSound(command))
-        qInstallMessageHandler(&IgnoreMessage);
-    const int exitCode = Run(command);
+    const int exitCode = UsesSound(command) ? RunWithSound(command) : Run(command);
     interrupt::Finish();
-    if (UsesSound(command))
-        std::_Exit(exitCode);
     return exitCode;
 }

@@ -8,8 +8,8 @@
 #include <desktop/settings/Translations.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Tray.h>
-#include <shared/capture/SoundServer.h>
 #include <shared/files/FileNameCodec.h>
+#include <shared/pulse/PulseBackEnd.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QApplication>
@@ -18,7 +18,6 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -53,7 +52,8 @@ void Begin(MonitorSession& pSession, const MonitorOptions& pOptions)
 
 int Run(const MonitorOptions& pOptions)
 {
-    preferSoundServer();
+    PulseBackEnd backEnd;
+    backEnd.Install();
     MonitorSession session;
     QString error;
     session.Load(error);
@@ -108,8 +108,5 @@ int main(int argc, char* argv[])
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setQuitOnLastWindowClosed(false);
     qInstallMessageHandler(&IgnoreMessage);
-    const int exitCode = Run(options);
-    // Qt's plugin for PulseAudio now and then crashes when the process unloads it. Everything is
-    // written by then.
-    std::_Exit(exitCode);
+    return Run(options);
 }

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QThread>
 
+#include <csignal>
+
 namespace {
 
 constexpr int kTimeoutMs = 60000;
@@ -13,7 +15,7 @@ constexpr int kPollMs = 20;
 
 QString Socket(const QTemporaryDir& pFolder)
 {
-    return pFolder.filePath(QStringLiteral("native"));
+    return pFolder.filePath(QStringLiteral("PULSE_RUNTIME_PATH/native"));
 }
 
 /// A folder that only its owner may enter, as the daemon demands.
@@ -27,11 +29,12 @@ QByteArray PrivateFolder(const QTemporaryDir& pFolder, const char* pName)
 
 }  // namespace
 
-PulseServer::PulseServer()
+PulseServer::PulseServer(eKind pKind) : m_kind(pKind)
 {
     for (const char* name : {"HOME",
                              "XDG_RUNTIME_DIR",
                              "XDG_CONFIG_HOME",
+                             "XDG_STATE_HOME",
                              "PULSE_RUNTIME_PATH",
                              "PULSE_STATE_PATH",
                              "PULSE_CONFIG_PATH"})
@@ -44,16 +47,37 @@ PulseServer::PulseServer()
     for (const char* name :
          {"PULSE_COOKIE", "PULSE_SINK", "PULSE_SOURCE", "DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
         qunsetenv(name);
-    m_daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    for (QProcess* pProcess : {&m_bus, &m_engine, &m_manager, &m_daemon})
+        pProcess->setProcessChannelMode(QProcess::ForwardedErrorChannel);
 }
 
 PulseServer::~PulseServer()
 {
+    Thaw();
     EndPlaying();
     End();
+    _End(m_manager);
+    _End(m_engine);
+    _End(m_bus);
 }
 
 bool PulseServer::Start()
+{
+    if (m_kind == ePulseAudio)
+        _StartPulseAudio();
+    else if (!_StartPipeWire())
+        return false;
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < kTimeoutMs) {
+        if (!_Control({QStringLiteral("info")}).isEmpty())
+            return true;
+        QThread::msleep(kPollMs);
+    }
+    return false;
+}
+
+void PulseServer::_StartPulseAudio()
 {
     m_daemon.start(QStringLiteral("pulseaudio"),
                    {QStringLiteral("-n"),
@@ -65,19 +89,81 @@ bool PulseServer::Start()
                     QStringLiteral("-L"),
                     QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=%1")
                         .arg(Socket(m_folder))});
-    QElapsedTimer clock;
-    clock.start();
-    while (clock.elapsed() < kTimeoutMs) {
-        if (!_Control({QStringLiteral("info")}).isEmpty())
-            return true;
-        QThread::msleep(kPollMs);
+}
+
+/// The parts wait for each other by themselves; once they run, only the one for clients comes anew.
+bool PulseServer::_StartPipeWire()
+{
+    if (m_engine.state() == QProcess::NotRunning) {
+        if (!_StartBus())
+            return false;
+        m_engine.start(QStringLiteral("pipewire"), QStringList());
+        const QString socket = m_folder.filePath(QStringLiteral("XDG_RUNTIME_DIR/pipewire-0"));
+        QElapsedTimer clock;
+        clock.start();
+        while (!QFile::exists(socket) && clock.elapsed() < kTimeoutMs)
+            QThread::msleep(kPollMs);
+        m_manager.start(QStringLiteral("wireplumber"), QStringList());
     }
-    return false;
+    m_daemon.start(QStringLiteral("pipewire-pulse"), QStringList());
+    return m_manager.waitForStarted(kTimeoutMs) && m_daemon.waitForStarted(kTimeoutMs);
+}
+
+bool PulseServer::_StartBus()
+{
+    m_bus.start(
+        QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"),
+         QStringLiteral("--nofork"),
+         QStringLiteral("--print-address"),
+         QStringLiteral("--address=unix:path=%1").arg(m_folder.filePath(QStringLiteral("bus")))});
+    if (!m_bus.waitForReadyRead(kTimeoutMs))
+        return false;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
+    return true;
 }
 
 void PulseServer::End()
 {
     _End(m_daemon);
+}
+
+void PulseServer::Kill()
+{
+    m_daemon.kill();
+    m_daemon.waitForFinished(kTimeoutMs);
+}
+
+void PulseServer::Freeze()
+{
+    _Signal(SIGSTOP);
+}
+
+void PulseServer::Thaw()
+{
+    _Signal(SIGCONT);
+}
+
+QString PulseServer::LoadSource(const QString& pName, int pChannels, int pSampleRate)
+{
+    if (m_kind == ePipeWire)
+        return _Control({QStringLiteral("load-module"),
+                         QStringLiteral("module-null-sink"),
+                         QStringLiteral("media.class=Audio/Source/Virtual"),
+                         QStringLiteral("sink_name=%1").arg(pName),
+                         QStringLiteral("channels=%1").arg(pChannels),
+                         QStringLiteral("rate=%1").arg(pSampleRate)});
+    return _Control({QStringLiteral("load-module"),
+                     QStringLiteral("module-null-source"),
+                     QStringLiteral("source_name=%1").arg(pName),
+                     QStringLiteral("description=Line-%1").arg(pName),
+                     QStringLiteral("channels=%1").arg(pChannels),
+                     QStringLiteral("rate=%1").arg(pSampleRate)});
+}
+
+bool PulseServer::setDefaultSource(const QString& pName)
+{
+    return _Do({QStringLiteral("set-default-source"), pName});
 }
 
 QString PulseServer::LoadSink(const QString& pName)
@@ -92,8 +178,7 @@ QString PulseServer::LoadSink(const QString& pName)
 
 bool PulseServer::UnloadModule(const QString& pModule)
 {
-    _Control({QStringLiteral("unload-module"), pModule});
-    return m_error.isEmpty();
+    return _Do({QStringLiteral("unload-module"), pModule});
 }
 
 bool PulseServer::Play(const QString& pPath, const QString& pSink)
@@ -122,6 +207,18 @@ QString PulseServer::folder() const
 QString PulseServer::error() const
 {
     return m_error;
+}
+
+bool PulseServer::_Do(const QStringList& pArguments)
+{
+    _Control(pArguments);
+    return m_error.isEmpty();
+}
+
+void PulseServer::_Signal(int pSignal)
+{
+    if (m_daemon.state() == QProcess::Running)
+        ::kill(pid_t(m_daemon.processId()), pSignal);
 }
 
 /// The trimmed answer of pactl; empty on failure, and error() then says why.

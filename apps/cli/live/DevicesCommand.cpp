@@ -2,11 +2,12 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 
 #include <cli/Console.h>
+#include <cli/ExitCode.h>
 #include <cli/Interrupt.h>
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
-#include <shared/capture/SoundServer.h>
+#include <shared/capture/SoundBackEnd.h>
 
 #include <QStringList>
 #include <QTimer>
@@ -23,14 +24,17 @@ DevicesCommand::DevicesCommand(const DevicesOptions& pOptions) : m_options(pOpti
 
 int DevicesCommand::Run()
 {
-    preferSoundServer();
+    if (!SoundBackEnd::get())
+        console::PrintLine(listentexts::describeNoServer());
     m_output.Open(QStringLiteral("-"));
     // First, so that nothing that changes while the devices are listed is missed.
     QtAudioInputDevicesManager::GetInstance();
     _List();
     if (m_options.isWatching)
         _Watch();
-    return m_output.Conclude();
+    const int exitCode = m_output.Conclude();
+    const SoundBackEnd* pBackEnd = SoundBackEnd::get();
+    return exitCode == eExitDone && pBackEnd && !pBackEnd->isAnswering() ? eExitFailed : exitCode;
 }
 
 void DevicesCommand::_List()
@@ -42,7 +46,7 @@ void DevicesCommand::_List()
     for (const InputDevice& device : devices)
         _Write(_Describe(device, width));
     if (devices.empty())
-        console::PrintLine(tr("there is no input device; plug one in, or start a sound server"));
+        console::PrintLine(listentexts::describeNoDevice());
 }
 
 void DevicesCommand::_Watch()
@@ -87,6 +91,8 @@ QString DevicesCommand::_Describe(const InputDevice& pDevice, int pWidth) const
         notes.append(tr("default"));
     if (!pDevice.isUsable())
         notes.append(tr("cannot be analysed: the analysis needs a mono format"));
+    if (pDevice.source && !pDevice.source->description.isEmpty())
+        notes.append(pDevice.source->description);
     return QStringLiteral("%1 %2  %3")
         .arg(QLatin1String(pDevice.isDefault ? "*" : " "),
              pDevice.name.leftJustified(pWidth),

@@ -12,7 +12,7 @@
 #include <cli/live/detail/LiveLine.h>
 #include <cli/settings/BandCheck.h>
 #include <shared/capture/InputDevices.h>
-#include <shared/capture/SoundServer.h>
+#include <shared/capture/SoundBackEnd.h>
 
 #include <algorithm>
 #include <unistd.h>
@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kTickMs = 50;
 constexpr int kBeatMarkMs = 120;
+const QString kDefault = QStringLiteral("default");
 
 QStringList NamesOf(const std::vector<InputDevice>& pDevices)
 {
@@ -49,7 +50,6 @@ ListenCommand::~ListenCommand() = default;
 
 int ListenCommand::Run()
 {
-    preferSoundServer();
     const bool isLoaded = m_store.Load();
     const QString problem = isLoaded ? m_store.getNotice() : m_store.getError();
     if (!problem.isEmpty())
@@ -75,6 +75,10 @@ QString ListenCommand::_ChooseDevice()
 {
     const std::vector<InputDevice> devices = listInputDevices();
     const QStringList names = NamesOf(devices);
+    m_followsDefault =
+        m_options.device == kDefault && !names.isEmpty() && !names.contains(kDefault);
+    if (m_followsDefault)
+        return DefaultOf(devices);
     if (!m_options.device.isEmpty()) {
         if (names.contains(m_options.device))
             return m_options.device;
@@ -82,7 +86,7 @@ QString ListenCommand::_ChooseDevice()
         return {};
     }
     if (names.isEmpty()) {
-        console::PrintError(tr("there is no input device; plug one in, or start a sound server"));
+        console::PrintError(listentexts::describeNoDevice());
         return {};
     }
     const QString stored = m_store.getDeviceName();
@@ -114,7 +118,11 @@ QString ListenCommand::_ApplyOptions()
 
 void ListenCommand::_Listen(const QString& pDevice)
 {
+    if (!SoundBackEnd::get())
+        _Say(listentexts::describeNoServer());
     m_session = std::make_unique<CaptureSession>(m_store.getConfiguration());
+    if (m_followsDefault)
+        m_session->FollowDefault();
     m_summary = std::make_unique<LiveSummary>(*m_session, m_options.measures);
     if (!m_isLine)
         m_events = std::make_unique<LiveEvents>(
@@ -171,8 +179,12 @@ void ListenCommand::_OnStateChanged(eCaptureState pState)
         console::PrintError(listentexts::describeUnusable(*m_session));
         return _End(eExitFailed);
     }
-    _Say(listentexts::describeState(*m_session, m_wasRunning));
-    m_wasRunning |= pState == eCaptureRunning;
+    const QString name = m_session->getDeviceName();
+    _Say(listentexts::describeState(*m_session, m_heard == name));
+    if (pState == eCaptureRunning) {
+        m_wasRunning = true;
+        m_heard = name;
+    }
 }
 
 void ListenCommand::_OnTick()

@@ -55,6 +55,8 @@ private:
     QElapsedTimer m_sinceStart;
     QElapsedTimer m_sinceBeat;
     bool m_wasRunning = false;
+    QString m_heard;                ///< the device that ran last
+    bool m_followsDefault = false;  ///< the user asked for the default device, whichever it is
     bool m_isLineDrawn = false;
     int m_exitCode = 0;
 };

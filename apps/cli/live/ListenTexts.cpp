@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
+#include <shared/capture/SoundBackEnd.h>
 
 #include <QCoreApplication>
 
@@ -23,6 +24,11 @@ QString Quoted(const QStringList& pNames)
 QString TypeName(QAudioFormat::SampleType pType)
 {
     return pType == QAudioFormat::SignedInt ? tr("signed") : tr("unsigned");
+}
+
+bool IsServerSilent()
+{
+    return SoundBackEnd::get() && !SoundBackEnd::get()->isAnswering();
 }
 
 }  // namespace
@@ -49,6 +55,8 @@ QString describeNotice(const CaptureSession& pSession, eCaptureNotice pNotice, i
 {
     switch (pNotice) {
     case eNoDataNotice:
+        if (IsServerSilent())
+            return tr("the sound server does not answer; still trying");
         return tr("no data comes from \"%1\", though it is there; check that nothing holds it and "
                   "that it is not suspended. Still trying")
             .arg(pSession.getDeviceName());
@@ -112,10 +120,11 @@ QString describeFormat(const CaptureSession& pSession)
 QString describeDrift(const CaptureSession& pSession)
 {
     const shared::SampleClock& clock = pSession.getSampleClock();
-    return tr("drift against the clock: %1 ms, %2 ppm; anchored %3 times")
+    return tr("drift against the clock: %1 ms, %2 ppm; anchored %3 times; lost: %4 samples")
         .arg(double(clock.getDrift()) / 1000.0, 0, 'f', 1)
         .arg(clock.getPpm(), 0, 'f', 1)
-        .arg(pSession.getAnchorCount());
+        .arg(pSession.getAnchorCount())
+        .arg(pSession.getLostSamples());
 }
 
 QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics)
@@ -127,6 +136,17 @@ QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics)
         .arg(pStatistics.median, 0, 'f', 1)
         .arg(pStatistics.deviation, 0, 'f', 1)
         .arg(pStatistics.worst, 0, 'f', 1);
+}
+
+QString describeNoServer()
+{
+    return tr("no sound server answers; the devices are those that Qt finds by itself");
+}
+
+QString describeNoDevice()
+{
+    return IsServerSilent() ? tr("the sound server does not answer")
+                            : tr("there is no input device; plug one in, or start a sound server");
 }
 
 QString describeUnknownDevice(const QString& pName, const QStringList& pNames)

@@ -20,6 +20,9 @@ QString describeDrift(const CaptureSession& pSession);
 QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics);
 /// 48000 Hz, 2 channels, 16 bits
 QString describeFormat(const QAudioFormat& pFormat);
+/// Where the devices come from instead.
+QString describeNoServer();
+QString describeNoDevice();
 /// There is no device of a name; which ones are there.
 QString describeUnknownDevice(const QString& pName, const QStringList& pNames);
 

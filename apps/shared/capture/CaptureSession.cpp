@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
+#include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
 #include <AudioAnalyzer/audio/QtAudioInputDeviceInfo.h>
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
+#include <shared/capture/SoundBackEnd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -64,10 +66,17 @@ SourceState CaptureSession::getSource() const
 
 void CaptureSession::_Tick()
 {
+    if (m_followsDefault)
+        _FollowDefault();
     if (m_pDevice)
         _WatchData();
-    else if (m_sinceTry.elapsed() >= m_limits.retryMs)
+    else if (m_sinceTry.elapsed() >= _GetRetryMs())
         _TryToRecord();
+}
+
+int CaptureSession::_GetRetryMs() const
+{
+    return m_isEnumerationSlow ? m_limits.slowRetryMs : m_limits.retryMs;
 }
 
 // ---- The device ---------------------------------------------------------------------------------
@@ -87,6 +96,7 @@ void CaptureSession::_TryToRecord()
     connect(m_pDevice, &D::OnRecordingStopped, this, &CaptureSession::_Lose);
     m_sinceData.start();
     m_isNoDataTold = false;
+    m_lostBefore += std::exchange(m_lost, 0);
     if (m_pDevice->StartRecording())
         _SetState(eCaptureStarting);
     else
@@ -124,12 +134,31 @@ void CaptureSession::_Lose()
 {
     if (!m_pDevice)
         return;
-    m_pDevice->disconnect(this);
-    std::exchange(m_pDevice, nullptr)->deleteLater();
-    getAnalyzer()->Stop();
+    _Release();
     m_sinceTry.start();
     _RestWatcher(false);
     _SetState(eCaptureWaiting);
+}
+
+void CaptureSession::_Release()
+{
+    m_pDevice->disconnect(this);
+    std::exchange(m_pDevice, nullptr)->deleteLater();
+    getAnalyzer()->Stop();
+}
+
+/// While there is no server, there is no default one either; the last one is waited for.
+void CaptureSession::_FollowDefault()
+{
+    const SoundBackEnd* pBackEnd = SoundBackEnd::get();
+    const std::vector<SoundSource> sources =
+        pBackEnd ? pBackEnd->getSources() : std::vector<SoundSource>();
+    if (sources.empty() || !sources.front().isDefault || sources.front().name == m_name)
+        return;
+    if (m_pDevice)
+        _Release();
+    m_name = sources.front().name;
+    _TryToRecord();
 }
 
 void CaptureSession::_OnConnected(const QtAudioInputDeviceInfo& pDevice)
@@ -148,10 +177,11 @@ void CaptureSession::_OnDisconnected(const QtAudioInputDeviceInfo& pDevice)
 void CaptureSession::_WatchData()
 {
     const qint64 silence = m_sinceData.elapsed();
-    const bool isFirst = m_state == eCaptureStarting;
+    const bool isHung = SoundBackEnd::get() && !SoundBackEnd::get()->isAnswering();
+    const bool isFirst = m_state == eCaptureStarting && !isHung;
     if (silence < (isFirst ? m_limits.firstDataMs : m_limits.noDataMs))
         return;
-    if (m_sinceTry.elapsed() >= m_limits.retryMs && !_HasDevice())
+    if (m_sinceTry.elapsed() >= _GetRetryMs() && !_HasDevice())
         _Lose();
     if (!m_pDevice)
         return;
@@ -167,7 +197,7 @@ void CaptureSession::_WatchData()
 
 void CaptureSession::_OnSamples(qint16* pSamples, unsigned pCount)
 {
-    const quint64 now = HighResolutionTimer::getTime();
+    const quint64 end = _Place();
     m_sinceData.start();
     m_isNoDataTold = false;
     if (m_state != eCaptureRunning) {
@@ -175,26 +205,44 @@ void CaptureSession::_OnSamples(qint16* pSamples, unsigned pCount)
         _SetState(eCaptureRunning);
     }
     if (getAnalyzer()->isAnalyzing())
-        _Analyze(pSamples, pCount, now);
+        _Analyze(pSamples, pCount, end);
     else
-        _Anchor(now);
+        _Anchor(end);
     _WatchLevel(pSamples, pCount);
 }
 
-void CaptureSession::_Analyze(qint16* pSamples, unsigned pCount, quint64 pNow)
+/// The instant at which the sample behind those that have arrived sounds, µs: as the back end
+/// tells, else now. What is lost leaves a gap in the count of samples, behind which it begins anew.
+quint64 CaptureSession::_Place()
 {
-    m_clock.Add(pCount, pNow);
-    m_arrivals.Add(m_clock.getCount(), pNow);
+    const SoundBackEnd* pBackEnd = SoundBackEnd::get();
+    const std::optional<SoundPosition> position = pBackEnd ? pBackEnd->getPosition() : std::nullopt;
+    if (!position)
+        return HighResolutionTimer::getTime();
+    if (position->lost != m_lost) {
+        m_lost = position->lost;
+        getAnalyzer()->Stop();
+    }
+    return position->instant;
+}
+
+void CaptureSession::_Analyze(qint16* pSamples, unsigned pCount, quint64 pEnd)
+{
+    m_clock.Add(pCount, pEnd);
+    m_arrivals.Add(m_clock.getCount(), HighResolutionTimer::getTime());
     getAnalyzer()->Analyze(pSamples, pCount);
     _WatchDrift();
 }
 
-void CaptureSession::_Anchor(quint64 pNow)
+void CaptureSession::_Anchor(quint64 pEnd)
 {
-    m_clock.Start(pNow);
+    m_clock.Start(pEnd);
     m_arrivals.Clear();
     ++m_anchorCount;
-    getAnalyzer()->Start();
+    {
+        const HighResolutionTimerOverride clock(pEnd);
+        getAnalyzer()->Start();
+    }
     Q_EMIT OnAnchored();
 }
 

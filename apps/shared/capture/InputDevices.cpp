@@ -17,6 +17,15 @@ QAudioFormat FormatOf(const QtAudioInputDeviceInfo& pInfo)
     return device ? device->getPreferredInputFormat() : QAudioFormat();
 }
 
+std::optional<SoundSource> SourceOf(const QString& pName)
+{
+    if (const SoundBackEnd* pBackEnd = SoundBackEnd::get())
+        for (const SoundSource& source : pBackEnd->getSources())
+            if (source.name.trimmed() == pName)
+                return source;
+    return {};
+}
+
 /// How many letters have to be added, removed or replaced to make one text the other.
 int EditDistance(const QString& pLeft, const QString& pRight)
 {
@@ -47,6 +56,8 @@ int Distance(const QString& pWanted, const QString& pName)
 
 bool InputDevice::isMonitor() const
 {
+    if (source)
+        return source->isMonitor;
     return name.endsWith(QLatin1String(".monitor"), Qt::CaseInsensitive) ||
            name.startsWith(QLatin1String("Monitor of "), Qt::CaseInsensitive);
 }
@@ -61,7 +72,10 @@ std::vector<InputDevice> listInputDevices()
                 return pDevice.name == info.getDeviceName();
             });
         if (!isKnown)
-            devices.push_back({info.getDeviceName(), info.isDefault(), FormatOf(info)});
+            devices.push_back({info.getDeviceName(),
+                               info.isDefault(),
+                               FormatOf(info),
+                               SourceOf(info.getDeviceName())});
     }
     return devices;
 }

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/capture/SoundBackEnd.h>
+
 #include <QAudioFormat>
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// An input device as a person chooses one.
@@ -12,7 +15,8 @@ struct InputDevice
 {
     QString name;
     bool isDefault;
-    QAudioFormat format;  ///< that would be recorded; invalid when there is none
+    QAudioFormat format;                     ///< that would be recorded; invalid when there is none
+    std::optional<SoundSource> source = {};  ///< as the hosts' own back end has it
 
     /// Records what the machine plays itself.
     bool isMonitor() const;

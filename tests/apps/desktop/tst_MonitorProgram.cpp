@@ -30,6 +30,7 @@ public:
         environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
         environment.remove(QStringLiteral("QT_FATAL_WARNINGS"));
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QLatin1String(pPlatform));
+        environment.insert(QStringLiteral("PULSE_SERVER"), QStringLiteral("unix:/nonexistent"));
         pProcess.setProcessEnvironment(environment);
         pProcess.start(path(kProgram), pArguments);
     }

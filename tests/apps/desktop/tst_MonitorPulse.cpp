@@ -4,7 +4,7 @@
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/SettingsColumn.h>
 #include <desktop/window/StatusLine.h>
-#include <shared/capture/SoundServer.h>
+#include <shared/pulse/PulseBackEnd.h>
 
 #include <QFile>
 #include <QListView>
@@ -26,6 +26,7 @@ private Q_SLOTS:
 
 private:
     PulseServer m_server;
+    PulseBackEnd m_backEnd;
     QString m_track;
 };
 
@@ -41,7 +42,7 @@ void tst_MonitorPulse::initTestCase()
     file.close();
     QVERIFY2(m_server.Start(), qPrintable(m_server.error()));
     QVERIFY2(!m_server.LoadSink(QStringLiteral("deck")).isEmpty(), qPrintable(m_server.error()));
-    QVERIFY(preferSoundServer());
+    QVERIFY(m_backEnd.Install());
 }
 
 void tst_MonitorPulse::sink_isListedAndCaptured()
@@ -65,18 +66,5 @@ void tst_MonitorPulse::sink_isListedAndCaptured()
         kTimeoutMs);
 }
 
-/// Qt's plugin for the sound server now and then crashes when the process unloads it.
-static int RunAndExit(int pCount, char** pArguments)
-{
-    QApplication application(pCount, pArguments);
-    int result = 0;
-    {
-        tst_MonitorPulse test;
-        result = QTest::qExec(&test, pCount, pArguments);
-    }
-    std::fflush(nullptr);
-    std::_Exit(result);
-}
-
-static const TestClass s_class("tst_MonitorPulse", &RunAndExit);
+AA_TEST(tst_MonitorPulse, QApplication)
 #include "tst_MonitorPulse.moc"

@@ -82,7 +82,8 @@ void tst_ListenPulse::devices_areTheServersAlone()
     QCOMPARE(process.exitCode(), 0);
     // Without ALSA's pseudo-devices.
     QCOMPARE(process.readAllStandardOutput(),
-             QByteArray("* deck.monitor  48000 Hz, mono, 16 bits signed; monitor; default\n"));
+             QByteArray("* deck.monitor  48000 Hz, mono, 16 bits signed; monitor; default; "
+                        "Monitor of Null Output\n"));
 }
 
 void tst_ListenPulse::listen_survivesTheServersEnd()

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// An input as the sound server has it; it is recorded as mono with 16 bits all the same.
+struct SoundSource
+{
+    QString name;
+    QString description;  ///< for people; may be empty
+    int channels = 0;
+    int sampleRate = 0;      ///< Hz
+    bool isMonitor = false;  ///< of what the machine plays itself
+    bool isDefault = false;  ///< at most one is
+};
+
+/// What is known of samples that were read.
+struct SoundPosition
+{
+    quint64 instant = 0;  ///< when the sample behind them sounds, µs since the epoch
+    quint64 lost = 0;     ///< samples of the recording that nobody read in time, so far
+};
+
+/// What the hosts' own back end tells beyond what Qt Multimedia asks of one.
+///
+/// None of its functions waits for anybody. [event loop]
+class SoundBackEnd
+{
+public:
+    SoundBackEnd() = default;
+    virtual ~SoundBackEnd();
+    SoundBackEnd(const SoundBackEnd&) = delete;
+    SoundBackEnd& operator=(const SoundBackEnd&) = delete;
+
+    /// The back end of this process; null where Qt's own plugins serve.
+    static SoundBackEnd* get();
+
+    /// The default one first.
+    virtual std::vector<SoundSource> getSources() const = 0;
+    /// False while there is no server, or one that hangs.
+    virtual bool isAnswering() const = 0;
+    /// Of the samples that were read last, from any recording; nothing before the server has told.
+    /// [valid until OnAudioSamplesRecorded() returns]
+    virtual std::optional<SoundPosition> getPosition() const = 0;
+
+protected:
+    /// Makes it the process's; it is so until it is destroyed.
+    void _Publish();
+};
