@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "SessionLog.h"
+#include <apps/shared/capture/SessionLog.h>
 #include <shared/capture/SoundBackEnd.h>
 
 #include <QtTest>
