@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <apps/shared/capture/SessionLog.h>
 #include <shared/capture/SoundBackEnd.h>
 
 #include <QtTest>
 
+#include <apps/shared/capture/SessionLog.h>
 #include <memory>
 #include <support/FakeClock.h>
 #include <support/TestClass.h>
