@@ -173,6 +173,7 @@ void tst_ConfigurationPrograms::pipe_isRefusedAtOnce_data()
     QTest::newRow("list") << Text("profiles") << noFile;
     QTest::newRow("add") << Text("profiles add X") << noFile;
     QTest::newRow("reset") << Text("config reset") << QByteArray(" cannot be written; the folder");
+    QTest::newRow("analyze") << Text("analyze --profile House x.wav") << noFile;
 }
 
 void tst_ConfigurationPrograms::pipe_isRefusedAtOnce()
@@ -181,7 +182,7 @@ void tst_ConfigurationPrograms::pipe_isRefusedAtOnce()
     QFETCH(QByteArray, words);
     QCOMPARE(::mkfifo(QFile::encodeName(_Path()).constData(), 0600), 0);
     const StagedRun run = m_stage.Run(arguments.split(QLatin1Char(' ')));
-    QCOMPARE(run.exitCode, 1);
+    QVERIFY(run.exitCode > 0);
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.contains(_Path().toUtf8() + words), run.errors.constData());
     QVERIFY(!QFileInfo(_Path()).isFile() && QFileInfo::exists(_Path()));
