@@ -193,8 +193,7 @@ void AddListen(CLI::App& pApp, ListenArguments& pArguments)
     add("-d,--device",
         pArguments.device,
         tr("NAME"),
-        tr("input device (default: the stored one, else the system's); \"default\": always "
-           "the system's, whichever it becomes"));
+        tr("input device, else the stored one; \"default\" follows the system's"));
     addFlag("--save", pArguments.isSaved, tr("remember the device"));
     add("-f,--format", pArguments.format, tr("NAME"), tr("print events: text, beats, ndjson"));
     add("--duration", pArguments.duration, tr("S"), tr("end after so many seconds"));

@@ -53,7 +53,10 @@ void Begin(MonitorSession& pSession, const MonitorOptions& pOptions)
 int Run(const MonitorOptions& pOptions)
 {
     PulseBackEnd backEnd;
-    backEnd.Install();
+    if (!backEnd.Install())
+        Print(stderr,
+              QStringLiteral("beat-monitor: no sound server answers; the inputs are those that Qt "
+                             "finds by itself\n"));
     MonitorSession session;
     QString error;
     session.Load(error);

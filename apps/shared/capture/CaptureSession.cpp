@@ -147,6 +147,18 @@ void CaptureSession::_Release()
     getAnalyzer()->Stop();
 }
 
+/// A server that is only just back may never connect a recording to its source. Nothing is said of
+/// it, and the wait for the first samples goes on.
+void CaptureSession::_Reopen()
+{
+    const QElapsedTimer sinceData = m_sinceData;
+    const bool isNoDataTold = m_isNoDataTold;
+    _Release();
+    _TryToRecord();
+    m_sinceData = sinceData;
+    m_isNoDataTold = isNoDataTold;
+}
+
 /// While there is no server, there is no default one either; the last one is waited for.
 void CaptureSession::_FollowDefault()
 {
@@ -176,6 +188,12 @@ void CaptureSession::_OnDisconnected(const QtAudioInputDeviceInfo& pDevice)
 
 void CaptureSession::_WatchData()
 {
+    const bool isMissed =
+        m_state == eCaptureStarting && m_sinceTry.elapsed() >= m_limits.firstReopenMs;
+    if (isMissed && SoundBackEnd::get())
+        _Reopen();
+    if (!m_pDevice)
+        return;
     const qint64 silence = m_sinceData.elapsed();
     const bool isHung = SoundBackEnd::get() && !SoundBackEnd::get()->isAnswering();
     const bool isFirst = m_state == eCaptureStarting && !isHung;

@@ -40,6 +40,7 @@ public:
     {
         int noDataMs = 2000;         ///< without samples, after the first
         int firstDataMs = 5000;      ///< until the first samples
+        int firstReopenMs = 2500;    ///< without the first samples from the hosts' own back end
         int reopenMs = 10000;        ///< without samples until the device is opened anew
         int retryMs = 200;           ///< between two looks for the device
         int slowRetryMs = 1000;      ///< the same where a look takes its time
@@ -83,6 +84,7 @@ private:
     void _SetClock();
     void _Lose();
     void _Release();
+    void _Reopen();
     void _FollowDefault();
     void _WatchData();
     void _OnSamples(qint16* pSamples, unsigned pCount);

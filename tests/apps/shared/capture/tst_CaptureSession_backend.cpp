@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "SessionLog.h"
 #include <shared/capture/SoundBackEnd.h>
 
 #include <QtTest>
 
+#include <apps/shared/capture/SessionLog.h>
 #include <memory>
 #include <support/FakeClock.h>
 #include <support/TestClass.h>
@@ -51,6 +51,7 @@ private Q_SLOTS:
     void drift_isThatOfTheSound();
     void lostSamples_areCounted_andAnchorAnew();
     void silentServer_isToldSooner();
+    void unconnectedRecording_isMadeAnew_withoutAWord();
     void default_isFollowed_whenAskedFor();
     void default_isLeftAlone_otherwise();
     void default_isKept_whileThereIsNone();
@@ -142,6 +143,26 @@ void tst_CaptureSession_backend::silentServer_isToldSooner()
     log.session.m_limits.reopenMs = 3600000;
     log.Open();
     QTRY_COMPARE(log.Peek(), QStringLiteral("analyzer starting no data"));
+}
+
+void tst_CaptureSession_backend::unconnectedRecording_isMadeAnew_withoutAWord()
+{
+    ToldBackEnd backEnd;
+    SessionLog log;
+    log.session.m_limits.firstReopenMs = 50;
+    log.session.m_limits.firstDataMs = 3600000;
+    log.Open();
+    const int inputs = FakeAudioState::Get().createdInputs();
+    QTRY_VERIFY(FakeAudioState::Get().createdInputs() >= inputs + 2);
+    QCOMPARE(log.Peek(), QStringLiteral("analyzer starting"));
+    SessionLog::Push({1, 2, 3});
+    QCOMPARE(log.Peek(), QStringLiteral("analyzer starting running anchored"));
+    // Nor does that put off the word that nothing comes.
+    SessionLog other;
+    other.session.m_limits.firstReopenMs = 50;
+    other.session.m_limits.reopenMs = 3600000;
+    other.Open();
+    QTRY_COMPARE(other.Peek(), QStringLiteral("analyzer starting no data"));
 }
 
 void tst_CaptureSession_backend::default_isFollowed_whenAskedFor()

@@ -94,7 +94,7 @@ void tst_ConfigurationPrograms::changesAtOnce_areAllKept()
 {
     QList<QStringList> commands;
     QStringList expected;
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 24; ++i) {
         commands << QStringList{Text("profiles"), Text("add"), Text("P%1 ").arg(i)};
         expected << Text("P%1 ").arg(i);
     }

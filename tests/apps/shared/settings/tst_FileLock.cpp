@@ -176,8 +176,8 @@ void tst_FileLock::turn_isImpossible()
 /// Each adds one to a number in a file as often as it has its turn.
 void tst_FileLock::manyProcesses_haveTheirTurnsOneByOne()
 {
-    constexpr int kProcesses = 12;
-    constexpr int kTurns = 50;
+    constexpr int kProcesses = 6;
+    constexpr int kTurns = 20;
     const auto add = [this] {
         FileLock lock;
         if (lock.Take(_File(), kLong) != FileLock::eTaken)
