@@ -1,15 +1,13 @@
 # How test executables are made: one for each folder, in which each class is a CTest test of its own.
 
-# aa_add_test_headers(name library header...): headers that are compiled once for many tests. A suite with
-# other options reads the headers as usual, with GCC; clang would take what does not fit.
+# aa_add_test_headers(name library header...): headers that are compiled once for many tests.
 function(aa_add_test_headers name library)
   add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/tests/headers.cpp)
   target_link_libraries(${name} PRIVATE
     AudioAnalyzer::AudioAnalyzer Qt5::Test ${library} aa_warnings)
   target_compile_options(${name} PRIVATE -fno-access-control)
-  target_precompile_headers(${name} PRIVATE ${ARGN})
-  set_target_properties(${name} PROPERTIES
-    AUTOMOC OFF POSITION_INDEPENDENT_CODE ON PCH_WARN_INVALID OFF)
+  aa_precompile_headers(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
 # What nearly every test includes.
@@ -42,31 +40,13 @@ function(aa_add_tests suite)
   if(NOT arg_HEADERS)
     set(arg_HEADERS aa_test_headers)
   endif()
-  aa_precompile(${suite} ${arg_HEADERS})
+  aa_reuse_headers(${suite} ${arg_HEADERS})
   foreach(test IN LISTS arg_TESTS)
     get_filename_component(name ${test} NAME)
     aa_add_test_class(${suite} ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
   endforeach()
 endfunction()
-
-# Lets a target take the precompiled headers of another.
-function(aa_precompile target headers)
-  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    return()
-  endif()
-  set_target_properties(${target} PROPERTIES PCH_WARN_INVALID OFF)
-  target_precompile_headers(${target} REUSE_FROM ${headers})
-  get_target_property(sources ${target} SOURCES)
-  list(FILTER sources INCLUDE REGEX "\\.c$")
-  set_source_files_properties(${sources}
-    ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/mocs_compilation.cpp
-    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
-endfunction()
-
-# QtTest's own time limit would count hours of virtual time; CTest has one as well.
-set(test_environment
-  QT_FATAL_WARNINGS=1 QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 QTEST_FUNCTION_TIMEOUT=2000000000)
 
 function(aa_add_test_class suite name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}.dir)
