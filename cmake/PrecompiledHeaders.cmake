@@ -28,5 +28,5 @@ function(aa_skip_precompiled_headers target)
   list(FILTER sources INCLUDE REGEX "\\.c$")
   set_source_files_properties(${sources} ${folder}/${target}_autogen/mocs_compilation.cpp
     TARGET_DIRECTORY ${target}
-    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+    PROPERTIES SKIP_PRECOMPILE_HEADERS ON SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

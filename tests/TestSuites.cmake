@@ -25,7 +25,8 @@ aa_add_test_headers(aa_test_headers Qt5::Core
 #
 # Tests read private members, so they are compiled without access control. Each class runs through a hard
 # link of the executable in a folder of its own, since settings stand next to the executable, and the
-# link's name says which class runs. A Qt warning or a skipped test fails.
+# link's name says which class runs. A Qt warning or a skipped test fails. All sources of a suite are
+# compiled as one, which takes a quarter of the time: a name belongs to one of them only.
 function(aa_add_tests suite)
   cmake_parse_arguments(arg "" "HEADERS" "TESTS;ALLOCATION_TESTS;SOURCES;LIBRARIES;LABELS" ${ARGN})
   if(arg_ALLOCATION_TESTS AND NOT AUDIOANALYZER_SANITIZERS)
@@ -41,12 +42,17 @@ function(aa_add_tests suite)
     set(arg_HEADERS aa_test_headers)
   endif()
   aa_reuse_headers(${suite} ${arg_HEADERS})
+  set_target_properties(${suite} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
   foreach(test IN LISTS arg_TESTS)
     get_filename_component(name ${test} NAME)
     aa_add_test_class(${suite} ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
   endforeach()
 endfunction()
+
+# QtTest's own time limit would count hours of virtual time; CTest has one as well.
+set(test_environment
+  QT_FATAL_WARNINGS=1 QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 QTEST_FUNCTION_TIMEOUT=2000000000)
 
 function(aa_add_test_class suite name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}.dir)
@@ -58,4 +64,9 @@ function(aa_add_test_class suite name)
     TIMEOUT 600
     ENVIRONMENT "${test_environment}"
     FAIL_REGULAR_EXPRESSION "SKIP   : ;[1-9][0-9]* skipped")
+endfunction()
+
+# aa_run_early(name...): tests that take long, so that none of them is the last to run.
+function(aa_run_early)
+  set_tests_properties(${ARGN} PROPERTIES COST 1000)
 endfunction()

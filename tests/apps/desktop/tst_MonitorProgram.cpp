@@ -5,9 +5,7 @@
 #include <support/ProcessStatus.h>
 #include <support/TestClass.h>
 
-namespace {
-
-const QString kProgram = QStringLiteral("beat-monitor");
+static const QString kMonitorProgram = QStringLiteral("beat-monitor");
 
 /// A folder with the program, the fake sound back end, and the platforms of windows.
 class MonitorStage : public Stage
@@ -32,7 +30,7 @@ public:
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QLatin1String(pPlatform));
         environment.insert(QStringLiteral("PULSE_SERVER"), QStringLiteral("unix:/nonexistent"));
         pProcess.setProcessEnvironment(environment);
-        pProcess.start(path(kProgram), pArguments);
+        pProcess.start(path(kMonitorProgram), pArguments);
     }
 
     StagedRun Go(const QStringList& pArguments, const char* pPlatform = "offscreen") const
@@ -42,6 +40,8 @@ public:
         return Finish(process);
     }
 };
+
+namespace {
 
 /// Whether a program has come so far that its event loop goes round.
 bool IsRunning(const QProcess& pProcess)

@@ -8,6 +8,7 @@
 #include <linux/capability.h>
 #include <memory>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,11 +16,6 @@
 namespace {
 
 constexpr int kAtOnce = 8;  ///< programs
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// A program for which what is read-only is so, for root as well.
 class OrdinaryProcess : public QProcess

@@ -8,6 +8,7 @@
 
 #include <limits>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <sys/stat.h>
 
 namespace {
@@ -15,11 +16,6 @@ namespace {
 QString Path()
 {
     return ConfigurationStore::getPath();
-}
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
 }
 
 /// What another program does.
