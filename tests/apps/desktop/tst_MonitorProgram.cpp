@@ -70,6 +70,7 @@ private Q_SLOTS:
     void noDisplay_isSaidInWords();
     void signal_endsItWell_data();
     void signal_endsItWell();
+    void fileLimit_doesNotStopIt();
     void damagedConfiguration_doesNotStopIt();
     void missingFile_doesNotStopIt();
 
@@ -123,6 +124,18 @@ void tst_MonitorProgram::signal_endsItWell()
     const StagedRun run = EndBy(process, signal);
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
+}
+
+void tst_MonitorProgram::fileLimit_doesNotStopIt()
+{
+    QProcess process;
+    m_stage.Launch(process, {});
+    QVERIFY(process.waitForStarted());
+    QVERIFY(IsRunning(process));
+    ::kill(pid_t(process.processId()), SIGXFSZ);
+    QVERIFY(IsRunning(process));
+    QCOMPARE(process.state(), QProcess::Running);
+    QCOMPARE(EndBy(process, SIGTERM).exitCode, 0);
 }
 
 void tst_MonitorProgram::damagedConfiguration_doesNotStopIt()
