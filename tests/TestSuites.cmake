@@ -14,6 +14,10 @@ endfunction()
 aa_add_test_headers(aa_test_headers Qt5::Core
   <QtTest> <AudioAnalyzer/analysis/AudioAnalyzer.h> <AudioAnalyzer/config/Configuration.h>)
 
+# Most of moc's time goes into headers, in which it looks for macros; tests have theirs from Qt.
+get_target_property(moc Qt5::moc IMPORTED_LOCATION)
+configure_file(${PROJECT_SOURCE_DIR}/tests/moc.sh.in ${PROJECT_BINARY_DIR}/tests/moc.sh @ONLY)
+
 # aa_add_tests(suite
 #   TESTS tst_Name...      # classes, each in tst_Name.cpp, which ends in AA_TEST(tst_Name, ...);
 #                          # where the suite has folders, folder/tst_Name
@@ -42,7 +46,10 @@ function(aa_add_tests suite)
     set(arg_HEADERS aa_test_headers)
   endif()
   aa_reuse_headers(${suite} ${arg_HEADERS})
-  set_target_properties(${suite} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  set_target_properties(${suite} PROPERTIES
+    AUTOMOC_EXECUTABLE ${PROJECT_BINARY_DIR}/tests/moc.sh
+    UNITY_BUILD ON
+    UNITY_BUILD_BATCH_SIZE 0)
   foreach(test IN LISTS arg_TESTS)
     get_filename_component(name ${test} NAME)
     aa_add_test_class(${suite} ${name})
