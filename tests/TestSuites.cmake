@@ -73,7 +73,7 @@ function(aa_add_test_class suite name)
     FAIL_REGULAR_EXPRESSION "SKIP   : ;[1-9][0-9]* skipped")
 endfunction()
 
-# aa_run_early(name...): tests that take long, so that none of them is the last to run.
+# aa_run_early(name...): tests that take or wait long, so that none of them is the last to run.
 function(aa_run_early)
   set_tests_properties(${ARGN} PROPERTIES COST 1000)
 endfunction()
