@@ -107,7 +107,7 @@ void tst_ConfigurationPrograms::changesAtOnce_areAllKept()
                                                      {Text("threshold"), Text("2000")},
                                                      {Text("top-most"), Text("off")}};
     for (int i = 0; i < settings.size(); ++i)
-        commands.insert(4 * i,
+        commands.insert(3 * i,
                         {Text("config"), Text("set"), settings[i].first, settings[i].second});
     for (const StagedRun& run : _RunAtOnce(commands)) {
         QCOMPARE(run.errors, QByteArray());
