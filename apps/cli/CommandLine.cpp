@@ -40,9 +40,13 @@ QString AnalyzeFooter()
         "  json    one document with settings, tempo, silences and beats\n"
         "  ndjson  every pulse, beat, tempo change and stop, one a line, as it happens\n"
         "\n"
-        "Beats are real, heard in the music, or virtual, put where one was expected. The tempo\n"
-        "of a file is the median of the tempos that were reported with its real beats, from\n"
-        "ten seconds after the first one on; in shorter music, of all of them.\n"
+        "Without further options the automatic tracker follows any music from 60 to 190 BPM. An\n"
+        "option that it does not know (--profile, --band, --sensibility, --threshold and others)\n"
+        "means the engine with a tempo profile, as --tracker profile does. Its beats are real,\n"
+        "heard in the music, or virtual, put where one was expected.\n"
+        "\n"
+        "The tempo of a file is the median of those that its beats make, from ten seconds after\n"
+        "the first one on; in shorter music, of all of them.\n"
         "\n"
         "With several files, -o names a folder, and song.flac gives song.beats.txt,\n"
         "song.labels.txt, song.csv, song.svl, song.tempo.txt, song.json or song.ndjson in it.\n"
@@ -85,7 +89,10 @@ void AddOutputOptions(CLI::App& pCommand, AnalyzeArguments& pArguments)
         pArguments.click,
         tr("OUT.wav"),
         tr("write the music with a click on every beat"));
-    add("--plot", pArguments.plot, tr("OUT.svg|.png"), tr("draw level, pulses, beats and tempo"));
+    add("--plot",
+        pArguments.plot,
+        tr("OUT.svg|.png"),
+        tr("draw level, pulses, beats, bars, tempo and confidence"));
     pCommand.add_flag("-q,--quiet", pArguments.isQuiet, Utf8(tr("no progress, no summary")))
         ->group(group);
 }

@@ -54,7 +54,9 @@ struct AnalysisResult
         std::vector<RecordingTempo::Report> reports;
         for (const LoggedBeat& beat : beats)
             reports.push_back({beat.time, beat.bpm, beat.isVirtual});
-        return RecordingTempo::Compute(reports);
+        const bool isAutomatic = !beats.empty() && beats.front().beatInBar > 0;
+        return isAutomatic ? RecordingTempo::ComputeFromTimes(reports)
+                           : RecordingTempo::Compute(reports);
     }
     double duration() const { return sampleRate > 0 ? double(sampleCount) / sampleRate : 0.0; }
 };

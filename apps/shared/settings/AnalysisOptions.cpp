@@ -70,9 +70,15 @@ void AnalysisOptions::Apply(AudioAnalyzer& pAnalyzer) const
 
 void AnalysisOptions::Apply(MeterTracker& pTracker) const
 {
-    if (bpm)
-        pTracker.setTempoRange(std::max(bpm->minimal, MeterTracker::kSlowestBPM),
-                               std::min(bpm->maximal, MeterTracker::kFastestBPM));
+    const TempoRange range = getAutomaticRange();
+    pTracker.setTempoRange(range.minimal, range.maximal);
+}
+
+AnalysisOptions::TempoRange AnalysisOptions::getAutomaticRange() const
+{
+    const TempoRange all = {MeterTracker::kSlowestBPM, MeterTracker::kFastestBPM};
+    const TempoRange asked = bpm.value_or(all);
+    return {std::max(asked.minimal, all.minimal), std::min(asked.maximal, all.maximal)};
 }
 
 eTracker AnalysisOptions::getTracker() const

@@ -69,6 +69,8 @@ public:
 
     /// 0 = none.
     double getFixedBPM() const;
+    /// The tempos that the automatic tracker follows.
+    TempoRange getAutomaticRange() const;
 
 private:
     QString _NameEngineOption() const;
