@@ -95,7 +95,7 @@ private Q_SLOTS:
     void events_haveTheFields();
 
 private:
-    QByteArray _Analyze(const char* pFormat, const QStringList& pFiles) const;
+    QByteArray _Analyze(const char* pTracker, const char* pFormat, const QStringList& pFiles) const;
     QByteArray _Listen(const char* pTrack, const char* pLastEvent) const;
 
     const Stage m_stage{{QStringLiteral(AUDIO_ANALYZER_PROGRAM)}};
@@ -106,9 +106,12 @@ void tst_JsonDocs::initTestCase()
     QVERIFY(m_stage.Write(QStringLiteral("music.raw"), Music()));
 }
 
-QByteArray tst_JsonDocs::_Analyze(const char* pFormat, const QStringList& pFiles) const
+QByteArray
+tst_JsonDocs::_Analyze(const char* pTracker, const char* pFormat, const QStringList& pFiles) const
 {
     const StagedRun run = m_stage.Run(QStringList{QStringLiteral("analyze"),
+                                                  QStringLiteral("--tracker"),
+                                                  QLatin1String(pTracker),
                                                   QStringLiteral("--raw"),
                                                   QString::number(kRate),
                                                   QStringLiteral("--format"),
@@ -134,9 +137,11 @@ QByteArray tst_JsonDocs::_Listen(const char* pTrack, const char* pLastEvent) con
 void tst_JsonDocs::document_hasTheFields()
 {
     const QString music = m_stage.path(QStringLiteral("music.raw"));
-    const QJsonObject document = QJsonDocument::fromJson(_Analyze("json", {music})).object();
     Names names;
-    AddNames(document, QString(), names);
+    for (const char* pTracker : {"automatic", "profile"}) {
+        const QByteArray document = _Analyze(pTracker, "json", {music});
+        AddNames(QJsonDocument::fromJson(document).object(), QString(), names);
+    }
     QVERIFY(names.size() > 20);
     QCOMPARE(names, Documented(QStringLiteral("A document: `json`")));
 }
@@ -144,7 +149,9 @@ void tst_JsonDocs::document_hasTheFields()
 void tst_JsonDocs::events_haveTheFields()
 {
     const QString music = m_stage.path(QStringLiteral("music.raw"));
-    Names names = EventNames(_Analyze("ndjson", {music, music}));
+    Names names;
+    for (const char* pTracker : {"automatic", "profile"})
+        names += EventNames(_Analyze(pTracker, "ndjson", {music, music}));
     QVERIFY(names.contains(QStringLiteral("file")));
     names += EventNames(_Listen("music", "\"announce\""));
     names += EventNames(_Listen("clipped", "\"notice\""));
