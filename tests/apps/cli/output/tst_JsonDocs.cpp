@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <cli/live/LiveEvents.h>
+#include <cli/live/LiveSummary.h>
+
 #include <QRegularExpression>
 #include <QSet>
 #include <QtTest>
@@ -120,6 +125,17 @@ tst_JsonDocs::_Analyze(const char* pTracker, const char* pFormat, const QStringL
     return run.exitCode == 0 ? run.output : QByteArray();
 }
 
+/// What a reader is told that stalled for a long time.
+QByteArray LossEvent()
+{
+    Configuration configuration;
+    CaptureSession session(configuration);
+    LiveBeats beats;
+    LiveSummary summary(session, beats, false);
+    const LiveEvents events(eNdjsonEvents, session, beats, summary);
+    return events._FormLoss(3);
+}
+
 /// What is printed up to an event, and at the end.
 QByteArray tst_JsonDocs::_Listen(const char* pTrack, const char* pLastEvent) const
 {
@@ -155,6 +171,7 @@ void tst_JsonDocs::events_haveTheFields()
     QVERIFY(names.contains(QStringLiteral("file")));
     names += EventNames(_Listen("music", "\"announce\""));
     names += EventNames(_Listen("clipped", "\"notice\""));
+    names += EventNames(LossEvent());
     QCOMPARE(names, Documented(QStringLiteral("Events: `ndjson`")));
 }
 
