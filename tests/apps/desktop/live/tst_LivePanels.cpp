@@ -367,7 +367,7 @@ void tst_LivePanels::widgets_haveAccessibleNames()
     QVERIFY(!spectrum.m_pPlot->accessibleName().isEmpty());
     BpmPanel bpm(configuration);
     QVERIFY(!bpm.m_pTempo->accessibleName().isEmpty());
-    QVERIFY(!bpm.m_pAccuracy->accessibleName().isEmpty());
+    QVERIFY(!bpm.m_pConfidence->accessibleName().isEmpty());
 }
 
 AA_TEST(tst_LivePanels, InVirtualTime<QApplication>)
