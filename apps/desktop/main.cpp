@@ -53,11 +53,13 @@ void Begin(MonitorSession& pSession, const MonitorOptions& pOptions)
 int Run(const MonitorOptions& pOptions)
 {
     PulseBackEnd backEnd;
-    if (!backEnd.Install())
+    const bool isFallback = !backEnd.Install();
+    if (isFallback)
         Print(stderr,
               QStringLiteral("beat-monitor: no sound server answers; the inputs are those that Qt "
                              "finds by itself\n"));
     MonitorSession session;
+    session.setFallback(isFallback);
     QString error;
     session.Load(error);
     const WindowSettings settings = WindowSettings::Load(pOptions.iniPath);

@@ -33,6 +33,7 @@ _audio_analyzer() {
         options=$("$program" devices 2>/dev/null | sed 's/^..//; s/  .*//')
         ;;
     *:--threshold) options=auto ;;
+    *:--tracker) options=$'automatic\nprofile' ;;
     config:set) options=$("$program" config show 2>/dev/null | sed 's/ .*//') ;;
     config:config) options=$'show\nset\npath\nreset' ;;
     profiles:profiles) options=$'list\nadd\nedit\nremove\nselect' ;;

@@ -38,6 +38,7 @@ complete -c audio-analyzer -n '__fish_seen_subcommand_from evaluate; and __audio
     -f -a 'text json csv'
 complete -c audio-analyzer -n '__audio_analyzer_after -d --device' -f -a '(__audio_analyzer_names devices)'
 complete -c audio-analyzer -n '__audio_analyzer_after --threshold' -f -a auto
+complete -c audio-analyzer -n '__audio_analyzer_after --tracker' -f -a 'automatic profile'
 complete -c audio-analyzer -n '__audio_analyzer_after config' -f -a 'show set path reset'
 complete -c audio-analyzer -n '__audio_analyzer_after profiles' -f -a 'list add edit remove select'
 complete -c audio-analyzer -n '__audio_analyzer_after set' \

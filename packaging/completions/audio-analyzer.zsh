@@ -35,6 +35,7 @@ _audio-analyzer() {
     evaluate:(-f|--format)) compadd text json csv ;;
     listen:(-d|--device)) _audio_analyzer_names devices ;;
     *:--threshold) compadd auto ;;
+    *:--tracker) compadd automatic profile ;;
     config:set) compadd $(${words[1]} config show 2>/dev/null | sed 's/ .*//') ;;
     config:config) compadd show set path reset ;;
     profiles:profiles) compadd list add edit remove select ;;

@@ -48,6 +48,7 @@ for command in $commands; do
 done
 expect "--stop-duration --stop-threshold" audio-analyzer analyze --quiet --st
 expect "Electro Hardcore Slow" audio-analyzer analyze --profile ""
+expect "automatic profile" audio-analyzer listen --tracker ""
 expect "Slow" audio-analyzer profiles edit S
 expect "$(formats_of analyze)" audio-analyzer analyze song.flac -f ""
 expect "$(formats_of listen)" audio-analyzer listen --format ""

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "VirtualTime.h"
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -10,7 +13,10 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <limits>
+#include <linux/futex.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -29,6 +35,15 @@ std::atomic<Ns> passed{0};  // since the construction
 timespec monotonicStart = {};
 timespec realStart = {};
 thread_local bool isDriver = false;
+
+/// A thread that sleeps until an instant of the virtual clock.
+struct Sleeper
+{
+    std::atomic<bool> isTaken{false};
+    std::atomic<int> isWaiting{0};  // what the kernel wakes it by
+    std::atomic<Ns> wakeTime{0};    // since the construction
+};
+std::array<Sleeper, 16> sleepers;
 
 /// The system calls themselves, since the C library's functions are the ones replaced here.
 int ReadClock(clockid_t pClock, timespec* pTime)
@@ -91,16 +106,76 @@ bool DrivesTime()
     return isDriver && isVirtual;
 }
 
+long Futex(Sleeper& pSleeper, int pOperation, int pValue)
+{
+    return syscall(SYS_futex, &pSleeper.isWaiting, pOperation, pValue, nullptr, nullptr, 0);
+}
+
+void Wake(Sleeper& pSleeper)
+{
+    pSleeper.isWaiting = 0;
+    Futex(pSleeper, FUTEX_WAKE_PRIVATE, INT_MAX);
+}
+
+/// The one that is to wake first, at pEnd at the latest; null when none is.
+Sleeper* FirstSleeper(Ns pEnd)
+{
+    Sleeper* pFirst = nullptr;
+    for (Sleeper& sleeper : sleepers)
+        if (sleeper.isWaiting == 1 && sleeper.wakeTime <= pEnd &&
+            (pFirst == nullptr || sleeper.wakeTime < pFirst->wakeTime))
+            pFirst = &sleeper;
+    return pFirst;
+}
+
+/// Of a thread that does not drive the time; the driver passes the instant, and wakes it.
+void SleepVirtually(Ns pWakeTime)
+{
+    for (Sleeper& sleeper : sleepers) {
+        if (sleeper.isTaken.exchange(true))
+            continue;
+        sleeper.wakeTime = pWakeTime;
+        sleeper.isWaiting = pWakeTime > passed && isVirtual ? 1 : 0;
+        while (sleeper.isWaiting == 1)
+            Futex(sleeper, FUTEX_WAIT_PRIVATE, 1);
+        sleeper.isTaken = false;
+        return;
+    }
+    std::abort();
+}
+
 /// Waits for files in virtual time, as ppoll does.
 int WaitVirtually(pollfd* pFiles, nfds_t pCount, const timespec& pTimeout)
 {
     constexpr timespec noTime = {};
-    int ready = Poll(pFiles, pCount, &noTime);
-    while (ready == 0 && !AreOthersAsleep())
-        ready = Poll(pFiles, pCount, &kMoment);
-    if (ready == 0)
-        passed += pTimeout.tv_sec * kSecond + pTimeout.tv_nsec;
-    return ready;
+    const Ns end = passed + pTimeout.tv_sec * kSecond + pTimeout.tv_nsec;
+    for (;;) {
+        int ready = Poll(pFiles, pCount, &noTime);
+        while (ready == 0 && !AreOthersAsleep())
+            ready = Poll(pFiles, pCount, &kMoment);
+        if (ready != 0)
+            return ready;
+        Sleeper* pSleeper = FirstSleeper(end);
+        passed = pSleeper == nullptr ? end : std::max<Ns>(passed, pSleeper->wakeTime);
+        if (pSleeper == nullptr)
+            return 0;
+        Wake(*pSleeper);
+    }
+}
+
+/// Passes the instant of the thread that is to wake first, if all sleep.
+void PassNextInstant()
+{
+    Sleeper* pSleeper = AreOthersAsleep() ? FirstSleeper(std::numeric_limits<Ns>::max()) : nullptr;
+    if (pSleeper == nullptr)
+        return;
+    passed = std::max<Ns>(passed, pSleeper->wakeTime);
+    Wake(*pSleeper);
+}
+
+Ns SinceStart(const timespec& pTime, const timespec& pStart)
+{
+    return (pTime.tv_sec - pStart.tv_sec) * kSecond + pTime.tv_nsec - pStart.tv_nsec;
 }
 
 }  // namespace
@@ -118,6 +193,8 @@ VirtualTime::~VirtualTime()
 {
     isVirtual = false;
     isDriver = false;
+    for (Sleeper& sleeper : sleepers)
+        Wake(sleeper);
 }
 
 TEST_EXPORT int clock_gettime(clockid_t pClock, timespec* pTime) noexcept
@@ -154,4 +231,33 @@ TEST_EXPORT int nanosleep(const timespec* pDuration, timespec* pRest)
         return int(syscall(SYS_nanosleep, pDuration, pRest));
     WaitVirtually(nullptr, 0, *pDuration);
     return 0;
+}
+
+TEST_EXPORT int
+clock_nanosleep(clockid_t pClock, int pFlags, const timespec* pTime, timespec* pRest)
+{
+    if (!isVirtual || pFlags != TIMER_ABSTIME || pClock != CLOCK_MONOTONIC) {
+        const long result = syscall(SYS_clock_nanosleep, pClock, pFlags, pTime, pRest);
+        return result == 0 ? 0 : errno;
+    }
+    const Ns wakeTime = SinceStart(*pTime, monotonicStart);
+    if (!isDriver)
+        SleepVirtually(wakeTime);
+    else if (wakeTime > passed)
+        WaitVirtually(nullptr, 0, {0, wakeTime - passed});
+    return 0;
+}
+
+/// What is waited for may sleep: then the time passes.
+TEST_EXPORT int pthread_join(pthread_t pThread, void** pResult)
+{
+    if (!DrivesTime())
+        return pthread_clockjoin_np(pThread, pResult, CLOCK_REALTIME, nullptr);
+    for (;;) {
+        const int result = pthread_tryjoin_np(pThread, pResult);
+        if (result != EBUSY)
+            return result;
+        PassNextInstant();
+        Poll(nullptr, 0, &kMoment);
+    }
 }

@@ -7,10 +7,13 @@
 
 #include <atomic>
 #include <chrono>
+#include <ctime>
 #include <future>
+#include <mutex>
 #include <poll.h>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
+#include <thread>
 #include <unistd.h>
 
 class tst_VirtualTime : public QObject
@@ -22,6 +25,8 @@ private Q_SLOTS:
     void clocks_moveTogether_byWhatWasWaitedFor();
     void timers_fireInOrderAndOnTime();
     void thread_isWaitedFor();
+    void sleepingThreads_wakeAtTheirInstants();
+    void sleepingThread_isJoined();
     void file_comesBeforeTheTime();
 };
 
@@ -76,6 +81,48 @@ void tst_VirtualTime::thread_isWaitedFor()
     QTest::qSleep(1);
     QVERIFY(isDone);
     QCOMPARE(clock.elapsed(), qint64(1));
+}
+
+void tst_VirtualTime::sleepingThreads_wakeAtTheirInstants()
+{
+    timespec start = {};
+    clock_gettime(CLOCK_MONOTONIC, &start);
+    QElapsedTimer clock;
+    clock.start();
+    std::mutex mutex;
+    QString log;
+    const auto sleep = [&](const char* pName, int pMs) {
+        for (int i = 1; i <= 3; ++i) {
+            timespec instant = start;
+            const qint64 ns = start.tv_nsec + qint64(pMs) * i * 1000000;
+            instant.tv_sec += ns / 1000000000;
+            instant.tv_nsec = ns % 1000000000;
+            clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &instant, nullptr);
+            const std::lock_guard<std::mutex> guard(mutex);
+            log += QStringLiteral("%1@%2 ").arg(QLatin1String(pName)).arg(clock.elapsed());
+        }
+    };
+    std::thread slow([&] { sleep("slow", 2000); });
+    std::thread fast([&] { sleep("fast", 700); });
+    QTest::qSleep(60000);
+    QCOMPARE(clock.elapsed(), qint64(60000));
+    slow.join();
+    fast.join();
+    QCOMPARE(log, QStringLiteral("fast@700 fast@1400 slow@2000 fast@2100 slow@4000 slow@6000 "));
+}
+
+void tst_VirtualTime::sleepingThread_isJoined()
+{
+    QElapsedTimer clock;
+    clock.start();
+    std::thread thread([] {
+        timespec instant = {};
+        clock_gettime(CLOCK_MONOTONIC, &instant);
+        instant.tv_sec += 3600;
+        clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &instant, nullptr);
+    });
+    thread.join();
+    QCOMPARE(clock.elapsed(), qint64(3600000));
 }
 
 void tst_VirtualTime::file_comesBeforeTheTime()

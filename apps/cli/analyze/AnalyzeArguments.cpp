@@ -30,9 +30,13 @@ QString Footer()
         "  json    one document with settings, tempo, silences and beats\n"
         "  ndjson  every pulse, beat, tempo change and stop, one a line, as it happens\n"
         "\n"
-        "Beats are real, heard in the music, or virtual, put where one was expected. The tempo\n"
-        "of a file is the median of the tempos that were reported with its real beats, from\n"
-        "ten seconds after the first one on; in shorter music, of all of them.\n"
+        "Without further options the automatic tracker follows any music from 60 to 190 BPM. An\n"
+        "option that it does not know (--profile, --band, --sensibility, --threshold and others)\n"
+        "means the engine with a tempo profile, as --tracker profile does. Its beats are real,\n"
+        "heard in the music, or virtual, put where one was expected.\n"
+        "\n"
+        "The tempo of a file is the median of those that its beats make, from ten seconds after\n"
+        "the first one on; in shorter music, of all of them.\n"
         "\n"
         "With several files, -o names a folder, and song.flac gives song.beats.txt,\n"
         "song.labels.txt, song.csv, song.svl, song.tempo.txt, song.json or song.ndjson in it.\n"
@@ -79,8 +83,10 @@ void AddOutputOptions(shared::OptionSet& pOptions, AnalyzeArguments& pArguments)
                       pArguments.click,
                       tr("OUT.wav"),
                       tr("write the music with a click on every beat"));
-    pOptions.AddValue(
-        "--plot", pArguments.plot, tr("OUT.svg|.png"), tr("draw level, pulses, beats and tempo"));
+    pOptions.AddValue("--plot",
+                      pArguments.plot,
+                      tr("OUT.svg|.png"),
+                      tr("draw level, pulses, beats, bars, tempo and confidence"));
     pOptions.AddFlag("-q,--quiet", pArguments.isQuiet, tr("no progress, no summary"));
 }
 

@@ -14,6 +14,13 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Below -70 dBFS, where the automatic tracker hears silence, are all blocks with such a peak.
+constexpr int kInaudiblePeak = 10;
+
+}  // namespace
+
 AnalyzeFile::AnalyzeFile(const AnalyzeOptions& pOptions, const AnalyzeTask& pTask)
     : m_options(pOptions), m_task(pTask)
 {
@@ -52,6 +59,8 @@ bool AnalyzeFile::_OpenSource()
     if (!isOpen)
         return _FailToRead(m_source->getError());
     m_analysis = std::make_unique<FileAnalysis>(m_options.analysis, *m_source);
+    if (m_options.analysis.getTracker() == eAutomaticTracker)
+        return true;
     const QString refusal =
         cli::CheckBand(m_analysis->getConfiguration(), m_source->getSampleRate());
     return refusal.isEmpty() || _Fail(refusal);
@@ -116,7 +125,8 @@ void AnalyzeFile::_WriteExtras()
     if (!m_options.click.isEmpty() && !m_click.Finish(result.beats))
         _Fail(m_click.getError());
     Plot plot;
-    if (!m_options.plot.isEmpty() && !plot.Write(m_options.plot, result, m_analysis->getLevels()))
+    if (!m_options.plot.isEmpty() &&
+        !plot.Write(m_options.plot, result, m_analysis->getLevels(), m_analysis->getBeliefs()))
         _Fail(plot.getError());
 }
 
@@ -158,34 +168,55 @@ void AnalyzeFile::_AddSummary(double pElapsed)
     const AnalysisResult& result = m_analysis->getLog().getResult();
     if (!m_source->getLoss().isEmpty())
         m_notes.append(tr("%1: %2").arg(m_task.input, m_source->getLoss()));
-    const QString silence = _DescribeSilence();
-    if (!silence.isEmpty())
-        m_notes.append(tr("%1: %2").arg(m_task.input, silence));
-    const auto virtualCount =
-        std::count_if(result.beats.begin(), result.beats.end(), [](const LoggedBeat& pBeat) {
-            return pBeat.isVirtual;
-        });
+    for (const QString& note : {_DescribeMix(), _DescribeSilence()})
+        if (!note.isEmpty())
+            m_notes.append(tr("%1: %2").arg(m_task.input, note));
     const double bpm = result.getTempo();
     const double speed = result.duration() / std::max(pElapsed, 1e-6);
-    m_notes.append(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual), %7x real time")
+    m_notes.append(tr("%1: %2 long, %3, %4, %5x real time")
                        .arg(m_task.input,
                             cli::Clock(result.duration()),
                             bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("tempo unknown"),
-                            QString::number(result.beats.size()),
-                            QString::number(qint64(result.beats.size()) - virtualCount),
-                            QString::number(virtualCount),
+                            _CountBeats(),
                             QString::number(speed, 'f', 0)));
 }
 
-/// Why the whole file counted as stopped, and what to do; empty when it did not.
+/// The automatic tracker tells none that it has not heard.
+QString AnalyzeFile::_CountBeats() const
+{
+    const std::vector<LoggedBeat>& beats = m_analysis->getLog().getResult().beats;
+    if (m_options.analysis.getTracker() == eAutomaticTracker)
+        return tr("%1 beats").arg(beats.size());
+    const auto virtualCount = std::count_if(
+        beats.begin(), beats.end(), [](const LoggedBeat& pBeat) { return pBeat.isVirtual; });
+    return tr("%1 beats (%2 real, %3 virtual)")
+        .arg(beats.size())
+        .arg(qint64(beats.size()) - virtualCount)
+        .arg(virtualCount);
+}
+
+/// That channels would have cancelled each other out, and since when; empty when they would not.
+QString AnalyzeFile::_DescribeMix() const
+{
+    const ChannelMix& mix = m_analysis->getMix();
+    if (!mix.hasCancelled())
+        return {};
+    return tr("its channels cancel each other out from %1 s on, as if the poles of one were "
+              "swapped; the loudest one was heard instead of their mean")
+        .arg(double(mix.getFirstCancellation()) / m_source->getSampleRate(), 0, 'f', 1);
+}
+
+/// Why the whole file counted as stopped, or has no beat, and what to do; empty when it has.
 QString AnalyzeFile::_DescribeSilence() const
 {
     const AnalysisResult& result = m_analysis->getLog().getResult();
-    const double stopDuration = m_analysis->getConfiguration().getStopDetectionDuration();
+    if (m_options.analysis.getTracker() == eAutomaticTracker)
+        return result.beats.empty() ? _DescribeNoMeter() : QString();
     const bool isSilent = result.silences.size() == 1 && result.silences.front().start <= 0.0 &&
                           result.silences.front().end >= result.duration();
     if (!isSilent)
         return {};
+    const double stopDuration = m_analysis->getConfiguration().getStopDetectionDuration();
     if (result.duration() < stopDuration)
         return tr("shorter than the %1 s in which music is told from silence; lower "
                   "--stop-duration")
@@ -197,6 +228,16 @@ QString AnalyzeFile::_DescribeSilence() const
               "between 50 and 2000 Hz (its peak is %2); lower --stop-threshold")
         .arg(threshold)
         .arg(m_analysis->getPeak());
+}
+
+QString AnalyzeFile::_DescribeNoMeter() const
+{
+    if (m_analysis->getPeak() == 0)
+        return tr("nothing but digital silence; check the recording");
+    if (m_analysis->getPeak() <= kInaudiblePeak)
+        return tr("too quiet to count as music: its peak is %1 of 32767; record it louder")
+            .arg(m_analysis->getPeak());
+    return tr("nothing in it has a beat that can be followed");
 }
 
 bool AnalyzeFile::_FailToRead(const QString& pReason)

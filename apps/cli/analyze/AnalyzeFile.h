@@ -50,7 +50,10 @@ private:
     void _WriteExtras();
     QByteArray _MakeText(const AnalysisResult& pResult) const;
     void _AddSummary(double pElapsed);
+    QString _CountBeats() const;
+    QString _DescribeMix() const;
     QString _DescribeSilence() const;
+    QString _DescribeNoMeter() const;
     bool _FailToRead(const QString& pReason);
     bool _Fail(const QString& pReason);
 

@@ -15,13 +15,25 @@ Configuration* ApplyTo(Configuration& pConfiguration, const AnalysisOptions& pOp
     return &pConfiguration;
 }
 
+BeatRelay MakeRelay(const AnalysisOptions& pOptions,
+                    const BeatFollower& pFollower,
+                    const MeterFollower& pMeter)
+{
+    return pOptions.getTracker() == eAutomaticTracker ? BeatRelay(pFollower, pMeter)
+                                                      : BeatRelay(pFollower);
+}
+
 }  // namespace
 
 FileAnalysis::FileAnalysis(const AnalysisOptions& pOptions, AudioSource& pSource)
     : m_options(pOptions), m_source(pSource),
-      m_pump(ApplyTo(m_configuration, m_options), pSource.getSampleRate())
+      m_pump(ApplyTo(m_configuration, m_options), pSource.getSampleRate()),
+      m_mix(pSource.getSampleRate()), m_tracker(pSource.getSampleRate()),
+      m_relay(MakeRelay(m_options, m_pump.getFollower(), m_meter))
 {
     m_options.Apply(m_pump.getAnalyzer());
+    m_options.Apply(m_tracker);
+    m_meter.Follow(&m_tracker);
     m_relay.Restart(pSource.getSampleRate());
     QObject::connect(&m_pump.getAnalyzer(),
                      &AudioAnalyzer::OnAudioSamplesAnalyzed,
@@ -46,14 +58,30 @@ bool FileAnalysis::_AnalyzeSource(const BatchObserver& pObserver)
         const qint16* pSamples = m_pump.getSpace();
         const std::size_t wanted = m_pump.getSpaceCount();
         const std::size_t count = m_source.Read(m_pump.getSpace(), wanted);
-        for (std::size_t i = 0; i < count; ++i)
-            m_peak = std::max(m_peak, std::abs(int(pSamples[i])));
+        _WatchPeak(pSamples, count);
+        if (m_options.getTracker() == eAutomaticTracker)
+            _Track(count);
         m_pump.Commit(count);
         if (!pObserver(m_source.getFrames(), count))
             return false;
         if (count < wanted)
             return true;
     }
+}
+
+void FileAnalysis::_Track(std::size_t pCount)
+{
+    m_heard.resize(pCount);
+    m_mix.Mix(m_source.getFrames(), m_source.getChannelCount(), pCount, m_heard.data());
+    m_beliefs.Append(double(getSampleCount()) / m_source.getSampleRate(), m_tracker);
+    _WatchPeak(m_heard.data(), pCount);
+    m_meter.Push(m_heard.data(), pCount);
+}
+
+void FileAnalysis::_WatchPeak(const qint16* pSamples, std::size_t pCount)
+{
+    for (std::size_t i = 0; i < pCount; ++i)
+        m_peak = std::max(m_peak, std::abs(int(pSamples[i])));
 }
 
 bool FileAnalysis::_CheckSource()

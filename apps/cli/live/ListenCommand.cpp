@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
+#include <AudioAnalyzer/config/UISettings.h>
 
 #include <cli/Console.h>
 #include <cli/ExitCode.h>
@@ -15,13 +16,14 @@
 #include <shared/capture/SoundBackEnd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr int kTickMs = 50;
-constexpr int kBeatMarkMs = 120;
-const QString kDefault = QStringLiteral("default");
+constexpr std::int64_t kBeatMark = 120000;  ///< µs
 
 QStringList NamesOf(const std::vector<InputDevice>& pDevices)
 {
@@ -58,7 +60,7 @@ int ListenCommand::Run()
     if (device.isEmpty())
         return eExitFailed;
     if (m_options.isSaved)
-        _SaveDevice(device);
+        _Save(device);
     const QString refusal = _ApplyOptions();
     if (!refusal.isEmpty()) {
         console::PrintError(refusal);
@@ -76,7 +78,7 @@ QString ListenCommand::_ChooseDevice()
     const std::vector<InputDevice> devices = listInputDevices();
     const QStringList names = NamesOf(devices);
     m_followsDefault =
-        m_options.device == kDefault && !names.isEmpty() && !names.contains(kDefault);
+        m_options.device == kDefaultInput && !names.isEmpty() && !names.contains(kDefaultInput);
     if (m_followsDefault)
         return DefaultOf(devices);
     if (!m_options.device.isEmpty()) {
@@ -98,20 +100,22 @@ QString ListenCommand::_ChooseDevice()
     return other;
 }
 
-void ListenCommand::_SaveDevice(const QString& pName)
+void ListenCommand::_Save(const QString& pDevice)
 {
-    m_store.setDeviceName(pName);
+    m_store.setDeviceName(pDevice);
     if (!m_store.Save())
         console::PrintError(m_store.getError());
+    if (!m_options.offset)
+        return;
+    m_beatSettings.offset = *m_options.offset;
+    if (!m_beatSettings.Save())
+        console::PrintError(
+            tr("the offset cannot be stored in %1").arg(UISettings::_getDefaultPath()));
 }
 
 QString ListenCommand::_ApplyOptions()
 {
-    Configuration& configuration = m_store.getConfiguration();
-    const QString refusal = m_analysis.Apply(configuration);
-    if (refusal.isEmpty() && m_analysis.getFixedBPM() > 0.0)
-        _Say(tr("with --fixed-bpm no beat is announced"));
-    return refusal;
+    return m_analysis.Apply(m_store.getConfiguration());
 }
 
 // ---- Meanwhile ----------------------------------------------------------------------------------
@@ -123,20 +127,38 @@ void ListenCommand::_Listen(const QString& pDevice)
     m_session = std::make_unique<CaptureSession>(m_store.getConfiguration());
     if (m_followsDefault)
         m_session->FollowDefault();
-    m_summary = std::make_unique<LiveSummary>(*m_session, m_options.measures);
+    _SetUpBeats();
+    m_summary = std::make_unique<LiveSummary>(*m_session, m_beats, m_options.measures);
     if (!m_isLine)
         m_events = std::make_unique<LiveEvents>(
-            m_options.format.value_or(eTextEvents), *m_session, *m_summary);
+            m_options.format.value_or(eTextEvents), *m_session, m_beats, *m_summary);
     _Connect();
+    m_beats.getThread().Start();
     m_sinceStart.start();
     m_tick.start(kTickMs);
     // In the event loop, since it may end at once.
     QTimer::singleShot(0, m_session.get(), [this, pDevice] { m_session->Open(pDevice); });
     QCoreApplication::exec();
     m_tick.stop();
+    m_beats.getThread().Stop();
     _Clear();
     _Summarize();
+    m_events.reset();
+    m_summary.reset();
+    m_beats.Follow(nullptr);
     m_session.reset();
+}
+
+void ListenCommand::_SetUpBeats()
+{
+    m_beats.setAutomatic(m_analysis.getTracker() == eAutomaticTracker);
+    if (m_analysis.bpm)
+        m_beats.setTempoRange(std::max(m_analysis.bpm->minimal, MeterTracker::kSlowestBPM),
+                              std::min(m_analysis.bpm->maximal, MeterTracker::kFastestBPM));
+    constexpr double kMicroSeconds = 1000.0;
+    m_beats.getClock().setOffset(
+        std::llround(kMicroSeconds * m_options.offset.value_or(m_beatSettings.offset)));
+    m_beats.Follow(m_session.get());
 }
 
 void ListenCommand::_Connect()
@@ -146,31 +168,43 @@ void ListenCommand::_Connect()
     QObject::connect(
         pSession,
         &S::OnAnalyzerCreated,
-        [this](AudioAnalyzer* pAnalyzer) {
-            m_analysis.Apply(*pAnalyzer);
-            const QString refusal = cli::CheckBand(m_store.getConfiguration(),
-                                                   m_session->getSampleClock().getSampleRate());
-            if (!refusal.isEmpty()) {
-                console::PrintError(refusal);
-                return _End(eExitFailed);
-            }
-            if (m_options.showsFormat)
-                _Tell(listentexts::describeFormat(*m_session));
-        });
+        [this](AudioAnalyzer* pAnalyzer) { _OnAnalyzerCreated(pAnalyzer); });
     QObject::connect(
         pSession, &S::OnStateChanged, [this](eCaptureState pState) { _OnStateChanged(pState); });
+    QObject::connect(pSession, &S::OnNotice, [this](eCaptureNotice pNotice) {
+        _Say(listentexts::describeNotice(*m_session,
+                                         pNotice,
+                                         m_beats.isAutomatic(),
+                                         m_store.getConfiguration().getStopDetectionThreshold()));
+    });
+    // Whatever the music does from then on; its phase counts, which only it can tell.
     QObject::connect(
-        pSession,
-        &S::OnNotice,
-        [this](eCaptureNotice pNotice) {
-            _Say(listentexts::describeNotice(
-                *m_session, pNotice, m_store.getConfiguration().getStopDetectionThreshold()));
+        &m_beats,
+        &LiveBeats::OnBeatHeard,
+        [this] {
+            const double fixed = m_analysis.getFixedBPM();
+            if (fixed > 0.0 && m_beats.getClock().getState().charge != BeatClockCharge_Held)
+                m_beats.getClock().HoldAt(fixed, shared::ClockThread::getTime());
         });
-    QObject::connect(
-        m_summary.get(), &LiveSummary::OnBeat, [this] { _OnBeat(); });
     QObject::connect(&m_tick, &QTimer::timeout, [this] { _OnTick(); });
-    if (m_events)
-        QObject::connect(m_events.get(), &LiveEvents::OnFailed, [this] { _End(eExitFailed); });
+    m_beat.setSingleShot(true);
+    m_beat.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m_beat, &QTimer::timeout, [this] { _DrawLine(); });
+}
+
+void ListenCommand::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
+{
+    m_analysis.Apply(*pAnalyzer);
+    const QString refusal = m_beats.isAutomatic()
+                                ? QString()
+                                : cli::CheckBand(m_store.getConfiguration(),
+                                                 m_session->getSampleClock().getSampleRate());
+    if (!refusal.isEmpty()) {
+        console::PrintError(refusal);
+        return _End(eExitFailed);
+    }
+    if (m_options.showsFormat)
+        _Tell(listentexts::describeFormat(*m_session));
 }
 
 void ListenCommand::_OnStateChanged(eCaptureState pState)
@@ -195,30 +229,44 @@ void ListenCommand::_OnTick()
         return _End(eExitDone);
     if (isOver)
         return _End(m_session->getAnchorCount() > 0 ? eExitDone : eExitFailed);
+    if (m_events && m_events->isBroken())
+        return _End(eExitFailed);
+    if (m_options.showsFormat && !std::exchange(m_isPriorityTold, true))
+        _Tell(listentexts::describePriority(m_beats.getThread().isRealTime()));
+    _TellLostSamples();
+    m_summary->TakeTicks();
     if (m_isLine)
         _DrawLine();
 }
 
-void ListenCommand::_OnBeat()
+void ListenCommand::_TellLostSamples()
 {
-    m_sinceBeat.start();
-    if (m_isLine)
-        _DrawLine();
+    const quint64 lost = m_session->getLostSamples();
+    if (lost > m_toldLoss)
+        _Say(listentexts::describeLostSamples(lost - std::exchange(m_toldLoss, lost)));
 }
 
 void ListenCommand::_DrawLine()
 {
     const AudioAnalyzer* pAnalyzer = m_session->getAnalyzer();
     const bool isRunning = m_session->getState() == eCaptureRunning;
+    const BeatClockState beat = m_beats.getClock().getState();
+    const std::int64_t now = shared::ClockThread::getTime();
     cli::LiveValues values;
-    values.isBeat = m_sinceBeat.isValid() && m_sinceBeat.elapsed() < kBeatMarkMs;
-    values.bpm = pAnalyzer ? pAnalyzer->getCurrentBPM() : 0.0;
-    values.accuracy = pAnalyzer ? pAnalyzer->getAccuracy() : 1.0;
+    if (beat.isRunning()) {
+        const std::int64_t number = beat.getBeat(now);
+        values.isBeat = number >= beat.firstBeat && now - beat.getTickTime(number) < kBeatMark;
+        values.bpm = beat.bpm;
+        values.beatInBar = beat.getBeatInBar(number) + 1;
+        values.confidence = m_beats.getConfidence(beat);
+        // The mark is there in time.
+        m_beat.start(int((beat.getTickTime(number + 1) - now) / 1000) + 1);
+    }
     values.threshold = pAnalyzer ? pAnalyzer->getThreshold() : 0;
     values.peak = m_session->TakePeak();
-    values.status = !isRunning               ? tr("waiting")
-                    : m_session->isPlaying() ? tr("playing")
-                                             : tr("stopped");
+    values.status = !isRunning            ? tr("waiting")
+                    : m_beats.isPlaying() ? tr("playing")
+                                          : tr("stopped");
     values.seconds = m_summary->getSeconds();
     values.device = m_session->getDeviceName();
     // The last column stays free: a full line would make some terminals scroll.
@@ -264,13 +312,17 @@ void ListenCommand::_Summarize()
         const int exitCode = output.Conclude();
         if (exitCode != eExitDone)
             m_exitCode = exitCode;
+        if (m_events->getLostCount() > 0)
+            _Say(listentexts::describeLostEvents(m_events->getLostCount()));
     }
     if (m_session->getAnchorCount() == 0)
         return _Say(tr("nothing was heard"));
     if (m_options.showsFormat)
         _Tell(listentexts::describeDrift(*m_session));
-    if (m_options.measures)
+    if (m_options.measures) {
         _Tell(listentexts::describeAnnouncements(m_summary->getAnnounceStatistics()));
+        _Tell(listentexts::describeTicks(m_summary->getTickStatistics()));
+    }
     const double tempo = m_summary->getTempo();
     _Say(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual)")
              .arg(m_session->getDeviceName(),

@@ -3,6 +3,8 @@
 
 #include <cli/live/LiveOptions.h>
 #include <shared/capture/CaptureSession.h>
+#include <shared/clock/LiveBeats.h>
+#include <shared/settings/BeatSettings.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QCoreApplication>
@@ -30,13 +32,15 @@ public:
 
 private:
     QString _ChooseDevice();
-    void _SaveDevice(const QString& pName);
+    void _Save(const QString& pDevice);
     QString _ApplyOptions();
     void _Listen(const QString& pDevice);
+    void _SetUpBeats();
     void _Connect();
+    void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnStateChanged(eCaptureState pState);
     void _OnTick();
-    void _OnBeat();
+    void _TellLostSamples();
     void _DrawLine();
     void _Say(const QString& pText);
     void _Tell(const QString& pText);
@@ -48,12 +52,16 @@ private:
     AnalysisOptions m_analysis;
     bool m_isLine;  ///< a live line instead of events
     ConfigurationStore m_store;
+    BeatSettings m_beatSettings = BeatSettings::Load();
     std::unique_ptr<CaptureSession> m_session;
+    LiveBeats m_beats;
     std::unique_ptr<LiveSummary> m_summary;
     std::unique_ptr<LiveEvents> m_events;  ///< null with a live line
     QTimer m_tick;
     QElapsedTimer m_sinceStart;
-    QElapsedTimer m_sinceBeat;
+    QTimer m_beat;  ///< of the live line
+    bool m_isPriorityTold = false;
+    quint64 m_toldLoss = 0;  ///< samples
     bool m_wasRunning = false;
     QString m_heard;                ///< the device that ran last
     bool m_followsDefault = false;  ///< the user asked for the default device, whichever it is

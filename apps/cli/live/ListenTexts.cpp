@@ -51,7 +51,10 @@ QString describeState(const CaptureSession& pSession, bool pWasRunning)
     return {};
 }
 
-QString describeNotice(const CaptureSession& pSession, eCaptureNotice pNotice, int pStopThreshold)
+QString describeNotice(const CaptureSession& pSession,
+                       eCaptureNotice pNotice,
+                       bool pIsAutomatic,
+                       int pStopThreshold)
 {
     switch (pNotice) {
     case eNoDataNotice:
@@ -65,6 +68,10 @@ QString describeNotice(const CaptureSession& pSession, eCaptureNotice pNotice, i
                   "unmute the input, or choose another with --device")
             .arg(pSession.getDeviceName());
     case eTooQuietNotice:
+        if (pIsAutomatic)
+            return tr("no music is heard in what \"%1\" delivers, and it is quiet; turn the input "
+                      "up")
+                .arg(pSession.getDeviceName());
         return tr("too quiet: nothing rises above the stop threshold %1 between 50 and 2000 Hz; "
                   "turn the input up, or lower --stop-threshold")
             .arg(pStopThreshold);
@@ -129,13 +136,40 @@ QString describeDrift(const CaptureSession& pSession)
 
 QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics)
 {
-    return tr("announced beats: %1, missing: %2; announcement minus arrival: median %3 ms, "
-              "standard deviation %4 ms, worst %5 ms")
+    return tr("announced beats: %1, missing: %2; announced after the sound left the server: median "
+              "%3 ms, standard deviation %4 ms, 95 % within %5 ms")
         .arg(pStatistics.count)
         .arg(pStatistics.missing)
         .arg(pStatistics.median, 0, 'f', 1)
         .arg(pStatistics.deviation, 0, 'f', 1)
-        .arg(pStatistics.worst, 0, 'f', 1);
+        .arg(pStatistics.most, 0, 'f', 1);
+}
+
+QString describeTicks(const cli::TickStatistics& pStatistics)
+{
+    return tr("ticks, 24 a beat: %1; told late by %2 ms on average, standard deviation %3 ms, at "
+              "most %4 ms")
+        .arg(pStatistics.getCount())
+        .arg(pStatistics.getMean(), 0, 'f', 2)
+        .arg(pStatistics.getDeviation(), 0, 'f', 2)
+        .arg(pStatistics.getWorst(), 0, 'f', 1);
+}
+
+QString describePriority(bool pIsRealTime)
+{
+    return pIsRealTime ? tr("beats are told with real-time priority")
+                       : tr("beats are told without real-time priority, which the system refuses: "
+                            "on a busy machine they may come late");
+}
+
+QString describeLostEvents(std::uint64_t pCount)
+{
+    return tr("the reader of standard output was too slow: %1 events lost").arg(pCount);
+}
+
+QString describeLostSamples(quint64 pCount)
+{
+    return tr("%1 samples arrived and were not taken in time").arg(pCount);
 }
 
 QString describeNoServer()

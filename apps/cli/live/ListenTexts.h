@@ -2,22 +2,34 @@
 #pragma once
 
 #include <cli/live/detail/AnnounceErrors.h>
+#include <cli/live/detail/TickStatistics.h>
 #include <shared/capture/CaptureSession.h>
 
 #include <QString>
+
+#include <cstdint>
 
 /// The words in which "listen" tells a person what happens and what to do.
 namespace listentexts {
 
 /// Empty for a state that is not worth a word.
 QString describeState(const CaptureSession& pSession, bool pWasRunning);
-QString describeNotice(const CaptureSession& pSession, eCaptureNotice pNotice, int pStopThreshold);
+/// pStopThreshold: of the engine, which means nothing to the automatic tracker.
+QString describeNotice(const CaptureSession& pSession,
+                       eCaptureNotice pNotice,
+                       bool pIsAutomatic,
+                       int pStopThreshold);
 /// Why the device cannot be analysed, and which ones can. Asks every device.
 QString describeUnusable(const CaptureSession& pSession);
 /// The recorded format and what becomes of it.
 QString describeFormat(const CaptureSession& pSession);
 QString describeDrift(const CaptureSession& pSession);
 QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics);
+QString describeTicks(const cli::TickStatistics& pStatistics);
+QString describePriority(bool pIsRealTime);
+/// What a reader, or this program, did not take in time.
+QString describeLostEvents(std::uint64_t pCount);
+QString describeLostSamples(quint64 pCount);
 /// 48000 Hz, 2 channels, 16 bits
 QString describeFormat(const QAudioFormat& pFormat);
 /// Where the devices come from instead.

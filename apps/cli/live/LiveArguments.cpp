@@ -2,6 +2,7 @@
 #include <cli/detail/ParseNumber.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
+#include <shared/settings/BeatSettings.h>
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -25,8 +26,12 @@ QString Footer()
         "printed a line, the moment it happens:\n"
         "  text    for people (default)\n"
         "  beats   seconds of each beat, when it falls due\n"
-        "  ndjson  announce when a beat falls due, the events of \"analyze\", and device and\n"
-        "          notice events\n"
+        "  ndjson  announce when a beat falls due, the events of \"analyze\", and device, notice\n"
+        "          and lost events\n"
+        "\n"
+        "Beats are told by a clock that follows the music, when the sound server says that they\n"
+        "sound; --offset moves them, for a slow lamp or a loudspeaker far away. A reader that\n"
+        "stalls loses the oldest events, and is told how many.\n"
         "\n"
         "What is not given is as \"audio-analyzer config show\" has it. A device that vanishes is\n"
         "waited for, and recorded again when it is back.\n"
@@ -69,6 +74,18 @@ QString ReadDuration(const QString& pValue, ListenOptions& pOptions)
     return {};
 }
 
+QString ReadOffset(const QString& pValue, ListenOptions& pOptions)
+{
+    if (pValue.isEmpty())
+        return {};
+    constexpr double kLimit = BeatSettings::kFarthestOffset;
+    pOptions.offset = cli::ParseNumber(pValue, -kLimit, kLimit);
+    if (pOptions.offset)
+        return {};
+    return tr("--offset %1: give a number of milliseconds from %2 to %3; positive is later")
+        .arg(pValue, QString::number(-kLimit), QString::number(kLimit));
+}
+
 }  // namespace
 
 void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments)
@@ -79,16 +96,20 @@ void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments
                      pArguments.device,
                      tr("NAME"),
                      tr("input device, else the stored one; \"default\" follows the system's"));
-    options.AddFlag("--save", pArguments.isSaved, tr("remember the device"));
+    options.AddFlag("--save", pArguments.isSaved, tr("remember the device and the offset"));
     options.AddValue(
         "-f,--format", pArguments.format, tr("NAME"), tr("print events: text, beats, ndjson"));
     options.AddValue("--duration", pArguments.duration, tr("S"), tr("end after so many seconds"));
+    options.AddValue("--offset",
+                     pArguments.offset,
+                     tr("MS"),
+                     tr("tell beats so many milliseconds later, -500 to 500"));
     options.AddFlag("--format-info",
                     pArguments.showsFormat,
-                    tr("tell the format, and the drift against the clock"));
+                    tr("tell the format, the priority, and the drift against the clock"));
     options.AddFlag("--measure",
                     pArguments.measures,
-                    tr("tell at the end how far the announced beats were off"));
+                    tr("tell at the end how far the announced beats were off the sound"));
     options.AddFlag("-q,--quiet", pArguments.isQuiet, tr("no notices, no summary"));
     addAnalysisOptions(options, pArguments.analysis, eStoredDefaults);
     options.setFooter(Footer());
@@ -112,7 +133,8 @@ QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pO
     pOptions.isQuiet = pArguments.isQuiet;
     for (const QString& refusal :
          {ReadFormat(QString::fromStdString(pArguments.format), pOptions),
-          ReadDuration(QString::fromStdString(pArguments.duration), pOptions)})
+          ReadDuration(QString::fromStdString(pArguments.duration), pOptions),
+          ReadOffset(QString::fromStdString(pArguments.offset), pOptions)})
         if (!refusal.isEmpty())
             return refusal;
     return readAnalysisOptions(pArguments.analysis, pOptions.analysis);

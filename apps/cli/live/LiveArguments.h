@@ -13,6 +13,7 @@ struct ListenArguments
     std::string device;
     std::string format;
     std::string duration;
+    std::string offset;
     bool isSaved = false;
     bool showsFormat = false;
     bool measures = false;

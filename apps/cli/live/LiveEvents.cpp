@@ -6,6 +6,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cmath>
+
 namespace {
 
 QString Key(const char* pName)
@@ -50,26 +52,55 @@ QJsonValue BPMValue(double pBPM)
     return pBPM > 0.0 ? QJsonValue(cli::Rounded(pBPM, 3)) : QJsonValue();
 }
 
+QByteArray TextLine(double pTime, const QString& pText)
+{
+    return QStringLiteral("%1  %2\n").arg(pTime, 10, 'f', 3).arg(pText).toUtf8();
+}
+
+QByteArray ObjectLine(double pTime, const char* pType, QJsonObject pFields)
+{
+    pFields[Key("time")] = cli::Rounded(pTime, 6);
+    pFields[Key("type")] = Key(pType);
+    return QJsonDocument(pFields).toJson(QJsonDocument::Compact) + '\n';
+}
+
+/// Of an instant in µs.
+QJsonValue Seconds(std::int64_t pTime)
+{
+    return cli::Rounded(double(pTime) / 1e6, 6);
+}
+
 }  // namespace
 
-LiveEvents::LiveEvents(eEventFormat pFormat, CaptureSession& pSession, LiveSummary& pSummary)
-    : m_format(pFormat), m_session(pSession), m_summary(pSummary)
+LiveEvents::LiveEvents(eEventFormat pFormat,
+                       CaptureSession& pSession,
+                       LiveBeats& pBeats,
+                       LiveSummary& pSummary)
+    : m_format(pFormat), m_session(pSession), m_beats(pBeats), m_summary(pSummary),
+      m_writer({[this](const Announcement& pBeat) { return _FormAnnouncement(pBeat); },
+                [this](std::uint64_t pCount) { return _FormLoss(pCount); }})
 {
-    m_output.Open(QStringLiteral("-"));
-    connect(&pSummary, &LiveSummary::OnBeat, this, &LiveEvents::_OnBeat);
     if (pFormat == eTextEvents)
         _FollowForText();
     else if (pFormat == eNdjsonEvents)
         _FollowForNdjson();
+    m_beats.getThread().Add(*this, 1);
+}
+
+LiveEvents::~LiveEvents()
+{
+    m_beats.getThread().Remove(*this);
 }
 
 void LiveEvents::Finish()
 {
+    m_beats.getThread().Remove(*this);
     if (m_format == eNdjsonEvents)
         _WriteObject("end",
                      {{Key("bpm"), BPMValue(m_summary.getTempo())},
                       {Key("realBeats"), qint64(m_summary.getRealBeats())},
                       {Key("virtualBeats"), qint64(m_summary.getVirtualBeats())}});
+    m_writer.End();
 }
 
 void LiveEvents::_FollowForText()
@@ -79,14 +110,17 @@ void LiveEvents::_FollowForText()
         &BeatRelay::OnPlayingChanged,
         this,
         [this](double pTime, bool pIsPlaying) {
-            _WriteText(pTime, pIsPlaying ? tr("playing") : tr("stopped"));
+            m_writer.Write(TextLine(pTime, pIsPlaying ? tr("playing") : tr("stopped")));
         });
 }
 
 void LiveEvents::_FollowForNdjson()
 {
     m_ndjson = std::make_unique<NdjsonWriter>(
-        m_summary.getRelay(), QString(), false, [this](const QByteArray& pLine) { _Write(pLine); });
+        m_summary.getRelay(),
+        QString(),
+        false,
+        [this](const QByteArray& pLine) { m_writer.Write(pLine); });
     connect(
         &m_session,
         &CaptureSession::OnStateChanged,
@@ -101,36 +135,53 @@ void LiveEvents::_FollowForNdjson()
     });
 }
 
-void LiveEvents::_OnBeat()
+void LiveEvents::_WriteObject(const char* pType, const QJsonObject& pFields)
 {
-    const double now = m_summary.getSeconds();
-    const double bpm = m_session.getAnalyzer()->getCurrentBPM();
+    m_writer.Write(ObjectLine(m_summary.getSeconds(), pType, pFields));
+}
+
+// ---- In the clock's thread ----------------------------------------------------------------------
+
+void LiveEvents::OnTick(const shared::ClockTick& pTick, const BeatClockState& pState)
+{
+    m_writer.Announce({pTick, pState.bpm, m_beats.getConfidence(pState)});
+}
+
+// ---- In the writer's thread ---------------------------------------------------------------------
+
+QByteArray LiveEvents::_FormAnnouncement(const Announcement& pAnnouncement) const
+{
+    const shared::ClockTick& tick = pAnnouncement.tick;
+    const double time = m_summary.getSeconds(tick.time);
     switch (m_format) {
     case eTextEvents:
-        return _WriteText(now, tr("beat  %1 BPM").arg(bpm, 0, 'f', 1));
+        return TextLine(time,
+                        tr("beat %1  %2 BPM  %3 %")
+                            .arg(tick.beatInBar + 1)
+                            .arg(pAnnouncement.bpm, 0, 'f', 1)
+                            .arg(std::lround(100.0 * pAnnouncement.confidence)));
     case eBeatEvents:
-        return _Write(cli::SecondsText(now) + '\n');
+        return cli::SecondsText(time) + '\n';
     case eNdjsonEvents:
-        return _WriteObject("announce", {{Key("bpm"), BPMValue(bpm)}});
+        break;
     }
+    return ObjectLine(time,
+                      "announce",
+                      {{Key("bpm"), BPMValue(pAnnouncement.bpm)},
+                       {Key("beat"), qint64(tick.beat)},
+                       {Key("beatInBar"), tick.beatInBar + 1},
+                       {Key("confidence"), cli::Rounded(pAnnouncement.confidence, 3)},
+                       {Key("monotonic"), Seconds(tick.time)},
+                       {Key("wall"), Seconds(tick.wallTime)}});
 }
 
-void LiveEvents::_WriteText(double pTime, const QString& pText)
+/// The lines of "beats" are seconds alone.
+QByteArray LiveEvents::_FormLoss(std::uint64_t pCount) const
 {
-    _Write(QStringLiteral("%1  %2\n").arg(pTime, 10, 'f', 3).arg(pText).toUtf8());
-}
-
-void LiveEvents::_WriteObject(const char* pType, QJsonObject pFields)
-{
-    pFields[Key("time")] = cli::Rounded(m_summary.getSeconds(), 6);
-    pFields[Key("type")] = Key(pType);
-    _Write(QJsonDocument(pFields).toJson(QJsonDocument::Compact) + '\n');
-}
-
-void LiveEvents::_Write(const QByteArray& pLine)
-{
-    if (!m_output.Write(pLine))
-        Q_EMIT OnFailed();
+    const double now = m_summary.getSeconds();
+    if (m_format == eNdjsonEvents)
+        return ObjectLine(now, "lost", {{Key("count"), qint64(pCount)}});
+    return m_format == eTextEvents ? TextLine(now, tr("%1 events lost").arg(pCount)) : QByteArray();
 }
 
 #include "moc_LiveEvents.cpp"

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cli/live/EventWriter.h>
 #include <cli/live/LiveOptions.h>
 #include <cli/output/NdjsonWriter.h>
-#include <cli/output/OutputFile.h>
 #include <shared/capture/CaptureSession.h>
+#include <shared/clock/LiveBeats.h>
 
 #include <QObject>
 
@@ -13,39 +14,52 @@
 class LiveSummary;
 class QJsonObject;
 
-/// Writes the events of a live session to standard output, each the moment it happens.
+/// Writes the events of a live session to standard output, each the moment it happens; a reader
+/// that stalls loses the oldest, and holds up nothing.
 ///
 /// Beside the events of NdjsonWriter, which tell a beat once it is known to be one, NDJSON has
-///   announce  a beat falls due now; bpm;
+///   announce  a beat of the clock falls due now; bpm, beat, beatInBar, confidence, and the instant
+///             as monotonic and wall, in seconds of the system's clocks;
 ///   device    name and state: waiting, unusable, starting, running;
-///   notice    what: noData, digitalSilence, tooQuiet, clipped.
-class LiveEvents : public QObject
+///   notice    what: noData, digitalSilence, tooQuiet, clipped;
+///   lost      count of events that the reader did not take in time.
+///
+/// Threads: that of the event loop, but for what is marked.
+class LiveEvents : public QObject, public shared::ClockListener
 {
     Q_OBJECT
 
 public:
-    /// Follows a session that is not opened yet; neither argument is owned.
-    LiveEvents(eEventFormat pFormat, CaptureSession& pSession, LiveSummary& pSummary);
+    /// Follows a session that is not opened yet, and its beats; no argument is owned.
+    LiveEvents(eEventFormat pFormat,
+               CaptureSession& pSession,
+               LiveBeats& pBeats,
+               LiveSummary& pSummary);
+    ~LiveEvents() override;
 
     /// Writes the last event.
     void Finish();
-    const OutputFile& getOutput() const { return m_output; }
-
-Q_SIGNALS:
     /// Nothing can be written any more.
-    void OnFailed();
+    bool isBroken() const { return m_writer.isBroken(); }
+    /// Events that no reader took.
+    std::uint64_t getLostCount() const { return m_writer.getLostCount(); }
+    /// [after Finish()]
+    const OutputFile& getOutput() const { return m_writer.getOutput(); }
+
+    void OnTick(const shared::ClockTick& pTick, const BeatClockState& pState) override;
+    void OnRunningChanged(bool, const BeatClockState&) override {}
 
 private:
     void _FollowForText();
     void _FollowForNdjson();
-    void _OnBeat();
-    void _WriteText(double pTime, const QString& pText);
-    void _WriteObject(const char* pType, QJsonObject pFields);
-    void _Write(const QByteArray& pLine);
+    QByteArray _FormAnnouncement(const Announcement& pAnnouncement) const;
+    QByteArray _FormLoss(std::uint64_t pCount) const;
+    void _WriteObject(const char* pType, const QJsonObject& pFields);
 
     eEventFormat m_format;
     CaptureSession& m_session;  ///< not owned
+    LiveBeats& m_beats;         ///< not owned
     LiveSummary& m_summary;     ///< not owned
-    OutputFile m_output;
+    EventWriter m_writer;
     std::unique_ptr<NdjsonWriter> m_ndjson;  ///< null for other formats
 };

@@ -22,6 +22,7 @@ struct ListenOptions
     bool isSaved = false;                ///< remembers the device
     std::optional<eEventFormat> format;  ///< none = a live line on a terminal, else text
     double duration = 0.0;               ///< seconds; 0 = until it is ended
+    std::optional<double> offset;        ///< ms; none = the stored one
     bool showsFormat = false;
     bool measures = false;
     bool isQuiet = false;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/analysis/HighResolutionTimer.h>
-
 #include <cli/live/LiveSummary.h>
 #include <shared/capture/CaptureSession.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -10,18 +10,33 @@ constexpr double kSettlingSeconds = 10.0;
 
 }  // namespace
 
-LiveSummary::LiveSummary(CaptureSession& pSession, bool pMeasures)
-    : m_session(pSession), m_measures(pMeasures)
+LiveSummary::LiveSummary(CaptureSession& pSession, LiveBeats& pBeats, bool pMeasures)
+    : m_session(pSession), m_beats(pBeats), m_measures(pMeasures),
+      m_relay(pBeats.isAutomatic() ? BeatRelay(m_follower, m_noMeter) : BeatRelay(m_follower))
 {
     using S = CaptureSession;
     connect(&pSession, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
     connect(&pSession, &S::OnAnchored, this, &LiveSummary::_OnAnchored);
-    connect(&m_relay, &BeatRelay::OnBeat, this, &LiveSummary::_OnBeatFound);
+    connect(&pBeats, &LiveBeats::OnBeatHeard, this, &LiveSummary::_OnHeard);
+    connect(&pBeats, &LiveBeats::OnPlayingChanged, this, [this](qint64 pTime, bool pIsPlaying) {
+        m_errors.Interrupt();
+        if (m_beats.isAutomatic())
+            _RelayPlaying(getSeconds(pTime), pIsPlaying);
+    });
+    connect(&m_relay, &BeatRelay::OnBeat, this, &LiveSummary::_Count);
+    if (m_measures)
+        m_beats.getThread().Add(*this, kDivision);
 }
 
-double LiveSummary::getSeconds() const
+LiveSummary::~LiveSummary()
 {
-    return m_clock.isValid() ? double(m_clock.nsecsElapsed()) / 1e9 : 0.0;
+    m_beats.getThread().Remove(*this);
+}
+
+double LiveSummary::getSeconds(std::int64_t pTime) const
+{
+    const std::int64_t start = m_start;
+    return start == 0 ? 0.0 : double(std::max(pTime, start) - start) / 1e6;
 }
 
 double LiveSummary::getTempo() const
@@ -33,33 +48,74 @@ double LiveSummary::getTempo() const
 void LiveSummary::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
 {
     m_follower.Follow(pAnalyzer);
-    connect(pAnalyzer, &AudioAnalyzer::OnBeat, this, &LiveSummary::_OnAnnouncement);
 }
 
 void LiveSummary::_OnAnchored()
 {
-    if (!m_clock.isValid())
-        m_clock.start();
+    if (m_start == 0)
+        m_start = shared::ClockThread::getTime();
+    if (m_beats.isAutomatic() && !m_isPlayingTold)
+        _RelayPlaying(0.0, m_beats.isPlaying());
     m_follower.Restart();
     m_relay.Restart(m_session.getSampleClock().getSampleRate(), getSeconds());
-    m_errors.Interrupt();
 }
 
-void LiveSummary::_OnAnnouncement()
+void LiveSummary::_RelayPlaying(double pTime, bool pIsPlaying)
 {
-    if (m_measures)
-        m_errors.AddAnnouncement(HighResolutionTimer::getTime());
-    Q_EMIT OnBeat();
+    m_isPlayingTold = true;
+    Q_EMIT m_relay.OnPlayingChanged(pTime, pIsPlaying);
 }
 
-void LiveSummary::_OnBeatFound(const LoggedBeat& pBeat)
+// ---- The beats ----------------------------------------------------------------------------------
+
+/// What the offset moves it is meant to move.
+void LiveSummary::OnTick(const shared::ClockTick& pTick, const BeatClockState& pState)
+{
+    m_told.Push({pTick.time + pTick.lateness - pState.offset, pTick.lateness, pTick.place == 0});
+}
+
+void LiveSummary::TakeTicks()
+{
+    ToldTick tick = {};
+    while (m_told.Take(tick)) {
+        m_ticks.Add(double(tick.lateness) / 1000.0);
+        if (tick.isBeat)
+            m_errors.AddAnnouncement(quint64(tick.time));
+    }
+}
+
+void LiveSummary::_OnHeard(const LiveBeats::Heard& pBeat)
+{
+    if (m_beats.isAutomatic())
+        _RelayHeard(pBeat, getSeconds(pBeat.time));
+    if (!m_measures || pBeat.isVirtual)
+        return;
+    TakeTicks();
+    m_errors.AddBeat(quint64(pBeat.time));
+}
+
+void LiveSummary::_RelayHeard(const LiveBeats::Heard& pBeat, double pTime)
+{
+    LoggedBeat beat = {};
+    beat.index = quint64(pTime * m_session.getSampleClock().getSampleRate());
+    beat.time = pTime;
+    beat.bpm = pBeat.bpm;
+    beat.beatInBar = pBeat.beatInBar;
+    beat.confidence = pBeat.confidence;
+    beat.barConfidence = pBeat.barConfidence;
+    Q_EMIT m_relay.OnBeat(beat);
+    constexpr double kSameTempo = 0.001;
+    if (std::abs(pBeat.bpm - m_relayedBPM) < kSameTempo * pBeat.bpm)
+        return;
+    m_relayedBPM = pBeat.bpm;
+    Q_EMIT m_relay.OnTempo(pTime, pBeat.bpm);
+}
+
+void LiveSummary::_Count(const LoggedBeat& pBeat)
 {
     ++(pBeat.isVirtual ? m_virtualBeats : m_realBeats);
     if (!pBeat.isVirtual && pBeat.bpm > 0.0)
         (pBeat.time < kSettlingSeconds ? m_earlyTempo : m_settledTempo).Add(pBeat.bpm);
-    const quint64 arrival = m_session.getArrivals().getArrival(pBeat.index);
-    if (m_measures && !pBeat.isVirtual && arrival != 0)
-        m_errors.AddBeat(arrival);
 }
 
 #include "moc_LiveSummary.cpp"

@@ -5,7 +5,19 @@
 #include <QFile>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
+
+namespace {
+
+cli::eClick KindOf(const LoggedBeat& pBeat)
+{
+    if (pBeat.isVirtual)
+        return cli::eVirtualClick;
+    return pBeat.beatInBar == 1 ? cli::eAccent : cli::eBeatClick;
+}
+
+}  // namespace
 
 bool ClickTrack::isSupported(const QString& pPath)
 {
@@ -44,11 +56,11 @@ bool ClickTrack::Append(const float* pSamples, std::size_t pFrames)
 
 bool ClickTrack::Finish(const std::vector<LoggedBeat>& pBeats)
 {
-    const std::vector<int> realClick = cli::makeClick(m_sampleRate, false);
-    const std::vector<int> virtualClick = cli::makeClick(m_sampleRate, true);
+    std::array<std::vector<int>, 3> clicks;
+    for (const cli::eClick click : {cli::eBeatClick, cli::eVirtualClick, cli::eAccent})
+        clicks[click] = cli::makeClick(m_sampleRate, click);
     for (const LoggedBeat& beat : pBeats)
-        if (beat.index < m_frameCount &&
-            !_MixClick(beat.index, beat.isVirtual ? virtualClick : realClick))
+        if (beat.index < m_frameCount && !_MixClick(beat.index, clicks[KindOf(beat)]))
             return false;
     if (!_Close())
         return false;

@@ -30,9 +30,9 @@ public:
     /// Appends pFrames interleaved frames of samples in [-1, 1], saturating what lies outside.
     /// False when the disk is full or fails. Frame 0 of the first call is beat index 0.
     bool Append(const float* pSamples, std::size_t pFrames);
-    /// Mixes a click in at every beat's index, a softer and lower one for virtual beats, and puts
-    /// the file in its place. Beats behind the end of the music are left out. False when that
-    /// failed.
+    /// Mixes a click in at every beat's index, a softer and lower one for virtual beats, a louder
+    /// and higher one for the first beat of a bar, and puts the file in its place. Beats behind the
+    /// end of the music are left out. False when that failed.
     bool Finish(const std::vector<LoggedBeat>& pBeats);
     /// One sentence on the last failure, with the file's name.
     QString getError() const { return m_error; }

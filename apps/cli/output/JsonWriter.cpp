@@ -3,6 +3,7 @@
 
 #include <cli/output/JsonWriter.h>
 #include <cli/output/TextNumbers.h>
+#include <cli/output/detail/BeatFields.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -47,6 +48,16 @@ QJsonValue ValueOf(const SettingsTable::Setting& pSetting, double pValue)
     return word == Key("none") ? QJsonValue() : QJsonValue(word);
 }
 
+/// The automatic tracker heeds nothing but the range of tempos.
+QJsonObject MakeAutomaticSettings(const AnalysisOptions& pOptions)
+{
+    const auto range = pOptions.getAutomaticRange();
+    QJsonObject settings;
+    settings[Key("bpmMinimal")] = range.minimal;
+    settings[Key("bpmMaximal")] = range.maximal;
+    return settings;
+}
+
 QJsonObject MakeSettings(const AnalysisOptions& pOptions, const Configuration& pConfiguration)
 {
     const Profile profile = pConfiguration.getSelectedProfile();
@@ -62,24 +73,25 @@ QJsonObject MakeSettings(const AnalysisOptions& pOptions, const Configuration& p
     return settings;
 }
 
-QJsonObject MakeTempo(const AnalysisResult& pResult)
+QJsonObject MakeTempo(const AnalysisResult& pResult, eTracker pTracker)
 {
     QJsonObject tempo;
     tempo[Key("bpm")] = BPMValue(pResult.getTempo());
-    tempo[Key("method")] = Key(
-        "median of the tempos reported with real beats, from ten seconds after the first one on");
+    tempo[Key("method")] =
+        Key(pTracker == eAutomaticTracker
+                ? "median of the tempos that nine beats in a row make, from ten seconds after the "
+                  "first one on"
+                : "median of the tempos reported with real beats, from ten seconds after the first "
+                  "one on");
     return tempo;
 }
 
 QJsonObject MakeBeat(const LoggedBeat& pBeat)
 {
-    QJsonObject beat;
-    beat[Key("accuracy")] = cli::Rounded(pBeat.accuracy, 6);
+    QJsonObject beat = cli::BeatFields(pBeat);
     beat[Key("bpm")] = BPMValue(pBeat.bpm);
     beat[Key("index")] = double(pBeat.index);
-    beat[Key("loudness")] = pBeat.loudness;
     beat[Key("time")] = cli::Rounded(pBeat.time, 6);
-    beat[Key("virtual")] = pBeat.isVirtual;
     return beat;
 }
 
@@ -108,10 +120,15 @@ QByteArray makeJsonDocument(const AnalysisResult& pResult,
     root[Key("beats")] = beats;
     root[Key("duration")] = cli::Rounded(pResult.duration(), 6);
     root[Key("file")] = pResult.source;
-    root[Key("profile")] = pConfiguration.getSelectedProfile().getName();
     root[Key("sampleRate")] = pResult.sampleRate;
-    root[Key("settings")] = MakeSettings(pOptions, pConfiguration);
+    if (pOptions.getTracker() == eAutomaticTracker) {
+        root[Key("tracker")] = Key("automatic");
+        root[Key("settings")] = MakeAutomaticSettings(pOptions);
+    } else {
+        root[Key("profile")] = pConfiguration.getSelectedProfile().getName();
+        root[Key("settings")] = MakeSettings(pOptions, pConfiguration);
+    }
     root[Key("silences")] = silences;
-    root[Key("tempo")] = MakeTempo(pResult);
+    root[Key("tempo")] = MakeTempo(pResult, pOptions.getTracker());
     return QJsonDocument(root).toJson(QJsonDocument::Indented);
 }

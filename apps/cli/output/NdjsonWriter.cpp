@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cli/output/NdjsonWriter.h>
 #include <cli/output/TextNumbers.h>
+#include <cli/output/detail/BeatFields.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -53,12 +54,9 @@ void NdjsonWriter::_OnBeat(const LoggedBeat& pBeat)
 {
     if (pBeat.isVirtual && m_isRealOnly)
         return;
-    _Write(pBeat.time,
-           "beat",
-           {{Key("bpm"), BPMValue(pBeat.bpm)},
-            {Key("accuracy"), cli::Rounded(pBeat.accuracy, 6)},
-            {Key("loudness"), pBeat.loudness},
-            {Key("virtual"), pBeat.isVirtual}});
+    QJsonObject fields = cli::BeatFields(pBeat);
+    fields[Key("bpm")] = BPMValue(pBeat.bpm);
+    _Write(pBeat.time, "beat", fields);
 }
 
 void NdjsonWriter::_OnPulse(double pTime, const Pulse& pPulse)

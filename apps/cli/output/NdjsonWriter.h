@@ -18,7 +18,8 @@ class QJsonObject;
 /// Every line has time (seconds) and type:
 ///   play, stop   the music counts as playing or stopped from time on;
 ///   pulse        loudness and threshold, 16-bit sample magnitudes;
-///   beat         bpm (null = unknown), accuracy, loudness, virtual;
+///   beat         bpm (null = unknown), virtual, and accuracy, loudness of the engine's beats or
+///                beatInBar, confidence, barConfidence of the automatic tracker's;
 ///   tempo        bpm changed (null = unknown);
 ///   end          the audio ended; bpm (of the whole), realBeats and virtualBeats.
 /// docs/json.md tells more. A beat's time lies a little before those of its neighbours: it is

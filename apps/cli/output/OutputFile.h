@@ -32,6 +32,8 @@ public:
     bool Write(const QByteArray& pBytes);
     bool Commit();
 
+    /// Where the bytes go; -1 = nowhere.
+    int getDescriptor() const { return m_descriptor; }
     /// The reader of the pipe has gone: not worth a message.
     bool isReaderGone() const { return m_isReaderGone; }
     /// One sentence on the first failure, with the file's name; empty = all is well.

@@ -23,9 +23,12 @@ inline double Rounded(double pValue, int pDecimals)
     return std::round(pValue * scale) / scale;
 }
 
-/// Label of the beat with the given number, counted from 1.
+/// Label of the beat with the given number, counted from 1: its place in the bar, where that is
+/// known.
 inline QByteArray BeatLabel(const LoggedBeat& pBeat, std::size_t pNumber)
 {
+    if (pBeat.beatInBar > 0)
+        return QByteArray::number(pBeat.beatInBar);
     return QByteArray::number(qulonglong(pNumber)) + (pBeat.isVirtual ? " virtual" : "");
 }
 

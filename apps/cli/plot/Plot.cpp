@@ -41,7 +41,10 @@ bool Plot::isSupported(const QString& pPath)
     return isSvg(pPath) || isPng(pPath);
 }
 
-bool Plot::Write(const QString& pPath, const AnalysisResult& pResult, const LevelTrace& pTrace)
+bool Plot::Write(const QString& pPath,
+                 const AnalysisResult& pResult,
+                 const LevelTrace& pTrace,
+                 const BeliefTrace& pBeliefs)
 {
     if (!isSupported(pPath))
         return _Fail(tr("Cannot draw \"%1\": name a file that ends in .svg or .png.").arg(pPath));
@@ -49,7 +52,7 @@ bool Plot::Write(const QString& pPath, const AnalysisResult& pResult, const Leve
     if (!file.Create(pPath))
         return _Fail(file.getError());
     const ePlotFormat format = isSvg(pPath) ? ePlotFormat::eSvg : ePlotFormat::ePng;
-    if (!_Draw(PlotScript(pResult, pTrace).Make(format), file.getTemporaryPath()))
+    if (!_Draw(PlotScript(pResult, pTrace, &pBeliefs).Make(format), file.getTemporaryPath()))
         return _Fail(tr("Cannot draw \"%1\": %2").arg(pPath, m_error));
     return file.Commit() || _Fail(file.getError());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cli/plot/BeliefTrace.h>
 #include <cli/plot/LevelTrace.h>
 #include <shared/beats/AnalysisResult.h>
 
@@ -16,9 +17,13 @@ class Plot
     Q_DECLARE_TR_FUNCTIONS(Plot)
 
 public:
-    /// Draws to pPath, which must end in .svg or .png. False when that failed: getError() says why
-    /// and what to do. Needs no event loop.
-    bool Write(const QString& pPath, const AnalysisResult& pResult, const LevelTrace& pTrace);
+    /// Draws to pPath, which must end in .svg or .png; pBeliefs, if they are the automatic
+    /// tracker's, else empty. False when that failed: getError() says why and what to do. Needs no
+    /// event loop.
+    bool Write(const QString& pPath,
+               const AnalysisResult& pResult,
+               const LevelTrace& pTrace,
+               const BeliefTrace& pBeliefs = {});
     /// One sentence on the last failure.
     QString getError() const { return m_error; }
 

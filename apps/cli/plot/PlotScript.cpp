@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -45,8 +46,10 @@ QByteArray makeLine(double pX1, double pY1, double pX2, double pY2)
 
 }  // namespace
 
-PlotScript::PlotScript(const AnalysisResult& pResult, const LevelTrace& pTrace)
-    : m_result(pResult), m_trace(pTrace),
+PlotScript::PlotScript(const AnalysisResult& pResult,
+                       const LevelTrace& pTrace,
+                       const BeliefTrace* pBeliefs)
+    : m_result(pResult), m_trace(pTrace), m_pBeliefs(pBeliefs),
       m_duration(pResult.duration() > 0.0 ? pResult.duration() : 1.0)
 {
 }
@@ -58,14 +61,19 @@ QByteArray PlotScript::Make(ePlotFormat pFormat)
     _AddTerminal(pFormat);
     _AddLevelData();
     _AddLane({"beats", tr("beats"), "#08306b", kBeatLane, _GetBeatTimes(false)});
-    _AddLane({"virtuals", tr("virtual beats"), "#d95f02", kVirtualLane, _GetBeatTimes(true)});
+    if (_hasBeliefs())
+        _AddLane({"bars", tr("bars"), "#d95f02", kVirtualLane, _GetBarTimes()});
+    else
+        _AddLane({"virtuals", tr("virtual beats"), "#d95f02", kVirtualLane, _GetBeatTimes(true)});
     _AddLane({"pulses", tr("pulses"), "#6f6f6f", kPulseLane, m_result.pulseTimes});
     _AddTempoData();
+    _AddBeliefData();
     m_script += "set multiplot\n";
     _AddTitle(pFormat);
     _AddSilences();
     _PlotLevel();
     _PlotTempo();
+    _PlotConfidence();
     m_script += "unset multiplot\n";
     return m_script;
 }
@@ -108,7 +116,8 @@ QString PlotScript::_GetSummary() const
     const double bpm = m_result.getTempo();
     const QStringList parts = {bpm > 0.0 ? tr("%1 BPM").arg(bpm, 0, 'f', 1) : tr("no tempo found"),
                                tr("%1 beats").arg(int(m_result.beats.size()) - virtualCount),
-                               tr("%1 virtual beats").arg(virtualCount),
+                               _hasBeliefs() ? tr("%1 bars").arg(int(_GetBarTimes().size()))
+                                             : tr("%1 virtual beats").arg(virtualCount),
                                tr("length %1").arg(cli::formatLength(m_result.duration())),
                                tr("%1 Hz").arg(m_result.sampleRate)};
     return parts.join(QStringLiteral("   \u00b7   "));
@@ -200,14 +209,15 @@ void PlotScript::_AddDensity(const Lane& pLane)
 
 void PlotScript::_AddTempoData()
 {
-    const auto tempos = cli::thinTempos(m_result.tempos, m_duration, kTempoBins);
+    const auto all = _hasBeliefs() ? cli::getBeatTempos(m_result.beats) : m_result.tempos;
+    const auto tempos = cli::thinTempos(all, m_duration, kTempoBins);
     m_script += "$tempo << EOD\n";
     for (std::size_t i = 0; i < tempos.size(); ++i) {
         const double end = i + 1 < tempos.size() ? tempos[i + 1].time : m_duration;
+        const double height = _hasBeliefs() ? std::log2(tempos[i].bpm) : tempos[i].bpm;
         // Each tempo holds until the next one; a blank line breaks the curve where it is unknown.
-        m_script += tempos[i].bpm > 0.0
-                        ? makeLine(tempos[i].time, tempos[i].bpm, end, tempos[i].bpm)
-                        : QByteArray("\n");
+        m_script +=
+            tempos[i].bpm > 0.0 ? makeLine(tempos[i].time, height, end, height) : QByteArray("\n");
     }
     m_script += "EOD\n";
 }
@@ -225,7 +235,8 @@ void PlotScript::_PlotLevel()
                 "set yrange [0:" +
                 number(kTop) +
                 "]\nset ytics ('0' 0, '20' 20, '40' 40, '60' 60, '80' 80, '100' 100" +
-                laneLabel(tr("pulses"), kPulseLane) + laneLabel(tr("virtual"), kVirtualLane) +
+                laneLabel(tr("pulses"), kPulseLane) +
+                laneLabel(_hasBeliefs() ? tr("bars") : tr("virtual"), kVirtualLane) +
                 laneLabel(tr("beats"), kBeatLane) + ")\n";
     m_script += "set ylabel " + cli::quote(tr("level (% of full scale)")) + " offset 0, -2\nplot " +
                 m_levelPlots + "NaN notitle\n";
@@ -239,21 +250,85 @@ void PlotScript::_AddLegend(const QByteArray& pStyle, const QString& pText)
 
 void PlotScript::_PlotTempo()
 {
-    const cli::TempoRange range = cli::getTempoRange(m_result.tempos);
-    _AddTimeAxis(true);
-    m_script += "set tmargin at screen 0.37\nset bmargin at screen 0.11\nset ytics auto\n"
-                "set yrange [" +
-                number(range.minimum) + ':' + number(range.maximum) + "]\nset ylabel " +
-                cli::quote(tr("tempo (BPM)")) + " offset 0, 0\nset xlabel " +
-                cli::quote(tr("time (%1)").arg(cli::getTimeUnit(m_duration))) + '\n';
-    if (!range.isKnown) {
+    const bool isKnown = cli::getTempoRange(m_result.tempos).isKnown;
+    _AddTimeAxis(!_hasBeliefs());
+    m_script += _MakeTempoAxis() + "set ylabel " + cli::quote(tr("tempo (BPM)")) +
+                " offset 0, 0\nset xlabel " +
+                cli::quote(_hasBeliefs() ? QString() : _GetTimeTitle()) + '\n';
+    if (!isKnown) {
         m_script += "set label 3 " + cli::quote(tr("no tempo found")) +
                     " at graph 0.5, graph 0.5 center tc rgb '#404040' noenhanced\n";
     }
     const QByteArray style =
         QByteArray("lines lw ") + (m_result.tempos.size() > kTempoBins ? "1 " : "2 ") + kTempoStyle;
-    m_script += "plot " + (range.isKnown ? "$tempo with " + style : QByteArray("NaN")) +
-                " notitle, keyentry with " + style + " title " + cli::quote(tr("tempo")) + '\n';
+    m_script += "plot " + QByteArray(_hasBeliefs() ? "$belief with image notitle, " : "") +
+                (isKnown ? "$tempo with " + style : QByteArray("NaN")) +
+                " notitle, keyentry with " + style + " title " + cli::quote(tr("tempo")) +
+                (_hasBeliefs() ? ", keyentry with boxes fc rgb '#6baed6' title " +
+                                     cli::quote(tr("belief in a tempo"))
+                               : QByteArray()) +
+                "\nunset label 3\n";
+}
+
+QString PlotScript::_GetTimeTitle() const
+{
+    return tr("time (%1)").arg(cli::getTimeUnit(m_duration));
+}
+
+/// The belief's tempi lie at equal distances of their logarithms.
+QByteArray PlotScript::_MakeTempoAxis() const
+{
+    if (!_hasBeliefs()) {
+        const cli::TempoRange range = cli::getTempoRange(m_result.tempos);
+        return "set tmargin at screen 0.37\nset bmargin at screen 0.11\nset ytics auto\n"
+               "set yrange [" +
+               number(range.minimum) + ':' + number(range.maximum) + "]\n";
+    }
+    const std::vector<double>& tempi = m_pBeliefs->getTempi();
+    const double half = 0.5 * (std::log2(tempi[0]) - std::log2(tempi[1]));
+    QByteArray ticks;
+    for (const int bpm : {60, 75, 90, 110, 130, 160, 190})
+        ticks += (ticks.isEmpty() ? "'" : ", '") + number(bpm) + "' " + number(std::log2(bpm));
+    return "set tmargin at screen 0.37\nset bmargin at screen 0.205\nset ytics (" + ticks +
+           ")\nset yrange [" + number(std::log2(tempi.back()) - half) + ':' +
+           number(std::log2(tempi[0]) + half) +
+           "]\nset palette defined (0 '#ffffff', 1 '#08519c')\nset cbrange [0:1]\n"
+           "unset colorbox\n";
+}
+
+/// An image of equal cells: the square root shows what is little believed as well.
+void PlotScript::_AddBeliefData()
+{
+    if (!_hasBeliefs())
+        return;
+    const auto& columns = m_pBeliefs->getColumns();
+    const double width = columns.size() > 1 ? columns[1].time - columns[0].time : m_duration;
+    QByteArray beliefs;
+    QByteArray confidences;
+    for (std::size_t i = 0; i <= columns.size(); ++i) {
+        // An image needs two columns; what lies behind the end is cut off.
+        const BeliefTrace::Column& column = columns[std::min(i, columns.size() - 1)];
+        const double start = double(i) * width;
+        for (std::size_t k = 0; k < column.beliefs.size(); ++k)
+            beliefs += number(start + 0.5 * width) + ' ' +
+                       number(std::log2(m_pBeliefs->getTempi()[k])) + ' ' +
+                       QByteArray::number(std::sqrt(double(column.beliefs[k])), 'f', 3) + '\n';
+        const auto confidence = double(column.confidence);
+        confidences += makeLine(start, confidence, start + width, confidence);
+    }
+    m_script += "$belief << EOD\n" + beliefs + "EOD\n$confidence << EOD\n" + confidences + "EOD\n";
+}
+
+void PlotScript::_PlotConfidence()
+{
+    if (!_hasBeliefs())
+        return;
+    _AddTimeAxis(true);
+    m_script += "set tmargin at screen 0.18\nset bmargin at screen 0.11\n"
+                "set ytics ('0' 0, '1' 1)\nset yrange [0:1.05]\nset ylabel " +
+                cli::quote(QString()) + "\nset xlabel " + cli::quote(_GetTimeTitle()) +
+                "\nplot $confidence with lines lw 1.5 lc rgb '#6a51a3' title " +
+                cli::quote(tr("confidence")) + '\n';
 }
 
 std::vector<double> PlotScript::_GetBeatTimes(bool pIsVirtual) const
@@ -261,6 +336,15 @@ std::vector<double> PlotScript::_GetBeatTimes(bool pIsVirtual) const
     std::vector<double> times;
     for (const LoggedBeat& beat : m_result.beats)
         if (beat.isVirtual == pIsVirtual)
+            times.push_back(beat.time);
+    return times;
+}
+
+std::vector<double> PlotScript::_GetBarTimes() const
+{
+    std::vector<double> times;
+    for (const LoggedBeat& beat : m_result.beats)
+        if (beat.beatInBar == 1)
             times.push_back(beat.time);
     return times;
 }

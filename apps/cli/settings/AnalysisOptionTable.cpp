@@ -16,6 +16,18 @@ QString tr(const char* pText)
     return QCoreApplication::translate("AnalysisOptionTable", pText);
 }
 
+QString ReadTracker(AnalysisOptions& pOptions, const QString& pValue)
+{
+    const QString name = pValue.toLower();
+    if (name == QLatin1String("automatic"))
+        pOptions.tracker = eAutomaticTracker;
+    else if (name == QLatin1String("profile"))
+        pOptions.tracker = eProfileTracker;
+    else
+        return tr("give automatic or profile");
+    return {};
+}
+
 QString ReadProfile(AnalysisOptions& pOptions, const QString& pValue)
 {
     pOptions.profile = pValue;
@@ -64,9 +76,14 @@ QString ReadSensibility(AnalysisOptions& pOptions, const QString& pValue)
                                       .arg(ProfileLimits::kMaximalSensibility);
 }
 
-std::vector<AnalysisOptionInfo> getProfileOptions()
+std::vector<AnalysisOptionInfo> getTrackerOptions()
 {
     return {
+        {QStringLiteral("--tracker"),
+         QStringLiteral("automatic|profile"),
+         tr("who finds the beats (default: automatic)"),
+         &ReadTracker,
+         {}},
         {QStringLiteral("--profile"),
          tr("NAME"),
          tr("tempo profile: Electro (default), Hardcore, Slow"),
@@ -146,7 +163,7 @@ QString HelpOf(const AnalysisOptionInfo& pInfo, eAnalysisDefault pDefault)
 
 std::vector<AnalysisOptionInfo> getAnalysisOptionTable()
 {
-    std::vector<AnalysisOptionInfo> table = getProfileOptions();
+    std::vector<AnalysisOptionInfo> table = getTrackerOptions();
     for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
         if (setting.use == SettingsTable::eAnalysis)
             table.push_back(MakeOption(setting));

@@ -24,7 +24,7 @@ struct AnalysisOptionInfo
     QString initial;  ///< what an analysis has without the option; empty = it goes without saying
 };
 
-/// All of them, in the order of the help: those of the profile, then every setting of the analysis.
+/// All of them, in the order of the help: tracker and profile, then every setting of the analysis.
 /// A switch is a flag that gives it the value that it does not begin with.
 std::vector<AnalysisOptionInfo> getAnalysisOptionTable();
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kTempoScale = 4.2;  ///< of the window's font
 constexpr double kUnitScale = 1.4;
-constexpr int kAccuracyLetters = 20;
+constexpr int kConfidenceLetters = 20;
 constexpr qint64 kFrameMs = 100;  ///< a tempo changes with beats
 
 QFont Scaled(QFont pFont, double pScale, QFont::Weight pWeight)
@@ -35,12 +35,13 @@ void setTextOf(QLabel& pLabel, const QString& pText)
 
 BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
     : LivePanel(pParent), m_configuration(pConfiguration), m_pTempo(new QLabel(this)),
-      m_pUnit(new QLabel(this)), m_pAccuracyTitle(new QLabel(this)),
-      m_pAccuracy(new QProgressBar(this)), m_pHint(new QLabel(this))
+      m_pUnit(new QLabel(this)), m_pConfidenceTitle(new QLabel(this)),
+      m_pConfidence(new QProgressBar(this)), m_pBarTitle(new QLabel(this)),
+      m_pBar(new QLabel(this)), m_pHint(new QLabel(this))
 {
     m_pTempo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_pAccuracy->setRange(0, 100);
-    m_pAccuracy->setFormat(QStringLiteral("%p %"));
+    m_pConfidence->setRange(0, 100);
+    m_pConfidence->setFormat(QStringLiteral("%p %"));
     m_pHint->setForegroundRole(QPalette::PlaceholderText);
     m_pHint->setWordWrap(true);
     m_pHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -49,10 +50,12 @@ BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
     pLayout->setVerticalSpacing(2);
     pLayout->addWidget(m_pTempo, 0, 0, 2, 1);
     pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBottom);
-    pLayout->addWidget(m_pAccuracyTitle, 0, 2, Qt::AlignBottom);
-    pLayout->addWidget(m_pAccuracy, 1, 2, Qt::AlignTop);
-    pLayout->addWidget(m_pHint, 2, 0, 1, 4);
-    pLayout->setColumnStretch(3, 1);
+    pLayout->addWidget(m_pConfidenceTitle, 0, 2, Qt::AlignBottom);
+    pLayout->addWidget(m_pConfidence, 1, 2, Qt::AlignTop);
+    pLayout->addWidget(m_pBarTitle, 0, 3, Qt::AlignBottom);
+    pLayout->addWidget(m_pBar, 1, 3, Qt::AlignTop);
+    pLayout->addWidget(m_pHint, 2, 0, 1, 5);
+    pLayout->setColumnStretch(4, 1);
     _SetFonts();
     Retranslate();
 }
@@ -66,7 +69,7 @@ void BpmPanel::_SetFonts()
     m_pUnit->setFont(Scaled(font(), kUnitScale, QFont::Normal));
     // On the line on which the number stands.
     m_pUnit->setContentsMargins(0, 0, 0, metrics.descent() - m_pUnit->fontMetrics().descent());
-    m_pAccuracy->setMaximumWidth(kAccuracyLetters * fontMetrics().averageCharWidth());
+    m_pConfidence->setMaximumWidth(kConfidenceLetters * fontMetrics().averageCharWidth());
     // Two lines always, so that a hint moves nothing.
     m_pHint->setFixedHeight(2 * m_pHint->fontMetrics().lineSpacing());
 }
@@ -82,9 +85,12 @@ void BpmPanel::Retranslate()
 {
     m_pUnit->setText(tr("BPM", "beats per minute"));
     m_pTempo->setAccessibleName(tr("Tempo in beats per minute"));
-    m_pAccuracyTitle->setText(tr("Accuracy"));
-    m_pAccuracy->setAccessibleName(tr("Accuracy"));
-    m_pAccuracy->setToolTip(tr("Falls with every beat in a row that was predicted but not heard."));
+    m_pConfidenceTitle->setText(tr("Confidence"));
+    m_pConfidence->setAccessibleName(tr("Confidence"));
+    m_pConfidence->setToolTip(tr("How sure it is that the next beat falls with the music's."));
+    m_pBarTitle->setText(tr("Bar"));
+    m_pBar->setAccessibleName(tr("Beat in the bar"));
+    m_pBar->setToolTip(tr("The place of the beat in its bar."));
 }
 
 void BpmPanel::setColors(const LookColors&) {}
@@ -95,10 +101,27 @@ void BpmPanel::Refresh(const LiveValues& pValues, qint64 pNow)
         return;
     m_lastFrame = pNow;
     _ShowTempo(pValues);
-    const int accuracy = pValues.isPlaying ? int(std::lround(100.0 * pValues.accuracy)) : 0;
-    if (m_pAccuracy->value() != accuracy)
-        m_pAccuracy->setValue(accuracy);
+    _ShowConfidence(pValues);
+    _ShowBar(pValues);
     _ShowHint(pValues);
+}
+
+void BpmPanel::_ShowConfidence(const LiveValues& pValues)
+{
+    const bool isKnown = pValues.confidence >= 0.0;
+    const int confidence = isKnown ? int(std::lround(100.0 * pValues.confidence)) : 0;
+    if (m_pConfidence->value() != confidence)
+        m_pConfidence->setValue(confidence);
+    if (m_pConfidence->isTextVisible() != isKnown)
+        m_pConfidence->setTextVisible(isKnown);
+}
+
+void BpmPanel::_ShowBar(const LiveValues& pValues)
+{
+    QString dots;
+    for (int beat = 1; beat <= pValues.beatsPerBar; ++beat)
+        dots += beat == pValues.beatInBar ? QStringLiteral("● ") : QStringLiteral("○ ");
+    setTextOf(*m_pBar, dots.trimmed());
 }
 
 void BpmPanel::_ShowTempo(const LiveValues& pValues)
@@ -112,14 +135,14 @@ void BpmPanel::_ShowTempo(const LiveValues& pValues)
 
 void BpmPanel::_ShowHint(const LiveValues& pValues)
 {
-    const QString range = _DescribeRange(pValues.measuredBPM);
+    const QString range = pValues.isAutomatic ? QString() : _DescribeRange(pValues.measuredBPM);
     setTextOf(*m_pHint, range.isEmpty() ? _DescribeState(pValues) : range);
 }
 
 QString BpmPanel::_DescribeState(const LiveValues& pValues) const
 {
     if (pValues.isFixed)
-        return tr("Fixed tempo: beats are not announced.");
+        return tr("Held by hand.");
     if (!pValues.isAnalyzing)
         return tr("Waiting for sound.");
     if (!pValues.isPlaying && !m_isStoppedShown)

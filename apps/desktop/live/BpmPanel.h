@@ -7,7 +7,7 @@ class Configuration;
 class QLabel;
 class QProgressBar;
 
-/// The tempo, large, with its accuracy and what there is to say about it.
+/// The tempo, large, with how sure it is, the place in the bar, and what there is to say about it.
 class BpmPanel final : public LivePanel
 {
     Q_OBJECT
@@ -28,6 +28,8 @@ protected:
 private:
     void _SetFonts();
     void _ShowTempo(const LiveValues& pValues);
+    void _ShowConfidence(const LiveValues& pValues);
+    void _ShowBar(const LiveValues& pValues);
     void _ShowHint(const LiveValues& pValues);
     QString _DescribeState(const LiveValues& pValues) const;
     QString _DescribeRange(double pMeasured) const;
@@ -35,8 +37,10 @@ private:
     Configuration& m_configuration;  ///< not owned
     QLabel* m_pTempo;
     QLabel* m_pUnit;
-    QLabel* m_pAccuracyTitle;
-    QProgressBar* m_pAccuracy;
+    QLabel* m_pConfidenceTitle;
+    QProgressBar* m_pConfidence;
+    QLabel* m_pBarTitle;
+    QLabel* m_pBar;  ///< a dot for each beat of it
     QLabel* m_pHint;
     bool m_isStoppedShown = false;
     qint64 m_lastFrame = 0;  ///< ms

@@ -123,6 +123,8 @@ void FilePlayer::_Analyze(std::size_t pCount)
     m_chunkFill += pCount;
     m_sinceAnchor += pCount;
     m_position += pCount;
+    const auto sounded = quint64(_Seconds(m_sinceAnchor) * 1e6);
+    Q_EMIT OnSamples(pSamples, pCount, m_anchor + sounded);
     getAnalyzer()->Analyze(pSamples, pCount);
     _WatchLevel(pSamples, pCount);
 }

@@ -3,9 +3,16 @@
 
 #include <desktop/session/LiveFeed.h>
 
-LiveFeed::LiveFeed(QObject* pParent) : QObject(pParent)
+#include <algorithm>
+
+LiveFeed::LiveFeed(LiveBeats& pBeats, QObject* pParent) : QObject(pParent), m_beats(pBeats)
 {
     m_clock.start();
+    m_beat.setSingleShot(true);
+    m_beat.setTimerType(Qt::PreciseTimer);
+    connect(&m_beat, &QTimer::timeout, this, &LiveFeed::_OnBeatDue);
+    connect(&m_beats, &LiveBeats::OnBeatHeard, this, &LiveFeed::_AwaitBeat);
+    m_cursor.Join(m_beats.getClock().getState(), shared::ClockThread::getTime());
 }
 
 LiveFeed::~LiveFeed() = default;
@@ -31,8 +38,6 @@ void LiveFeed::_Connect(AudioAnalyzer* pAnalyzer)
     connect(m_follower.get(), &BeatFollower::OnBeatFound, this, &LiveFeed::_OnBeatFound);
     connect(pAnalyzer, &A::OnAmplitudesComputed, this, &LiveFeed::_OnSpectrum);
     connect(pAnalyzer, &A::OnPulseDetected, this, &LiveFeed::_OnPulse);
-    connect(pAnalyzer, &A::OnBeat, this, &LiveFeed::_OnBeat);
-    connect(pAnalyzer, &A::OnBPMChanged, this, &LiveFeed::_OnTempo);
 }
 
 void LiveFeed::Restart()
@@ -45,23 +50,18 @@ void LiveFeed::Restart()
 void LiveFeed::Forget()
 {
     m_tempo.Clear();
-    m_reportedBPM = 0.0;
+    m_lastBPM = 0.0;
 }
 
 const LiveValues& LiveFeed::Read()
 {
+    _ReadClock();
     if (!m_pAnalyzer)
         return m_values;
     const AudioAnalyzer& analyzer = *m_pAnalyzer;
-    const double fixed = analyzer.getFixedBPM();
     m_values.isAnalyzing = m_pAnalyzer->isAnalyzing();
-    m_values.isPlaying = analyzer.isPlaying();
-    m_values.bpm = fixed > 0.0 ? fixed : m_reportedBPM;
-    m_values.isFixed = fixed > 0.0;
-    m_values.isHeld = !m_values.isFixed && m_reportedBPM > 0.0 &&
-                      (!m_values.isPlaying || !(analyzer.getComputedBPM() > 0.0));
+    m_values.isPlaying = m_beats.isPlaying();
     m_values.measuredBPM = m_values.isPlaying ? m_tempo.getBPM(m_values.sampleRate) : 0.0;
-    m_values.accuracy = analyzer.getAccuracy();
     // The analyzer keeps the volumes of an analysis that has ended.
     const bool hasVolumes = m_values.isAnalyzing;
     m_values.current = hasVolumes ? analyzer.getCurrentVolume() : -1;
@@ -84,27 +84,56 @@ void LiveFeed::_OnPulse(const Pulse& pPulse)
     Q_EMIT OnFlashed();
 }
 
-/// In silence the analyzer goes on to measure the beats that it assumes: that is no tempo of music.
-void LiveFeed::_OnTempo(double pBPM)
-{
-    if (m_pAnalyzer->isPlaying())
-        m_reportedBPM = pBPM;
-}
-
-/// The beat that falls due now was predicted from the one that was chosen last.
-void LiveFeed::_OnBeat()
-{
-    m_values.beatTime = getTime();
-    m_values.isBeatVirtual = m_isLastBeatVirtual;
-    ++m_beatCount;
-    Q_EMIT OnFlashed();
-}
-
 void LiveFeed::_OnBeatFound(const BeatFollower::Beat& pBeat)
 {
     const double seconds = m_pAnalyzer->getConfiguration()->getBPMCalculationDuration();
-    m_isLastBeatVirtual = pBeat.isVirtual;
     m_tempo.Add(pBeat.index, quint64(qMax(0.0, seconds) * m_values.sampleRate));
+}
+
+// ---- The clock ----------------------------------------------------------------------------------
+
+void LiveFeed::_ReadClock()
+{
+    const BeatClockState state = m_beats.getClock().getState();
+    const bool isRunning = state.isRunning();
+    const std::int64_t now = shared::ClockThread::getTime();
+    if (isRunning)
+        m_lastBPM = state.bpm;
+    m_values.bpm = m_lastBPM;
+    m_values.isFixed = state.charge == BeatClockCharge_Held;
+    m_values.isHeld = !isRunning && m_lastBPM > 0.0;
+    m_values.isAutomatic = m_beats.isAutomatic();
+    m_values.confidence = isRunning ? m_beats.getConfidence(state) : -1.0;
+    m_values.beatInBar = isRunning ? state.getBeatInBar(state.getBeat(now)) + 1 : 0;
+    m_values.beatsPerBar = state.beatsPerBar;
+    _AwaitBeat();
+}
+
+void LiveFeed::_AwaitBeat()
+{
+    const std::int64_t time = m_cursor.getTime(m_beats.getClock().getState());
+    const std::int64_t rest = time - shared::ClockThread::getTime();
+    if (time == BEATCLOCK_NEVER)
+        m_beat.stop();
+    else
+        m_beat.start(int(std::max<std::int64_t>(rest, 0) / 1000 + 1));
+}
+
+/// A beat counts as heard when the one before it was: it falls due before anybody can hear it.
+void LiveFeed::_OnBeatDue()
+{
+    constexpr double kHeardBeats = 1.75;
+    const BeatClockState state = m_beats.getClock().getState();
+    const std::int64_t now = shared::ClockThread::getTime();
+    while (m_cursor.Take(state, now)) {
+        const std::int64_t time = m_cursor.getTickTime();
+        const double beats = double(time - state.offset - state.heardTime) / state.period();
+        m_values.beatTime = getTime() - (now - time) / 1000;
+        m_values.isBeatVirtual = state.charge != BeatClockCharge_Music || beats > kHeardBeats;
+        ++m_beatCount;
+        Q_EMIT OnFlashed();
+    }
+    _AwaitBeat();
 }
 
 #include "moc_LiveFeed.cpp"

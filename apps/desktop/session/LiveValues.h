@@ -16,7 +16,10 @@ struct LiveValues
     double measuredBPM = 0.0;  ///< whatever the profile's range; 0 = unknown
     bool isFixed = false;      ///< imposed by the user
     bool isHeld = false;       ///< not measured now, but the last that was
-    double accuracy = 1.0;     ///< (0, 1]
+    bool isAutomatic = false;  ///< without a profile
+    double confidence = -1.0;  ///< of the next beat, 0 to 1; negative = nothing is known
+    int beatInBar = 0;         ///< 1 = the one; 0 = the clock stands
+    int beatsPerBar = 4;
 
     qint64 beatTime = kNever;   ///< ms on the feed's clock
     qint64 pulseTime = kNever;  ///< likewise

@@ -3,6 +3,7 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/SettingsTable.h>
+#include <AudioAnalyzer/config/UISettings.h>
 
 #include <desktop/session/DeviceChoice.h>
 #include <desktop/session/FilePlayer.h>
@@ -33,6 +34,7 @@ MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
 MonitorSession::~MonitorSession()
 {
     m_feed.Follow(nullptr, 0);
+    m_beats.Follow(nullptr);
 }
 
 bool MonitorSession::Load(QString& pError)
@@ -40,6 +42,9 @@ bool MonitorSession::Load(QString& pError)
     const bool isLoaded = m_store.Load();
     pError = isLoaded ? m_store.getNotice() : m_store.getError();
     m_deviceName = m_store.getDeviceName();
+    m_beatSettings = BeatSettings::Load();
+    m_beats.setAutomatic(m_beatSettings.isAutomatic);
+    m_beats.getClock().setOffset(std::int64_t(m_beatSettings.offset * 1000.0));
     m_saver.Watch();
     return isLoaded;
 }
@@ -64,7 +69,11 @@ void MonitorSession::Listen(const QString& pName)
     auto capture = std::make_unique<CaptureSession>(m_store.getConfiguration());
     CaptureSession* pCapture = capture.get();
     _TakeSource(std::move(capture));
-    pCapture->Open(m_deviceName);
+    if (m_deviceName != kDefaultInput)
+        return pCapture->Open(m_deviceName);
+    if (SoundBackEnd::get())
+        pCapture->FollowDefault();
+    pCapture->Open(chooseDevice(listInputDevices()));
 }
 
 void MonitorSession::ChooseDevice(const QString& pName)
@@ -98,6 +107,7 @@ void MonitorSession::_Close()
 {
     QtAudioInputDevicesManager::GetInstance()->disconnect(this);
     _SetAnalyzer(nullptr, 0);
+    m_beats.Follow(nullptr);
     m_source.reset();
     m_endedFile.reset();
     m_notice.reset();
@@ -108,6 +118,7 @@ void MonitorSession::_TakeSource(std::unique_ptr<LiveSource> pSource)
 {
     m_source = std::move(pSource);
     LiveSource* pNew = m_source.get();
+    m_beats.Follow(pNew);
     using S = LiveSource;
     connect(pNew, &S::OnAnalyzerCreated, this, &MonitorSession::_OnAnalyzerCreated);
     connect(pNew, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
@@ -173,9 +184,41 @@ int MonitorSession::TakePeak()
 
 // ---- The analysis -------------------------------------------------------------------------------
 
+void MonitorSession::setAutomatic(bool pIsAutomatic)
+{
+    if (pIsAutomatic == isAutomatic())
+        return;
+    m_beats.setAutomatic(pIsAutomatic);
+    m_beatSettings.isAutomatic = pIsAutomatic;
+    if (!m_beatSettings.Save())
+        Q_EMIT m_saver.OnFailed(tr("The choice of the tracker cannot be stored in %1.")
+                                    .arg(UISettings::_getDefaultPath()));
+    Q_EMIT OnSourceChanged();
+}
+
+void MonitorSession::Scale(int pNumerator, int pDenominator)
+{
+    m_beats.getClock().Scale(pNumerator, pDenominator, shared::ClockThread::getTime());
+}
+
+void MonitorSession::Round()
+{
+    m_beats.getClock().Round(shared::ClockThread::getTime());
+}
+
+void MonitorSession::MarkOne()
+{
+    m_beats.getClock().MarkOne(shared::ClockThread::getTime());
+}
+
 void MonitorSession::setFixedTempo(double pBPM)
 {
     m_fixedTempo = pBPM;
+    const std::int64_t now = shared::ClockThread::getTime();
+    if (pBPM > 0.0)
+        m_beats.getClock().HoldAt(pBPM, now);
+    else
+        m_beats.getClock().Release(now);
     if (getAnalyzer())
         getAnalyzer()->setFixedBPM(pBPM);
 }
@@ -184,6 +227,7 @@ void MonitorSession::Reset()
 {
     if (getAnalyzer())
         getAnalyzer()->Reset();
+    m_beats.Reset();
     m_feed.Forget();
 }
 
@@ -241,6 +285,7 @@ void MonitorSession::_OnFileEnded(const QString& pError)
     state.error = pError;
     state.notice.reset();
     _SetAnalyzer(nullptr, 0);
+    m_beats.Follow(nullptr);
     m_source.reset();
     m_notice.reset();
     m_endedFile = state;

@@ -4,6 +4,8 @@
 #include <desktop/session/ConfigurationSaver.h>
 #include <desktop/session/LiveFeed.h>
 #include <shared/capture/LiveSource.h>
+#include <shared/clock/LiveBeats.h>
+#include <shared/settings/BeatSettings.h>
 #include <shared/settings/ConfigurationStore.h>
 
 #include <QElapsedTimer>
@@ -36,6 +38,7 @@ public:
     Configuration& getConfiguration() { return m_store.getConfiguration(); }
     ConfigurationSaver& getSaver() { return m_saver; }
     LiveFeed& getFeed() { return m_feed; }
+    LiveBeats& getBeats() { return m_beats; }
     /// Null without a source. [valid until OnAnalyzerChanged]
     AudioAnalyzer* getAnalyzer() const;
     SourceState getSource() const;
@@ -46,7 +49,8 @@ public:
     int TakePeak();
 
     /// Listens to the device of that name, now or when it is there; empty = the stored one, or else
-    /// the best there is, or the first that comes.
+    /// the best there is, or the first that comes. kDefaultInput = whichever is the sound server's
+    /// default one.
     void Listen(const QString& pName);
     /// The same, and remembers the device.
     void ChooseDevice(const QString& pName);
@@ -56,9 +60,23 @@ public:
     void StopFile();
     bool isFilePlaying() const;
 
-    /// BPM; 0 = measured again.
+    // The hand on the beat: what it does shows at once.
+    void Tap() { m_beats.Tap(); }
+    void Scale(int pNumerator, int pDenominator);
+    void Round();
+    /// The beat nearest to now is the first of a bar.
+    void MarkOne();
+    /// Holds a tempo, BPM, whatever the music does; 0 = follows the music again.
     void setFixedTempo(double pBPM);
     void Reset();
+
+    /// Whether no sound server was there when the program started.
+    bool isFallback() const { return m_isFallback; }
+    void setFallback(bool pIsFallback) { m_isFallback = pIsFallback; }
+
+    /// Whether the beats are those of the automatic tracker, not of a profile. Remembered.
+    bool isAutomatic() const { return m_beats.isAutomatic(); }
+    void setAutomatic(bool pIsAutomatic);
 
 Q_SIGNALS:
     /// Null when there is none. The one before is gone, or is going to be when this returns.
@@ -83,12 +101,15 @@ private:
 
     ConfigurationStore m_store;
     ConfigurationSaver m_saver{m_store};
-    LiveFeed m_feed;
+    BeatSettings m_beatSettings;
+    LiveBeats m_beats;
+    LiveFeed m_feed{m_beats};
     QString m_deviceName;
     std::unique_ptr<LiveSource> m_source;  ///< null without a device, and after the end of a file
     std::optional<SourceState> m_endedFile;
     std::optional<eCaptureNotice> m_notice;
     QElapsedTimer m_sinceClipped;
+    bool m_isFallback = false;
     double m_fixedTempo = 0.0;  ///< BPM; 0 = none
     int m_peak = 0;             ///< since TakePeak()
     QTimer m_tick;

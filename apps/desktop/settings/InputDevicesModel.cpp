@@ -14,6 +14,8 @@ InputDevicesModel::InputDevicesModel(QObject* pParent) : QAbstractListModel(pPar
     const M* pWatcher = M::GetInstance();
     connect(pWatcher, &M::OnConnected, this, &InputDevicesModel::_OnConnected);
     connect(pWatcher, &M::OnDisconnected, this, &InputDevicesModel::_OnDisconnected);
+    if (SoundBackEnd::get())
+        m_rows.push_back({{kDefaultInput, false, {}}, true});
     const QList<QtAudioInputDeviceInfo> devices = QtAudioInputDeviceInfo::Enumerate();
     for (const QtAudioInputDeviceInfo& device : devices)
         if (Find(device.getDeviceName()) < 0)
@@ -66,6 +68,8 @@ QHash<int, QByteArray> InputDevicesModel::roleNames() const
 
 QString InputDevicesModel::_Text(const Row& pRow) const
 {
+    if (pRow.device.name == kDefaultInput)
+        return tr("The system's default, whichever it is");
     QStringList marks;
     if (!pRow.isPresent)
         marks.append(tr("absent"));
@@ -90,7 +94,9 @@ int InputDevicesModel::Find(const QString& pName) const
 int InputDevicesModel::getPresentCount() const
 {
     return int(std::count_if(
-        m_rows.begin(), m_rows.end(), [](const Row& pRow) { return pRow.isPresent; }));
+        m_rows.begin(),
+        m_rows.end(),
+        [](const Row& pRow) { return pRow.isPresent && pRow.device.name != kDefaultInput; }));
 }
 
 // ---- The choice ---------------------------------------------------------------------------------
@@ -102,7 +108,8 @@ void InputDevicesModel::setChosen(const QString& pName)
     const int before = Find(m_chosen);
     m_chosen = pName;
     // An absent device was listed for being chosen only.
-    if (before >= 0 && !m_rows[std::size_t(before)].isPresent)
+    if (before >= 0 && !m_rows[std::size_t(before)].isPresent &&
+        m_rows[std::size_t(before)].device.name != kDefaultInput)
         _Remove(before);
     else if (before >= 0)
         _Changed(before);

@@ -17,7 +17,7 @@
 InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pParent)
     : SettingsPanel(pConfiguration, pParent), m_pModel(new InputDevicesModel(this)),
       m_pList(new QListView(this)), m_pStatus(new HintLabel(this)),
-      m_pLookAgain(new QPushButton(this))
+      m_pLookAgain(new QPushButton(this)), m_pFallback(new HintLabel(this))
 {
     m_pList->setObjectName(QStringLiteral("devices"));
     m_pList->setModel(m_pModel);
@@ -41,6 +41,9 @@ InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pPa
     auto* pLayout = new QVBoxLayout(this);
     pLayout->addWidget(m_pList, 1);
     pLayout->addLayout(pLine);
+    pLayout->addWidget(m_pFallback);
+    m_pFallback->setObjectName(QStringLiteral("fallback"));
+    m_pFallback->hide();
     _Retranslate();
     Refresh();
     // Whoever records may let the watcher rest, where that is slow.
@@ -62,6 +65,11 @@ void InputDevicesPanel::setCurrentDevice(const QString& pName, bool pIsPresent)
     if (!m_pList->hasFocus())
         m_pList->setCurrentIndex(m_pModel->index(m_pModel->Find(pName)));
     _ShowStatus();
+}
+
+void InputDevicesPanel::setFallback(bool pIsFallback)
+{
+    m_pFallback->setVisible(pIsFallback);
 }
 
 void InputDevicesPanel::_Choose(const QModelIndex& pIndex)
@@ -102,6 +110,8 @@ void InputDevicesPanel::_Retranslate()
         tr("Looks for inputs now. Where that takes long, it is not done by itself while sound is "
            "recorded."));
     m_pLookAgain->setAccessibleDescription(m_pLookAgain->toolTip());
+    m_pFallback->setHint(
+        tr("No sound server answered at the start: these are the inputs that Qt finds by itself."));
     m_pModel->Retranslate();
     _ShowStatus();
 }

@@ -25,6 +25,9 @@ public Q_SLOTS:
     /// The device that is to be recorded, and whether it answers. Changes no setting.
     void setCurrentDevice(const QString& pName, bool pIsPresent);
 
+    /// Says that no sound server was there when the program started.
+    void setFallback(bool pIsFallback);
+
 Q_SIGNALS:
     /// The device was chosen here; the configuration holds it already.
     void OnDeviceChosen(const QString& pName);
@@ -42,4 +45,5 @@ private:
     QListView* m_pList;
     HintLabel* m_pStatus;
     QPushButton* m_pLookAgain;
+    HintLabel* m_pFallback;
 };

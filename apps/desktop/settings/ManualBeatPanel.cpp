@@ -29,7 +29,7 @@ ManualBeatPanel::ManualBeatPanel(Configuration& pConfiguration, QWidget* pParent
     : SettingsPanel(pConfiguration, pParent), m_pTempo(new QLabel(this)),
       m_pState(new HintLabel(this)), m_pTap(new QPushButton(this)), m_pHalf(new QPushButton(this)),
       m_pDouble(new QPushButton(this)), m_pRound(new QPushButton(this)),
-      m_pLock(new QPushButton(this))
+      m_pLock(new QPushButton(this)), m_pOne(new QPushButton(this))
 {
     _MakeLayout();
     m_forget.setSingleShot(true);
@@ -40,9 +40,13 @@ ManualBeatPanel::ManualBeatPanel(Configuration& pConfiguration, QWidget* pParent
     auto* pKey = new QShortcut(QKeySequence(Qt::Key_T), this);
     pKey->setAutoRepeat(false);
     connect(pKey, &QShortcut::activated, this, &ManualBeatPanel::_Tap);
+    connect(m_pOne, &QPushButton::pressed, this, &ManualBeatPanel::OnOneMarked);
+    auto* pOneKey = new QShortcut(QKeySequence(Qt::Key_1), this);
+    pOneKey->setAutoRepeat(false);
+    connect(pOneKey, &QShortcut::activated, this, &ManualBeatPanel::OnOneMarked);
     connect(
-        m_pHalf, &QPushButton::clicked, this, [this] { _Scale(0.5); });
-    connect(m_pDouble, &QPushButton::clicked, this, [this] { _Scale(2.0); });
+        m_pHalf, &QPushButton::clicked, this, [this] { _Scale(1, 2); });
+    connect(m_pDouble, &QPushButton::clicked, this, [this] { _Scale(2, 1); });
     connect(m_pRound, &QPushButton::clicked, this, &ManualBeatPanel::_Round);
     m_pLock->setCheckable(true);
     connect(m_pLock, &QPushButton::clicked, this, &ManualBeatPanel::_OnLockClicked);
@@ -58,6 +62,7 @@ void ManualBeatPanel::_MakeLayout()
     m_pDouble->setObjectName(QStringLiteral("double"));
     m_pRound->setObjectName(QStringLiteral("round"));
     m_pLock->setObjectName(QStringLiteral("lock"));
+    m_pOne->setObjectName(QStringLiteral("one"));
     QFont large = m_pTempo->font();
     large.setPointSizeF(large.pointSizeF() * 1.8);
     large.setBold(true);
@@ -74,9 +79,10 @@ void ManualBeatPanel::_MakeLayout()
     pGrid->addWidget(m_pDouble, 2, 1);
     pGrid->addWidget(m_pRound, 2, 2);
     pGrid->addWidget(m_pLock, 2, 3);
+    pGrid->addWidget(m_pOne, 3, 0, 1, 2);
     for (int column = 0; column < 4; ++column)
         pGrid->setColumnStretch(column, 1);
-    pGrid->setRowStretch(3, 1);
+    pGrid->setRowStretch(4, 1);
 }
 
 // ---- The hand -----------------------------------------------------------------------------------
@@ -93,21 +99,25 @@ void ManualBeatPanel::_Tap()
     _ShowState();
 }
 
-void ManualBeatPanel::_Scale(double pFactor)
+void ManualBeatPanel::_Scale(int pNumerator, int pDenominator)
 {
-    const double tempo = _BaseTempo() * pFactor;
+    const double tempo = _BaseTempo() * pNumerator / pDenominator;
     // Taps so far tell another tempo from now on.
     m_taps.Clear();
-    if (IsTempo(tempo))
-        _SetTempo(tempo);
+    if (!IsTempo(tempo))
+        return;
+    Q_EMIT OnScaled(pNumerator, pDenominator);
+    _SetTempo(tempo);
 }
 
 void ManualBeatPanel::_Round()
 {
     const double tempo = std::round(_BaseTempo());
     m_taps.Clear();
-    if (IsTempo(tempo))
-        _SetTempo(tempo);
+    if (!IsTempo(tempo))
+        return;
+    Q_EMIT OnRounded();
+    _SetTempo(tempo);
 }
 
 void ManualBeatPanel::_OnLockClicked(bool pIsLocked)
@@ -162,6 +172,8 @@ double ManualBeatPanel::_BaseTempo() const
 {
     if (m_tempo > 0.0)
         return m_tempo;
+    if (m_followed > 0.0)
+        return m_followed;
     return m_pAnalyzer ? m_pAnalyzer->getCurrentBPM() : 0.0;
 }
 
@@ -172,6 +184,20 @@ void ManualBeatPanel::_OnAnalyzerChanged()
         if (m_isLocked)
             m_pAnalyzer->setFixedBPM(m_tempo);
     }
+    _ShowState();
+}
+
+void ManualBeatPanel::setFollowedTempo(double pBPM)
+{
+    if (pBPM == m_followed)
+        return;
+    m_followed = pBPM;
+    _ShowButtons();
+}
+
+void ManualBeatPanel::setAutomatic(bool pIsAutomatic)
+{
+    m_isAutomatic = pIsAutomatic;
     _ShowState();
 }
 
@@ -194,8 +220,10 @@ void ManualBeatPanel::_Retranslate()
     m_pRound->setText(tr("&Round"));
     m_pRound->setToolTip(tr("The nearest whole tempo."));
     m_pLock->setText(tr("Lo&ck"));
-    m_pLock->setToolTip(tr("Impose this tempo, or the measured one, until it is released."));
-    for (QPushButton* pButton : {m_pTap, m_pHalf, m_pDouble, m_pRound, m_pLock})
+    m_pLock->setToolTip(tr("Hold this tempo, or the measured one, until it is released."));
+    m_pOne->setText(tr("The one (1)"));
+    m_pOne->setToolTip(tr("The beat of now is the first of the bar: here, or with the key 1."));
+    for (QPushButton* pButton : {m_pTap, m_pHalf, m_pDouble, m_pRound, m_pLock, m_pOne})
         pButton->setAccessibleDescription(pButton->toolTip());
     m_pTempo->setAccessibleName(tr("Tempo by hand"));
     _ShowState();
@@ -233,7 +261,7 @@ QString ManualBeatPanel::_RangeRefusal() const
     const Profile profile = m_configuration.getSelectedProfile();
     const double held =
         std::max(std::min(m_tempo, profile.getMaximalBPM()), profile.getMinimalBPM());
-    if (!m_isLocked || held == m_tempo)
+    if (m_isAutomatic || !m_isLocked || held == m_tempo)
         return {};
     const QLocale locale;
     return tr("The profile takes %1 to %2 BPM: %3 holds")

@@ -11,11 +11,11 @@ class HintLabel;
 class QLabel;
 class QPushButton;
 
-/// The tempo by hand: tapped with the button or the key T, halved, doubled, rounded, and imposed on
-/// the analysis until it is released.
+/// The beat by hand: tapped with the button or the key T, halved, doubled, rounded, marked as the
+/// one with the button or the key 1, and held until it is released.
 ///
-/// Without a tempo of its own, half, double, round and lock begin with the measured one. A tempo
-/// that is not locked is forgotten after a while.
+/// Without a tempo of its own, half, double, round and lock begin with the one that is followed. A
+/// tempo that is not locked is forgotten here after a while.
 class ManualBeatPanel final : public SettingsPanel
 {
     Q_OBJECT
@@ -26,6 +26,10 @@ public:
     /// With locking, every tempo that is made here is imposed at once.
     void setLocking(bool pIsLocking) { m_isLocking = pIsLocking; }
     bool isLocked() const { return m_isLocked; }
+    /// The tempo that is followed now, BPM; 0 = none. Without it, that of the analysis counts.
+    void setFollowedTempo(double pBPM);
+    /// Whether the profile's range means nothing.
+    void setAutomatic(bool pIsAutomatic);
     /// BPM; 0 = none.
     double getTempo() const { return m_tempo; }
     void Refresh() override;
@@ -33,8 +37,13 @@ public:
 Q_SIGNALS:
     /// A tap that counts, at the moment of the tap.
     void OnTapped();
+    /// The tempo is to be multiplied by pNumerator / pDenominator, or rounded, at once.
+    void OnScaled(int pNumerator, int pDenominator);
+    void OnRounded();
+    /// The beat of now is the first of a bar.
+    void OnOneMarked();
     /// The tempo that is imposed now, BPM; 0 = released. The analysis holds it within the profile's
-    /// range, and sends no OnBeat() meanwhile.
+    /// range.
     void OnFixedTempoChanged(double pBPM);
 
 protected:
@@ -44,7 +53,7 @@ protected:
 private:
     void _MakeLayout();
     void _Tap();
-    void _Scale(double pFactor);
+    void _Scale(int pNumerator, int pDenominator);
     void _Round();
     void _OnLockClicked(bool pIsLocked);
     void _SetTempo(double pBPM);
@@ -60,6 +69,8 @@ private:
     double m_tempo = 0.0;  ///< BPM made by hand; 0 = none
     bool m_isLocked = false;
     bool m_isLocking = false;
+    bool m_isAutomatic = false;
+    double m_followed = 0.0;  ///< BPM; 0 = none
     QTimer m_forget;
     QLabel* m_pTempo;
     HintLabel* m_pState;
@@ -68,4 +79,5 @@ private:
     QPushButton* m_pDouble;
     QPushButton* m_pRound;
     QPushButton* m_pLock;
+    QPushButton* m_pOne;
 };

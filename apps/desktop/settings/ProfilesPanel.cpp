@@ -9,12 +9,14 @@
 #include <QListView>
 #include <QLocale>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QShortcut>
 #include <QSignalBlocker>
 
 ProfilesPanel::ProfilesPanel(Configuration& pConfiguration, QWidget* pParent)
     : SettingsPanel(pConfiguration, pParent), m_pModel(new ProfilesModel(pConfiguration, this)),
-      m_pList(new QListView(this)), m_pSummary(new HintLabel(this)), m_pAdd(new QPushButton(this)),
+      m_pAutomatic(new QRadioButton(this)), m_pList(new QListView(this)),
+      m_pSummary(new HintLabel(this)), m_pAdd(new QPushButton(this)),
       m_pDuplicate(new QPushButton(this)), m_pEdit(new QPushButton(this)),
       m_pRemove(new QPushButton(this)), m_pRemovedText(new HintLabel(this)),
       m_pUndo(new QPushButton(this))
@@ -38,17 +40,21 @@ void ProfilesPanel::_MakeLayout()
     m_pRemove->setObjectName(QStringLiteral("remove"));
     m_pRemovedText->setObjectName(QStringLiteral("removed"));
     m_pUndo->setObjectName(QStringLiteral("undo"));
+    m_pAutomatic->setObjectName(QStringLiteral("automatic"));
+    // It goes off when a profile is chosen.
+    m_pAutomatic->setAutoExclusive(false);
     auto* pGrid = new QGridLayout(this);
-    pGrid->addWidget(m_pList, 0, 0, 5, 1);
-    pGrid->addWidget(m_pAdd, 0, 1);
-    pGrid->addWidget(m_pDuplicate, 1, 1);
-    pGrid->addWidget(m_pEdit, 2, 1);
-    pGrid->addWidget(m_pRemove, 3, 1);
-    pGrid->addWidget(m_pSummary, 5, 0, 1, 2);
-    pGrid->addWidget(m_pRemovedText, 6, 0);
-    pGrid->addWidget(m_pUndo, 6, 1);
+    pGrid->addWidget(m_pAutomatic, 0, 0, 1, 2);
+    pGrid->addWidget(m_pList, 1, 0, 5, 1);
+    pGrid->addWidget(m_pAdd, 1, 1);
+    pGrid->addWidget(m_pDuplicate, 2, 1);
+    pGrid->addWidget(m_pEdit, 3, 1);
+    pGrid->addWidget(m_pRemove, 4, 1);
+    pGrid->addWidget(m_pSummary, 6, 0, 1, 2);
+    pGrid->addWidget(m_pRemovedText, 7, 0);
+    pGrid->addWidget(m_pUndo, 7, 1);
     pGrid->setColumnStretch(0, 1);
-    pGrid->setRowStretch(4, 1);
+    pGrid->setRowStretch(5, 1);
 }
 
 void ProfilesPanel::_Connect()
@@ -58,6 +64,11 @@ void ProfilesPanel::_Connect()
             this,
             &ProfilesPanel::_OnCurrentChanged);
     connect(m_pList, &QListView::doubleClicked, m_pEdit, &QPushButton::click);
+    // The profile that was in force before is the current one still.
+    connect(
+        m_pList, &QListView::clicked, this, [this] { _ChooseAutomatic(false); });
+    connect(
+        m_pAutomatic, &QRadioButton::clicked, this, [this] { _ChooseAutomatic(true); });
     connect(m_pAdd, &QPushButton::clicked, this, [this] { _OpenEditor(ProfileEditor::eNew); });
     connect(m_pDuplicate, &QPushButton::clicked, this, &ProfilesPanel::_Duplicate);
     connect(m_pEdit, &QPushButton::clicked, this, [this] {
@@ -81,9 +92,37 @@ void ProfilesPanel::_OnCurrentChanged(const QModelIndex& pIndex)
     if (!pIndex.isValid() ||
         !m_configuration.setSelectedProfile(m_pModel->getProfile(pIndex.row())))
         return;
+    _ChooseAutomatic(false);
     _ShowState();
     Q_EMIT OnProfileChanged();
     Q_EMIT OnConfigurationChanged();
+}
+
+void ProfilesPanel::setAutomatic(bool pIsAutomatic)
+{
+    m_isAutomatic = pIsAutomatic;
+    _ShowChoice();
+    _ShowState();
+}
+
+void ProfilesPanel::_ChooseAutomatic(bool pIsAutomatic)
+{
+    const bool isOther = pIsAutomatic != m_isAutomatic;
+    setAutomatic(pIsAutomatic);
+    if (isOther)
+        Q_EMIT OnAutomaticChosen(pIsAutomatic);
+}
+
+/// Nothing in the list is chosen while it is found automatically.
+void ProfilesPanel::_ShowChoice()
+{
+    m_pAutomatic->setChecked(m_isAutomatic);
+    const QSignalBlocker blocker(m_pList->selectionModel());
+    if (m_isAutomatic)
+        m_pList->clearSelection();
+    else
+        m_pList->setCurrentIndex(m_pModel->index(m_pModel->getSelectedRow()));
+    m_pList->viewport()->update();
 }
 
 void ProfilesPanel::_OpenEditor(ProfileEditor::eKind pKind)
@@ -199,12 +238,16 @@ void ProfilesPanel::Refresh()
         m_pModel->Reload();
     }
     m_pList->setCurrentIndex(m_pModel->index(m_pModel->getSelectedRow()));
+    _ShowChoice();
     _ShowState();
 }
 
 void ProfilesPanel::_Retranslate()
 {
     setWindowTitle(tr("Profiles"));
+    m_pAutomatic->setText(tr("Automatic: follows any music by itself"));
+    m_pAutomatic->setToolTip(tr("Or choose a profile for the tempo range and band of your music."));
+    m_pAutomatic->setAccessibleDescription(m_pAutomatic->toolTip());
     m_pList->setAccessibleName(tr("Profiles"));
     m_pAdd->setText(tr("A&dd…"));
     m_pAdd->setToolTip(tr("Make a new profile."));

@@ -14,9 +14,10 @@ class HintLabel;
 class ProfilesModel;
 class QListView;
 class QPushButton;
+class QRadioButton;
 
-/// The tempo profiles: which one is in force, and the user's own ones. A removed profile can be
-/// brought back until the next one is removed.
+/// How beats are found: automatically, or by a tempo profile; which one is in force, and the user's
+/// own ones. A removed profile can be brought back until the next one is removed.
 class ProfilesPanel final : public SettingsPanel
 {
     Q_OBJECT
@@ -25,8 +26,12 @@ public:
     explicit ProfilesPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
 
     void Refresh() override;
+    /// By default a profile is in force.
+    void setAutomatic(bool pIsAutomatic);
 
 Q_SIGNALS:
+    /// The user has chosen "Automatic", or a profile.
+    void OnAutomaticChosen(bool pIsAutomatic);
     /// The selected profile is another one, or has other values.
     void OnProfileChanged();
 
@@ -37,6 +42,8 @@ private:
     void _MakeLayout();
     void _Connect();
     void _OnCurrentChanged(const QModelIndex& pIndex);
+    void _ChooseAutomatic(bool pIsAutomatic);
+    void _ShowChoice();
     void _OpenEditor(ProfileEditor::eKind pKind);
     void
     _OnEdited(const ProfileEditor& pEditor, ProfileEditor::eKind pKind, const Profile& pProfile);
@@ -53,6 +60,8 @@ private:
     static QString _BandText(const Profile& pProfile);
 
     ProfilesModel* m_pModel;
+    QRadioButton* m_pAutomatic;
+    bool m_isAutomatic = false;
     QListView* m_pList;
     HintLabel* m_pSummary;
     QPushButton* m_pAdd;

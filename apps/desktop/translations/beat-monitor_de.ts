@@ -135,18 +135,6 @@
         <translation>Tempo in Schlägen pro Minute</translation>
     </message>
     <message>
-        <source>Accuracy</source>
-        <translation>Genauigkeit</translation>
-    </message>
-    <message>
-        <source>Falls with every beat in a row that was predicted but not heard.</source>
-        <translation>Sinkt mit jedem Beat in Folge, der erwartet, aber nicht gehört wurde.</translation>
-    </message>
-    <message>
-        <source>Fixed tempo: beats are not announced.</source>
-        <translation>Festes Tempo: Beats werden nicht gemeldet.</translation>
-    </message>
-    <message>
         <source>Waiting for sound.</source>
         <translation>Wartet auf Ton.</translation>
     </message>
@@ -177,6 +165,30 @@
     <message>
         <source>Measuring…</source>
         <translation>Misst …</translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <translation>Gewissheit</translation>
+    </message>
+    <message>
+        <source>How sure it is that the next beat falls with the music&apos;s.</source>
+        <translation>Wie sicher es ist, dass der nächste Schlag mit dem der Musik fällt.</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>Takt</translation>
+    </message>
+    <message>
+        <source>Beat in the bar</source>
+        <translation>Schlag im Takt</translation>
+    </message>
+    <message>
+        <source>The place of the beat in its bar.</source>
+        <translation>Der Platz des Schlags in seinem Takt.</translation>
+    </message>
+    <message>
+        <source>Held by hand.</source>
+        <translation>Von Hand gehalten.</translation>
     </message>
 </context>
 <context>
@@ -302,6 +314,10 @@
         <comment>device (its marks)</comment>
         <translation>%1 (%2)</translation>
     </message>
+    <message>
+        <source>The system&apos;s default, whichever it is</source>
+        <translation>Der Standard des Systems, welcher es auch ist</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
@@ -335,6 +351,10 @@
     <message>
         <source>L&amp;ook again</source>
         <translation>&amp;Erneut suchen</translation>
+    </message>
+    <message>
+        <source>No sound server answered at the start: these are the inputs that Qt finds by itself.</source>
+        <translation>Beim Start antwortete kein Klangserver: dies sind die Eingänge, die Qt selbst findet.</translation>
     </message>
 </context>
 <context>
@@ -565,10 +585,6 @@
         <translation>Das nächste ganzzahlige Tempo.</translation>
     </message>
     <message>
-        <source>Impose this tempo, or the measured one, until it is released.</source>
-        <translation>Dieses Tempo oder das gemessene vorgeben, bis es wieder gelöst wird.</translation>
-    </message>
-    <message>
         <source>Tempo by hand</source>
         <translation>Tempo von Hand</translation>
     </message>
@@ -610,6 +626,25 @@
     <message>
         <source>Lo&amp;ck</source>
         <translation>&amp;Festhalten</translation>
+    </message>
+    <message>
+        <source>Hold this tempo, or the measured one, until it is released.</source>
+        <translation>Hält dieses Tempo, oder das gemessene, bis es gelöst wird.</translation>
+    </message>
+    <message>
+        <source>The one (1)</source>
+        <translation>Die Eins (1)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
+        <translation>Der Schlag von jetzt ist der erste des Takts: hier oder mit der Taste 1.</translation>
+    </message>
+</context>
+<context>
+    <name>MonitorSession</name>
+    <message>
+        <source>The choice of the tracker cannot be stored in %1.</source>
+        <translation>Die Wahl der Verfolgung kann nicht in %1 gespeichert werden.</translation>
     </message>
 </context>
 <context>
@@ -839,6 +874,14 @@
     <message>
         <source>A&amp;dd…</source>
         <translation>&amp;Neu…</translation>
+    </message>
+    <message>
+        <source>Automatic: follows any music by itself</source>
+        <translation>Automatisch: folgt jeder Musik von selbst</translation>
+    </message>
+    <message>
+        <source>Or choose a profile for the tempo range and band of your music.</source>
+        <translation>Oder ein Profil für Tempobereich und Band Ihrer Musik wählen.</translation>
     </message>
 </context>
 <context>

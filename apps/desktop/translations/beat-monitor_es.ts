@@ -135,18 +135,6 @@
         <translation>Tempo en pulsaciones por minuto</translation>
     </message>
     <message>
-        <source>Accuracy</source>
-        <translation>Precisión</translation>
-    </message>
-    <message>
-        <source>Falls with every beat in a row that was predicted but not heard.</source>
-        <translation>Baja con cada beat seguido que se esperaba y no se oyó.</translation>
-    </message>
-    <message>
-        <source>Fixed tempo: beats are not announced.</source>
-        <translation>Tempo fijo: los beats no se anuncian.</translation>
-    </message>
-    <message>
         <source>Waiting for sound.</source>
         <translation>A la espera de sonido.</translation>
     </message>
@@ -177,6 +165,30 @@
     <message>
         <source>Measuring…</source>
         <translation>Midiendo…</translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <translation>Confianza</translation>
+    </message>
+    <message>
+        <source>How sure it is that the next beat falls with the music&apos;s.</source>
+        <translation>Qué seguro es que el próximo pulso caiga con el de la música.</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>Compás</translation>
+    </message>
+    <message>
+        <source>Beat in the bar</source>
+        <translation>Tiempo del compás</translation>
+    </message>
+    <message>
+        <source>The place of the beat in its bar.</source>
+        <translation>El lugar del tiempo en su compás.</translation>
+    </message>
+    <message>
+        <source>Held by hand.</source>
+        <translation>Mantenido a mano.</translation>
     </message>
 </context>
 <context>
@@ -302,6 +314,10 @@
         <comment>device (its marks)</comment>
         <translation>%1 (%2)</translation>
     </message>
+    <message>
+        <source>The system&apos;s default, whichever it is</source>
+        <translation>La predeterminada del sistema, sea cual sea</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
@@ -335,6 +351,10 @@
     <message>
         <source>L&amp;ook again</source>
         <translation>&amp;Buscar de nuevo</translation>
+    </message>
+    <message>
+        <source>No sound server answered at the start: these are the inputs that Qt finds by itself.</source>
+        <translation>Al inicio no respondió ningún servidor de sonido: estas son las entradas que Qt encuentra por sí mismo.</translation>
     </message>
 </context>
 <context>
@@ -565,10 +585,6 @@
         <translation>El tempo entero más cercano.</translation>
     </message>
     <message>
-        <source>Impose this tempo, or the measured one, until it is released.</source>
-        <translation>Impone este tempo, o el medido, hasta que se suelte.</translation>
-    </message>
-    <message>
         <source>Tempo by hand</source>
         <translation>Tempo manual</translation>
     </message>
@@ -610,6 +626,25 @@
     <message>
         <source>Lo&amp;ck</source>
         <translation>&amp;Fijar</translation>
+    </message>
+    <message>
+        <source>Hold this tempo, or the measured one, until it is released.</source>
+        <translation>Mantiene este tempo, o el medido, hasta que se suelte.</translation>
+    </message>
+    <message>
+        <source>The one (1)</source>
+        <translation>El uno (1)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
+        <translation>El pulso de ahora es el primero del compás: aquí o con la tecla 1.</translation>
+    </message>
+</context>
+<context>
+    <name>MonitorSession</name>
+    <message>
+        <source>The choice of the tracker cannot be stored in %1.</source>
+        <translation>La elección del seguimiento no se puede guardar en %1.</translation>
     </message>
 </context>
 <context>
@@ -839,6 +874,14 @@
     <message>
         <source>A&amp;dd…</source>
         <translation>Aña&amp;dir…</translation>
+    </message>
+    <message>
+        <source>Automatic: follows any music by itself</source>
+        <translation>Automático: sigue cualquier música por sí mismo</translation>
+    </message>
+    <message>
+        <source>Or choose a profile for the tempo range and band of your music.</source>
+        <translation>O elija un perfil para el rango de tempo y la banda de su música.</translation>
     </message>
 </context>
 <context>

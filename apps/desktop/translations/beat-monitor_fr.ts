@@ -135,18 +135,6 @@
         <translation>Tempo en battements par minute</translation>
     </message>
     <message>
-        <source>Accuracy</source>
-        <translation>Précision</translation>
-    </message>
-    <message>
-        <source>Falls with every beat in a row that was predicted but not heard.</source>
-        <translation>Baisse à chaque beat consécutif prévu mais non entendu.</translation>
-    </message>
-    <message>
-        <source>Fixed tempo: beats are not announced.</source>
-        <translation>Tempo imposé&#xa0;: les beats ne sont pas annoncés.</translation>
-    </message>
-    <message>
         <source>Waiting for sound.</source>
         <translation>En attente de son.</translation>
     </message>
@@ -177,6 +165,30 @@
     <message>
         <source>Measuring…</source>
         <translation>Mesure en cours…</translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <translation>Confiance</translation>
+    </message>
+    <message>
+        <source>How sure it is that the next beat falls with the music&apos;s.</source>
+        <translation>À quel point il est sûr que le prochain temps tombe avec celui de la musique.</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>Mesure</translation>
+    </message>
+    <message>
+        <source>Beat in the bar</source>
+        <translation>Temps de la mesure</translation>
+    </message>
+    <message>
+        <source>The place of the beat in its bar.</source>
+        <translation>La place du temps dans sa mesure.</translation>
+    </message>
+    <message>
+        <source>Held by hand.</source>
+        <translation>Tenu à la main.</translation>
     </message>
 </context>
 <context>
@@ -302,6 +314,10 @@
         <comment>device (its marks)</comment>
         <translation>%1 (%2)</translation>
     </message>
+    <message>
+        <source>The system&apos;s default, whichever it is</source>
+        <translation>Celle par défaut du système, quelle qu&apos;elle soit</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
@@ -335,6 +351,10 @@
     <message>
         <source>L&amp;ook again</source>
         <translation>&amp;Chercher à nouveau</translation>
+    </message>
+    <message>
+        <source>No sound server answered at the start: these are the inputs that Qt finds by itself.</source>
+        <translation>Au démarrage, aucun serveur de son n&apos;a répondu : voici les entrées que Qt trouve lui-même.</translation>
     </message>
 </context>
 <context>
@@ -565,10 +585,6 @@
         <translation>Le tempo entier le plus proche.</translation>
     </message>
     <message>
-        <source>Impose this tempo, or the measured one, until it is released.</source>
-        <translation>Impose ce tempo, ou celui qui est mesuré, jusqu’au déverrouillage.</translation>
-    </message>
-    <message>
         <source>Tempo by hand</source>
         <translation>Tempo manuel</translation>
     </message>
@@ -610,6 +626,25 @@
     <message>
         <source>Lo&amp;ck</source>
         <translation>&amp;Verrouiller</translation>
+    </message>
+    <message>
+        <source>Hold this tempo, or the measured one, until it is released.</source>
+        <translation>Tient ce tempo, ou celui mesuré, jusqu&apos;à ce qu&apos;il soit relâché.</translation>
+    </message>
+    <message>
+        <source>The one (1)</source>
+        <translation>Le premier (1)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
+        <translation>Le temps de maintenant est le premier de la mesure : ici ou avec la touche 1.</translation>
+    </message>
+</context>
+<context>
+    <name>MonitorSession</name>
+    <message>
+        <source>The choice of the tracker cannot be stored in %1.</source>
+        <translation>Le choix du suivi ne peut pas être enregistré dans %1.</translation>
     </message>
 </context>
 <context>
@@ -839,6 +874,14 @@
     <message>
         <source>A&amp;dd…</source>
         <translation>A&amp;jouter…</translation>
+    </message>
+    <message>
+        <source>Automatic: follows any music by itself</source>
+        <translation>Automatique : suit toute musique de lui-même</translation>
+    </message>
+    <message>
+        <source>Or choose a profile for the tempo range and band of your music.</source>
+        <translation>Ou choisissez un profil pour la plage de tempo et la bande de votre musique.</translation>
     </message>
 </context>
 <context>

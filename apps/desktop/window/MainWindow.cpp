@@ -13,6 +13,7 @@
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/InputDevicesPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
+#include <desktop/settings/ProfilesPanel.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Placement.h>
 #include <desktop/window/SettingsColumn.h>
@@ -169,10 +170,21 @@ void MainWindow::_ConnectSettings()
             &column.getDevices(),
             &InputDevicesPanel::setCurrentDevice);
     connect(&column.getDevices(), &InputDevicesPanel::OnDeviceChosen, &m_session, &S::ChooseDevice);
-    connect(&column.getManualBeat(),
-            &ManualBeatPanel::OnFixedTempoChanged,
-            &m_session,
-            &S::setFixedTempo);
+    using H = ManualBeatPanel;
+    H& hand = column.getManualBeat();
+    connect(&hand, &H::OnTapped, &m_session, &S::Tap);
+    connect(&hand, &H::OnScaled, &m_session, &S::Scale);
+    connect(&hand, &H::OnRounded, &m_session, &S::Round);
+    connect(&hand, &H::OnOneMarked, &m_session, &S::MarkOne);
+    connect(&hand, &H::OnFixedTempoChanged, &m_session, &S::setFixedTempo);
+    connect(
+        &column.getProfiles(), &ProfilesPanel::OnAutomaticChosen, this, [this](bool pIsAutomatic) {
+            m_session.setAutomatic(pIsAutomatic);
+            m_pSettings->getManualBeat().setAutomatic(pIsAutomatic);
+        });
+    column.getProfiles().setAutomatic(m_session.isAutomatic());
+    hand.setAutomatic(m_session.isAutomatic());
+    column.getDevices().setFallback(m_session.isFallback());
     connect(&column,
             &SettingsColumn::OnConfigurationChanged,
             &m_session.getSaver(),
@@ -202,6 +214,7 @@ void MainWindow::_Refresh()
     if (now - m_lastStatus >= kStatusMs) {
         m_lastStatus = now;
         _ShowSource();
+        m_pSettings->getManualBeat().setFollowedTempo(values.beatInBar > 0 ? values.bpm : 0.0);
     }
 }
 

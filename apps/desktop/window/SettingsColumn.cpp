@@ -23,6 +23,7 @@ constexpr int kReadableWidth = 27;  ///< in heights of a letter
 
 SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
     : QScrollArea(pParent), m_pDevices(new InputDevicesPanel(pConfiguration)),
+      m_pProfiles(new ProfilesPanel(pConfiguration)),
       m_pManualBeat(new ManualBeatPanel(pConfiguration)),
       m_pAdvanced(new AdvancedSettingsPanel(pConfiguration))
 {
@@ -36,7 +37,7 @@ SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
     pLayout->setSpacing(fontMetrics().height() / 2);
     setWidget(pContent);
     _Add(eDevicesPanel, m_pDevices);
-    _Add(eProfilesPanel, new ProfilesPanel(pConfiguration));
+    _Add(eProfilesPanel, m_pProfiles);
     _Add(eManualBeatPanel, m_pManualBeat);
     _Add(eDurationsPanel, new DurationsPanel(pConfiguration));
     _Add(eAdvancedSettingsPanel, m_pAdvanced);

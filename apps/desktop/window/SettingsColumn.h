@@ -13,6 +13,7 @@ class Card;
 class Configuration;
 class InputDevicesPanel;
 class ManualBeatPanel;
+class ProfilesPanel;
 class SettingsPanel;
 
 /// The panels of settings, one above the other; it scrolls when they are higher than the window.
@@ -30,6 +31,7 @@ public:
     /// Null for a panel that is elsewhere.
     QWidget* getPanel(ePanel pPanel) const;
     InputDevicesPanel& getDevices() { return *m_pDevices; }
+    ProfilesPanel& getProfiles() { return *m_pProfiles; }
     ManualBeatPanel& getManualBeat() { return *m_pManualBeat; }
     AdvancedSettingsPanel& getAdvanced() { return *m_pAdvanced; }
     /// Takes no room when all its panels are hidden.
@@ -50,6 +52,7 @@ private:
     std::map<ePanel, Card*> m_cards;
     std::map<ePanel, SettingsPanel*> m_panels;
     InputDevicesPanel* m_pDevices;
+    ProfilesPanel* m_pProfiles;
     ManualBeatPanel* m_pManualBeat;
     AdvancedSettingsPanel* m_pAdvanced;
 };

@@ -8,15 +8,19 @@
 
 #include <vector>
 
-/// A beat as hosts log it.
+/// A beat as hosts log it. The engine knows loudness and accuracy, the automatic tracker the bar
+/// and the confidences; what a tracker does not know is 0.
 struct LoggedBeat
 {
     quint64 index;   ///< absolute index of its first sample
     double time;     ///< seconds from the first sample
     bool isVirtual;  ///< stands in for a beat window that held no pulse
     int loudness;    ///< 16-bit sample magnitude of the chosen pulse (threshold for a virtual beat)
-    double accuracy;  ///< tracker's accuracy when the beat was chosen, (0, 1]
-    double bpm;       ///< tempo reported with the beat; 0 = unknown
+    double accuracy;             ///< tracker's accuracy when the beat was chosen, (0, 1]
+    double bpm;                  ///< tempo reported with the beat; 0 = unknown
+    int beatInBar = 0;           ///< 1 to 4
+    double confidence = 0.0;     ///< probability that it lies within 70 ms of the music's beat
+    double barConfidence = 0.0;  ///< share of the belief that beatInBar has, 0 to 1
 };
 
 /// The tempo in force from a moment on.
@@ -50,7 +54,9 @@ struct AnalysisResult
         std::vector<RecordingTempo::Report> reports;
         for (const LoggedBeat& beat : beats)
             reports.push_back({beat.time, beat.bpm, beat.isVirtual});
-        return RecordingTempo::Compute(reports);
+        const bool isAutomatic = !beats.empty() && beats.front().beatInBar > 0;
+        return isAutomatic ? RecordingTempo::ComputeFromTimes(reports)
+                           : RecordingTempo::Compute(reports);
     }
     double duration() const { return sampleRate > 0 ? double(sampleCount) / sampleRate : 0.0; }
 };

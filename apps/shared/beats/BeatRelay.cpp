@@ -3,21 +3,39 @@
 
 BeatRelay::BeatRelay(const BeatFollower& pFollower)
 {
-    using F = BeatFollower;
-    connect(&pFollower, &F::OnBeatFound, this, &BeatRelay::_TellBeat);
+    connect(&pFollower, &BeatFollower::OnBeatFound, this, &BeatRelay::_TellBeat);
+    _FollowPulses(pFollower);
+    _Follow(pFollower);
+}
+
+BeatRelay::BeatRelay(const BeatFollower& pFollower, const MeterFollower& pMeter)
+{
+    connect(&pMeter, &MeterFollower::OnBeatFound, this, &BeatRelay::_TellMeterBeat);
+    _FollowPulses(pFollower);
+    _Follow(pMeter);
+}
+
+/// What both trackers tell alike.
+template <typename Follower>
+void BeatRelay::_Follow(const Follower& pFollower)
+{
     connect(
         &pFollower,
-        &F::OnPulseFound,
-        this,
-        [this](const Pulse& pPulse) { Q_EMIT OnPulse(_TimeOf(pPulse.getStartIndex()), pPulse); });
-    connect(
-        &pFollower,
-        &F::OnTempoFound,
+        &Follower::OnTempoFound,
         this,
         [this](quint64 pIndex, double pBPM) { Q_EMIT OnTempo(_TimeOf(pIndex), pBPM); });
-    connect(&pFollower, &F::OnPlayingChanged, this, [this](quint64 pIndex, bool pIsPlaying) {
+    connect(&pFollower, &Follower::OnPlayingChanged, this, [this](quint64 pIndex, bool pIsPlaying) {
         Q_EMIT OnPlayingChanged(_TimeOf(pIndex), pIsPlaying);
     });
+}
+
+void BeatRelay::_FollowPulses(const BeatFollower& pFollower)
+{
+    connect(
+        &pFollower,
+        &BeatFollower::OnPulseFound,
+        this,
+        [this](const Pulse& pPulse) { Q_EMIT OnPulse(_TimeOf(pPulse.getStartIndex()), pPulse); });
 }
 
 void BeatRelay::Restart(int pSampleRate, double pTime)
@@ -34,6 +52,15 @@ void BeatRelay::_TellBeat(const BeatFollower::Beat& pBeat)
                    pBeat.loudness,
                    pBeat.accuracy,
                    pBeat.bpm});
+}
+
+void BeatRelay::_TellMeterBeat(const MeterTracker::Beat& pBeat)
+{
+    LoggedBeat beat = {pBeat.index, _TimeOf(pBeat.index), false, 0, 0.0, pBeat.bpm};
+    beat.beatInBar = pBeat.beatInBar;
+    beat.confidence = pBeat.confidence;
+    beat.barConfidence = pBeat.barConfidence;
+    Q_EMIT OnBeat(beat);
 }
 
 double BeatRelay::_TimeOf(quint64 pIndex) const

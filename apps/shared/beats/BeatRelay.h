@@ -2,14 +2,15 @@
 #pragma once
 
 #include <AudioAnalyzer/analysis/BeatFollower.h>
+#include <AudioAnalyzer/analysis/MeterFollower.h>
 #include <AudioAnalyzer/analysis/Pulse.h>
 
 #include <shared/beats/AnalysisResult.h>
 
 #include <QObject>
 
-/// Tells in seconds what a BeatFollower tells in samples: beats in order of time, each once,
-/// tempos, pulses, silences. It keeps nothing of them; a BeatLog does.
+/// Tells in seconds what followers tell in samples: beats in order of time, each once, tempos,
+/// pulses, silences. It keeps nothing of them; a BeatLog does.
 ///
 /// Threads: the analyzer's thread only.
 class BeatRelay : public QObject
@@ -19,6 +20,9 @@ class BeatRelay : public QObject
 public:
     /// pFollower is not owned, outlives the relay and has told nothing yet.
     explicit BeatRelay(const BeatFollower& pFollower);
+    /// Beats, tempos and whether it plays are pMeter's, the pulses pFollower's. The same holds for
+    /// both.
+    BeatRelay(const BeatFollower& pFollower, const MeterFollower& pMeter);
 
     /// From now on position 0 lies at pTime seconds and positions count pSampleRate Hz. To be
     /// called before the first sample, and whenever the follower is restarted.
@@ -31,14 +35,19 @@ Q_SIGNALS:
     void OnBeat(const LoggedBeat& pBeat);
     /// For each pulse, when it is heard. pTime: its start in seconds.
     void OnPulse(double pTime, const Pulse& pPulse);
-    /// A beat window was closed at pTime seconds; pBPM is the tempo in force, 0 = unknown.
+    /// The tempo in force from pTime seconds on, 0 = unknown: for each beat window that was closed,
+    /// or at each beat that changes it.
     void OnTempo(double pTime, double pBPM);
     /// The music counts as playing, or as stopped, from pTime seconds on; emitted at the first
     /// block and at each change.
     void OnPlayingChanged(double pTime, bool pIsPlaying);
 
 private:
+    template <typename Follower>
+    void _Follow(const Follower& pFollower);
+    void _FollowPulses(const BeatFollower& pFollower);
     void _TellBeat(const BeatFollower::Beat& pBeat);
+    void _TellMeterBeat(const MeterTracker::Beat& pBeat);
     double _TimeOf(quint64 pIndex) const;
 
     int m_sampleRate = 0;  ///< Hz

@@ -222,6 +222,7 @@ void CaptureSession::_OnSamples(qint16* pSamples, unsigned pCount)
         _RestWatcher(m_isEnumerationSlow);
         _SetState(eCaptureRunning);
     }
+    Q_EMIT OnSamples(pSamples, pCount, end);
     if (getAnalyzer()->isAnalyzing())
         _Analyze(pSamples, pCount, end);
     else

@@ -29,6 +29,9 @@ struct InputDevice
     }
 };
 
+/// Stands for whichever device is the sound server's default one.
+inline const QString kDefaultInput = QStringLiteral("default");
+
 /// The present devices in the platform's order, each name once. Asks every device. [event loop]
 std::vector<InputDevice> listInputDevices();
 

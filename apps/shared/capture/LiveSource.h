@@ -33,8 +33,10 @@ public:
     /// Null before OnAnalyzerCreated. Owned by the source. [valid until OnAnalyzerCreated]
     AudioAnalyzer* getAnalyzer() const { return m_analyzer.get(); }
     int getSampleRate() const { return m_sampleRate; }  ///< Hz; 0 = not known yet
-    /// Music plays.
-    bool isPlaying() const { return m_analyzer && m_analyzer->isPlaying(); }
+    /// Music plays, as the engine or another tracker hears it.
+    bool isPlaying() const { return m_isMusicHeard || (m_analyzer && m_analyzer->isPlaying()); }
+    /// Whether a tracker beside the engine hears music.
+    void setMusicHeard(bool pIsHeard) { m_isMusicHeard = pIsHeard; }
     /// The greatest sample magnitude since the last call, at most 32767.
     int TakePeak() { return m_levels.TakePeak(); }
 
@@ -44,6 +46,9 @@ Q_SIGNALS:
     void OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     /// The analysis has been started: sample 0 is to come next.
     void OnAnchored();
+    /// Each block of mono samples, before it is analysed, or when it is not. pEnd: when the sample
+    /// behind it sounds or sounded, µs since the epoch. [valid during the emission]
+    void OnSamples(const qint16* pSamples, std::size_t pCount, quint64 pEnd);
     /// Once per occurrence.
     void OnNotice(eCaptureNotice pNotice);
     /// getSource() is another, beside its position.
@@ -62,5 +67,6 @@ private:
     Configuration& m_configuration;  ///< not owned
     std::unique_ptr<AudioAnalyzer> m_analyzer;
     int m_sampleRate = 0;  ///< Hz
+    bool m_isMusicHeard = false;
     shared::LevelWatch m_levels{0};
 };

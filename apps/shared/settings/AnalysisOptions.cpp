@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/AnalyzerSettings.h>
+#include <AudioAnalyzer/analysis/MeterTracker.h>
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/UserProfile.h>
 
@@ -11,6 +12,11 @@
 #include <algorithm>
 
 namespace {
+
+/// Settings that mean nothing but the beats of the engine. The others shape levels, pulses and
+/// silences, which it tells for both trackers.
+constexpr const char* kEngineSettings[] = {
+    "threshold", "bpm-duration", "fixed-bpm", "consistency", "virtual-when-stopped"};
 
 bool Select(const QString& pName, const QList<Profile>& pProfiles, Configuration& pConfiguration)
 {
@@ -51,7 +57,8 @@ QString AnalysisOptions::Apply(Configuration& pConfiguration) const
     for (const auto& [pSetting, value] : settings)
         if (pSetting->set)
             pSetting->set(pConfiguration, value);
-    return _CheckFixedBPM(pConfiguration);
+    const QString refusal = _CheckTracker();
+    return refusal.isEmpty() ? _CheckFixedBPM(pConfiguration) : refusal;
 }
 
 void AnalysisOptions::Apply(AudioAnalyzer& pAnalyzer) const
@@ -59,6 +66,62 @@ void AnalysisOptions::Apply(AudioAnalyzer& pAnalyzer) const
     for (const auto& [pSetting, value] : settings)
         if (pSetting->reader == SettingsTable::eHeld)
             AnalyzerSettings::Tell(*pSetting, value, pAnalyzer);
+}
+
+void AnalysisOptions::Apply(MeterTracker& pTracker) const
+{
+    const TempoRange range = getAutomaticRange();
+    pTracker.setTempoRange(range.minimal, range.maximal);
+}
+
+AnalysisOptions::TempoRange AnalysisOptions::getAutomaticRange() const
+{
+    const TempoRange all = {MeterTracker::kSlowestBPM, MeterTracker::kFastestBPM};
+    const TempoRange asked = bpm.value_or(all);
+    return {std::max(asked.minimal, all.minimal), std::min(asked.maximal, all.maximal)};
+}
+
+eTracker AnalysisOptions::getTracker() const
+{
+    return tracker.value_or(_NameEngineOption().isEmpty() ? eAutomaticTracker : eProfileTracker);
+}
+
+/// What is set that the engine alone heeds, as people type it; empty when nothing is.
+QString AnalysisOptions::_NameEngineOption() const
+{
+    if (!profile.isEmpty())
+        return QStringLiteral("--profile");
+    if (band)
+        return QStringLiteral("--band");
+    if (sensibility)
+        return QStringLiteral("--sensibility");
+    for (const char* pName : kEngineSettings) {
+        const QString name = QLatin1String(pName);
+        const SettingsTable::Setting* pSetting = SettingsTable::Find(name);
+        if (settings.count(pSetting) == 0)
+            continue;
+        const bool isNegated = pSetting->form == SettingsTable::eSwitch && pSetting->initial != 0.0;
+        return (isNegated ? QStringLiteral("--no-") : QStringLiteral("--")) + name;
+    }
+    return {};
+}
+
+QString AnalysisOptions::_CheckTracker() const
+{
+    if (getTracker() == eProfileTracker)
+        return {};
+    const QString option = _NameEngineOption();
+    if (!option.isEmpty())
+        return tr("%1 means nothing to --tracker automatic; leave one of them out").arg(option);
+    const bool isOutside = bpm && (bpm->maximal < MeterTracker::kSlowestBPM ||
+                                   bpm->minimal > MeterTracker::kFastestBPM);
+    return isOutside ? tr("the automatic tracker follows %1 to %2 BPM, and --bpm %3:%4 lies "
+                          "outside; give another range, or --tracker profile")
+                           .arg(MeterTracker::kSlowestBPM)
+                           .arg(MeterTracker::kFastestBPM)
+                           .arg(bpm->minimal)
+                           .arg(bpm->maximal)
+                     : QString();
 }
 
 QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const

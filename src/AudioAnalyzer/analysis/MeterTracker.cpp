@@ -127,6 +127,22 @@ double MeterTracker::getPhase(quint64 pIndex) const
     return phase < 1.0 ? phase : 0.0;
 }
 
+std::size_t MeterTracker::getTempoCount() const
+{
+    return m_pFilter->getStates().getTempi().size();
+}
+
+double MeterTracker::getTempo(std::size_t pNumber) const
+{
+    const float period = m_pFilter->getStates().getTempi()[pNumber].period;
+    return detail::MeterStates::kFramesPerMinute / static_cast<double>(period);
+}
+
+double MeterTracker::getTempoBelief(std::size_t pNumber) const
+{
+    return static_cast<double>(m_pFilter->getTempoMasses()[pNumber] / m_pFilter->getTotal());
+}
+
 quint64 MeterTracker::_IndexOf(double pFrames) const
 {
     const double index = pFrames * m_sampleRate / OnsetLevels::kFramesPerSecond;

@@ -77,6 +77,14 @@ public:
     /// while nothing plays. [any time]
     double getPhase(quint64 pIndex) const;
 
+    /// Tempi that are told apart. [any time]
+    std::size_t getTempoCount() const;
+    /// The one of that number, from 0, BPM: the fastest first, each 1.5 % below the one before.
+    /// [any time]
+    double getTempo(std::size_t pNumber) const;
+    /// Share of the belief that it has, 0 to 1, whether anything plays or not. [any time]
+    double getTempoBelief(std::size_t pNumber) const;
+
     // ---- A hand on it: MeterTrackerHand.cpp ---------------------------------------------------
     // What it does shows within one beat. None of it allocates.
 

@@ -78,7 +78,9 @@ bool MeterTracker::setTempoRange(double pMinimum, double pMaximum)
     m_minimalBPM = pMinimum;
     m_maximalBPM = pMaximum;
     m_isLevelHeld = false;
-    if (bpm < pMinimum || bpm > pMaximum)
+    // Before the first frame there is no tempo that could be outside.
+    const bool isHeard = m_pOnsets->getFrameCount() > 0;
+    if (isHeard && (bpm < pMinimum || bpm > pMaximum))
         for (const double factor : kFactors)
             if (bpm * factor >= pMinimum && bpm * factor <= pMaximum) {
                 m_pFilter->Allow(0, m_pFilter->getStates().getTempi().size());
@@ -86,7 +88,10 @@ bool MeterTracker::setTempoRange(double pMinimum, double pMaximum)
                 break;
             }
     _AllowTempi();
-    m_pDecision->Reconsider(*m_pFilter);
+    if (isHeard)
+        m_pDecision->Reconsider(*m_pFilter);
+    else
+        m_pFilter->Reset();
     return true;
 }
 

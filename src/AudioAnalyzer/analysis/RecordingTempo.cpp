@@ -8,7 +8,10 @@ namespace {
 
 using Reports = std::vector<RecordingTempo::Report>;
 
+constexpr double kSecondsPerMinute = 60.0;
 constexpr double kSettlingSeconds = 10.0;
+constexpr std::size_t kIntervalsInRow = 8;
+constexpr double kLongestInterval = 1.5;  ///< reported intervals
 
 /// The lower one of the two middle ones; 0 without any.
 double MedianOf(std::vector<double> pTempos)
@@ -31,6 +34,17 @@ std::vector<double> TemposOf(const Reports& pReports, Takes pTakes)
     return tempos;
 }
 
+bool isRow(const RecordingTempo::Report* pFirst)
+{
+    return std::all_of(
+        pFirst,
+        pFirst + kIntervalsInRow,
+        [](const RecordingTempo::Report& pReport) {
+            const double interval = (&pReport)[1].time - pReport.time;
+            return interval > 0.0 && interval * pReport.bpm <= kLongestInterval * kSecondsPerMinute;
+        });
+}
+
 }  // namespace
 
 double RecordingTempo::Compute(const Reports& pReports)
@@ -45,4 +59,21 @@ double RecordingTempo::Compute(const Reports& pReports)
         if (!tempos.empty())
             return MedianOf(tempos);
     return MedianOf(TemposOf(pReports, [](const Report&) { return true; }));
+}
+
+double RecordingTempo::ComputeFromTimes(const Reports& pReports)
+{
+    std::vector<double> early;
+    std::vector<double> settled;
+    for (std::size_t i = 0; i + kIntervalsInRow < pReports.size(); ++i) {
+        if (!isRow(&pReports[i]))
+            continue;
+        const double seconds = pReports[i + kIntervalsInRow].time - pReports[i].time;
+        const bool isSettled = pReports[i].time >= pReports.front().time + kSettlingSeconds;
+        (isSettled ? settled : early).push_back(kIntervalsInRow * kSecondsPerMinute / seconds);
+    }
+    for (const auto& tempos : {settled, early})
+        if (!tempos.empty())
+            return MedianOf(tempos);
+    return Compute(pReports);
 }

@@ -28,4 +28,11 @@ public:
 
     /// BPM; 0 = unknown. pReports: in order of time. [any thread] [allocates]
     static double Compute(const std::vector<Report>& pReports);
+
+    /// The same for beats of the automatic tracker, which lie more exactly than it reports their
+    /// tempo: the median of the tempos that each nine beats in a row make, those of the first ten
+    /// seconds only for want of others. An interval of more than one and a half reported ones
+    /// breaks a row; where there is no row at all, the reports count as above. BPM; 0 = unknown.
+    /// [any thread] [allocates]
+    static double ComputeFromTimes(const std::vector<Report>& pReports);
 };

@@ -196,6 +196,12 @@ void tst_CommandLine::nonsense_isRefused_data()
                                << "--bpm 200:100: give MIN:MAX";
     QTest::newRow("unknown profile") << "analyze --profile Polka a.wav"
                                      << "Electro, Hardcore, Slow";
+    QTest::newRow("unknown tracker") << "analyze --tracker magic a.wav"
+                                     << "--tracker magic: give automatic or profile";
+    QTest::newRow("automatic with a profile") << "analyze --tracker automatic --profile Slow a.wav"
+                                              << "--profile means nothing to --tracker automatic";
+    QTest::newRow("automatic outside its tempos") << "analyze --bpm 200:220 a.wav"
+                                                  << "60 to 190 BPM, and --bpm 200:220";
     QTest::newRow("fixed tempo outside") << "analyze --fixed-bpm 60 a.wav"
                                          << "90 to 175";
 }
@@ -215,7 +221,8 @@ void tst_CommandLine::worker_getsTheSameAnalysis()
 {
     const CommandLine command = Parse(
         "analyze --real-only -f ndjson --raw 48000:2 --bpm 80:120.5 --band :99 --sensibility 1.5 "
-        "--threshold auto --no-consistency --virtual-when-stopped --stop-duration 0.7 -j 2 -- "
+        "--tracker profile --threshold auto --no-consistency --virtual-when-stopped "
+        "--stop-duration 0.7 -j 2 -- "
         "a.raw -b.raw");
     QVERIFY2(command.action == CommandLine::eAnalyze, qPrintable(command.text));
     AnalyzeTask task;
@@ -231,6 +238,7 @@ void tst_CommandLine::worker_getsTheSameAnalysis()
     QCOMPARE(worker.analyze.rawChannels, 2);
     QCOMPARE(worker.analyze.analysisArguments, command.analyze.analysisArguments);
     QCOMPARE(worker.analyze.analysis.bpm->maximal, 120.5);
+    QVERIFY(worker.analyze.analysis.tracker == eProfileTracker);
     QVERIFY(worker.analyze.analysis.settings == command.analyze.analysis.settings);
     QCOMPARE(worker.analyze.analysis.settings[SettingOf("stop-duration")], 0.7);
     QCOMPARE(worker.analyze.analysis.settings[SettingOf("threshold")], -1.0);

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void setTempoRange_refusesWhatIsNoRange_data();
     void setTempoRange_refusesWhatIsNoRange();
     void setTempoRange_outlivesReset();
+    void setTempoRange_leavesNoTrace_beforeTheFirstSample();
     void setDownbeat_numbersTheBeats_data();
     void setDownbeat_numbersTheBeats();
     void setDownbeat_staysThroughABreak();
@@ -144,6 +145,20 @@ void tst_MeterTracker_hand::setTempoRange_outlivesReset()
     QVERIFY(!tracked.beats.empty());
     for (const MeterTracker::Beat& beat : tracked.beats)
         QVERIFY(beat.bpm > 63.0 && beat.bpm < 97.0);
+}
+
+// All tempi are what a tracker begins with, however narrow the range was in between.
+void tst_MeterTracker_hand::setTempoRange_leavesNoTrace_beforeTheFirstSample()
+{
+    const std::vector<qint16> samples = MeterMusic(kRate).play(100.0, 8.0).samples();
+    TrackedBeats untouched(kRate);
+    untouched.push(samples);
+    TrackedBeats tracked(kRate);
+    QVERIFY(tracked.tracker.setTempoRange(150.0, 160.0));
+    QVERIFY(tracked.tracker.setTempoRange(60.0, 190.0));
+    tracked.push(samples);
+    QVERIFY(!untouched.beats.empty());
+    QVERIFY(tracked.beats == untouched.beats);
 }
 
 void tst_MeterTracker_hand::setDownbeat_numbersTheBeats_data()

@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <support/TestClass.h>
 
 class tst_RecordingTempo : public QObject
@@ -14,6 +15,9 @@ private Q_SLOTS:
     void tempo_isTheMedianOfTheRealBeats();
     void firstTenSeconds_countOnlyForWantOfLaterOnes_data();
     void firstTenSeconds_countOnlyForWantOfLaterOnes();
+    void rows_ofNineBeatsMakeTheTempo_data();
+    void rows_ofNineBeatsMakeTheTempo();
+    void rows_ofTheFirstTenSeconds_countOnlyForWantOfOthers();
 };
 
 using Tempos = std::vector<double>;
@@ -73,6 +77,54 @@ void tst_RecordingTempo::firstTenSeconds_countOnlyForWantOfLaterOnes()
     beats.insert(beats.begin(), {-20.0, 200.0, true});
     beats.push_back({100.0, 200.0, true});
     QCOMPARE(RecordingTempo::Compute(beats), tempo);
+}
+
+void tst_RecordingTempo::rows_ofNineBeatsMakeTheTempo_data()
+{
+    QTest::addColumn<Tempos>("intervals");  // seconds
+    QTest::addColumn<double>("tempo");
+    // Every beat was reported with 100 BPM, whose interval is 0.6 s.
+    const Tempos eight(8, 0.5);
+    Tempos broken(16, 0.5);
+    broken[8] = 0.901;
+    Tempos late(16, 0.5);
+    late[8] = 0.899;
+    QTest::newRow("no beats") << Tempos{} << 0.0;
+    QTest::newRow("no row") << Tempos(7, 0.5) << 100.0;
+    QTest::newRow("one row") << eight << 120.0;
+    QTest::newRow("unsteady, 4.8 s for eight") << Tempos{.5, .7, .5, .7, .6, .6, .5, .7} << 100.0;
+    QTest::newRow("a break: one row before it, none that holds it") << broken << 120.0;
+    // Of nine rows the first makes 4 s, the other eight 4.399 s; of those of the first ten seconds.
+    QTest::newRow("no break") << late << 60.0 * 8 / 4.399;
+}
+
+void tst_RecordingTempo::rows_ofNineBeatsMakeTheTempo()
+{
+    QFETCH(Tempos, intervals);
+    QFETCH(double, tempo);
+    std::vector<RecordingTempo::Report> beats;
+    double time = 3.0;
+    for (const double interval : intervals) {
+        beats.push_back({time, 100.0, false});
+        time += interval;
+    }
+    if (!intervals.empty())
+        beats.push_back({time, 100.0, false});
+    const double computed = RecordingTempo::ComputeFromTimes(beats);
+    QVERIFY2(std::fabs(computed - tempo) < 1e-9, qPrintable(QString::number(computed, 'g', 12)));
+}
+
+// Twenty beats of half a second, then ten of 0.4 s: the rows from the tenth second on are the
+// latter's, 150 BPM, and for want of them it is the former's.
+void tst_RecordingTempo::rows_ofTheFirstTenSeconds_countOnlyForWantOfOthers()
+{
+    std::vector<RecordingTempo::Report> beats;
+    for (int i = 0; i < 20; ++i)
+        beats.push_back({i * 0.5, 100.0, false});
+    QVERIFY(std::fabs(RecordingTempo::ComputeFromTimes(beats) - 120.0) < 1e-9);
+    for (int i = 0; i < 10; ++i)
+        beats.push_back({10.0 + i * 0.4, 100.0, false});
+    QVERIFY(std::fabs(RecordingTempo::ComputeFromTimes(beats) - 150.0) < 1e-9);
 }
 
 AA_TEST(tst_RecordingTempo, QCoreApplication)

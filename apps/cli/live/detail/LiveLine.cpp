@@ -39,15 +39,20 @@ QString LiveLine(const LiveValues& pValues, int pColumns)
 {
     const QString bpm =
         pValues.bpm > 0.0 ? QString::number(pValues.bpm, 'f', 1) : QStringLiteral("---");
-    const QString line = QStringLiteral("%1 %2 BPM  %3 %  [%4] %5 / %6  %7  %8  %9")
-                             .arg(QLatin1Char(pValues.isBeat ? '*' : ' '))
-                             .arg(bpm, 5)
-                             .arg(int(std::lround(pValues.accuracy * 100.0)), 3)
-                             .arg(LevelBar(pValues.peak, pValues.threshold))
-                             .arg(pValues.peak, 5)
-                             .arg(std::max(0, pValues.threshold), 5)
-                             .arg(pValues.status, -8)
-                             .arg(Clock(pValues.seconds), pValues.device);
+    const QString confidence = pValues.bpm > 0.0
+                                   ? QString::number(std::lround(pValues.confidence * 100.0))
+                                   : QStringLiteral("-");
+    const QString line =
+        QStringLiteral("%1 %2 BPM  %3  %4 %  [%5] %6 / %7  %8  %9")
+            .arg(QLatin1Char(pValues.isBeat ? '*' : ' '))
+            .arg(bpm, 5)
+            .arg(pValues.beatInBar > 0 ? QString::number(pValues.beatInBar) : QStringLiteral("-"))
+            .arg(confidence, 3)
+            .arg(LevelBar(pValues.peak, pValues.threshold))
+            .arg(pValues.peak, 5)
+            .arg(std::max(0, pValues.threshold), 5)
+            .arg(pValues.status, -8)
+            .arg(Clock(pValues.seconds) + QLatin1String("  ") + pValues.device);
     return line.left(pColumns);
 }
 

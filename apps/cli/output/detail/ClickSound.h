@@ -10,12 +10,23 @@ namespace cli {
 
 constexpr double kClickSeconds = 0.03;
 
-/// A short click at pRate Hz: a tone that dies away, pitched 1760 Hz for a real beat; softer and an
-/// octave lower for a virtual one. Values are 16-bit sample steps to be added to the music.
-inline std::vector<int> makeClick(int pRate, bool pIsVirtual)
+/// What a click stands for.
+enum eClick
 {
-    const double frequency = pIsVirtual ? 880.0 : 1760.0;
-    const double amplitude = pIsVirtual ? 9000.0 : 20000.0;
+    eBeatClick,
+    eVirtualClick,  ///< of a virtual beat
+    eAccent         ///< of the first beat of a bar
+};
+
+/// A short click at pRate Hz: a tone that dies away, pitched 1760 Hz for a beat; a fifth higher and
+/// louder for the first one of a bar, softer and an octave lower for a virtual one. Values are
+/// 16-bit sample steps to be added to the music.
+inline std::vector<int> makeClick(int pRate, eClick pClick)
+{
+    const double frequency = pClick == eVirtualClick ? 880.0 : pClick == eAccent ? 2640.0 : 1760.0;
+    const double amplitude = pClick == eVirtualClick ? 9000.0
+                             : pClick == eAccent     ? 28000.0
+                                                     : 20000.0;
     std::vector<int> click(std::size_t(std::lround(kClickSeconds * pRate)));
     for (std::size_t i = 0; i < click.size(); ++i) {
         const double time = double(i) / pRate;

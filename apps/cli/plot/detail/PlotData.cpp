@@ -67,6 +67,21 @@ thinTempos(const std::vector<TempoPoint>& pTempos, double pDuration, std::size_t
     return thinned;
 }
 
+std::vector<TempoPoint> getBeatTempos(const std::vector<LoggedBeat>& pBeats)
+{
+    std::vector<TempoPoint> tempos;
+    for (const LoggedBeat& beat : pBeats) {
+        const double due =
+            tempos.empty() ? beat.time : tempos.back().time + 90.0 / tempos.back().bpm;
+        if (beat.time > due)
+            tempos.push_back({due, 0.0});
+        tempos.push_back({beat.time, beat.bpm});
+    }
+    if (!tempos.empty())
+        tempos.push_back({tempos.back().time + 90.0 / tempos.back().bpm, 0.0});
+    return tempos;
+}
+
 std::vector<int> countPerBin(const std::vector<double>& pTimes, double pDuration, std::size_t pBins)
 {
     std::vector<int> counts(pBins, 0);

@@ -23,6 +23,10 @@ std::vector<LevelTrace::Column> thinLevels(const std::vector<LevelTrace::Column>
 std::vector<TempoPoint>
 thinTempos(const std::vector<TempoPoint>& pTempos, double pDuration, std::size_t pBins);
 
+/// The tempo of each beat from it on, and none from where the next one is missing: a beat and a
+/// half behind one.
+std::vector<TempoPoint> getBeatTempos(const std::vector<LoggedBeat>& pBeats);
+
 /// How many of the times fall into each of pBins (> 0) equal parts of [0, pDuration]. Times outside
 /// count for the nearest part.
 std::vector<int>

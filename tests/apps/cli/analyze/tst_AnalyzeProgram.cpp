@@ -18,12 +18,15 @@ private Q_SLOTS:
     void cleanup() { QVERIFY(m_folder.CleanUp()); }
     void beats_areTimesOneALine();
     void summary_isOneLineOnStandardError();
+    void summary_countsTheBeats();
     void quiet_saysNothing();
     void formats_goToStandardOutputOrFile_data();
     void formats_goToStandardOutputOrFile();
+    void formats_agreeOnTheBeats_data();
     void formats_agreeOnTheBeats();
     void realOnly_leavesOutVirtualBeats();
     void ndjson_tellsEveryEvent();
+    void ndjson_tellsTheBar_withTheAutomaticTracker();
     void ndjson_isWrittenAsItHappens();
     void output_replacesAnOldFile();
     void output_mayBeADevice();
@@ -55,7 +58,7 @@ void tst_AnalyzeProgram::beats_areTimesOneALine()
 
 void tst_AnalyzeProgram::summary_isOneLineOnStandardError()
 {
-    const ProgramRun run = Analyze(QStringLiteral("song.wav"));
+    const ProgramRun run = Analyze(QStringLiteral("song.wav --tracker profile"));
     const QStringList lines = Lines(run.errors);
     QCOMPARE(lines.size(), 1);
     const QRegularExpression summary(QStringLiteral(
@@ -65,6 +68,17 @@ void tst_AnalyzeProgram::summary_isOneLineOnStandardError()
     QVERIFY2(match.hasMatch(), run.errors.constData());
     QCOMPARE(match.captured(2).toInt(), Lines(run.output).size());
     QCOMPARE(match.captured(3).toInt() + match.captured(4).toInt(), Lines(run.output).size());
+}
+
+// The automatic tracker tells no virtual beats.
+void tst_AnalyzeProgram::summary_countsTheBeats()
+{
+    const ProgramRun run = Analyze(QStringLiteral("song.wav"));
+    const QRegularExpression summary(QStringLiteral(
+        "^song\\.wav: 0:08 long, ([0-9]+\\.[0-9]) BPM, ([0-9]+) beats, [0-9]+x real time\n$"));
+    const QRegularExpressionMatch match = summary.match(QString::fromUtf8(run.errors));
+    QVERIFY2(match.hasMatch(), run.errors.constData());
+    QCOMPARE(match.captured(2).toInt(), Lines(run.output).size());
 }
 
 void tst_AnalyzeProgram::quiet_saysNothing()
@@ -100,15 +114,25 @@ void tst_AnalyzeProgram::formats_goToStandardOutputOrFile()
     QCOMPARE(FilesHere(), expected);
 }
 
+void tst_AnalyzeProgram::formats_agreeOnTheBeats_data()
+{
+    QTest::addColumn<QString>("tracker");
+    for (const char* pTracker : {"automatic", "profile"})
+        QTest::newRow(pTracker) << pTracker;
+}
+
 void tst_AnalyzeProgram::formats_agreeOnTheBeats()
 {
-    const QStringList beats = Lines(Analyze(QStringLiteral("song.wav")).output);
-    const QStringList labels = Lines(Analyze(QStringLiteral("song.wav -f labels")).output);
-    const QStringList csv = Lines(Analyze(QStringLiteral("song.wav -f csv")).output);
-    const QJsonObject json = Parse(Analyze(QStringLiteral("song.wav -f json")).output);
+    QFETCH(QString, tracker);
+    const QString song = QStringLiteral("song.wav --tracker ") + tracker + QStringLiteral(" -f ");
+    const bool isAutomatic = tracker == QLatin1String("automatic");
+    const QStringList beats = Lines(Analyze(song + QStringLiteral("beats")).output);
+    const QStringList labels = Lines(Analyze(song + QStringLiteral("labels")).output);
+    const QStringList csv = Lines(Analyze(song + QStringLiteral("csv")).output);
+    const QJsonObject json = Parse(Analyze(song + QStringLiteral("json")).output);
     const QJsonArray jsonBeats = json[QStringLiteral("beats")].toArray();
     QStringList frames;
-    QXmlStreamReader svl(Analyze(QStringLiteral("song.wav -f svl")).output);
+    QXmlStreamReader svl(Analyze(song + QStringLiteral("svl")).output);
     while (!svl.atEnd())
         if (svl.readNext() == QXmlStreamReader::StartElement &&
             svl.name() == QLatin1String("point"))
@@ -129,18 +153,23 @@ void tst_AnalyzeProgram::formats_agreeOnTheBeats()
         QCOMPARE(QString::number(frames[i].toDouble() / 44100, 'f', 6), beats[i]);
         QCOMPARE(labels[i].endsWith(QLatin1String("virtual")),
                  beat[QStringLiteral("virtual")].toBool());
+        const QString place = QString::number(beat[QStringLiteral("beatInBar")].toInt());
+        if (isAutomatic)
+            QCOMPARE(csv[i], beats[i] + QLatin1Char(',') + place);
     }
     QCOMPARE(json[QStringLiteral("file")].toString(), QStringLiteral("song.wav"));
-    QCOMPARE(json[QStringLiteral("profile")].toString(), QStringLiteral("Electro"));
+    QCOMPARE(json[QStringLiteral("profile")].toString(),
+             isAutomatic ? QString() : QStringLiteral("Electro"));
+    QCOMPARE(json[QStringLiteral("tracker")].toString(), isAutomatic ? tracker : QString());
     QCOMPARE(json[QStringLiteral("duration")].toDouble(), 8.0);
 }
 
 void tst_AnalyzeProgram::realOnly_leavesOutVirtualBeats()
 {
-    const QStringList all = Lines(Analyze(QStringLiteral("song.wav -f labels --real-only")).output);
-    const QStringList events =
-        Lines(Analyze(QStringLiteral("song.wav -f ndjson --real-only")).output);
-    const QStringList mixed = Lines(Analyze(QStringLiteral("song.wav -f labels")).output);
+    const QString song = QStringLiteral("song.wav --tracker profile -f ");
+    const QStringList all = Lines(Analyze(song + QStringLiteral("labels --real-only")).output);
+    const QStringList events = Lines(Analyze(song + QStringLiteral("ndjson --real-only")).output);
+    const QStringList mixed = Lines(Analyze(song + QStringLiteral("labels")).output);
     QVERIFY(!mixed.filter(QStringLiteral("virtual")).isEmpty());
     QVERIFY(all.filter(QStringLiteral("virtual")).isEmpty());
     QCOMPARE(all.size(), mixed.size() - mixed.filter(QStringLiteral("virtual")).size());
@@ -151,7 +180,8 @@ void tst_AnalyzeProgram::realOnly_leavesOutVirtualBeats()
 
 void tst_AnalyzeProgram::ndjson_tellsEveryEvent()
 {
-    const QStringList lines = Lines(Analyze(QStringLiteral("song.wav -f ndjson")).output);
+    const QString song = QStringLiteral("song.wav --tracker profile -f ");
+    const QStringList lines = Lines(Analyze(song + QStringLiteral("ndjson")).output);
     QMap<QString, int> counts;
     for (const QString& line : lines) {
         const QJsonObject event = Parse(line.toUtf8());
@@ -163,10 +193,39 @@ void tst_AnalyzeProgram::ndjson_tellsEveryEvent()
     QCOMPARE(counts[QStringLiteral("play")], 1);
     QCOMPARE(counts[QStringLiteral("end")], 1);
     QCOMPARE(counts[QStringLiteral("beat")],
-             Lines(Analyze(QStringLiteral("song.wav")).output).size());
+             Lines(Analyze(song + QStringLiteral("beats")).output).size());
     QVERIFY(counts[QStringLiteral("pulse")] > counts[QStringLiteral("beat")]);
     QVERIFY(counts[QStringLiteral("tempo")] > 1);
     QCOMPARE(counts.size(), 6);
+}
+
+void tst_AnalyzeProgram::ndjson_tellsTheBar_withTheAutomaticTracker()
+{
+    const QStringList lines = Lines(Analyze(QStringLiteral("song.wav -f ndjson")).output);
+    double bpm = 0.0;
+    int beats = 0;
+    for (const QString& line : lines) {
+        const QJsonObject event = Parse(line.toUtf8());
+        const QString type = event[QStringLiteral("type")].toString();
+        if (type == QLatin1String("tempo"))
+            QCOMPARE(event[QStringLiteral("bpm")].toDouble(), bpm);
+        if (type != QLatin1String("beat"))
+            continue;
+        ++beats;
+        bpm = event[QStringLiteral("bpm")].toDouble();
+        const int place = event[QStringLiteral("beatInBar")].toInt();
+        const double confidence = event[QStringLiteral("confidence")].toDouble(-1.0);
+        const double barConfidence = event[QStringLiteral("barConfidence")].toDouble(-1.0);
+        QVERIFY2(place >= 1 && place <= 4, qPrintable(line));
+        QVERIFY2(confidence > 0.0 && confidence <= 1.0, qPrintable(line));
+        QVERIFY2(barConfidence > 0.0 && barConfidence <= 1.0, qPrintable(line));
+        QVERIFY(!event.contains(QStringLiteral("accuracy")));
+        QVERIFY(!event.contains(QStringLiteral("loudness")));
+        QCOMPARE(event[QStringLiteral("virtual")].toBool(true), false);
+    }
+    QCOMPARE(beats, Lines(Analyze(QStringLiteral("song.wav")).output).size());
+    QVERIFY(lines.filter(QStringLiteral("\"type\":\"pulse\"")).size() > beats);
+    QVERIFY(lines.last().contains(QStringLiteral("\"realBeats\":%1,").arg(beats)));
 }
 
 // Events of the first seconds are there while the input is still open.

@@ -132,16 +132,17 @@ void tst_AnalyzeProgram_errors::damagedFile_isReadInPart()
     const ProgramRun refused = Analyze(file);
     QCOMPARE(refused.exitCode, 1);
     QVERIFY2(refused.errors.contains("with --partial\n"), refused.errors.constData());
-    const ProgramRun run = Analyze(QStringLiteral("--partial ") + file);
+    const ProgramRun run = Analyze(QStringLiteral("--tracker profile --partial ") + file);
     QCOMPARE(run.exitCode, 0);
-    QVERIFY(run.output.count('\n') >= 2);
+    QVERIFY(!run.output.isEmpty());
     const QList<QByteArray> lines = run.errors.trimmed().split('\n');
     QCOMPARE(lines.size(), 2);
     QVERIFY2(lines[0].startsWith(file.toUtf8() + ": ") && lines[0].contains("truncated"),
              run.errors.constData());
     QVERIFY2(lines[1].contains(" long, "), run.errors.constData());
     QCOMPARE(Analyze(QStringLiteral("-q --partial ") + file).errors, QByteArray());
-    const ProgramRun workers = Analyze(QStringLiteral("-q --partial -j 2 good.wav ") + file);
+    const ProgramRun workers =
+        Analyze(QStringLiteral("-q --tracker profile --partial -j 2 good.wav ") + file);
     QCOMPARE(workers.exitCode, 0);
     QVERIFY(workers.output.endsWith("# " + file.toUtf8() + '\n' + run.output));
 }

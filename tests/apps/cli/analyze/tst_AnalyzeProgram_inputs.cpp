@@ -24,10 +24,15 @@ private Q_SLOTS:
     void everyOption_reachesTheAnalysis_data();
     void everyOption_reachesTheAnalysis();
     void tempo_agreesWithTheAnalyzer();
+    void runs_areIdentical_data();
     void runs_areIdentical();
     void names_areUtf8_inAnyLocale();
     void tooQuiet_isSaidInWords_data();
     void tooQuiet_isSaidInWords();
+    void noMeter_isSaidInWords_data();
+    void noMeter_isSaidInWords();
+    void quietMusic_hasBeats_withTheAutomaticTracker();
+    void oppositeChannels_areHeard_andSaid();
 
 private:
     SongFolder m_folder;
@@ -38,7 +43,10 @@ void tst_AnalyzeProgram_inputs::raw_isReadFromStandardInput()
     const std::vector<float> song = testaudio::Kicks(44100, 120, 8.0);
     const ProgramRun run = Analyze(QStringLiteral("--raw 44100 -"), testaudio::Raw(song));
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(run.output, Analyze(QStringLiteral("song.wav")).output);
+    // Encoders round their own way, which only the engine's blocks do not show.
+    const QString byProfile = QStringLiteral("--tracker profile ");
+    QCOMPARE(Analyze(byProfile + QStringLiteral("--raw 44100 -"), testaudio::Raw(song)).output,
+             Analyze(byProfile + QStringLiteral("song.wav")).output);
     QVERIFY(run.errors.startsWith("-: 0:08 long"));
     const std::vector<float> stereo = SongFolder::Doubled(song);
     QCOMPARE(Analyze(QStringLiteral("--raw 44100:2 -"), testaudio::Raw(stereo)).output, run.output);
@@ -50,8 +58,8 @@ void tst_AnalyzeProgram_inputs::raw_isReadFromAFile()
 {
     QVERIFY(testaudio::WriteBytes(QStringLiteral("song.raw"),
                                   testaudio::Raw(testaudio::Kicks(44100, 120, 8.0))));
-    QCOMPARE(Analyze(QStringLiteral("--raw 44100 song.raw")).output,
-             Analyze(QStringLiteral("song.wav")).output);
+    QCOMPARE(Analyze(QStringLiteral("--tracker profile --raw 44100 song.raw")).output,
+             Analyze(QStringLiteral("--tracker profile song.wav")).output);
 }
 
 void tst_AnalyzeProgram_inputs::wav_isReadFromStandardInput()
@@ -145,7 +153,7 @@ void tst_AnalyzeProgram_inputs::everyOption_reachesTheAnalysis()
     QFETCH(QString, option);
     QFETCH(QString, key);
     QFETCH(QVariant, value);
-    const ProgramRun run = Analyze(QStringLiteral("song.wav -f json ") + option);
+    const ProgramRun run = Analyze(QStringLiteral("song.wav --tracker profile -f json ") + option);
     QVERIFY2(run.exitCode == 0, run.errors.constData());
     const QJsonObject settings = Parse(run.output)[QStringLiteral("settings")].toObject();
     QVERIFY(settings.contains(key));
@@ -172,7 +180,7 @@ void tst_AnalyzeProgram_inputs::tempo_agreesWithTheAnalyzer()
                              1,
                              testaudio::Kicks(44100, 125, 30.0)));
     const QJsonObject json =
-        Parse(Analyze(QStringLiteral("steady.wav -f json --bpm 100:150")).output);
+        Parse(Analyze(QStringLiteral("steady.wav --tracker profile -f json --bpm 100:150")).output);
     const double overall =
         json[QStringLiteral("tempo")].toObject()[QStringLiteral("bpm")].toDouble();
     QVERIFY2(std::abs(overall - 125.0) < 0.4, qPrintable(QString::number(overall)));
@@ -183,11 +191,19 @@ void tst_AnalyzeProgram_inputs::tempo_agreesWithTheAnalyzer()
     std::sort(reported.begin(), reported.end());
     QVERIFY(std::abs(overall - reported[reported.size() / 2]) <= 0.1);
     const QStringList tempos =
-        QString::fromUtf8(Analyze(QStringLiteral("steady.wav -f tempo --bpm 100:150")).output)
+        QString::fromUtf8(
+            Analyze(QStringLiteral("steady.wav --tracker profile -f tempo --bpm 100:150")).output)
             .trimmed()
             .split(QLatin1Char('\t'));
     QCOMPARE(tempos[1], QString::number(overall, 'f', 2));
     QCOMPARE(tempos[2], QStringLiteral("0.00"));
+}
+
+void tst_AnalyzeProgram_inputs::runs_areIdentical_data()
+{
+    QTest::addColumn<QString>("tracker");
+    for (const char* pTracker : {"automatic", "profile"})
+        QTest::newRow(pTracker) << pTracker;
 }
 
 // The ten-second watch included: music, 13 s of silence, music again.
@@ -198,12 +214,16 @@ void tst_AnalyzeProgram_inputs::runs_areIdentical()
     music.insert(music.end(), again.begin(), again.end());
     QVERIFY(testaudio::Write(
         QStringLiteral("gap.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 22050, 1, music));
-    const QByteArray first = Analyze(QStringLiteral("gap.wav -f json")).output;
+    QFETCH(QString, tracker);
+    const QString arguments = QStringLiteral("gap.wav -f json --tracker ") + tracker;
+    const QByteArray first = Analyze(arguments).output;
     QVERIFY(Parse(first)[QStringLiteral("beats")].toArray().size() > 10);
     const QJsonArray silences = Parse(first)[QStringLiteral("silences")].toArray();
-    QCOMPARE(silences.size(), 2);
+    QVERIFY(!silences.isEmpty());
+    if (tracker == QLatin1String("profile"))
+        QCOMPARE(silences.size(), 2);
     for (int i = 0; i < 2; ++i)
-        QCOMPARE(Analyze(QStringLiteral("gap.wav -f json")).output, first);
+        QCOMPARE(Analyze(arguments).output, first);
 }
 
 void tst_AnalyzeProgram_inputs::names_areUtf8_inAnyLocale()
@@ -242,13 +262,79 @@ void tst_AnalyzeProgram_inputs::tooQuiet_isSaidInWords()
         sample *= volume;
     QVERIFY(testaudio::Write(
         QStringLiteral("q.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 1, music));
-    const ProgramRun run = Analyze(QStringLiteral("q.wav"));
+    const ProgramRun run = Analyze(QStringLiteral("q.wav --tracker profile"));
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.contains(words), run.errors.constData());
     QVERIFY2(run.errors.contains("tempo unknown, 0 beats"), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 2);
-    QCOMPARE(Analyze(QStringLiteral("q.wav -f tempo")).output, QByteArray("0.00\t0.00\t0.00\n"));
+    QCOMPARE(Analyze(QStringLiteral("q.wav --tracker profile -f tempo")).output,
+             QByteArray("0.00\t0.00\t0.00\n"));
+}
+
+void tst_AnalyzeProgram_inputs::noMeter_isSaidInWords_data()
+{
+    QTest::addColumn<int>("peak");
+    QTest::addColumn<QByteArray>("words");
+    QTest::newRow("silence") << 0 << QByteArray("digital silence");
+    QTest::newRow("below -70 dBFS") << 10 << QByteArray("too quiet to count as music");
+    QTest::newRow("noise") << 8000 << QByteArray("nothing in it has a beat");
+}
+
+// White noise; what the stop threshold says of it does not matter.
+void tst_AnalyzeProgram_inputs::noMeter_isSaidInWords()
+{
+    QFETCH(int, peak);
+    QFETCH(QByteArray, words);
+    std::vector<float> noise(10 * 44100);
+    quint32 state = 12345;
+    for (std::size_t i = 0; i < noise.size(); ++i) {
+        state = state * 1664525U + 1013904223U;
+        noise[i] = float(int(state >> 16) % (2 * peak + 1) - peak) / 32768.0f;
+    }
+    QVERIFY(testaudio::Write(
+        QStringLiteral("n.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 1, noise));
+    const ProgramRun run = Analyze(QStringLiteral("n.wav"));
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains(words), run.errors.constData());
+}
+
+// The stop threshold is the engine's.
+void tst_AnalyzeProgram_inputs::quietMusic_hasBeats_withTheAutomaticTracker()
+{
+    std::vector<float> music = testaudio::Kicks(44100, 120, 8.0);
+    const auto write = [&] {
+        return testaudio::Write(
+            QStringLiteral("q.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 1, music);
+    };
+    QVERIFY(write());
+    const ProgramRun loud = Analyze(QStringLiteral("q.wav"));
+    QVERIFY(loud.output.count('\n') >= 6);
+    for (float& sample : music)
+        sample *= 0.05f;
+    QVERIFY(write());
+    const ProgramRun quiet = Analyze(QStringLiteral("q.wav --stop-threshold 32767"));
+    QVERIFY(quiet.output.count('\n') >= 6);
+    QCOMPARE(quiet.errors.count('\n'), 1);
+}
+
+void tst_AnalyzeProgram_inputs::oppositeChannels_areHeard_andSaid()
+{
+    std::vector<float> music = testaudio::Kicks(44100, 120, 8.0);
+    std::vector<float> stereo;
+    for (const float sample : music) {
+        stereo.push_back(sample);
+        stereo.push_back(-sample);
+    }
+    QVERIFY(testaudio::Write(
+        QStringLiteral("o.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 2, stereo));
+    const ProgramRun run = Analyze(QStringLiteral("o.wav"));
+    QVERIFY(run.output.count('\n') >= 6);
+    QVERIFY2(run.errors.startsWith("o.wav: its channels cancel each other out from "),
+             run.errors.constData());
+    // The engine's average is what it is.
+    QVERIFY(Analyze(QStringLiteral("o.wav --tracker profile")).errors.contains("digital silence"));
 }
 
 AA_TEST(tst_AnalyzeProgram_inputs, QCoreApplication)

@@ -62,7 +62,7 @@ void tst_AnalyzeProgram_names::init()
     const ProgramRun run = RunProgram({QStringLiteral("analyze"), QStringLiteral("song.wav")});
     m_beats = run.output;
     m_summary = SummaryOf(run.errors, "song.wav");
-    QVERIFY(m_beats.count('\n') > 10);
+    QVERIFY(m_beats.count('\n') > 5);
     QVERIFY2(m_summary.startsWith(": 0:08 long, "), m_summary.constData());
 }
 

@@ -46,9 +46,10 @@ private:
     std::size_t m_last = 0;
 };
 
-AnalysisResult
-Analyze(const std::vector<float>& pSamples, int pRate, const AnalysisOptions& pOptions = {})
+/// With the engine, unless the options name the other tracker.
+AnalysisResult Analyze(const std::vector<float>& pSamples, int pRate, AnalysisOptions pOptions = {})
 {
+    pOptions.tracker = pOptions.tracker.value_or(eProfileTracker);
     MemorySource source(pRate, pSamples);
     FileAnalysis analysis(pOptions, source);
     if (!analysis.Run([](const float*, std::size_t) { return true; }))
@@ -101,6 +102,9 @@ private Q_SLOTS:
     void settings_areTheInitialOnes();
     void levels_coverTheFile();
     void clock_isTheThreadsOwnAgain_afterwards();
+    void automatic_tellsTheTrackersBeats();
+    void automatic_takesTempoRangeAndPulsesFromWhereTheyBelong();
+    void beliefs_areThoseOfTheAutomaticTracker();
 };
 
 void tst_FileAnalysis::run_findsTempoAndBeats_data()
@@ -156,7 +160,9 @@ void tst_FileAnalysis::run_doesNotDependOnTheMachinesClock()
     const std::vector<float> music = testaudio::Kicks(8000, 120, 6.0);
     const AnalysisResult fast = Analyze(music, 8000);
     MemorySource source(8000, music);
-    FileAnalysis analysis({}, source);
+    AnalysisOptions options;
+    options.tracker = eProfileTracker;
+    FileAnalysis analysis(options, source);
     QVERIFY(analysis.Run([](const float*, std::size_t) {
         QTest::qSleep(1);
         return true;
@@ -311,6 +317,71 @@ void tst_FileAnalysis::clock_isTheThreadsOwnAgain_afterwards()
     QVERIFY(HighResolutionTimerOverride::getCurrent() == nullptr);
     Analyze(testaudio::Kicks(8000, 120, 1.0), 8000);
     QVERIFY(HighResolutionTimerOverride::getCurrent() == nullptr);
+}
+
+// The file is read in blocks, which the beats do not show.
+void tst_FileAnalysis::automatic_tellsTheTrackersBeats()
+{
+    const std::vector<float> music = testaudio::Kicks(22050, 120, 8.0);
+    std::vector<qint16> samples(music.size());
+    AudioDownmix::ToMono(music.data(), 1, music.size(), samples.data());
+    MeterTracker tracker(22050);
+    std::vector<MeterTracker::Beat> beats;
+    QObject::connect(&tracker, &MeterTracker::OnBeatForeseen, [&](const MeterTracker::Beat& pBeat) {
+        if (pBeat.index < samples.size())
+            beats.push_back(pBeat);
+    });
+    tracker.Push(samples.data(), samples.size());
+    AnalysisOptions options;
+    options.tracker = eAutomaticTracker;
+    const AnalysisResult result = Analyze(music, 22050, options);
+    QVERIFY(beats.size() > 5);
+    QCOMPARE(result.beats.size(), beats.size());
+    for (std::size_t i = 0; i < beats.size(); ++i) {
+        QCOMPARE(result.beats[i].index, beats[i].index);
+        QCOMPARE(result.beats[i].beatInBar, beats[i].beatInBar);
+        QCOMPARE(result.beats[i].confidence, beats[i].confidence);
+    }
+    // The tempo is that of the beats, which lie within 10 ms of 4 s for eight of them.
+    QVERIFY2(std::abs(result.getTempo() - 120.0) < 0.6,
+             qPrintable(QString::number(result.getTempo())));
+}
+
+void tst_FileAnalysis::automatic_takesTempoRangeAndPulsesFromWhereTheyBelong()
+{
+    const std::vector<float> music = testaudio::Kicks(22050, 120, 8.0);
+    AnalysisOptions options;
+    options.tracker = eAutomaticTracker;
+    options.bpm = AnalysisOptions::TempoRange{50.0, 80.0};
+    const AnalysisResult result = Analyze(music, 22050, options);
+    QVERIFY(!result.beats.empty());
+    for (const LoggedBeat& beat : result.beats)
+        QVERIFY2(beat.bpm >= 59.0 && beat.bpm <= 81.5, qPrintable(QString::number(beat.bpm)));
+    options.tracker = eProfileTracker;
+    QVERIFY(result.pulseTimes == Analyze(music, 22050, options).pulseTimes);
+    QVERIFY(!result.pulseTimes.empty());
+}
+
+void tst_FileAnalysis::beliefs_areThoseOfTheAutomaticTracker()
+{
+    const std::vector<float> music = testaudio::Kicks(22050, 120, 8.0);
+    for (const eTracker tracker : {eAutomaticTracker, eProfileTracker}) {
+        MemorySource source(22050, music);
+        AnalysisOptions options;
+        options.tracker = tracker;
+        FileAnalysis analysis(options, source);
+        QVERIFY(analysis.Run([](const float*, std::size_t) { return true; }));
+        const auto& columns = analysis.getBeliefs().getColumns();
+        if (tracker == eProfileTracker) {
+            QVERIFY(columns.empty());
+            continue;
+        }
+        QVERIFY(columns.size() > 100);
+        const auto& beliefs = columns.back().beliefs;
+        const auto best = std::max_element(beliefs.begin(), beliefs.end()) - beliefs.begin();
+        const double tempo = analysis.getBeliefs().getTempi()[std::size_t(best)];
+        QVERIFY2(std::abs(tempo / 120.0 - 1.0) < 0.02, qPrintable(QString::number(tempo)));
+    }
 }
 
 AA_TEST(tst_FileAnalysis, QCoreApplication)

@@ -56,6 +56,9 @@ private Q_SLOTS:
     void listen_refusesWrongUsage_data();
     void listen_refusesWrongUsage();
     void listen_appliesTheAnalysisOptions();
+    void listen_hearsQuietMusic_byItself();
+    void listen_goesOn_atAFixedTempo();
+    void listen_movesBeats_byTheOffset();
     void saving_isSaidToFail_withThePath();
 
 private:
@@ -152,19 +155,39 @@ void tst_ListenProgram::listen_announcesEveryBeatInTime()
     QVERIFY(qAbs(events.last()[QStringLiteral("bpm")].toDouble() - 128.0) < 2.0);
 
     const QRegularExpression measure(QStringLiteral(
-        "announced beats: ([0-9]+), missing: ([0-9]+); announcement minus arrival: median "
-        "([-0-9.]+) ms, standard deviation ([0-9.]+) ms, worst ([-0-9.]+) ms"));
+        "announced beats: ([0-9]+), missing: ([0-9]+); announced after the sound left the server: "
+        "median ([-0-9.]+) ms, standard deviation ([0-9.]+) ms, 95 % within ([0-9.]+) ms"));
     const auto match = measure.match(QString::fromUtf8(run.errors));
     QVERIFY2(match.hasMatch(), run.errors.constData());
     qInfo("%s", qPrintable(match.captured()));
-    // After the search there are about 7 s of beats, 128 a minute. In virtual time what is left is
-    // the grid of blocks: the median within two of them, and nearly every beat announced.
+    // After the search there are about 8 s of beats, 128 a minute. In virtual time what is left is
+    // the tracker's frame of 10 ms, and the first beats, on which it settles.
     const int count = match.captured(1).toInt();
     QVERIFY(count >= 8 && count <= 24);
     QVERIFY(match.captured(2).toInt() <= 2);
-    QVERIFY(qAbs(match.captured(3).toDouble()) <= 50.0);
-    QVERIFY(match.captured(4).toDouble() <= 60.0);
-    QVERIFY(Select(events, "announce").size() >= count);
+    QVERIFY(qAbs(match.captured(3).toDouble()) <= 10.0);
+    const QList<QJsonObject> beats = Select(events, "announce");
+    QVERIFY(beats.size() >= count);
+    QVERIFY(qAbs(beats.last()[QStringLiteral("bpm")].toDouble() - 128.0) < 1.0);
+    for (int i = 0; i < beats.size(); ++i) {
+        const double confidence = beats[i][QStringLiteral("confidence")].toDouble();
+        QVERIFY(confidence > 0.0 && confidence <= 1.0);
+        const int place = beats[i][QStringLiteral("beatInBar")].toInt();
+        QVERIFY(place >= 1 && place <= 4);
+        if (i == 0)
+            continue;
+        const auto since = [&](const char* pClock) {
+            const QString key = QLatin1String(pClock);
+            return beats[i][key].toDouble() - beats[i - 1][key].toDouble();
+        };
+        QCOMPARE(beats[i][QStringLiteral("beat")].toInt(),
+                 beats[i - 1][QStringLiteral("beat")].toInt() + 1);
+        QVERIFY(since("monotonic") > 0.0);
+        QVERIFY(qAbs(since("wall") - since("monotonic")) < 1e-4);
+        QVERIFY(qAbs(since("time") - since("monotonic")) < 1e-4);
+    }
+    QVERIFY(run.errors.contains("ticks, 24 a beat: "));
+    QVERIFY(run.errors.contains("real-time priority"));
 
     QVERIFY(run.errors.contains("recorded: 48000 Hz, mono, 16 bits signed"));
     QVERIFY(run.errors.contains("blocks of 1024 samples (21.3 ms)"));
@@ -179,7 +202,7 @@ void tst_ListenProgram::listen_writesTextAndBeats()
     const StagedRun beatsRun = m_stage.Run("listen --duration 6 -q --format beats");
     QCOMPARE(textRun.exitCode, 0);
     const QRegularExpression playing(QStringLiteral("^ +[0-9.]+  playing$"));
-    const QRegularExpression beat(QStringLiteral("^ +[0-9.]+  beat  [0-9.]+ BPM$"));
+    const QRegularExpression beat(QStringLiteral("^ +[0-9.]+  beat [1-4]  [0-9.]+ BPM  [0-9]+ %$"));
     QCOMPARE(Lines(textRun.output).filter(playing).size(), 1);
     QVERIFY(Lines(textRun.output).filter(beat).size() >= 2);
     QVERIFY(textRun.errors.contains("Deck: 0:0"));
@@ -290,6 +313,8 @@ void tst_ListenProgram::listen_saysWhatIsWrongWithTheLevel()
                                            device,
                                            QStringLiteral("--duration"),
                                            QStringLiteral("8"),
+                                           QStringLiteral("--tracker"),
+                                           QStringLiteral("profile"),
                                            QStringLiteral("--format"),
                                            QStringLiteral("ndjson")});
         QCOMPARE(run.exitCode, 0);
@@ -319,7 +344,7 @@ void tst_ListenProgram::listen_endsWell_onASignal()
     m_stage.Start(process,
                   QStringLiteral("audio-analyzer"),
                   {QStringLiteral("listen"), QStringLiteral("--format"), QStringLiteral("ndjson")});
-    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "\"stop\""));
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardOutput, "\"play\""));
     ::kill(pid_t(process.processId()), signal);
     const StagedRun run = Stage::Finish(process);
     QCOMPARE(run.exitCode, 0);
@@ -346,6 +371,7 @@ void tst_ListenProgram::listen_refusesWrongUsage_data()
     QTest::newRow("format") << "listen --format xml" << QByteArray("text, beats, ndjson");
     QTest::newRow("duration") << "listen --duration 0" << QByteArray("number of seconds");
     QTest::newRow("text") << "listen --duration soon" << QByteArray("number of seconds");
+    QTest::newRow("offset") << "listen --offset 501" << QByteArray("number of milliseconds");
     QTest::newRow("profile") << "listen --profile Polka" << QByteArray("Electro, Hardcore, Slow");
     QTest::newRow("bpm") << "listen --bpm 200:100" << QByteArray("MIN:MAX");
     QTest::newRow("fixed") << "listen --fixed-bpm 400" << QByteArray("outside the profile's range");
@@ -371,7 +397,49 @@ void tst_ListenProgram::listen_appliesTheAnalysisOptions()
         m_stage.Run("listen --stop-threshold 32767 --format ndjson --duration 3 --fixed-bpm 100");
     QCOMPARE(run.exitCode, 0);
     QVERIFY(Select(Events(run.output), "play").isEmpty());
-    QVERIFY(run.errors.contains("with --fixed-bpm no beat is announced"));
+}
+
+// What the engine takes for silence is music all the same.
+void tst_ListenProgram::listen_hearsQuietMusic_byItself()
+{
+    const StagedRun run = m_stage.Run("listen --device Quiet --format ndjson --duration 8");
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(Select(Events(run.output), "play").size(), 1);
+    QCOMPARE(Select(Events(run.output), "notice").size(), 0);
+    QVERIFY(Select(Events(run.output), "announce").size() >= 8);
+    const StagedRun engine =
+        m_stage.Run("listen --device Quiet --format beats --duration 8 --tracker profile");
+    QCOMPARE(engine.output, QByteArray());
+}
+
+void tst_ListenProgram::listen_goesOn_atAFixedTempo()
+{
+    const StagedRun run = m_stage.Run("listen --format ndjson --duration 12 --fixed-bpm 150");
+    QCOMPARE(run.exitCode, 0);
+    const QList<QJsonObject> beats = Select(Events(run.output), "announce");
+    QVERIFY(beats.size() >= 10);
+    QCOMPARE(beats.last()[QStringLiteral("bpm")].toDouble(), 150.0);
+    QCOMPARE(beats.last()[QStringLiteral("confidence")].toDouble(), 1.0);
+    const double gap = beats.last()[QStringLiteral("monotonic")].toDouble() -
+                       beats[beats.size() - 2][QStringLiteral("monotonic")].toDouble();
+    QVERIFY(qAbs(gap - 0.4) < 1e-3);
+}
+
+void tst_ListenProgram::listen_movesBeats_byTheOffset()
+{
+    const auto firstBeat = [this](const char* pArguments) {
+        const StagedRun run = m_stage.Run(pArguments);
+        const QStringList times = Lines(run.output);
+        return times.isEmpty() ? -1.0 : times.first().toDouble();
+    };
+    const double plain = firstBeat("listen --format beats --duration 6");
+    const double late = firstBeat("listen --format beats --duration 6 --offset 200 --save");
+    QVERIFY(plain > 0.0);
+    QVERIFY2(qAbs(late - plain - 0.2) < 0.02, QByteArray::number(late - plain).constData());
+    // It was stored.
+    const double stored = firstBeat("listen --format beats --duration 6");
+    QVERIFY(qAbs(stored - late) < 0.02);
+    QVERIFY(QFile::remove(m_stage.path(QStringLiteral("AudioAnalyzer.ini"))));
 }
 
 void tst_ListenProgram::saving_isSaidToFail_withThePath()

@@ -21,12 +21,19 @@ qint16 Stroke(quint64 pIndex)
     return qint16(29000.0 * std::exp(-time / 0.1) * std::sin(2.0 * M_PI * 55.0 * time));
 }
 
+/// Beats of the engine.
+struct ProfileBeats : LiveBeats
+{
+    ProfileBeats() { setAutomatic(false); }
+};
+
 /// A running session with its summary, fed faster than real time.
 class Live
 {
 public:
-    Live() : clock(kStart), summary(log.session, true)
+    Live() : clock(kStart), summary(log.session, beats, true)
     {
+        beats.Follow(&log.session);
         FakeAudioState::Get().Clear();
         FakeAudioState::Get().Plug(SessionLog::Device());
         log.Run();
@@ -45,6 +52,7 @@ public:
 
     FakeClock clock;
     SessionLog log;
+    ProfileBeats beats;
     LiveSummary summary;
 
 private:
@@ -85,7 +93,9 @@ void tst_LiveSummary::seconds_beginWithTheFirstSample()
     FakeAudioState::Get().Clear();
     FakeAudioState::Get().Plug(SessionLog::Device());
     SessionLog log;
-    LiveSummary summary(log.session, false);
+    LiveBeats beats;
+    beats.Follow(&log.session);
+    LiveSummary summary(log.session, beats, false);
     log.Open();
     QTest::qSleep(5);
     QCOMPARE(summary.getSeconds(), 0.0);

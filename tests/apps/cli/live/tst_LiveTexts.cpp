@@ -52,16 +52,18 @@ void tst_LiveTexts::line_showsEverything()
     cli::LiveValues values;
     values.isBeat = true;
     values.bpm = 127.96;
-    values.accuracy = 0.5;
+    values.beatInBar = 3;
+    values.confidence = 0.916;
     values.peak = 32767;
     values.threshold = 3276;
     values.status = QStringLiteral("playing");
     values.seconds = 65.0;
     values.device = QStringLiteral("Deck");
     // -20 dB, a tenth of full scale, is two thirds of the way: the 13th of 20 places.
-    QCOMPARE(cli::LiveLine(values, 200),
-             QStringLiteral(
-                 "* 128.0 BPM   50 %  [############|#######] 32767 /  3276  playing   1:05  Deck"));
+    QCOMPARE(
+        cli::LiveLine(values, 200),
+        QStringLiteral(
+            "* 128.0 BPM  3   92 %  [############|#######] 32767 /  3276  playing   1:05  Deck"));
 }
 
 void tst_LiveTexts::line_hasNoTempo_beforeOneIsKnown()
@@ -71,7 +73,7 @@ void tst_LiveTexts::line_hasNoTempo_beforeOneIsKnown()
     values.threshold = -1;
     QCOMPARE(cli::LiveLine(values, 200),
              QStringLiteral(
-                 "    --- BPM  100 %  [....................]     0 /     0  stopped   0:00  "));
+                 "    --- BPM  -    - %  [....................]     0 /     0  stopped   0:00  "));
 }
 
 void tst_LiveTexts::line_fitsTheTerminal()
@@ -169,20 +171,22 @@ void tst_LiveTexts::listen_hasDefaults()
     QVERIFY(options.device.isEmpty() && !options.isSaved && !options.format);
     QVERIFY(!options.showsFormat && !options.measures && !options.isQuiet);
     QCOMPARE(options.duration, 0.0);
+    QVERIFY(!options.offset);
     QVERIFY(options.analysis.settings.empty());
 }
 
 void tst_LiveTexts::listen_readsEveryOption()
 {
-    const CommandLine command =
-        Parse("listen -d Deck --save -f NDJSON --duration 2.5 --format-info --measure -q "
-              "--profile slow --bpm 80:120 --threshold 77");
+    const CommandLine command = Parse(
+        "listen -d Deck --save -f NDJSON --duration 2.5 --format-info --measure -q --offset -80 "
+        "--profile slow --bpm 80:120 --threshold 77");
     QCOMPARE(command.text, QString());
     const ListenOptions& options = command.listen;
     QCOMPARE(options.device, QStringLiteral("Deck"));
     QVERIFY(options.isSaved && options.showsFormat && options.measures && options.isQuiet);
     QVERIFY(options.format == eNdjsonEvents);
     QCOMPARE(options.duration, 2.5);
+    QCOMPARE(*options.offset, -80.0);
     QCOMPARE(options.analysis.profile, QStringLiteral("slow"));
     QCOMPARE(options.analysis.bpm->maximal, 120.0);
     QCOMPARE(options.analysis.settings.at(SettingOf("threshold")), 77.0);

@@ -94,6 +94,7 @@ private Q_SLOTS:
     void music_isUntouched_withoutBeats();
     void click_hasItsEnergyAtTheBeat();
     void click_isSofterAndLower_whenVirtual();
+    void click_isLouderAndHigher_onTheFirstOfTheBar();
     void click_goesToEveryChannel();
     void clicks_addUp_whenTheyOverlap();
     void click_isSaturated_inLoudMusic();
@@ -210,6 +211,20 @@ void tst_ClickTrack::click_isSofterAndLower_whenVirtual()
     const int virtualBeat = countSignChanges(track.samples, 22050, 44100);
     QVERIFY2(std::abs(real - 35) <= 1, qPrintable(QString::number(real)));
     QVERIFY2(std::abs(virtualBeat - 18) <= 1, qPrintable(QString::number(virtualBeat)));
+}
+
+// 1760 Hz changes its sign 35 times in 10 ms, 2640 Hz 53 times.
+void tst_ClickTrack::click_isLouderAndHigher_onTheFirstOfTheBar()
+{
+    LoggedBeat first = makeBeat(0);
+    first.beatInBar = 1;
+    LoggedBeat second = makeBeat(10000);
+    second.beatInBar = 2;
+    const Track track = _Make(Samples(20000), {first, second});
+    QCOMPARE(track.samples[0], qint16(28000));
+    QCOMPARE(track.samples[10000], qint16(kRealPeak));
+    QVERIFY(std::abs(countSignChanges(track.samples, 0, 44100) - 53) <= 1);
+    QVERIFY(std::abs(countSignChanges(track.samples, 10000, 44100) - 35) <= 1);
 }
 
 void tst_ClickTrack::click_goesToEveryChannel()

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <cli/live/LiveEvents.h>
+#include <cli/live/LiveSummary.h>
+
 #include <QRegularExpression>
 #include <QSet>
 #include <QtTest>
@@ -95,7 +100,7 @@ private Q_SLOTS:
     void events_haveTheFields();
 
 private:
-    QByteArray _Analyze(const char* pFormat, const QStringList& pFiles) const;
+    QByteArray _Analyze(const char* pTracker, const char* pFormat, const QStringList& pFiles) const;
     QByteArray _Listen(const char* pTrack, const char* pLastEvent) const;
 
     const Stage m_stage{{QStringLiteral(AUDIO_ANALYZER_PROGRAM)}};
@@ -106,15 +111,29 @@ void tst_JsonDocs::initTestCase()
     QVERIFY(m_stage.Write(QStringLiteral("music.raw"), Music()));
 }
 
-QByteArray tst_JsonDocs::_Analyze(const char* pFormat, const QStringList& pFiles) const
+QByteArray
+tst_JsonDocs::_Analyze(const char* pTracker, const char* pFormat, const QStringList& pFiles) const
 {
     const StagedRun run = m_stage.Run(QStringList{QStringLiteral("analyze"),
+                                                  QStringLiteral("--tracker"),
+                                                  QLatin1String(pTracker),
                                                   QStringLiteral("--raw"),
                                                   QString::number(kRate),
                                                   QStringLiteral("--format"),
                                                   QLatin1String(pFormat)} +
                                       pFiles);
     return run.exitCode == 0 ? run.output : QByteArray();
+}
+
+/// What a reader is told that stalled for a long time.
+QByteArray LossEvent()
+{
+    Configuration configuration;
+    CaptureSession session(configuration);
+    LiveBeats beats;
+    LiveSummary summary(session, beats, false);
+    const LiveEvents events(eNdjsonEvents, session, beats, summary);
+    return events._FormLoss(3);
 }
 
 /// What is printed up to an event, and at the end.
@@ -134,9 +153,11 @@ QByteArray tst_JsonDocs::_Listen(const char* pTrack, const char* pLastEvent) con
 void tst_JsonDocs::document_hasTheFields()
 {
     const QString music = m_stage.path(QStringLiteral("music.raw"));
-    const QJsonObject document = QJsonDocument::fromJson(_Analyze("json", {music})).object();
     Names names;
-    AddNames(document, QString(), names);
+    for (const char* pTracker : {"automatic", "profile"}) {
+        const QByteArray document = _Analyze(pTracker, "json", {music});
+        AddNames(QJsonDocument::fromJson(document).object(), QString(), names);
+    }
     QVERIFY(names.size() > 20);
     QCOMPARE(names, Documented(QStringLiteral("A document: `json`")));
 }
@@ -144,10 +165,13 @@ void tst_JsonDocs::document_hasTheFields()
 void tst_JsonDocs::events_haveTheFields()
 {
     const QString music = m_stage.path(QStringLiteral("music.raw"));
-    Names names = EventNames(_Analyze("ndjson", {music, music}));
+    Names names;
+    for (const char* pTracker : {"automatic", "profile"})
+        names += EventNames(_Analyze(pTracker, "ndjson", {music, music}));
     QVERIFY(names.contains(QStringLiteral("file")));
     names += EventNames(_Listen("music", "\"announce\""));
     names += EventNames(_Listen("clipped", "\"notice\""));
+    names += EventNames(LossEvent());
     QCOMPARE(names, Documented(QStringLiteral("Events: `ndjson`")));
 }
 

@@ -18,6 +18,7 @@ class tst_JsonWriter : public QObject
 
 private Q_SLOTS:
     void document_isExactlyThis();
+    void document_isExactlyThis_withTheAutomaticTracker();
     void document_tellsTheSettings();
     void everySetting_isTold_data();
     void everySetting_isTold();
@@ -28,7 +29,8 @@ void tst_JsonWriter::document_isExactlyThis()
 {
     Configuration configuration;
     SettingsTable::Restore(configuration);
-    const AnalysisOptions options;
+    AnalysisOptions options;
+    options.tracker = eProfileTracker;
     QCOMPARE(options.Apply(configuration), QString());
     AnalysisResult result = HandMadeResult();
     result.beats.resize(2);
@@ -87,6 +89,51 @@ void tst_JsonWriter::document_isExactlyThis()
     QCOMPARE(makeJsonDocument(result, options, configuration), expected);
 }
 
+// One beat makes no row of nine, so the tempo is the reported one.
+void tst_JsonWriter::document_isExactlyThis_withTheAutomaticTracker()
+{
+    AnalysisResult result;
+    result.source = QStringLiteral("a.wav");
+    result.sampleRate = 8000;
+    result.sampleCount = 12000;
+    LoggedBeat beat = {4000, 0.5, false, 0, 0.0, 119.99};
+    beat.beatInBar = 2;
+    beat.confidence = 0.75;
+    beat.barConfidence = 0.5;
+    result.beats = {beat};
+    AnalysisOptions options;
+    options.bpm = AnalysisOptions::TempoRange{100.5, 250.0};
+    const QByteArray expected = R"({
+    "beats": [
+        {
+            "barConfidence": 0.5,
+            "beatInBar": 2,
+            "bpm": 119.99,
+            "confidence": 0.75,
+            "index": 4000,
+            "time": 0.5,
+            "virtual": false
+        }
+    ],
+    "duration": 1.5,
+    "file": "a.wav",
+    "sampleRate": 8000,
+    "settings": {
+        "bpmMaximal": 190,
+        "bpmMinimal": 100.5
+    },
+    "silences": [
+    ],
+    "tempo": {
+        "bpm": 119.99,
+        "method": "median of the tempos that nine beats in a row make, from ten seconds after the first one on"
+    },
+    "tracker": "automatic"
+}
+)";
+    QCOMPARE(makeJsonDocument(result, options, Configuration()), expected);
+}
+
 void tst_JsonWriter::document_tellsTheSettings()
 {
     AnalysisOptions options;
@@ -138,6 +185,7 @@ void tst_JsonWriter::everySetting_isTold()
     const SettingsTable::Setting& setting = *SettingOf(QTest::currentDataTag());
     const auto told = [&](double pValue) -> QJsonValue {
         AnalysisOptions options;
+        options.tracker = eProfileTracker;
         options.settings[&setting] = pValue;
         Configuration configuration;
         options.Apply(configuration);

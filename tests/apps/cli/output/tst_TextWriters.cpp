@@ -18,6 +18,7 @@ private Q_SLOTS:
     void beats_areSecondsOneALine();
     void labels_areTabSeparatedPoints();
     void csv_isTimeAndLabel();
+    void label_isThePlaceInTheBar_whereItIsKnown();
     void svl_isASonicVisualiserLayer();
     void tempo_isTheMirexLine_data();
     void tempo_isTheMirexLine();
@@ -51,6 +52,17 @@ void tst_TextWriters::csv_isTimeAndLabel()
 {
     QCOMPARE(makeCsvText(HandMadeResult()),
              QByteArray("0.500000,1\n1.000125,2 virtual\n1.543125,3\n"));
+}
+
+void tst_TextWriters::label_isThePlaceInTheBar_whereItIsKnown()
+{
+    AnalysisResult result = HandMadeResult();
+    result.beats[0].beatInBar = 4;
+    result.beats[1].beatInBar = 1;
+    result.beats[1].isVirtual = false;
+    result.beats[2].beatInBar = 2;
+    QCOMPARE(makeCsvText(result), QByteArray("0.500000,4\n1.000125,1\n1.543125,2\n"));
+    QCOMPARE(makeBeatsText(result), makeBeatsText(HandMadeResult()));
 }
 
 void tst_TextWriters::svl_isASonicVisualiserLayer()

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/MeterTracker.h>
+
 #include <cli/plot/Plot.h>
 #include <cli/plot/PlotScript.h>
 
@@ -56,7 +58,8 @@ Svg parse(const QString& pPath)
         reader.readNext();
         for (const QXmlStreamAttribute& attribute : reader.attributes())
             svg.refersOutside |= attribute.name() == QLatin1String("href") &&
-                                 !attribute.value().startsWith(QLatin1Char('#'));
+                                 !attribute.value().startsWith(QLatin1Char('#')) &&
+                                 !attribute.value().startsWith(QLatin1String("data:"));
         if (reader.isStartElement() && reader.name() == QLatin1String("text"))
             svg.texts << reader.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
     }
@@ -78,6 +81,7 @@ private Q_SLOTS:
     void svg_isDrawn_fromAnyResult_data();
     void svg_isDrawn_fromAnyResult();
     void png_hasItsSize();
+    void automatic_showsBeliefBarsAndConfidence();
     void marks_becomeDensity_whenDense();
     void curves_breakWhereUnknown();
     void title_isHarmless_data();
@@ -225,6 +229,33 @@ void tst_Plot::png_hasItsSize()
     const QByteArray header = file.read(24);
     QCOMPARE(header.left(16), QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
     QCOMPARE(header.mid(16, 8), QByteArray("\0\0\x05\0\0\0\x02\xa8", 8));  // 1280 x 680
+}
+
+// The beats of half a second go in bars of four from the first one on: 30 of them in 60 s.
+void tst_Plot::automatic_showsBeliefBarsAndConfidence()
+{
+    AnalysisResult result = makeResult();
+    int number = 0;
+    for (LoggedBeat& beat : result.beats) {
+        beat.isVirtual = false;
+        beat.beatInBar = 1 + number++ % 4;
+    }
+    BeliefTrace beliefs;
+    MeterTracker tracker(8000);
+    for (int i = 0; i < 10; ++i)
+        beliefs.Append(6.0 * i, tracker);
+    const QString path = _Path(QStringLiteral("plot.svg"));
+    Plot plot;
+    QVERIFY2(plot.Write(path, result, makeTrace(60.0), beliefs), qPrintable(plot.getError()));
+    const Svg svg = parse(path);
+    QVERIFY2(svg.isValid, qPrintable(svg.error));
+    for (const char* pText : {"bars", "belief in a tempo", "confidence", "tempo", "60", "190"})
+        QVERIFY2(svg.texts.contains(QLatin1String(pText)), pText);
+    QVERIFY(svg.texts.filter(QStringLiteral("virtual")).isEmpty());
+    QVERIFY(!svg.texts.filter(QStringLiteral("30 bars")).isEmpty());
+    const QByteArray script = PlotScript(result, makeTrace(60.0), &beliefs).Make(ePlotFormat::eSvg);
+    QVERIFY(script.contains("$belief with image"));
+    QVERIFY(script.contains("$confidence << EOD\n0 0\n6 0\n"));
 }
 
 void tst_Plot::marks_becomeDensity_whenDense()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/AudioAnalyzer.h>
+#include <AudioAnalyzer/analysis/MeterTracker.h>
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/PredefinedProfile.h>
 
@@ -45,6 +46,10 @@ private Q_SLOTS:
     void apply_refusesAFixedTempoOutsideTheProfile();
     void apply_refusesWhatTheSettersRefuse();
     void apply_setsUpTheAnalyzer();
+    void tracker_isAutomatic_unlessSomethingMeansTheEngine_data();
+    void tracker_isAutomatic_unlessSomethingMeansTheEngine();
+    void tracker_takesItsShareOfTheTempoRange_data();
+    void tracker_takesItsShareOfTheTempoRange();
     void table_readsValues_data();
     void table_readsValues();
     void table_coversEveryOptionOnce();
@@ -215,6 +220,97 @@ void tst_AnalysisOptions::apply_setsUpTheAnalyzer()
     QCOMPARE(analyzer.m_isConsistencyAllowed, false);
 }
 
+void tst_AnalysisOptions::tracker_isAutomatic_unlessSomethingMeansTheEngine_data()
+{
+    QTest::addColumn<QString>("name");  // of the option; empty = none
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("isEngine");
+    const auto add = [](const char* pName, const char* pValue, bool pIsEngine) {
+        QTest::addRow("%s", pName) << pName << pValue << pIsEngine;
+    };
+    add("", "", false);
+    add("--profile", "Slow", true);
+    add("--bpm", "90:100", false);
+    add("--band", "20:150", true);
+    add("--sensibility", "1.5", true);
+    add("--threshold", "77", true);
+    add("--stop-threshold", "77", false);
+    add("--stop-duration", "1", false);
+    add("--average-duration", "1", false);
+    add("--bpm-duration", "5", true);
+    add("--fixed-bpm", "100", true);
+    add("--no-consistency", "", true);
+    add("--virtual-when-stopped", "", true);
+}
+
+// What names the other tracker beside it is refused, and the refusal names the option.
+void tst_AnalysisOptions::tracker_isAutomatic_unlessSomethingMeansTheEngine()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, value);
+    QFETCH(bool, isEngine);
+    AnalysisOptions options;
+    if (!name.isEmpty())
+        QCOMPARE(Read(options, name, value), QString());
+    QCOMPARE(options.getTracker(), isEngine ? eProfileTracker : eAutomaticTracker);
+    Configuration configuration;
+    QCOMPARE(options.Apply(configuration), QString());
+    options.tracker = eProfileTracker;
+    QCOMPARE(options.getTracker(), eProfileTracker);
+    QCOMPARE(options.Apply(configuration), QString());
+    options.tracker = eAutomaticTracker;
+    QCOMPARE(options.getTracker(), eAutomaticTracker);
+    const QString refusal = options.Apply(configuration);
+    QCOMPARE(refusal,
+             isEngine ? name + QStringLiteral(" means nothing to --tracker automatic; leave one "
+                                              "of them out")
+                      : QString());
+}
+
+void tst_AnalysisOptions::tracker_takesItsShareOfTheTempoRange_data()
+{
+    QTest::addColumn<QString>("range");  // empty = none
+    QTest::addColumn<QString>("taken");  // empty = refused
+    // It follows 60 to 190 BPM.
+    QTest::newRow("none") << ""
+                          << "60:190";
+    QTest::newRow("inside") << "100:140.5"
+                            << "100:140.5";
+    QTest::newRow("all") << "1:999"
+                         << "60:190";
+    QTest::newRow("from below") << "30:60"
+                                << "60:60";
+    QTest::newRow("to above") << "190:300"
+                              << "190:190";
+    QTest::newRow("below") << "30:59.9"
+                           << "";
+    QTest::newRow("above") << "190.1:300"
+                           << "";
+}
+
+void tst_AnalysisOptions::tracker_takesItsShareOfTheTempoRange()
+{
+    QFETCH(QString, range);
+    QFETCH(QString, taken);
+    AnalysisOptions options;
+    if (!range.isEmpty())
+        QCOMPARE(Read(options, QStringLiteral("--bpm"), range), QString());
+    Configuration configuration;
+    const QString refusal = options.Apply(configuration);
+    if (taken.isEmpty()) {
+        QVERIFY2(refusal.contains(QLatin1String("60 to 190 BPM, and --bpm ") + range),
+                 qPrintable(refusal));
+        options.tracker = eProfileTracker;
+        QCOMPARE(options.Apply(configuration), QString());
+        return;
+    }
+    QCOMPARE(refusal, QString());
+    MeterTracker tracker(44100);
+    options.Apply(tracker);
+    QCOMPARE(QStringLiteral("%1:%2").arg(tracker.getMinimalBPM()).arg(tracker.getMaximalBPM()),
+             taken);
+}
+
 void tst_AnalysisOptions::table_readsValues_data()
 {
     QTest::addColumn<QString>("name");
@@ -223,6 +319,10 @@ void tst_AnalysisOptions::table_readsValues_data()
     const auto add = [](const char* pName, const char* pValue, const char* pWords) {
         QTest::addRow("%s %s", pName, pValue) << pName << pValue << pWords;
     };
+    add("--tracker", "automatic", "");
+    add("--tracker", "Profile", "");
+    add("--tracker", "", "automatic or profile");
+    add("--tracker", "engine", "automatic or profile");
     add("--profile", "Slow", "");
     add("--profile", "", "name of a profile");
     add("--bpm", "1:999.9", "");
@@ -297,9 +397,10 @@ void tst_AnalysisOptions::table_coversEveryOptionOnce()
         names.append(info.name);
     }
     QCOMPARE(names,
-             QStringLiteral("--profile --bpm --band --sensibility --threshold --stop-threshold "
-                            "--stop-duration --average-duration "
-                            "--bpm-duration --fixed-bpm --no-consistency --virtual-when-stopped")
+             QStringLiteral(
+                 "--tracker --profile --bpm --band --sensibility --threshold --stop-threshold "
+                 "--stop-duration --average-duration "
+                 "--bpm-duration --fixed-bpm --no-consistency --virtual-when-stopped")
                  .split(QLatin1Char(' ')));
 }
 

@@ -43,7 +43,8 @@ private Q_SLOTS:
     void tempo_isDimmed_whenUnknownOrHeld();
     void tempo_isExplained_data();
     void tempo_isExplained();
-    void accuracy_isShownWhilePlaying();
+    void confidence_isShown_whenAnythingIsKnown();
+    void bar_showsThePlaceOfTheBeat();
     void speakers_pumpWithTheBeat();
     void meter_showsTheVolumes();
     void meter_hasNoNumbers_withoutSamples();
@@ -195,8 +196,7 @@ void tst_LivePanels::tempo_isExplained_data()
     values.isAnalyzing = false;
     QTest::newRow("no sound") << values << true << QStringLiteral("Waiting for sound.");
     values.isFixed = true;
-    QTest::newRow("fixed") << values << true
-                           << QStringLiteral("Fixed tempo: beats are not announced.");
+    QTest::newRow("fixed") << values << true << QStringLiteral("Held by hand.");
 }
 
 void tst_LivePanels::tempo_isExplained()
@@ -210,17 +210,38 @@ void tst_LivePanels::tempo_isExplained()
     QTEST(panel.m_pHint->text(), "hint");
 }
 
-void tst_LivePanels::accuracy_isShownWhilePlaying()
+void tst_LivePanels::confidence_isShown_whenAnythingIsKnown()
 {
     Configuration configuration;
     BpmPanel panel(configuration);
     LiveValues values = Playing();
-    values.accuracy = 1.0 / 3.0;
     panel.Refresh(values, 1000);
-    QCOMPARE(panel.m_pAccuracy->value(), 33);
-    values.isPlaying = false;
+    QCOMPARE(panel.m_pConfidence->value(), 0);
+    QVERIFY(!panel.m_pConfidence->isTextVisible());
+    values.confidence = 1.0 / 3.0;
     panel.Refresh(values, 2000);
-    QCOMPARE(panel.m_pAccuracy->value(), 0);
+    QCOMPARE(panel.m_pConfidence->value(), 33);
+    QVERIFY(panel.m_pConfidence->isTextVisible());
+    values.confidence = 0.0;
+    panel.Refresh(values, 3000);
+    QCOMPARE(panel.m_pConfidence->value(), 0);
+    QVERIFY(panel.m_pConfidence->isTextVisible());
+}
+
+void tst_LivePanels::bar_showsThePlaceOfTheBeat()
+{
+    Configuration configuration;
+    BpmPanel panel(configuration);
+    LiveValues values = Playing();
+    panel.Refresh(values, 1000);
+    QCOMPARE(panel.m_pBar->text(), QStringLiteral("○ ○ ○ ○"));
+    values.beatInBar = 3;
+    panel.Refresh(values, 2000);
+    QCOMPARE(panel.m_pBar->text(), QStringLiteral("○ ○ ● ○"));
+    values.beatsPerBar = 3;
+    values.beatInBar = 1;
+    panel.Refresh(values, 3000);
+    QCOMPARE(panel.m_pBar->text(), QStringLiteral("● ○ ○"));
 }
 
 void tst_LivePanels::speakers_pumpWithTheBeat()
@@ -346,7 +367,7 @@ void tst_LivePanels::widgets_haveAccessibleNames()
     QVERIFY(!spectrum.m_pPlot->accessibleName().isEmpty());
     BpmPanel bpm(configuration);
     QVERIFY(!bpm.m_pTempo->accessibleName().isEmpty());
-    QVERIFY(!bpm.m_pAccuracy->accessibleName().isEmpty());
+    QVERIFY(!bpm.m_pConfidence->accessibleName().isEmpty());
 }
 
 AA_TEST(tst_LivePanels, InVirtualTime<QApplication>)

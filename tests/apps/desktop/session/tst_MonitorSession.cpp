@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/config/UISettings.h>
+
 #include <desktop/session/MonitorSession.h>
+#include <shared/capture/InputDevices.h>
 
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -42,6 +45,9 @@ private Q_SLOTS:
     void silence_hasNoTempo();
     void beats_flash();
     void reset_forgetsTheTempo();
+    void beats_areTheClocks();
+    void tracker_isRemembered();
+    void defaultInput_isListenedTo_asWhateverItIs();
     void fixedTempo_outlivesTheSource();
     void file_replacesTheDevice_andEnds();
     void stopFile_listensAgain();
@@ -255,7 +261,7 @@ void tst_MonitorSession::beats_flash()
     MonitorSession session;
     QSignalSpy flashes(&session.getFeed(), &LiveFeed::OnFlashed);
     session.Listen({});
-    QTRY_VERIFY_WITH_TIMEOUT(session.getFeed().getBeatCount() >= 3, 12000);
+    QTRY_VERIFY_WITH_TIMEOUT(session.getFeed().getBeatCount() >= 8, 12000);
     const LiveValues& values = session.getFeed().Read();
     QVERIFY(values.beatTime > 0 && values.pulseTime > 0);
     QVERIFY(values.spectrumCount > 20);
@@ -273,6 +279,60 @@ void tst_MonitorSession::reset_forgetsTheTempo()
     QCOMPARE(session.getFeed().Read().bpm, 0.0);
     QCOMPARE(session.getFeed().Read().measuredBPM, 0.0);
     QCOMPARE(session.getAnalyzer()->getComputedBPM(), 0.0);
+}
+
+void tst_MonitorSession::beats_areTheClocks()
+{
+    Machine().Plug(desktoptest::MusicDevice("Deck"));
+    MonitorSession session;
+    session.Listen({});
+    QVERIFY(session.isAutomatic());
+    QTRY_VERIFY_WITH_TIMEOUT(session.getFeed().Read().beatInBar > 0, 12000);
+    const LiveValues& values = session.getFeed().Read();
+    QVERIFY(values.isAutomatic);
+    QVERIFY(values.confidence > 0.0 && values.confidence <= 1.0);
+    QCOMPARE(values.beatsPerBar, 4);
+    QTRY_VERIFY_WITH_TIMEOUT(std::abs(session.getFeed().Read().bpm - 128.0) < 1.0, 30000);
+    session.Scale(1, 2);
+    QVERIFY(std::abs(session.getFeed().Read().bpm - 64.0) < 1.0);
+    session.Scale(2, 1);
+    const double doubled = session.getFeed().Read().bpm;
+    session.Round();
+    QCOMPARE(session.getFeed().Read().bpm, std::round(doubled));
+    session.MarkOne();
+    const BeatClockState state = session.getBeats().getClock().getState();
+    const auto nearest = state.getPosition(shared::ClockThread::getTime() + state.offset);
+    QCOMPARE(state.getBeatInBar(std::llround(nearest)), 0);
+    session.Tap();
+    session.StopFile();
+}
+
+void tst_MonitorSession::tracker_isRemembered()
+{
+    {
+        MonitorSession session;
+        QString error;
+        QVERIFY(session.Load(error));
+        QVERIFY(session.isAutomatic());
+        session.setAutomatic(false);
+        session.setAutomatic(false);
+    }
+    MonitorSession session;
+    QString error;
+    QVERIFY(session.Load(error));
+    QVERIFY(!session.isAutomatic());
+    session.setAutomatic(true);
+    QVERIFY(QFile::remove(UISettings::_getDefaultPath()));
+}
+
+void tst_MonitorSession::defaultInput_isListenedTo_asWhateverItIs()
+{
+    Machine().Plug(desktoptest::MusicDevice("Deck"));
+    MonitorSession session;
+    session.Listen(kDefaultInput);
+    QTRY_COMPARE(session.getSource().capture, eCaptureRunning);
+    QCOMPARE(session.getSource().name, Name("Deck"));
+    QCOMPARE(session.getDeviceName(), kDefaultInput);
 }
 
 void tst_MonitorSession::fixedTempo_outlivesTheSource()

@@ -10,6 +10,16 @@
 
 namespace {
 
+/// Says that there is a sound server.
+class AnsweringBackEnd : public SoundBackEnd
+{
+public:
+    AnsweringBackEnd() { _Publish(); }
+    std::vector<SoundSource> getSources() const override { return {}; }
+    bool isAnswering() const override { return true; }
+    std::optional<SoundPosition> getPosition() const override { return {}; }
+};
+
 /// A model under the eyes of Qt's tester.
 struct WatchedDevices
 {
@@ -60,6 +70,7 @@ private Q_SLOTS:
     void list_takesAManyChanges();
     void data_isEmpty_whereThereIsNone();
     void retranslate_tellsEveryRow();
+    void default_standsFirst_withASoundServer();
 };
 
 void tst_InputDevicesModel::initTestCase()
@@ -344,6 +355,22 @@ void tst_InputDevicesModel::retranslate_tellsEveryRow()
     QCOMPARE(changed.count(), 1);
     QCOMPARE(changed.at(0).at(0).toModelIndex().row(), 0);
     QCOMPARE(changed.at(0).at(1).toModelIndex().row(), 1);
+}
+
+void tst_InputDevicesModel::default_standsFirst_withASoundServer()
+{
+    Machine().Plug(Text("Mic"));
+    const AnsweringBackEnd backEnd;
+    WatchedDevices devices;
+    QCOMPARE(devices.Texts().first(), Text("The system's default, whichever it is"));
+    QCOMPARE(devices.model.rowCount(), 2);
+    QCOMPARE(devices.model.getPresentCount(), 1);
+    devices.model.setChosen(kDefaultInput);
+    devices.model.setChosenPresent(false);
+    QVERIFY(devices.Is("default", InputDevicesModel::eChosenRole));
+    // It stays when another is chosen.
+    devices.model.setChosen(Text("Mic"));
+    QCOMPARE(devices.model.rowCount(), 2);
 }
 
 AA_TEST(tst_InputDevicesModel, QApplication)

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void half_double_round_data();
     void half_double_round();
     void half_beginsWithTheMeasuredTempo();
+    void buttons_tellWhatIsToBeDone_atOnce();
     void half_beginsTapsAnew();
     void buttons_areEnabled_whereTheyCanAct_data();
     void buttons_areEnabled_whereTheyCanAct();
@@ -183,6 +184,32 @@ void tst_ManualBeatPanel::half_beginsWithTheMeasuredTempo()
     panel.Click("half");
     QCOMPARE(panel.Tempo(), Text("85.0 BPM"));
     QCOMPARE(analyzer->getFixedBPM(), 0.0);
+}
+
+void tst_ManualBeatPanel::buttons_tellWhatIsToBeDone_atOnce()
+{
+    Panel panel;
+    QVERIFY(PanelTest::Show(panel.panel));
+    QStringList told;
+    using M = ManualBeatPanel;
+    connect(
+        &panel.panel,
+        &M::OnScaled,
+        this,
+        [&](int pNumerator, int pDenominator) {
+            told.append(QStringLiteral("%1/%2").arg(pNumerator).arg(pDenominator));
+        });
+    connect(
+        &panel.panel, &M::OnRounded, this, [&] { told.append(Text("round")); });
+    connect(&panel.panel, &M::OnOneMarked, this, [&] { told.append(Text("one")); });
+    panel.panel.setFollowedTempo(127.6);
+    QCOMPARE(panel.Enabled(), Text("half double round lock"));
+    for (const char* pButton : {"half", "double", "round", "one"})
+        panel.Click(pButton);
+    QTest::keyClick(&panel.panel, Qt::Key_1);
+    QCOMPARE(told.join(QLatin1Char(' ')), Text("1/2 2/1 round one one"));
+    // Half of it, the double of that, rounded.
+    QCOMPARE(panel.Tempo(), Text("128.0 BPM"));
 }
 
 void tst_ManualBeatPanel::half_beginsTapsAnew()

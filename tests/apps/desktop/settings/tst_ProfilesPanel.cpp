@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <QRadioButton>
+
 #include <algorithm>
 #include <apps/desktop/settings/ProfilesPanelFixture.h>
 #include <support/TestClass.h>
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void refresh_showsWhatChangedElsewhere();
     void everything_hasAName();
     void mnemonics_differ();
+    void automatic_isChosen_andLeftForAProfile();
 };
 
 void tst_ProfilesPanel::list_showsTheSelectedProfile()
@@ -219,6 +222,34 @@ void tst_ProfilesPanel::mnemonics_differ()
     QString letters = PanelTest::Mnemonics(panel.panel);
     std::sort(letters.begin(), letters.end());
     QCOMPARE(letters, Text("DEIMU"));
+}
+
+void tst_ProfilesPanel::automatic_isChosen_andLeftForAProfile()
+{
+    ProfilesBench bench;
+    QStringList told;
+    connect(&bench.panel, &ProfilesPanel::OnAutomaticChosen, this, [&](bool pIsAutomatic) {
+        told.append(pIsAutomatic ? Text("automatic") : Text("profile"));
+    });
+    auto& automatic = PanelTest::Get<QRadioButton>(bench.panel, "automatic");
+    QVERIFY(!automatic.isChecked());
+    QVERIFY(bench.List().selectionModel()->hasSelection());
+    automatic.click();
+    automatic.click();
+    QVERIFY(automatic.isChecked());
+    QVERIFY(!bench.List().selectionModel()->hasSelection());
+    bench.panel.Refresh();
+    QVERIFY(automatic.isChecked() && !bench.List().selectionModel()->hasSelection());
+    // The one that was in force before, too.
+    const QModelIndex index = bench.panel.m_pModel->index(bench.panel.m_pModel->getSelectedRow());
+    QTest::mouseClick(
+        bench.List().viewport(), Qt::LeftButton, {}, bench.List().visualRect(index).center());
+    QVERIFY(!automatic.isChecked());
+    QVERIFY(bench.List().selectionModel()->hasSelection());
+    bench.panel.setAutomatic(true);
+    bench.Select(1);
+    QVERIFY(!automatic.isChecked());
+    QCOMPARE(told.join(QLatin1Char(' ')), Text("automatic profile profile"));
 }
 
 AA_TEST(tst_ProfilesPanel, QApplication)

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void end_cutsOffBeatsPulsesAndTempos();
     void silences_areTheStretchesWithoutSpectrum();
     void silence_reachesTheEnd_whenItLasts();
+    void meter_givesBeatsTemposAndSilences_theEngineThePulses();
     void log_agreesWithTheSharedRecords_onRandomMusic();
 
 private:
@@ -266,6 +267,41 @@ void tst_BeatLog::silence_reachesTheEnd_whenItLasts()
 
 // Whoever keeps all pulses sees in the end which of them became beats: the log must have found just
 // those, and the virtual ones, in order.
+// What the engine says of beats, tempos and silences is not heard then.
+void tst_BeatLog::meter_givesBeatsTemposAndSilences_theEngineThePulses()
+{
+    MeterFollower meter;
+    m_log.reset();
+    m_relay = std::make_unique<BeatRelay>(*m_follower, meter);
+    m_log = std::make_unique<BeatLog>(*m_relay);
+    m_relay->Restart(kRate, 10.0);
+    Q_EMIT meter.OnPlayingChanged(512, true);
+    Pulse pulse = MakePulse(0, 400, eBeat);
+    _Block(true, [&] {
+        Q_EMIT m_analyzer->OnPulseDetected(pulse);
+        Q_EMIT m_analyzer->OnBPMChanged(120.0);
+    });
+    Q_EMIT meter.OnBeatFound({768, 99.5, 3, 0.75, 0.5});
+    Q_EMIT meter.OnTempoFound(768, 99.5);
+    m_log->Finish(m_follower->getSampleCount());
+    const AnalysisResult& result = m_log->getResult();
+    QCOMPARE(result.pulseTimes, std::vector<double>{10.0});
+    QCOMPARE(result.beats.size(), std::size_t(1));
+    const LoggedBeat& beat = result.beats[0];
+    QCOMPARE(beat.index, quint64(768));
+    QCOMPARE(beat.time, 10.75);
+    QCOMPARE(beat.bpm, 99.5);
+    QCOMPARE(beat.beatInBar, 3);
+    QCOMPARE(beat.confidence, 0.75);
+    QCOMPARE(beat.barConfidence, 0.5);
+    QVERIFY(!beat.isVirtual);
+    QCOMPARE(result.tempos.size(), std::size_t(1));
+    QCOMPARE(result.tempos[0].time, 10.75);
+    QCOMPARE(result.tempos[0].bpm, 99.5);
+    QCOMPARE(result.silences.size(), std::size_t(1));
+    QCOMPARE(result.silences[0].end, 10.5);
+}
+
 void tst_BeatLog::log_agreesWithTheSharedRecords_onRandomMusic()
 {
     const bool isGiven = qEnvironmentVariableIsSet("AA_TEST_SEED");
