@@ -356,6 +356,11 @@ void AddAnalyze(CLI::App& pApp, AnalyzeArguments& pArguments)
     AddInputOptions(command, pArguments);
     AddOutputOptions(command, pArguments);
     AddAnalysisOptions(command, pArguments.analysis, false);
+    command
+        .add_flag("--look-ahead",
+                  pArguments.isLookingAhead,
+                  Utf8(tr("decide at the end, with the whole file in mind; automatic only")))
+        ->group(Utf8(tr("Analysis")));
     command.footer(Utf8(AnalyzeFooter()));
 }
 

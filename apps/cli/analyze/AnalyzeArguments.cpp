@@ -34,7 +34,13 @@ QString ReadAnalysis(const std::map<std::string, std::string>& pValues, AnalyzeO
             pOptions.analysisArguments.append(value);
     }
     Configuration configuration;
-    return pOptions.analysis.Apply(configuration);
+    const QString refusal = pOptions.analysis.Apply(configuration);
+    if (refusal.isEmpty() && pOptions.isLookingAhead &&
+        pOptions.analysis.getTracker() == eProfileTracker)
+        return tr(
+            "--look-ahead belongs to --tracker automatic; the engine with a profile decides as "
+            "it hears");
+    return refusal;
 }
 
 QString ReadRaw(const QString& pValue, AnalyzeOptions& pOptions)
@@ -86,6 +92,7 @@ QString readAnalyzeArguments(const AnalyzeArguments& pArguments, AnalyzeOptions&
     pOptions.plot = QFile::decodeName(pArguments.plot.c_str());
     pOptions.isRealOnly = pArguments.isRealOnly;
     pOptions.isPartial = pArguments.isPartial;
+    pOptions.isLookingAhead = pArguments.isLookingAhead;
     pOptions.isQuiet = pArguments.isQuiet;
     pOptions.isWorker = pArguments.isWorker;
     const QString refusal = ReadChoices(pArguments, pOptions);
