@@ -22,6 +22,14 @@ void Destroy(AudioAnalysis* pAnalysis)
     AudioAnalysis_Destroy(pAnalysis);
 }
 
+/// Its place in the bar, where that is known.
+std::string LabelOf(const AudioAnalysisBeat& pBeat)
+{
+    if (pBeat.beatInBar > 0)
+        return std::to_string(pBeat.beatInBar);
+    return pBeat.isVirtual ? "virtual" : "";
+}
+
 /// Events at single moments, to the sample.
 Descriptor
 DescribeEvents(const char* pName, const char* pTitle, const char* pDescription, float pSampleRate)
@@ -72,8 +80,8 @@ BeatTracker::BeatTracker(float pSampleRate)
 
 std::string BeatTracker::getDescription() const
 {
-    return "Finds beats and tempo as in live music; beats are real, heard in the music, or "
-           "virtual, put where one was expected";
+    return "Finds beats and tempo as in live music; with a profile beats are real, heard in the "
+           "music, or virtual, put where one was expected";
 }
 
 int BeatTracker::getPluginVersion() const
@@ -88,8 +96,11 @@ size_t BeatTracker::getMaxChannelCount() const
 
 BeatTracker::OutputList BeatTracker::getOutputDescriptors() const
 {
-    Descriptor beats =
-        DescribeEvents("beats", "Beats", "Beats; virtual ones are labelled so", m_inputSampleRate);
+    Descriptor beats = DescribeEvents("beats",
+                                      "Beats",
+                                      "Beats with their places in the bar; with a profile, virtual "
+                                      "ones are labelled so",
+                                      m_inputSampleRate);
     beats.binCount = 0;
     Descriptor tempo = DescribeEvents(
         "tempo", "Tempo", "Each change of the tempo; 0 = unknown", m_inputSampleRate);
@@ -124,7 +135,7 @@ bool BeatTracker::initialise(size_t pChannels, size_t pStepSize, size_t pBlockSi
     m_channels = pChannels;
     m_stepSize = pStepSize;
     m_frames.resize(pStepSize * pChannels);
-    m_silence.resize(pStepSize);
+    m_silence.resize(pStepSize * pChannels);
     reset();
     return true;
 }
@@ -148,9 +159,9 @@ BeatTracker::FeatureSet BeatTracker::process(const float* const* pInputs, RealTi
     m_isStarted = true;
     _Interleave(pInputs);
     const size_t count = _CountFramesToLastSound();
-    AudioAnalysis_PushFloat(m_analysis.get(), m_silence.data(), m_heldZeros, 1);
-    AudioAnalysis_PushFloat(
-        m_analysis.get(), m_frames.data(), count, static_cast<int32_t>(m_channels));
+    const auto channels = static_cast<int32_t>(m_channels);
+    AudioAnalysis_PushFloat(m_analysis.get(), m_silence.data(), m_heldZeros, channels);
+    AudioAnalysis_PushFloat(m_analysis.get(), m_frames.data(), count, channels);
     m_heldZeros = m_stepSize - count;
     return _Take();
 }
@@ -176,8 +187,7 @@ void BeatTracker::_Connect()
     AudioAnalysis_SetBeatCallback(
         pAnalysis,
         [](void* pUser, const AudioAnalysisBeat* pBeat) {
-            static_cast<BeatTracker*>(pUser)->_Add(
-                eBeats, pBeat->index, {}, pBeat->isVirtual ? "virtual" : "");
+            static_cast<BeatTracker*>(pUser)->_Add(eBeats, pBeat->index, {}, LabelOf(*pBeat));
         },
         this);
     AudioAnalysis_SetTempoCallback(

@@ -72,7 +72,7 @@ private:
     size_t m_channels = 0;         ///< 0 = not initialised
     size_t m_stepSize = 0;         ///< frames
     std::vector<float> m_frames;   ///< of one step, interleaved
-    std::vector<float> m_silence;  ///< one mono step of zeros
+    std::vector<float> m_silence;  ///< one step of zeros
     size_t m_heldZeros = 0;        ///< frames of silence that end the last step
     bool m_isStarted = false;      ///< m_origin is known
     long m_origin = 0;             ///< frame at which the host began

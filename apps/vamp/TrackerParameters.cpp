@@ -4,11 +4,15 @@
 
 #include <vamp/TrackerParameters.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <limits>
 
 namespace {
+
+constexpr double kSlowestBPM = 60.0;   ///< that the automatic tracker follows
+constexpr double kFastestBPM = 190.0;  ///< that it follows
 
 using Descriptor = Vamp::Plugin::ParameterDescriptor;
 
@@ -42,6 +46,28 @@ Descriptor Describe(const SettingsTable::Setting& pSetting)
     result.isQuantized = pSetting.form != SettingsTable::eNumber;
     result.quantizeStep = 1.0F;
     return result;
+}
+
+Descriptor DescribeTracker()
+{
+    Descriptor result;
+    result.identifier = "tracker";
+    result.name = "Tracker";
+    result.description = "Who finds the beats; to change the profile, its band or another "
+                         "parameter of its own chooses the second one";
+    result.isQuantized = true;
+    result.quantizeStep = 1.0F;
+    result.valueNames = {"automatic", "profile"};
+    result.maxValue = static_cast<float>(AudioAnalysisTracker_Profile);
+    return result;
+}
+
+/// What only the engine heeds.
+bool MeansProfile(const std::string& pName)
+{
+    const auto* pSetting = SettingsTable::Find(QString::fromStdString(pName));
+    return pName == "profile" || pName == "low-frequency" || pName == "high-frequency" ||
+           pName == "sensibility" || (pSetting && SettingsTable::isOfEngine(*pSetting));
 }
 
 Descriptor DescribeProfile()
@@ -82,8 +108,8 @@ Vamp::Plugin::ParameterList DescribeEdits()
     constexpr auto kMaximalBPM = static_cast<float>(ProfileLimits::kMaximalBPM);
     constexpr float kMaximalFrequency = 96000.0F;
     return {
-        DescribeEdit("minimal-bpm", "Slowest tempo", "0: the profile's", "bpm", 0.0F, kMaximalBPM),
-        DescribeEdit("maximal-bpm", "Fastest tempo", "0: the profile's", "bpm", 0.0F, kMaximalBPM),
+        DescribeEdit("minimal-bpm", "Slowest tempo", "0: as it is", "bpm", 0.0F, kMaximalBPM),
+        DescribeEdit("maximal-bpm", "Fastest tempo", "0: as it is", "bpm", 0.0F, kMaximalBPM),
         DescribeEdit("low-frequency",
                      "Lower edge of the band",
                      "-1: the profile's; 0: none",
@@ -123,7 +149,7 @@ TrackerParameters::TrackerParameters()
 
 Vamp::Plugin::ParameterList TrackerParameters::getDescriptors()
 {
-    Vamp::Plugin::ParameterList list = {DescribeProfile()};
+    Vamp::Plugin::ParameterList list = {DescribeTracker(), DescribeProfile()};
     for (const Descriptor& edit : DescribeEdits())
         list.push_back(edit);
     for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
@@ -141,8 +167,12 @@ float TrackerParameters::get(const std::string& pName) const
 void TrackerParameters::set(const std::string& pName, float pValue)
 {
     const auto found = m_values.find(pName);
-    if (found != m_values.end())
-        found->second = pValue;
+    if (found == m_values.end())
+        return;
+    // Hosts set every parameter, also those that stay as they are.
+    if (MeansProfile(pName) && found->second != pValue)
+        m_values["tracker"] = static_cast<float>(AudioAnalysisTracker_Profile);
+    found->second = pValue;
 }
 
 bool TrackerParameters::ApplyTo(AudioAnalysis* pAnalysis) const
@@ -153,7 +183,25 @@ bool TrackerParameters::ApplyTo(AudioAnalysis* pAnalysis) const
         if (AudioAnalysis_Set(pAnalysis, number++, value) != AudioAnalysisError_None)
             return false;
     }
-    return _ApplyProfileTo(pAnalysis);
+    return _ApplyProfileTo(pAnalysis) && _ApplyTrackerTo(pAnalysis);
+}
+
+bool TrackerParameters::_ApplyTrackerTo(AudioAnalysis* pAnalysis) const
+{
+    const float tracker = get("tracker");
+    // NaN is none either.
+    const bool isKnown = tracker == 0.0F || tracker == 1.0F;
+    if (AudioAnalysis_SetTracker(pAnalysis, isKnown ? static_cast<int32_t>(tracker) : -1) !=
+        AudioAnalysisError_None)
+        return false;
+    if (tracker != 0.0F)
+        return true;
+    const auto slowest = static_cast<double>(get("minimal-bpm"));
+    const auto fastest = static_cast<double>(get("maximal-bpm"));
+    return AudioAnalysis_SetTempoRange(pAnalysis,
+                                       std::max(slowest, kSlowestBPM),
+                                       fastest > 0.0 ? std::min(fastest, kFastestBPM)
+                                                     : kFastestBPM) == AudioAnalysisError_None;
 }
 
 bool TrackerParameters::_ApplyProfileTo(AudioAnalysis* pAnalysis) const

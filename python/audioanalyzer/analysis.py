@@ -23,6 +23,7 @@ from .profiles import Profile, from_record, to_record
 
 Number = TypeVar("Number", bound=float)
 _RATES = range(8000, 192001)  # Hz
+_TRACKERS = ("automatic", "profile")  # in the order of their numbers
 
 
 class _Setting(Generic[Number]):
@@ -130,6 +131,9 @@ def _beat(record: Any) -> Beat:
         record.accuracy,
         bool(record.is_virtual),
         record.loudness,
+        record.confidence,
+        record.bar_confidence,
+        record.beat_in_bar,
     )
 
 
@@ -159,8 +163,9 @@ _MAKERS: Dict[str, Callable[[Any], Event]] = {
 class Analysis:
     """One stream of audio with its settings.
 
-    sample_rate: Hz, 8000 to 192000. profile: the name of a built-in one, in any case of its letters, or
-    a Profile. on_...: called with each event from inside push() and finish(); what they raise, push() and
+    sample_rate: Hz, 8000 to 192000. tracker: "automatic", which follows any music and is the default, or
+    "profile", the engine with a tempo profile. profile: the name of a built-in one, in any case of its
+    letters, or a Profile; choosing one, or a setting that it alone heeds, chooses its tracker. on_...: called with each event from inside push() and finish(); what they raise, push() and
     finish() raise. A callback must not push, finish, restart or close its own analysis. The other
     arguments are the settings below, such as stop_duration=0.5; None leaves the default.
 
@@ -187,6 +192,7 @@ class Analysis:
         self,
         sample_rate: int,
         *,
+        tracker: Optional[str] = None,
         profile: Union[str, Profile, None] = None,
         on_beat: Optional[Callable[[Beat], object]] = None,
         on_pulse: Optional[Callable[[Pulse], object]] = None,
@@ -224,6 +230,8 @@ class Analysis:
         for name, value in settings.items():
             if value is not None:
                 setattr(self, name, value)
+        if tracker is not None:
+            self.tracker = tracker
 
     def __enter__(self) -> "Analysis":
         self._open_handle()
@@ -286,11 +294,46 @@ class Analysis:
         the index goes on."""
         self._call("Reset")
 
+    # ---- The tracker, and a hand on it
+
+    @property
+    def tracker(self) -> str:
+        """Who tells beats, tempos and stops: "automatic" or "profile". The automatic one begins anew
+        when it is chosen. Raises RangeError, BusyError."""
+        return _TRACKERS[self._read("GetTracker")]
+
+    @tracker.setter
+    def tracker(self, name: str) -> None:
+        self._call("SetTracker", _TRACKERS.index(name) if name in _TRACKERS else -1)
+
+    def tap(self, index: Optional[int] = None) -> None:
+        """The user tapped a beat at the index; None = at the last sample pushed. Three taps settle tempo
+        and beat; the music goes on being followed. The automatic tracker alone heeds it, as it does
+        the following; none may be called from a callback. Raises BusyError."""
+        self._call("Tap", self.sample_count if index is None else index)
+
+    def multiply(self, factor: float) -> None:
+        """Follows the music at 2, 1/2, 3/2 or 2/3 times the tempo. Raises RangeError, BusyError."""
+        self._call("Multiply", factor)
+
+    def set_downbeat(self, index: Optional[int]) -> None:
+        """The beat nearest to the index is the first of a bar, and bars are counted from there on; None
+        lets the music tell the bar again. Raises BusyError."""
+        if index is None:
+            self._call("ReleaseDownbeat")
+        else:
+            self._call("SetDownbeat", index)
+
+    def set_tempo_range(self, minimum: float, maximum: float) -> None:
+        """Limits the tempo, 60 to 190 BPM. Raises RangeError, BusyError."""
+        self._call("SetTempoRange", minimum, maximum)
+
     # ---- Callbacks
 
     @property
     def on_beat(self) -> Optional[Callable[[Beat], object]]:
-        """Called for every beat, once its beat window has passed, about 0.14 s behind it."""
+        """Called for every beat: the automatic tracker's once its sample was pushed, the engine's once
+        its beat window has passed, about 0.14 s behind it."""
         return self._sink.callbacks.get("Beat")
 
     @on_beat.setter
@@ -308,7 +351,8 @@ class Analysis:
 
     @property
     def on_tempo(self) -> Optional[Callable[[Tempo], object]]:
-        """Called for every beat window that was closed, after its beat."""
+        """Called for every beat that changes the automatic tracker's tempo; for every beat window of
+        the engine that was closed, after its beat."""
         return self._sink.callbacks.get("Tempo")
 
     @on_tempo.setter
@@ -357,7 +401,8 @@ class Analysis:
 
     @property
     def accuracy(self) -> float:
-        """In (0, 1]: falls with every beat window that holds no pulse."""
+        """In (0, 1]: falls with every beat window of the engine that holds no pulse; with the automatic
+        tracker its confidence, 0 while nothing plays."""
         return float(self._read("GetAccuracy"))
 
     @property
@@ -468,17 +513,19 @@ class Result:
     @property
     def bpm(self) -> float:
         """The tempo of the whole recording; 0 = unknown. It is the median of the tempos of the real
-        beats from ten seconds after the first of them on; in shorter music, of all of them."""
+        beats from ten seconds after the first of them on; in shorter music, of all of them. Beats of
+        the automatic tracker count by their times, nine in a row."""
         count = len(self.beats)
         bpm = ctypes.c_double()
-        error = library().call(
-            "ComputeRecordingTempo",
-            (ctypes.c_double * count)(*(beat.time for beat in self.beats)),
-            (ctypes.c_double * count)(*(beat.bpm for beat in self.beats)),
-            (ctypes.c_int32 * count)(*(beat.is_virtual for beat in self.beats)),
-            count,
-            ctypes.byref(bpm),
-        )
+        times = (ctypes.c_double * count)(*(beat.time for beat in self.beats))
+        bpms = (ctypes.c_double * count)(*(beat.bpm for beat in self.beats))
+        if count > 0 and self.beats[0].beat_in_bar > 0:
+            error = library().call("ComputeTempoOfTimes", times, bpms, count, ctypes.byref(bpm))
+        else:
+            virtual = (ctypes.c_int32 * count)(*(beat.is_virtual for beat in self.beats))
+            error = library().call(
+                "ComputeRecordingTempo", times, bpms, virtual, count, ctypes.byref(bpm)
+            )
         library().check(error, None)
         return bpm.value
 

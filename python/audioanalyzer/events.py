@@ -28,6 +28,9 @@ class Beat:
     accuracy: float  #: of the tracker, 0 to 1
     is_virtual: bool  #: stands in for a beat window that held no pulse
     loudness: int  #: magnitude of the chosen pulse; of a virtual beat, the threshold
+    confidence: float = 0.0  #: probability that it is right; 0 with a profile, as what follows
+    bar_confidence: float = 0.0  #: share of the belief that beat_in_bar has; 1 if set by hand
+    beat_in_bar: int = 0  #: 1 to 4
 
 
 @dataclass(frozen=True)

@@ -45,6 +45,9 @@ class BeatRecord(ctypes.Structure):
         ("accuracy", c_double),
         ("is_virtual", c_int32),
         ("loudness", c_int32),
+        ("confidence", c_double),
+        ("bar_confidence", c_double),
+        ("beat_in_bar", c_int32),
     ]
 
 
@@ -133,6 +136,17 @@ _FUNCTIONS: Dict[str, Tuple[Any, Sequence[Any]]] = {
         c_int32,
         [POINTER(c_double), POINTER(c_double), POINTER(c_int32), c_size_t, POINTER(c_double)],
     ),
+    "ComputeTempoOfTimes": (
+        c_int32,
+        [POINTER(c_double), POINTER(c_double), c_size_t, POINTER(c_double)],
+    ),
+    "SetTracker": (c_int32, [c_void_p, c_int32]),
+    "GetTracker": (c_int32, [c_void_p]),
+    "Tap": (c_int32, [c_void_p, c_uint64]),
+    "Multiply": (c_int32, [c_void_p, c_double]),
+    "SetDownbeat": (c_int32, [c_void_p, c_uint64]),
+    "ReleaseDownbeat": (c_int32, [c_void_p]),
+    "SetTempoRange": (c_int32, [c_void_p, c_double, c_double]),
     "GetProfileName": (c_char_p, [c_size_t]),
     "FindProfile": (c_int32, [c_char_p, POINTER(ProfileRecord)]),
     "SelectProfile": (c_int32, [c_void_p, c_char_p]),

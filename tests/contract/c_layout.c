@@ -9,7 +9,7 @@ _Static_assert(sizeof(struct AudioValues) == 2 * sizeof(void*), "two machine wor
 
 _Static_assert(sizeof(AudioAnalysisProfile) == 40, "part of the binary interface");
 _Static_assert(sizeof(AudioAnalysisPulse) == 40, "grows at the end only");
-_Static_assert(sizeof(AudioAnalysisBeat) == 40, "grows at the end only");
+_Static_assert(sizeof(AudioAnalysisBeat) == 64, "grows at the end only");
 _Static_assert(sizeof(AudioAnalysisTempo) == 24, "grows at the end only");
 _Static_assert(sizeof(AudioAnalysisStop) == 24, "grows at the end only");
 _Static_assert(sizeof(AudioAnalysisSpectrum) == 24 + 2 * sizeof(void*), "grows at the end only");

@@ -222,6 +222,37 @@ static void CheckMusic(AudioAnalysis* pAnalysis)
     CHECK(seen.lastTime < SECONDS);
 }
 
+/* Beats of the automatic tracker have a place in the bar. */
+static void OnBarBeat(void* pUser, const AudioAnalysisBeat* pBeat)
+{
+    int* pCount = (int*)pUser;
+    CHECK(pBeat->beatInBar >= 1 && pBeat->beatInBar <= 4);
+    CHECK(pBeat->confidence > 0.0 && pBeat->confidence <= 1.0);
+    CHECK(pBeat->barConfidence > 0.0 && pBeat->barConfidence <= 1.0);
+    ++*pCount;
+}
+
+static void CheckTracker(AudioAnalysis* pAnalysis)
+{
+    int beats = 0;
+    TAKES(AudioAnalysis_Restart(pAnalysis));
+    TAKES(AudioAnalysis_SetPulseCallback(pAnalysis, NULL, NULL));
+    TAKES(AudioAnalysis_SetTempoCallback(pAnalysis, NULL, NULL));
+    TAKES(AudioAnalysis_SetStopCallback(pAnalysis, NULL, NULL));
+    TAKES(AudioAnalysis_SetSpectrumCallback(pAnalysis, NULL, NULL));
+    TAKES(AudioAnalysis_SetBeatCallback(pAnalysis, &OnBarBeat, &beats));
+    TAKES(AudioAnalysis_SetTracker(pAnalysis, AudioAnalysisTracker_Automatic));
+    TAKES(AudioAnalysis_SetTempoRange(pAnalysis, 80.0, 160.0));
+    int16_t* pSamples = MakeKicks();
+    TAKES(AudioAnalysis_PushInt16(pAnalysis, pSamples, COUNT, 1));
+    free(pSamples);
+    TAKES(AudioAnalysis_Tap(pAnalysis, 0));
+    TAKES(AudioAnalysis_SetDownbeat(pAnalysis, 0));
+    TAKES(AudioAnalysis_ReleaseDownbeat(pAnalysis));
+    REFUSES(Range, AudioAnalysis_Multiply(pAnalysis, 7.0));
+    CHECK(beats > 5);
+}
+
 int main(void)
 {
     AudioAnalysis* pAnalysis = AudioAnalysis_Create(RATE);
@@ -234,11 +265,15 @@ int main(void)
     CHECK(AudioAnalysis_IsStopped(pAnalysis) == 1);
     CHECK(AudioAnalysis_GetBPM(pAnalysis) == 0.0);
     CHECK(AudioAnalysis_GetThreshold(pAnalysis) == -1);
+    CHECK(AudioAnalysis_GetTracker(pAnalysis) == AudioAnalysisTracker_Automatic);
     CheckNull();
     CheckNonsense(pAnalysis);
+    TAKES(AudioAnalysis_SetTracker(pAnalysis, AudioAnalysisTracker_Profile));
+    CHECK(AudioAnalysis_GetTracker(pAnalysis) == AudioAnalysisTracker_Profile);
     CheckMusic(pAnalysis);
     TAKES(AudioAnalysis_Restart(pAnalysis));
     CheckMusic(pAnalysis);
+    CheckTracker(pAnalysis);
     TAKES(AudioAnalysis_Reset(pAnalysis));
     TAKES(AudioAnalysis_Destroy(pAnalysis));
     return s_failures == 0 ? 0 : 1;

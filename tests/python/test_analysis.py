@@ -23,6 +23,7 @@ class Events(unittest.TestCase):
         told = []
         with Analysis(
             RATE,
+            tracker="profile",
             on_beat=told.append,
             on_pulse=told.append,
             on_tempo=told.append,
@@ -377,13 +378,53 @@ class Whole(unittest.TestCase):
             self.assertEqual(result.bpm, bpm)
 
     def test_analyze_tells_all(self):
-        result = audioanalyzer.analyze(MUSIC, RATE)
+        result = audioanalyzer.analyze(MUSIC, RATE, tracker="profile")
         self.assertEqual(result.sample_count, len(MUSIC))
         self.assertEqual(result.duration, 10.0)
         self.assertEqual(result.beat_times, [beat.time for beat in result.beats])
         self.assertAlmostEqual(result.bpm, 125.0, delta=3.0)
         self.assertGreater(len(result.pulses), len(result.beats) // 2)
         self.assertEqual([stop.is_stopped for stop in result.stops], [True, False])
+
+    def test_automatic_tracker_is_the_default_and_tells_bars(self):
+        result = audioanalyzer.analyze(MUSIC, RATE)
+        self.assertGreater(len(result.beats), 5)
+        for beat in result.beats:
+            self.assertIn(beat.beat_in_bar, (1, 2, 3, 4))
+            self.assertTrue(0.0 < beat.confidence <= 1.0)
+            self.assertTrue(0.0 < beat.bar_confidence <= 1.0)
+        engine = audioanalyzer.analyze(MUSIC, RATE, profile="Electro")
+        self.assertEqual({beat.beat_in_bar for beat in engine.beats}, {0})
+        self.assertEqual(result.pulses, engine.pulses)
+
+    def test_tempo_of_the_automatic_tracker_is_that_of_its_times(self):
+        # Nine beats of half a second, reported as 110 BPM.
+        beats = tuple(Beat(0, 0.5 * i, 110.0, 1.0, False, 0, 0.9, 0.9, 1) for i in range(9))
+        self.assertEqual(audioanalyzer.Result(RATE, RATE, beats, (), (), ()).bpm, 120.0)
+        self.assertEqual(audioanalyzer.Result(RATE, RATE, beats[:8], (), (), ()).bpm, 110.0)
+
+    def test_hand_reaches_the_tracker(self):
+        with Analysis(RATE) as analysis:
+            self.assertEqual(analysis.tracker, "automatic")
+            analysis.push(MUSIC)
+            analysis.tap()
+            analysis.tap(0)
+            analysis.set_downbeat(0)
+            analysis.set_downbeat(None)
+            analysis.set_tempo_range(60, 190)
+            for factor in (0.0, 7.0):
+                with self.assertRaises(audioanalyzer.RangeError):
+                    analysis.multiply(factor)
+            with self.assertRaises(audioanalyzer.RangeError):
+                analysis.set_tempo_range(50, 190)
+            with self.assertRaises(audioanalyzer.RangeError):
+                analysis.tracker = "magic"
+            analysis.profile = "Slow"
+            self.assertEqual(analysis.tracker, "profile")
+            analysis.tracker = "automatic"
+            self.assertEqual(analysis.tracker, "automatic")
+            analysis.fixed_bpm = 120.0
+            self.assertEqual(analysis.tracker, "profile")
 
     def test_analyze_takes_the_arguments_of_an_analysis(self):
         fixed = audioanalyzer.analyze(MUSIC, RATE, fixed_bpm=100.0, profile="Slow")

@@ -120,7 +120,7 @@ class Header(unittest.TestCase):
             self.assertEqual(ctypes.sizeof(record), size, name)
 
     def test_records_have_the_members_and_sizes_of_the_header(self):
-        sizes = {"Profile": 40, "Pulse": 40, "Beat": 40, "Tempo": 24, "Stop": 24, "Spectrum": 40}
+        sizes = {"Profile": 40, "Pulse": 40, "Beat": 64, "Tempo": 24, "Stop": 24, "Spectrum": 40}
         for name, size in sizes.items():
             record = getattr(library, name + "Record")
             self.assertEqual(ctypes.sizeof(record), size, name)

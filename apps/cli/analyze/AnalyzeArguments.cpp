@@ -106,7 +106,13 @@ QString ReadAnalysis(const std::map<std::string, std::string>& pValues, AnalyzeO
             pOptions.analysisArguments.append(value);
     }
     Configuration configuration;
-    return pOptions.analysis.Apply(configuration);
+    const QString refusal = pOptions.analysis.Apply(configuration);
+    if (refusal.isEmpty() && pOptions.isLookingAhead &&
+        pOptions.analysis.getTracker() == eProfileTracker)
+        return tr(
+            "--look-ahead belongs to --tracker automatic; the engine with a profile decides as "
+            "it hears");
+    return refusal;
 }
 
 QString ReadRaw(const QString& pValue, AnalyzeOptions& pOptions)
@@ -155,6 +161,9 @@ void addAnalyzeCommand(shared::OptionParser& pParser, AnalyzeArguments& pArgumen
     AddInputOptions(options, pArguments);
     AddOutputOptions(options, pArguments);
     addAnalysisOptions(options, pArguments.analysis, eInitialDefaults);
+    options.AddFlag("--look-ahead",
+                    pArguments.isLookingAhead,
+                    tr("decide at the end, with the whole file in mind; automatic only"));
     options.setFooter(Footer());
 }
 
@@ -167,6 +176,7 @@ QString readAnalyzeArguments(const AnalyzeArguments& pArguments, AnalyzeOptions&
     pOptions.plot = QFile::decodeName(pArguments.plot.c_str());
     pOptions.isRealOnly = pArguments.isRealOnly;
     pOptions.isPartial = pArguments.isPartial;
+    pOptions.isLookingAhead = pArguments.isLookingAhead;
     pOptions.isQuiet = pArguments.isQuiet;
     pOptions.isWorker = pArguments.isWorker;
     const QString refusal = ReadChoices(pArguments, pOptions);

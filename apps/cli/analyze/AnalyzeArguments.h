@@ -21,6 +21,7 @@ struct AnalyzeArguments
     std::string jobs;
     bool isRealOnly = false;
     bool isPartial = false;
+    bool isLookingAhead = false;
     bool isQuiet = false;
     bool isWorker = false;
     std::map<std::string, std::string> analysis;  ///< by option name

@@ -58,7 +58,8 @@ bool AnalyzeFile::_OpenSource()
     }
     if (!isOpen)
         return _FailToRead(m_source->getError());
-    m_analysis = std::make_unique<FileAnalysis>(m_options.analysis, *m_source);
+    m_analysis =
+        std::make_unique<FileAnalysis>(m_options.analysis, *m_source, m_options.isLookingAhead);
     if (m_options.analysis.getTracker() == eAutomaticTracker)
         return true;
     const QString refusal =

@@ -19,7 +19,8 @@ struct AnalyzeOptions
     int rawRate = 0;          ///< Hz, of raw PCM input; 0 = audio files
     int rawChannels = 1;
     int jobs = 1;
-    bool isPartial = false;  ///< what can be read of a damaged file is enough
+    bool isLookingAhead = false;  ///< the automatic tracker decides with the whole in mind
+    bool isPartial = false;       ///< what can be read of a damaged file is enough
     bool isQuiet = false;
     /// One of the processes that another one started: it tells its progress in a form for programs.
     bool isWorker = false;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -25,7 +26,9 @@ BeatRelay MakeRelay(const AnalysisOptions& pOptions,
 
 }  // namespace
 
-FileAnalysis::FileAnalysis(const AnalysisOptions& pOptions, AudioSource& pSource)
+FileAnalysis::FileAnalysis(const AnalysisOptions& pOptions,
+                           AudioSource& pSource,
+                           bool pIsLookingAhead)
     : m_options(pOptions), m_source(pSource),
       m_pump(ApplyTo(m_configuration, m_options), pSource.getSampleRate()),
       m_mix(pSource.getSampleRate()), m_tracker(pSource.getSampleRate()),
@@ -33,7 +36,12 @@ FileAnalysis::FileAnalysis(const AnalysisOptions& pOptions, AudioSource& pSource
 {
     m_options.Apply(m_pump.getAnalyzer());
     m_options.Apply(m_tracker);
-    m_meter.Follow(&m_tracker);
+    if (pIsLookingAhead) {
+        m_decoder.emplace(pSource.getSampleRate());
+        m_options.Apply(m_decoder->getTracker());
+    } else {
+        m_meter.Follow(&m_tracker);
+    }
     m_relay.Restart(pSource.getSampleRate());
     QObject::connect(&m_pump.getAnalyzer(),
                      &AudioAnalyzer::OnAudioSamplesAnalyzed,
@@ -48,6 +56,8 @@ bool FileAnalysis::Run(const BatchObserver& pObserver)
     if (!_AnalyzeSource(pObserver) || !_CheckSource())
         return false;
     m_pump.Finish();
+    if (m_decoder)
+        _TellDecoding();
     m_log.Finish(m_pump.getSampleCount());
     return true;
 }
@@ -73,9 +83,33 @@ void FileAnalysis::_Track(std::size_t pCount)
 {
     m_heard.resize(pCount);
     m_mix.Mix(m_source.getFrames(), m_source.getChannelCount(), pCount, m_heard.data());
-    m_beliefs.Append(double(getSampleCount()) / m_source.getSampleRate(), m_tracker);
     _WatchPeak(m_heard.data(), pCount);
-    m_meter.Push(m_heard.data(), pCount);
+    m_beliefs.Append(double(getSampleCount()) / m_source.getSampleRate(),
+                     m_decoder ? m_decoder->getTracker() : m_tracker);
+    if (m_decoder)
+        m_decoder->Push(m_heard.data(), pCount);
+    else
+        m_meter.Push(m_heard.data(), pCount);
+}
+
+/// In the follower's place, which has heard nothing.
+void FileAnalysis::_TellDecoding()
+{
+    const MeterDecoder::Decoding decoding = m_decoder->Decode();
+    auto beat = decoding.beats.begin();
+    double bpm = 0.0;
+    if (decoding.stretches.empty() || decoding.stretches.front().start > 0)
+        Q_EMIT m_meter.OnPlayingChanged(0, false);
+    for (const MeterDecoder::Stretch& stretch : decoding.stretches) {
+        Q_EMIT m_meter.OnPlayingChanged(stretch.start, true);
+        for (; beat != decoding.beats.end() && beat->index < stretch.end; ++beat) {
+            Q_EMIT m_meter.OnBeatFound(*beat);
+            if (std::exchange(bpm, beat->bpm) != beat->bpm)
+                Q_EMIT m_meter.OnTempoFound(beat->index, beat->bpm);
+        }
+        if (stretch.end < getSampleCount())
+            Q_EMIT m_meter.OnPlayingChanged(stretch.end, false);
+    }
 }
 
 void FileAnalysis::_WatchPeak(const qint16* pSamples, std::size_t pCount)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <AudioAnalyzer/analysis/AnalysisPump.h>
+#include <AudioAnalyzer/analysis/MeterDecoder.h>
 #include <AudioAnalyzer/analysis/MeterFollower.h>
 #include <AudioAnalyzer/audio/ChannelMix.h>
 #include <AudioAnalyzer/config/Configuration.h>
@@ -16,6 +17,7 @@
 #include <QCoreApplication>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// Analyses one recording from front to end, as fast as the machine can.
@@ -32,7 +34,11 @@ public:
     using BatchObserver = std::function<bool(const float* pFrames, std::size_t pCount)>;
 
     /// pSource is not owned and must be open. pOptions must be ones that Apply() accepts.
-    FileAnalysis(const AnalysisOptions& pOptions, AudioSource& pSource);
+    /// pIsLookingAhead: the automatic tracker decides at the end, with the whole in mind; then its
+    /// events come in Run(), behind those of the engine.
+    FileAnalysis(const AnalysisOptions& pOptions,
+                 AudioSource& pSource,
+                 bool pIsLookingAhead = false);
 
     /// Analyses the whole source. False when it is too short or damaged, which getError() tells,
     /// and when the observer ended it, with an empty error. To be called once.
@@ -55,6 +61,7 @@ private:
     bool _AnalyzeSource(const BatchObserver& pObserver);
     bool _CheckSource();
     void _Track(std::size_t pCount);
+    void _TellDecoding();
     void _WatchPeak(const qint16* pSamples, std::size_t pCount);
     void _TraceLevel(const qint16* pSamples, unsigned int pCount);
 
@@ -63,8 +70,9 @@ private:
     Configuration m_configuration;
     AnalysisPump m_pump;
     ChannelMix m_mix;
-    std::vector<qint16> m_heard;  ///< by the automatic tracker, of one batch; reused
-    MeterTracker m_tracker;       ///< hears nothing unless it is the one that is named
+    std::vector<qint16> m_heard;            ///< by the automatic tracker, of one batch; reused
+    MeterTracker m_tracker;                 ///< hears nothing unless it is the one that is named
+    std::optional<MeterDecoder> m_decoder;  ///< hears in its place
     MeterFollower m_meter;
     BeatRelay m_relay;
     BeatLog m_log{m_relay};

@@ -61,6 +61,8 @@ QStringList WorkerPool::makeArguments(const AnalyzeOptions& pOptions, const Anal
                           getOutputFormat(pOptions.format).name};
     if (pOptions.isRealOnly)
         arguments.append(QStringLiteral("--real-only"));
+    if (pOptions.isLookingAhead)
+        arguments.append(QStringLiteral("--look-ahead"));
     if (pOptions.isPartial)
         arguments.append(QStringLiteral("--partial"));
     if (pOptions.rawRate > 0) {

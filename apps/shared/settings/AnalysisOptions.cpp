@@ -13,11 +13,6 @@
 
 namespace {
 
-/// Settings that mean nothing but the beats of the engine. The others shape levels, pulses and
-/// silences, which it tells for both trackers.
-constexpr const char* kEngineSettings[] = {
-    "threshold", "bpm-duration", "fixed-bpm", "consistency", "virtual-when-stopped"};
-
 bool Select(const QString& pName, const QList<Profile>& pProfiles, Configuration& pConfiguration)
 {
     const auto found =
@@ -95,13 +90,12 @@ QString AnalysisOptions::_NameEngineOption() const
         return QStringLiteral("--band");
     if (sensibility)
         return QStringLiteral("--sensibility");
-    for (const char* pName : kEngineSettings) {
-        const QString name = QLatin1String(pName);
-        const SettingsTable::Setting* pSetting = SettingsTable::Find(name);
-        if (settings.count(pSetting) == 0)
+    for (const auto& [pSetting, value] : settings) {
+        if (!SettingsTable::isOfEngine(*pSetting))
             continue;
         const bool isNegated = pSetting->form == SettingsTable::eSwitch && pSetting->initial != 0.0;
-        return (isNegated ? QStringLiteral("--no-") : QStringLiteral("--")) + name;
+        return (isNegated ? QStringLiteral("--no-") : QStringLiteral("--")) +
+               QLatin1String(pSetting->pIdentifier);
     }
     return {};
 }

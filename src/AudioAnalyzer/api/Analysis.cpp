@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -114,17 +115,22 @@ AudioAnalysis::AudioAnalysis(int pSampleRate, const std::lock_guard<std::mutex>&
     for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
         if (setting.reader == SettingsTable::eHeld)
             held.push_back({&setting, setting.initial});
+    _ConnectMeter();
     Restart();
+    heard.resize(pPump->getBlockSize());
 }
 
 void AudioAnalysis::Restart()
 {
+    ChannelMix newMix(sampleRate);
     auto pump = std::make_unique<AnalysisPump>(&configuration, sampleRate);
     _ApplyTo(pump->getAnalyzer());
     _ConnectEvents(pump->getFollower());
     _ConnectSpectrum(*pump);
     pPump = std::move(pump);
     pAnalyzer = &pPump->getAnalyzer();
+    mix = std::move(newMix);
+    ResetMeter();
     isFinished = false;
 }
 
@@ -140,11 +146,22 @@ void AudioAnalysis::Push(const Sample* pSamples, std::size_t pFrameCount, int pC
     const Mark busy(isBusy);
     while (pFrameCount > 0) {
         const std::size_t count = std::min(pFrameCount, pPump->getSpaceCount());
+        if (isMeterResetDue)
+            ResetMeter();
         AudioDownmix::ToMono(pSamples, pChannelCount, count, pPump->getSpace());
+        pPump->Commit(count);
+        if (isAutomatic())
+            _PushToMeter(pSamples, count, pChannelCount);
         pSamples += count * std::size_t(pChannelCount);
         pFrameCount -= count;
-        pPump->Commit(count);
     }
+}
+
+template <typename Sample>
+void AudioAnalysis::_PushToMeter(const Sample* pSamples, std::size_t pFrameCount, int pChannelCount)
+{
+    mix.Mix(pSamples, pChannelCount, pFrameCount, heard.data());
+    meterFollower.Push(heard.data(), pFrameCount);
 }
 
 void AudioAnalysis::Finish()
@@ -261,6 +278,10 @@ AudioAnalysisError AudioAnalysis_Reset(AudioAnalysis* pAnalysis)
         pAnalysis,
         [](AudioAnalysis& pThis) {
             pThis.pAnalyzer->Reset();
+            if (pThis.isBusy)
+                pThis.isMeterResetDue = true;
+            else
+                pThis.ResetMeter();
             return AudioAnalysisError_None;
         });
 }

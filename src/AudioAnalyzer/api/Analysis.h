@@ -41,8 +41,9 @@
  * classes in another thread.
  *
  * Callbacks are called from inside AudioAnalysis_Push... and AudioAnalysis_Finish, on their thread.
- * A callback may call every function of its own analysis but Push, Finish, Restart and Destroy,
- * which answer AudioAnalysisError_Busy. It must not throw and must not jump out.
+ * A callback may call every function of its own analysis but Push, Finish, Restart, Destroy,
+ * SetTracker and those of the hand, which answer AudioAnalysisError_Busy. It must not throw and
+ * must not jump out.
  *
  * Ownership. The records and arrays that a callback is given are valid until it returns: copy what
  * must be kept. Later versions may append members to records that only callbacks receive.
@@ -69,6 +70,15 @@ typedef enum AudioAnalysisError
     AudioAnalysisError_Memory = 6,   /**< memory has run out */
     AudioAnalysisError_Internal = 7  /**< a callback threw; destroy or restart the analysis */
 } AudioAnalysisError;
+
+/** Who tells beats, tempos and stops. The values stay. */
+typedef enum AudioAnalysisTracker
+{
+    /** Follows any music from 60 to 190 BPM and needs no profile; the default. */
+    AudioAnalysisTracker_Automatic = 0,
+    /** The engine, which searches the tempos and the band of a profile. */
+    AudioAnalysisTracker_Profile = 1
+} AudioAnalysisTracker;
 
 /** What AudioAnalysis_Set sets. The values stay; later versions append. */
 typedef enum AudioAnalysisSetting
@@ -121,9 +131,13 @@ typedef struct AudioAnalysisBeat
     uint64_t index;    /**< of its first sample; smaller than the samples pushed so far */
     double time;       /**< of its first sample, seconds */
     double bpm;        /**< tempo in force, 0 = unknown; the next beat is due at time + 60 / bpm */
-    double accuracy;   /**< of the tracker, 0 to 1 */
+    double accuracy;   /**< of the tracker, 0 to 1; the confidence if it is the automatic one */
     int32_t isVirtual; /**< 1: stands in for a beat window that held no pulse; else 0 */
     int32_t loudness;  /**< magnitude of the chosen pulse; of a virtual beat, the threshold */
+    /* What follows is 0 with a profile; loudness and isVirtual are 0 without one. */
+    double confidence;    /**< probability that it lies within 70 ms of the music's beat, 0 to 1 */
+    double barConfidence; /**< share of the belief that beatInBar has, 0 to 1; 1 if set by hand */
+    int32_t beatInBar;    /**< 1 to 4 */
 } AudioAnalysisBeat;
 
 /** The tempo in force when a beat window was closed, changed or not. Windows are closed while the
@@ -138,7 +152,7 @@ typedef struct AudioAnalysisTempo
 /** The music has stopped or plays again; told at the first block, and at every change. */
 typedef struct AudioAnalysisStop
 {
-    uint64_t index;    /**< first sample of the block from which it counts */
+    uint64_t index;    /**< first sample from which it counts, at most the samples pushed so far */
     double time;       /**< of that sample, seconds */
     int32_t isStopped; /**< 1: stopped; 0: it plays */
 } AudioAnalysisStop;
@@ -198,7 +212,8 @@ AUDIOANALYZER_EXPORT const char* AudioAnalysis_DescribeError(int32_t pError);
 
 /**
  * Analyses pFrameCount frames of pChannelCount interleaved 16-bit samples in the machine's byte
- * order, all of them or none. Several channels, 1 to 1024, are averaged. The samples are only read,
+ * order, all of them or none. Several channels, 1 to 1024, are averaged; where that would cancel
+ * them, the automatic tracker hears the loudest one instead. The samples are only read,
  * and not kept. None, Null, Range (a bad channel count, more bytes than memory has, or samples that
  * are not aligned to their size), Busy, Finished, Memory, Internal. [audio path: allocates one
  * record per pulse and one list node per candidate]
@@ -241,8 +256,10 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Reset(AudioAnalysis* pAnal
 /* ---- Settings: AnalysisSettings.cpp ---------------------------------------------------------- */
 
 /**
- * Sets an AudioAnalysisSetting, at any time. Magnitudes and switches are whole numbers. None, Null,
- * Range, Unknown, Memory. [allocates when the average duration changes]
+ * Sets an AudioAnalysisSetting, at any time. Magnitudes and switches are whole numbers. To change
+ * one that the engine's beats alone depend on (threshold, BPM duration, fixed BPM, consistency,
+ * virtual when stopped) chooses the tracker with a profile. None, Null, Range, Unknown, Memory.
+ * [allocates when the average duration changes]
  */
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Set(AudioAnalysis* pAnalysis,
                                                           int32_t pSetting,
@@ -270,6 +287,51 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_GetLimits(int32_t pSetting
                                                                 double* pMaximum,
                                                                 double* pDefault);
 
+/* ---- The tracker, and a hand on it: AnalysisTracker.cpp ---------------------------------------
+ */
+
+/**
+ * Chooses an AudioAnalysisTracker. The automatic one begins anew with the next sample. Pulses,
+ * spectrum and volumes are the engine's with both. None, Null, Range, Busy. [no allocation]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetTracker(AudioAnalysis* pAnalysis,
+                                                                 int32_t pTracker);
+/** The AudioAnalysisTracker in use, -1 for NULL. [no allocation] */
+AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetTracker(const AudioAnalysis* pAnalysis);
+
+/*
+ * The automatic tracker alone heeds what follows, within one beat; with the other one it changes
+ * nothing. None of it allocates.
+ */
+
+/**
+ * The user tapped a beat at the index, usually a moment ago. A tap moves the beat, the time between
+ * taps the tempo; the music goes on being followed. Three settle both. None, Null, Busy.
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Tap(AudioAnalysis* pAnalysis,
+                                                          uint64_t pIndex);
+/**
+ * Follows the music at 2, 1/2, 3/2 or 2/3 times the tempo, and stays at that level. None, Null,
+ * Busy, Range (another factor, or a tempo outside the range).
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_Multiply(AudioAnalysis* pAnalysis,
+                                                               double pFactor);
+/**
+ * The beat nearest to the index is the first of a bar; bars are counted from there on until
+ * AudioAnalysis_ReleaseDownbeat, Reset or Restart. None, Null, Busy.
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetDownbeat(AudioAnalysis* pAnalysis,
+                                                                  uint64_t pIndex);
+/** Lets the music tell the bar again. None, Null, Busy. */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_ReleaseDownbeat(AudioAnalysis* pAnalysis);
+/**
+ * Limits the tempo: 60 <= pMinimum <= pMaximum <= 190 BPM. A tempo outside goes to its double,
+ * half, 3/2 or 2/3, if that is inside. It stays over Reset and Restart. None, Null, Busy, Range.
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetTempoRange(AudioAnalysis* pAnalysis,
+                                                                    double pMinimum,
+                                                                    double pMaximum);
+
 /* ---- Profiles: AnalysisProfiles.cpp ---------------------------------------------------------- */
 
 /**
@@ -286,15 +348,16 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_FindProfile(const char* pN
                                                                   AudioAnalysisProfile* pProfile);
 
 /**
- * Makes the analysis follow the built-in profile of that name, in any case of its letters. None,
- * Null, Unknown, Memory.
+ * Makes the analysis follow the built-in profile of that name, in any case of its letters, and
+ * chooses the tracker that has one. None, Null, Unknown, Memory.
  */
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SelectProfile(AudioAnalysis* pAnalysis,
                                                                     const char* pName);
 
 /**
- * Makes the analysis follow a profile of the host's own, which is copied. It may change while audio
- * is pushed; AudioAnalysis_Reset then searches anew. None, Null, Range. [no allocation]
+ * Makes the analysis follow a profile of the host's own, which is copied, and chooses the tracker
+ * that has one. It may change while audio is pushed; AudioAnalysis_Reset then searches anew. None,
+ * Null, Range. [no allocation]
  */
 AUDIOANALYZER_EXPORT AudioAnalysisError
 AudioAnalysis_SetProfile(AudioAnalysis* pAnalysis, const AudioAnalysisProfile* pProfile);
@@ -317,14 +380,16 @@ AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetPulseCallback(
     AudioAnalysis* pAnalysis, AudioAnalysisPulseCallback pCallback, void* pUser);
 
 /**
- * For every beat, once its beat window has passed: six blocks, about 0.14 s, behind it. A fixed
+ * For every beat: of the automatic tracker, once its sample was pushed; of the engine, once its
+ * beat window has passed: six blocks, about 0.14 s, behind it. A fixed
  * tempo below the profile's range puts the first virtual beat behind its window, ahead of what was
  * pushed.
  */
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetBeatCallback(
     AudioAnalysis* pAnalysis, AudioAnalysisBeatCallback pCallback, void* pUser);
 
-/** For every beat window that was closed, after its beat. */
+/** For every beat that changes the tempo of the automatic tracker; for every beat window of the
+ * engine that was closed, after its beat. */
 AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_SetTempoCallback(
     AudioAnalysis* pAnalysis, AudioAnalysisTempoCallback pCallback, void* pUser);
 
@@ -353,6 +418,15 @@ AudioAnalysis_ComputeRecordingTempo(const double* pTimes,
                                     size_t pCount,
                                     double* pBPM);
 
+/**
+ * The same for beats of the automatic tracker, which lie more exactly than it reports their tempo:
+ * the median of the tempos that each nine beats in a row make. [any thread] [allocates]
+ */
+AUDIOANALYZER_EXPORT AudioAnalysisError AudioAnalysis_ComputeTempoOfTimes(const double* pTimes,
+                                                                          const double* pBPMs,
+                                                                          size_t pCount,
+                                                                          double* pBPM);
+
 /* ---- State: AnalysisEvents.cpp --------------------------------------------------------------- */
 
 /* None of them allocates. For NULL each answers -1, GetSampleCount and GetBlockSize 0. */
@@ -366,9 +440,11 @@ AUDIOANALYZER_EXPORT uint64_t AudioAnalysis_GetBlockSize(const AudioAnalysis* pA
 /** The tempo in force, imposed or measured, BPM; 0 = unknown. It says little while the music is
  * stopped. */
 AUDIOANALYZER_EXPORT double AudioAnalysis_GetBPM(const AudioAnalysis* pAnalysis);
-/** In (0, 1]: falls with every beat window that holds no pulse. */
+/** In (0, 1]: falls with every beat window of the engine that holds no pulse; with the automatic
+ * tracker its confidence, 0 while nothing plays. */
 AUDIOANALYZER_EXPORT double AudioAnalysis_GetAccuracy(const AudioAnalysis* pAnalysis);
-/** 1: the music is stopped, or has not begun; 0: it plays. */
+/** 1: the music is stopped, or has not begun; 0: it plays. To the automatic tracker: whether there
+ * is no meter to follow. */
 AUDIOANALYZER_EXPORT int32_t AudioAnalysis_IsStopped(const AudioAnalysis* pAnalysis);
 /** Magnitude over the average duration, within the profile's band; -1 before any music. */
 AUDIOANALYZER_EXPORT int32_t AudioAnalysis_GetAverageVolume(const AudioAnalysis* pAnalysis);

@@ -44,20 +44,26 @@ void AudioAnalysis::_ConnectEvents(BeatFollower& pNew)
     connect(
         &BeatFollower::OnBeatFound,
         [this](const BeatFollower::Beat& pBeat) {
-            onBeat({pBeat.index,
-                    TimeOf(pBeat.index),
-                    pBeat.bpm,
-                    pBeat.accuracy,
-                    pBeat.isVirtual ? 1 : 0,
-                    pBeat.loudness});
+            if (!isAutomatic())
+                onBeat({pBeat.index,
+                        TimeOf(pBeat.index),
+                        pBeat.bpm,
+                        pBeat.accuracy,
+                        pBeat.isVirtual ? 1 : 0,
+                        pBeat.loudness,
+                        0.0,
+                        0.0,
+                        0});
         });
     connect(
         &BeatFollower::OnTempoFound,
         [this](quint64 pIndex, double pBPM) {
-            onTempo({pIndex, TimeOf(pIndex), pBPM});
+            if (!isAutomatic())
+                onTempo({pIndex, TimeOf(pIndex), pBPM});
         });
     connect(&BeatFollower::OnPlayingChanged, [this](quint64 pIndex, bool pIsPlaying) {
-        onStop({pIndex, TimeOf(pIndex), pIsPlaying ? 0 : 1});
+        if (!isAutomatic())
+            onStop({pIndex, TimeOf(pIndex), pIsPlaying ? 0 : 1});
     });
 }
 
@@ -130,6 +136,24 @@ AudioAnalysisError AudioAnalysis_ComputeRecordingTempo(const double* pTimes,
         });
 }
 
+AudioAnalysisError AudioAnalysis_ComputeTempoOfTimes(const double* pTimes,
+                                                     const double* pBPMs,
+                                                     size_t pCount,
+                                                     double* pBPM)
+{
+    return detail::Answer(
+        nullptr,
+        [=] {
+            if (!pBPM || (pCount > 0 && !(pTimes && pBPMs)))
+                return detail::Refuse(nullptr, AudioAnalysisError_Null, "an array is NULL");
+            std::vector<RecordingTempo::Report> reports;
+            for (size_t i = 0; i < pCount; ++i)
+                reports.push_back({pTimes[i], pBPMs[i], false});
+            *pBPM = RecordingTempo::ComputeFromTimes(reports);
+            return AudioAnalysisError_None;
+        });
+}
+
 int32_t AudioAnalysis_GetSampleRate(const AudioAnalysis* pAnalysis)
 {
     return pAnalysis ? pAnalysis->sampleRate : -1;
@@ -147,19 +171,27 @@ uint64_t AudioAnalysis_GetBlockSize(const AudioAnalysis* pAnalysis)
 
 double AudioAnalysis_GetBPM(const AudioAnalysis* pAnalysis)
 {
-    return pAnalysis ? pAnalysis->pAnalyzer->getCurrentBPM() : -1.0;
+    if (!pAnalysis)
+        return -1.0;
+    return pAnalysis->isAutomatic() ? pAnalysis->meter.getBPM()
+                                    : pAnalysis->pAnalyzer->getCurrentBPM();
 }
 
 double AudioAnalysis_GetAccuracy(const AudioAnalysis* pAnalysis)
 {
-    return pAnalysis ? pAnalysis->pAnalyzer->getAccuracy() : -1.0;
+    if (!pAnalysis)
+        return -1.0;
+    return pAnalysis->isAutomatic() ? pAnalysis->meter.getConfidence()
+                                    : pAnalysis->pAnalyzer->getAccuracy();
 }
 
 int32_t AudioAnalysis_IsStopped(const AudioAnalysis* pAnalysis)
 {
     if (!pAnalysis)
         return -1;
-    return pAnalysis->pPump->getFollower().isPlaying() ? 0 : 1;
+    const bool isPlaying = pAnalysis->isAutomatic() ? pAnalysis->meter.isPlaying()
+                                                    : pAnalysis->pPump->getFollower().isPlaying();
+    return isPlaying ? 0 : 1;
 }
 
 int32_t AudioAnalysis_GetAverageVolume(const AudioAnalysis* pAnalysis)

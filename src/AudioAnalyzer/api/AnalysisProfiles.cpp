@@ -130,6 +130,7 @@ AudioAnalysisError AudioAnalysis_SelectProfile(AudioAnalysis* pAnalysis, const c
             if (!pFound)
                 return RefuseName(&pThis, pName);
             Store(pThis.profile, pFound->profile);
+            pThis.tracker = AudioAnalysisTracker_Profile;
             return AudioAnalysisError_None;
         });
 }
@@ -145,6 +146,7 @@ AudioAnalysisError AudioAnalysis_SetProfile(AudioAnalysis* pAnalysis,
             if (const char* pFault = FaultOf(*pProfile))
                 return detail::Refuse(&pThis, AudioAnalysisError_Range, pFault);
             Store(pThis.profile, *pProfile);
+            pThis.tracker = AudioAnalysisTracker_Profile;
             return AudioAnalysisError_None;
         });
 }

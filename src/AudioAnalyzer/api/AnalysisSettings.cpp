@@ -48,7 +48,10 @@ void Put(double* pTarget, double pValue)
 
 void AudioAnalysis::Set(const Setting& pSetting, double pValue)
 {
+    const bool isChanged = Get(pSetting) != pValue;
     AnalyzerSettings::Store(pSetting, pValue, configuration, pAnalyzer);
+    if (isChanged && SettingsTable::isOfEngine(pSetting))
+        tracker = AudioAnalysisTracker_Profile;
     for (Held& one : held)
         if (one.pSetting == &pSetting)
             one.value = pValue;

@@ -6,6 +6,7 @@
 
 namespace {
 
+constexpr std::size_t kUsualChannels = 8;
 constexpr int kWindowsPerSecond = 10;
 constexpr double kFading = 0.9;        ///< of the powers, from window to window
 constexpr double kCancelled = 0.4;     ///< of the power that the loudest channel alone leaves
@@ -22,6 +23,8 @@ quint64 square(qint16 pSample)
 ChannelMix::ChannelMix(int pSampleRate)
     : m_windowSize(static_cast<std::size_t>(pSampleRate / kWindowsPerSecond))
 {
+    m_sums.reserve(kUsualChannels + 1);
+    m_powers.reserve(kUsualChannels + 1);
 }
 
 void ChannelMix::Reset()

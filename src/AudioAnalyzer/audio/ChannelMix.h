@@ -21,15 +21,15 @@
 class AUDIOANALYZER_EXPORT ChannelMix
 {
 public:
-    /// pSampleRate in Hz, 10 at least.
+    /// pSampleRate in Hz, 10 at least. [allocates]
     explicit ChannelMix(int pSampleRate);
 
     /// pCount frames of pChannels interleaved samples, float in [-1, 1] or qint16, to as many
     /// samples. Where the number of channels changes, they are judged anew. [audio path: allocates
-    /// when the number of channels changes]
+    /// when their number rises above 8 and all before]
     template <typename Sample>
     void Mix(const Sample* pFrames, int pChannels, std::size_t pCount, qint16* pSamples);
-    /// As constructed. [allocates]
+    /// As constructed. [no allocation]
     void Reset();
 
     /// The channel that is taken now, counted from 0; -1 = the average.

@@ -233,6 +233,9 @@ constexpr T::Setting kSettings[] = {
               MagnitudeOf<&C::getNormalizationThreshold, &C::setNormalizationThreshold>()),
 };
 
+constexpr const char* kOfEngine[] = {
+    "threshold", "bpm-duration", "fixed-bpm", "consistency", "virtual-when-stopped"};
+
 }  // namespace
 
 bool SettingsTable::Setting::isAllowed(double pValue) const
@@ -258,4 +261,12 @@ const SettingsTable::Setting* SettingsTable::Find(const QString& pIdentifier)
         if (pIdentifier.compare(QLatin1String(setting.pIdentifier), Qt::CaseInsensitive) == 0)
             return &setting;
     return nullptr;
+}
+
+bool SettingsTable::isOfEngine(const Setting& pSetting)
+{
+    const QLatin1String identifier(pSetting.pIdentifier);
+    return std::any_of(std::begin(kOfEngine), std::end(kOfEngine), [&](const char* pName) {
+        return identifier == QLatin1String(pName);
+    });
 }

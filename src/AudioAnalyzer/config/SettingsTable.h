@@ -82,6 +82,11 @@ public:
     /// The one of that identifier in any case of its letters, or null. [valid for ever]
     static const Setting* Find(const QString& pIdentifier);
 
+    /// Whether beats of the engine alone depend on it, so that to change it chooses the tracker
+    /// with a profile. The other settings of the analysis shape levels, pulses and silences, which
+    /// the engine tells for both trackers. [any thread]
+    static bool isOfEngine(const Setting& pSetting);
+
     // ---- A configuration: SettingsTableClamp.cpp ------------------------------------------------
 
     /// Brings everything that a file may hold, and an analysis cannot bear, to its limits: the

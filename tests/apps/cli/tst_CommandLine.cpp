@@ -27,6 +27,7 @@ private Q_SLOTS:
     void analyze_readsRaw();
     void nonsense_isRefused_data();
     void nonsense_isRefused();
+    void lookAhead_reachesTheWorkers();
     void worker_getsTheSameAnalysis();
 };
 
@@ -200,6 +201,8 @@ void tst_CommandLine::nonsense_isRefused_data()
                                      << "--tracker magic: give automatic or profile";
     QTest::newRow("automatic with a profile") << "analyze --tracker automatic --profile Slow a.wav"
                                               << "--profile means nothing to --tracker automatic";
+    QTest::newRow("looking ahead with a profile") << "analyze --look-ahead --profile Slow a.wav"
+                                                  << "--look-ahead belongs to --tracker automatic";
     QTest::newRow("automatic outside its tempos") << "analyze --bpm 200:220 a.wav"
                                                   << "60 to 190 BPM, and --bpm 200:220";
     QTest::newRow("fixed tempo outside") << "analyze --fixed-bpm 60 a.wav"
@@ -214,6 +217,17 @@ void tst_CommandLine::nonsense_isRefused()
     QCOMPARE(command.action, CommandLine::eRefuse);
     QVERIFY2(command.text.contains(words), qPrintable(command.text));
     QVERIFY(!command.text.contains(QLatin1Char('\n')));
+}
+
+void tst_CommandLine::lookAhead_reachesTheWorkers()
+{
+    const CommandLine command = Parse("analyze --look-ahead -j 2 a.wav b.wav");
+    QVERIFY2(command.action == CommandLine::eAnalyze, qPrintable(command.text));
+    QVERIFY(command.analyze.isLookingAhead);
+    AnalyzeTask task;
+    task.input = QStringLiteral("b.wav");
+    QVERIFY(Parse(WorkerPool::makeArguments(command.analyze, task)).analyze.isLookingAhead);
+    QVERIFY(!Parse("analyze a.wav").analyze.isLookingAhead);
 }
 
 // What a worker is started with must read back as what the first process was asked for.

@@ -16,14 +16,11 @@ for rate in 44100 48000; do
         { cat messages; fail "the host failed"; }
     "$analyzer" analyze --quiet --format csv demo.wav >program.csv
 
-    # "56321: virtual" and "1.277120,1 virtual" both become "56321 virtual".
+    # "56321: 3" and "1.277120,3" both become "56321 3".
     sed -E 's/^ *([0-9]+): ?(.*)$/\1 \2/; s/ $//' plugin.txt >plugin.beats
-    awk -F, -v rate=$rate '/^[0-9]/ {
-        sub(/^[0-9]+/, "", $2)
-        printf "%.0f%s\n", $1 * rate, $2
-    }' program.csv >program.beats
+    awk -F, -v rate=$rate '/^[0-9]/ { printf "%.0f %s\n", $1 * rate, $2 }' program.csv >program.beats
     [ "$(wc -l <program.beats)" -gt 100 ] || fail "the program found next to no beats"
-    grep -q virtual program.beats || fail "the program found no virtual beat"
+    grep -q ' 1$' program.beats || fail "the program found no bar"
     # Times in the CSV have microseconds, a twentieth of a sample.
     diff program.beats plugin.beats || fail "the beats differ at $rate Hz"
 

@@ -27,16 +27,18 @@ public:
     std::size_t Read(qint16* pSamples, std::size_t pCount) override
     {
         const std::size_t count = std::min(pCount, m_frames.size() / 2 - m_position);
+        m_last = m_position;
         AudioDownmix::ToMono(m_frames.data() + 2 * m_position, 2, count, pSamples);
         m_position += count;
         return count;
     }
-    const float* getFrames() const override { return nullptr; }
+    const float* getFrames() const override { return m_frames.data() + 2 * m_last; }
     QString getError() const override { return {}; }
 
 private:
     const std::vector<float>& m_frames;
     std::size_t m_position = 0;  ///< frames
+    std::size_t m_last = 0;      ///< the same before the last Read()
 };
 
 struct Blocks
@@ -102,7 +104,9 @@ QStringList Lines(const AnalysisResult& pResult)
     for (const LoggedBeat& beat : pResult.beats)
         lines += QStringLiteral("beat %1 %2")
                      .arg(beat.index)
-                     .arg(beat.isVirtual ? QStringLiteral("virtual") : QString());
+                     .arg(beat.beatInBar > 0 ? QString::number(beat.beatInBar)
+                          : beat.isVirtual   ? QStringLiteral("virtual")
+                                             : QString());
     for (const double time : pResult.pulseTimes)
         lines += QStringLiteral("pulse %1").arg(std::lround(time * kRate));
     double last = 0.0;
@@ -178,6 +182,8 @@ void tst_BeatTracker::features_areThoseOfAnalyze_data()
     const auto P = [](const char* pName, float pValue) {
         return qMakePair(QString::fromLatin1(pName), pValue);
     };
+    add("", "--tracker profile", {P("tracker", 1)});
+    add("", "--bpm 70:100", {P("minimal-bpm", 70), P("maximal-bpm", 100)});
     add("", "--profile Hardcore", {P("profile", 1)});
     add("", "--profile Slow", {P("profile", 2)});
     add("--profile Slow",
@@ -188,7 +194,7 @@ void tst_BeatTracker::features_areThoseOfAnalyze_data()
     add("", "--sensibility 1.25", {P("sensibility", 1.25F)});
     add("", "--threshold 9000", {P("threshold", 9000)});
     add("", "--fixed-bpm 120", {P("fixed-bpm", 120)});
-    add("", "--stop-duration 0.5", {P("stop-duration", 0.5F)});
+    add("", "--tracker profile --stop-duration 0.5", {P("tracker", 1), P("stop-duration", 0.5F)});
     add("", "--stop-threshold 25000", {P("stop-threshold", 25000)});
     add("", "--average-duration 8", {P("average-duration", 8)});
     add("", "--bpm-duration 3", {P("bpm-duration", 3)});

@@ -87,10 +87,14 @@ void tst_BeatTracker_description::parameters_areDescribed()
         QCOMPARE(parameter.isQuantized, pSetting->form != SettingsTable::eNumber);
         QVERIFY(parameter.name.size() > 5 && parameter.description.size() > 20);
     }
-    const auto profile = pPlugin->getParameterDescriptors().at(0);
+    const auto profile = pPlugin->getParameterDescriptors().at(1);
     const std::vector<std::string> profiles = {"Electro", "Hardcore", "Slow"};
     QVERIFY(profile.valueNames == profiles);
+    // A host sets all parameters, also those that it leaves as they are.
+    pPlugin->setParameter("sensibility", -1.0F);
+    QCOMPARE(pPlugin->getParameter("tracker"), 0.0F);
     pPlugin->setParameter("sensibility", 3.0F);
+    QCOMPARE(pPlugin->getParameter("tracker"), 1.0F);
     QCOMPARE(pPlugin->getParameter("sensibility"), 3.0F);
     pPlugin->setParameter("nonsense", 3.0F);
     QCOMPARE(pPlugin->getParameter("nonsense"), 0.0F);
@@ -118,6 +122,9 @@ void tst_BeatTracker_description::initialise_refuses_data()
             << 44100.0F << 1 << 1024 << QString::fromLatin1(pParameter) << pValue;
     };
     constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+    addValue("tracker", 2.0F);
+    addValue("tracker", 0.5F);
+    addValue("tracker", kNaN);
     addValue("profile", 3.0F);
     addValue("profile", -1.0F);
     addValue("profile", kNaN);

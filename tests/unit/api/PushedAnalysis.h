@@ -22,8 +22,12 @@ using AnalysisHandle = std::unique_ptr<AudioAnalysis, AnalysisDeleter>;
 class PushedAnalysis
 {
 public:
-    explicit PushedAnalysis(int pRate = 44100) : m_handle(AudioAnalysis_Create(pRate))
+    /// With the engine, unless another tracker is named.
+    explicit PushedAnalysis(int pRate = 44100,
+                            AudioAnalysisTracker pTracker = AudioAnalysisTracker_Profile)
+        : m_handle(AudioAnalysis_Create(pRate))
     {
+        AudioAnalysis_SetTracker(*this, pTracker);
         AudioAnalysis_SetPulseCallback(*this, &PushedAnalysis::_OnPulse, this);
         AudioAnalysis_SetBeatCallback(*this, &PushedAnalysis::_OnBeat, this);
         AudioAnalysis_SetTempoCallback(*this, &PushedAnalysis::_OnTempo, this);

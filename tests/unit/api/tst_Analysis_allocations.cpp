@@ -53,6 +53,7 @@ void tst_Analysis_allocations::push_allocatesForPulsesOnly()
         frames.insert(frames.end(), std::size_t(channels), float(sample) / 32768.0f);
 
     AudioAnalysis* pAnalysis = AudioAnalysis_Create(rate);
+    AudioAnalysis_SetTracker(pAnalysis, AudioAnalysisTracker_Profile);
     Counts counts;
     AudioAnalysis_SetPulseCallback(
         pAnalysis,

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <support/TestClass.h>
 #include <vector>
 
@@ -90,7 +91,10 @@ private:
         AudioAnalysis_SetStopCallback(
             m_pAnalysis,
             [](void* pUser, const AudioAnalysisStop* pStop) {
-                static_cast<Monkey*>(pUser)->_CheckEvent(pStop->index, pStop->time);
+                Monkey& self = *static_cast<Monkey*>(pUser);
+                self._CheckTime(pStop->index, pStop->time);
+                // It counts from the next sample on, at the earliest.
+                self._CheckEvent(pStop->index > 0 ? pStop->index - 1 : 0, {});
             },
             this);
         AudioAnalysis_SetSpectrumCallback(
@@ -102,11 +106,12 @@ private:
     }
 
     // Whatever is heard lies in what was pushed; then something is tried that changes nothing else.
-    void _CheckEvent(quint64 pIndex, double pTime)
+    void _CheckEvent(quint64 pIndex, std::optional<double> pTime)
     {
         if (pIndex >= AudioAnalysis_GetSampleCount(m_pAnalysis))
             m_fault = QStringLiteral("index %1 was not pushed").arg(pIndex);
-        _CheckTime(pIndex, pTime);
+        if (pTime)
+            _CheckTime(pIndex, *pTime);
         _Meddle();
     }
 
@@ -124,7 +129,9 @@ private:
         if (AudioAnalysis_PushFloat(m_pAnalysis, &sample, 1, 1) != AudioAnalysisError_Busy ||
             AudioAnalysis_Destroy(m_pAnalysis) != AudioAnalysisError_Busy ||
             AudioAnalysis_Restart(m_pAnalysis) != AudioAnalysisError_Busy ||
-            AudioAnalysis_Finish(m_pAnalysis) != AudioAnalysisError_Busy)
+            AudioAnalysis_Finish(m_pAnalysis) != AudioAnalysisError_Busy ||
+            AudioAnalysis_SetTracker(m_pAnalysis, 0) != AudioAnalysisError_Busy ||
+            AudioAnalysis_Tap(m_pAnalysis, 0) != AudioAnalysisError_Busy)
             m_fault = QStringLiteral("a callback could do what it must not");
         _Set();
         if (m_random.bounded(20) == 0)
@@ -134,6 +141,8 @@ private:
     void _Act()
     {
         const int action = m_random.bounded(20);
+        if (action == 0)
+            _Grasp();
         if (action < 14)
             _Push();
         else if (action < 17)
@@ -144,6 +153,19 @@ private:
             m_isFinished |= AudioAnalysis_Finish(m_pAnalysis) == AudioAnalysisError_None;
         else if (action == 19 && m_random.bounded(m_isFinished ? 1 : 6) == 0)
             _Restart();
+    }
+
+    /// A hand on the tracker, which takes any number.
+    void _Grasp()
+    {
+        const double odd = kOddNumbers[m_random.bounded(int(std::size(kOddNumbers)))];
+        AudioAnalysis_SetTracker(m_pAnalysis, m_random.bounded(2));
+        AudioAnalysis_Tap(m_pAnalysis, m_random.generate());
+        AudioAnalysis_SetDownbeat(m_pAnalysis, m_random.generate64());
+        AudioAnalysis_ReleaseDownbeat(m_pAnalysis);
+        AudioAnalysis_Multiply(m_pAnalysis, m_random.bounded(2) ? odd : 0.5);
+        AudioAnalysis_SetTempoRange(m_pAnalysis, odd, 2.0 * odd);
+        AudioAnalysis_SetTempoRange(m_pAnalysis, m_random.bounded(60, 120), 190.0);
     }
 
     void _Push()

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void value_isAllowedWithinTheLimits();
     void clamp_takesTheNearestValue();
     void find_ignoresCase();
+    void engine_aloneHeedsThese();
 };
 
 void tst_SettingsTable::settings_areThese_data()
@@ -173,6 +174,20 @@ void tst_SettingsTable::find_ignoresCase()
     QCOMPARE(SettingsTable::Find(QStringLiteral("STOP-threshold"))->pIdentifier, "stop-threshold");
     QVERIFY(!SettingsTable::Find(QStringLiteral("stop threshold")));
     QVERIFY(!SettingsTable::Find(QString()));
+}
+
+void tst_SettingsTable::engine_aloneHeedsThese()
+{
+    QStringList names;
+    for (const SettingsTable::Setting& setting : SettingsTable::getSettings())
+        if (SettingsTable::isOfEngine(setting))
+            names.append(QLatin1String(setting.pIdentifier));
+    QCOMPARE(names,
+             (QStringList{QStringLiteral("threshold"),
+                          QStringLiteral("bpm-duration"),
+                          QStringLiteral("fixed-bpm"),
+                          QStringLiteral("consistency"),
+                          QStringLiteral("virtual-when-stopped")}));
 }
 
 AA_TEST(tst_SettingsTable, QCoreApplication)

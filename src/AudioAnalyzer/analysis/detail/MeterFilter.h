@@ -17,6 +17,10 @@ namespace detail {
 class MeterFilter
 {
 public:
+    static constexpr std::size_t kReach = 12;  ///< steps of tempo at one beat
+    static constexpr std::size_t kReachWidth = 2 * kReach + 1;
+    using Values = std::vector<float>;
+
     MeterFilter();
 
     /// All states as likely as before any evidence. [no allocation]
@@ -37,6 +41,11 @@ public:
     bool Allow(std::size_t pFirst, std::size_t pEnd);
 
     const MeterStates& getStates() const { return m_states; }
+    /// Of one cell of each tempo, before any evidence.
+    const Values& getPrior() const { return m_prior; }
+    /// How much of what leaves a beat enters one of another tempo: [left - entered + kReach]
+    /// [entered].
+    const std::array<Values, kReachWidth>& getTransitions() const { return m_transitions; }
     /// Probability of each tempo; their sum is getTotal(). [valid until the next Update]
     const std::vector<float>& getTempoMasses() const { return m_masses; }
     float getTotal() const { return m_total; }
@@ -47,10 +56,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t kReach = 12;  ///< steps of tempo at one beat
-    static constexpr std::size_t kReachWidth = 2 * kReach + 1;
     static constexpr std::size_t kGroup = 16;  ///< tempi that are computed at once
-    using Values = std::vector<float>;
 
     void _CollectMasses();
     void _MakePrior();

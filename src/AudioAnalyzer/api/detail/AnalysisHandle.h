@@ -2,10 +2,13 @@
 #pragma once
 
 #include <AudioAnalyzer/analysis/AnalysisPump.h>
+#include <AudioAnalyzer/analysis/MeterFollower.h>
 #include <AudioAnalyzer/api/Analysis.h>
+#include <AudioAnalyzer/audio/ChannelMix.h>
 #include <AudioAnalyzer/config/Configuration.h>
 #include <AudioAnalyzer/config/SettingsTable.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <mutex>
@@ -49,6 +52,14 @@ struct AudioAnalysis
     void Set(const SettingsTable::Setting& pSetting, double pValue);
     double Get(const SettingsTable::Setting& pSetting) const;
 
+    bool isAutomatic() const { return tracker == AudioAnalysisTracker_Automatic; }
+    /// Not from inside Push() or Finish().
+    void SetTracker(AudioAnalysisTracker pTracker);
+    /// The automatic tracker begins anew, at the latest with the next portion of samples.
+    void ResetMeter();
+    /// An index of the meter's, from one of the analysis; 0 if it lies before the meter's first.
+    quint64 ToMeter(quint64 pIndex) const { return pIndex - std::min(pIndex, meterStart); }
+
     double TimeOf(quint64 pIndex) const { return static_cast<double>(pIndex) / sampleRate; }
 
     const int sampleRate;  ///< Hz
@@ -72,11 +83,22 @@ struct AudioAnalysis
 
     std::unique_ptr<AnalysisPump> pPump;
     AudioAnalyzer* pAnalyzer = nullptr;  ///< the pump's
-    bool isBusy = false;                 ///< inside Push() or Finish()
+    AudioAnalysisTracker tracker = AudioAnalysisTracker_Automatic;
+    MeterTracker meter{sampleRate};
+    MeterFollower meterFollower;
+    ChannelMix mix{sampleRate};
+    std::vector<qint16> heard;     ///< by the meter, of one block; reused
+    quint64 meterStart = 0;        ///< index of the meter's first sample
+    bool isMeterResetDue = false;  ///< asked for from inside Push()
+    bool isBusy = false;           ///< inside Push() or Finish()
     bool isFinished = false;
     mutable std::string errorText;
 
 private:
+    template <typename Sample>
+    void _PushToMeter(const Sample* pSamples, std::size_t pFrameCount, int pChannelCount);
+    void _ConnectMeter();
+    void _TellMeterBeat(const MeterTracker::Beat& pBeat);
     void _ApplyTo(AudioAnalyzer& pNew) const;
     void _ConnectEvents(BeatFollower& pNew);
     void _ConnectSpectrum(AnalysisPump& pNew);

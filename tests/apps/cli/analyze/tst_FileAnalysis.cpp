@@ -104,6 +104,7 @@ private Q_SLOTS:
     void clock_isTheThreadsOwnAgain_afterwards();
     void automatic_tellsTheTrackersBeats();
     void automatic_takesTempoRangeAndPulsesFromWhereTheyBelong();
+    void lookAhead_tellsTheDecodersBeats();
     void beliefs_areThoseOfTheAutomaticTracker();
 };
 
@@ -360,6 +361,29 @@ void tst_FileAnalysis::automatic_takesTempoRangeAndPulsesFromWhereTheyBelong()
     options.tracker = eProfileTracker;
     QVERIFY(result.pulseTimes == Analyze(music, 22050, options).pulseTimes);
     QVERIFY(!result.pulseTimes.empty());
+}
+
+void tst_FileAnalysis::lookAhead_tellsTheDecodersBeats()
+{
+    std::vector<float> music = testaudio::Kicks(22050, 120, 8.0, 11.0);
+    std::vector<qint16> samples(music.size());
+    AudioDownmix::ToMono(music.data(), 1, music.size(), samples.data());
+    MeterDecoder decoder(22050);
+    decoder.Push(samples.data(), samples.size());
+    const MeterDecoder::Decoding decoding = decoder.Decode();
+    MemorySource source(22050, music);
+    FileAnalysis analysis({}, source, true);
+    QVERIFY(analysis.Run([](const float*, std::size_t) { return true; }));
+    const AnalysisResult& result = analysis.getLog().getResult();
+    QVERIFY(decoding.beats.size() > 5);
+    QCOMPARE(result.beats.size(), decoding.beats.size());
+    for (std::size_t i = 0; i < result.beats.size(); ++i) {
+        QCOMPARE(result.beats[i].index, decoding.beats[i].index);
+        QCOMPARE(result.beats[i].beatInBar, decoding.beats[i].beatInBar);
+    }
+    QCOMPARE(result.silences.back().end, 11.0);
+    QVERIFY(!result.pulseTimes.empty());
+    QVERIFY(!analysis.getBeliefs().getColumns().empty());
 }
 
 void tst_FileAnalysis::beliefs_areThoseOfTheAutomaticTracker()
