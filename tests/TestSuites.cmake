@@ -1,20 +1,22 @@
 # How test executables are made: one for each folder, in which each class is a CTest test of its own.
 
-# aa_add_test_headers(name library header...): headers that are compiled once for many tests. A suite with
-# other options reads the headers as usual, with GCC; clang would take what does not fit.
+# aa_add_test_headers(name library header...): headers that are compiled once for many tests.
 function(aa_add_test_headers name library)
   add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/tests/headers.cpp)
   target_link_libraries(${name} PRIVATE
     AudioAnalyzer::AudioAnalyzer Qt5::Test ${library} aa_warnings)
   target_compile_options(${name} PRIVATE -fno-access-control)
-  target_precompile_headers(${name} PRIVATE ${ARGN})
-  set_target_properties(${name} PROPERTIES
-    AUTOMOC OFF POSITION_INDEPENDENT_CODE ON PCH_WARN_INVALID OFF)
+  aa_precompile_headers(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
 # What nearly every test includes.
 aa_add_test_headers(aa_test_headers Qt5::Core
   <QtTest> <AudioAnalyzer/analysis/AudioAnalyzer.h> <AudioAnalyzer/config/Configuration.h>)
+
+# Most of moc's time goes into headers, in which it looks for macros; tests have theirs from Qt.
+get_target_property(moc Qt5::moc IMPORTED_LOCATION)
+configure_file(${PROJECT_SOURCE_DIR}/tests/moc.sh.in ${PROJECT_BINARY_DIR}/tests/moc.sh @ONLY)
 
 # aa_add_tests(suite
 #   TESTS tst_Name...      # classes, each in tst_Name.cpp, which ends in AA_TEST(tst_Name, ...);
@@ -27,7 +29,8 @@ aa_add_test_headers(aa_test_headers Qt5::Core
 #
 # Tests read private members, so they are compiled without access control. Each class runs through a hard
 # link of the executable in a folder of its own, since settings stand next to the executable, and the
-# link's name says which class runs. A Qt warning or a skipped test fails.
+# link's name says which class runs. A Qt warning or a skipped test fails. All sources of a suite are
+# compiled as one, which takes a quarter of the time: a name belongs to one of them only.
 function(aa_add_tests suite)
   cmake_parse_arguments(arg "" "HEADERS" "TESTS;ALLOCATION_TESTS;SOURCES;LIBRARIES;LABELS" ${ARGN})
   if(arg_ALLOCATION_TESTS AND NOT AUDIOANALYZER_SANITIZERS)
@@ -42,26 +45,16 @@ function(aa_add_tests suite)
   if(NOT arg_HEADERS)
     set(arg_HEADERS aa_test_headers)
   endif()
-  aa_precompile(${suite} ${arg_HEADERS})
+  aa_reuse_headers(${suite} ${arg_HEADERS})
+  set_target_properties(${suite} PROPERTIES
+    AUTOMOC_EXECUTABLE ${PROJECT_BINARY_DIR}/tests/moc.sh
+    UNITY_BUILD ON
+    UNITY_BUILD_BATCH_SIZE 0)
   foreach(test IN LISTS arg_TESTS)
     get_filename_component(name ${test} NAME)
     aa_add_test_class(${suite} ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
   endforeach()
-endfunction()
-
-# Lets a target take the precompiled headers of another.
-function(aa_precompile target headers)
-  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    return()
-  endif()
-  set_target_properties(${target} PROPERTIES PCH_WARN_INVALID OFF)
-  target_precompile_headers(${target} REUSE_FROM ${headers})
-  get_target_property(sources ${target} SOURCES)
-  list(FILTER sources INCLUDE REGEX "\\.c$")
-  set_source_files_properties(${sources}
-    ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/mocs_compilation.cpp
-    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
 # QtTest's own time limit would count hours of virtual time; CTest has one as well.
@@ -78,4 +71,9 @@ function(aa_add_test_class suite name)
     TIMEOUT 600
     ENVIRONMENT "${test_environment}"
     FAIL_REGULAR_EXPRESSION "SKIP   : ;[1-9][0-9]* skipped")
+endfunction()
+
+# aa_run_early(name...): tests that take or wait long, so that none of them is the last to run.
+function(aa_run_early)
+  set_tests_properties(${ARGN} PROPERTIES COST 1000)
 endfunction()

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/Version.h>
-
-#include <CLI/CLI.hpp>
 #include <demo/DemoTrack.h>
 #include <shared/files/WholeFile.h>
+#include <shared/options/OptionParser.h>
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
-#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <sndfile.h>
@@ -143,9 +140,6 @@ QString findConflict(const Arguments& pArguments)
     const QString output = QFile::decodeName(pArguments.output.c_str());
     if (info.format == 0)
         return tr("\"%1\" does not end in .wav, .flac, .ogg or .mp3.").arg(output);
-    // CLI11's ranges let "nan" through.
-    if (!std::isfinite(pArguments.track.bpm) || !std::isfinite(pArguments.track.duration))
-        return tr("--bpm and --seconds need a number.");
     const bool isMp3 = (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG;
     if (sf_format_check(&info) == SF_FALSE || (isMp3 && info.samplerate > 48000))
         return tr("\"%1\" cannot hold %2 Hz; use .wav or .flac.").arg(output).arg(info.samplerate);
@@ -153,41 +147,49 @@ QString findConflict(const Arguments& pArguments)
                                                  : QString();
 }
 
-void addOptions(CLI::App& pApp, Arguments& pArguments)
+void addOptions(shared::OptionSet pOptions, Arguments& pArguments)
 {
     DemoTrack::Options& track = pArguments.track;
-    pApp.add_option("OUT", pArguments.output, "File to write: .wav, .flac, .ogg or .mp3")
-        ->required();
-    pApp.add_option("--rate", track.sampleRate, "Sample rate in Hz")
-        ->check(CLI::Range(DemoTrack::kMinimalRate, DemoTrack::kMaximalRate))
-        ->capture_default_str();
-    pApp.add_option("--bpm", track.bpm, "Tempo in beats per minute")
-        ->check(CLI::Range(DemoTrack::kMinimalBPM, DemoTrack::kMaximalBPM))
-        ->capture_default_str();
-    pApp.add_option("--channels", pArguments.channels, "1 = mono, 2 = stereo")
-        ->check(CLI::Range(1, 2))
-        ->capture_default_str();
-    pApp.add_option("--seconds", track.duration, "Length; the music repeats (default: one pass)")
-        ->check(CLI::Range(0.1, 86400.0));
-    pApp.add_option(
-        "--beats", pArguments.beats, "Also write the true beats, in seconds, one a line");
-    pApp.set_version_flag("--version", std::string("audio-analyzer-demo ") + AUDIOANALYZER_VERSION);
-    pApp.footer("Example: audio-analyzer-demo demo.flac --bpm 140 --beats demo.beats");
+    pOptions.setMissing(tr("name the file to write"));
+    pOptions.AddWord("OUT", pArguments.output, tr("file to write: .wav, .flac, .ogg or .mp3"));
+    pOptions.AddNumber("--rate",
+                       track.sampleRate,
+                       DemoTrack::kMinimalRate,
+                       DemoTrack::kMaximalRate,
+                       tr("sample rate in Hz"));
+    pOptions.AddNumber("--bpm",
+                       track.bpm,
+                       DemoTrack::kMinimalBPM,
+                       DemoTrack::kMaximalBPM,
+                       tr("tempo in beats per minute"));
+    pOptions.AddNumber("--channels", pArguments.channels, 1, 2, tr("mono or stereo"));
+    pOptions.AddNumber("--seconds",
+                       track.duration,
+                       0.1,
+                       86400.0,
+                       tr("length, which repeats the music; else one pass"));
+    pOptions.AddValue("--beats",
+                      pArguments.beats,
+                      tr("FILE"),
+                      tr("also write the true beats, in seconds, one a line"));
+    pOptions.setFooter(tr("Example: audio-analyzer-demo demo.flac --bpm 140 --beats demo.beats"));
 }
 
 int parseAndRun(int pCount, char** pValues)
 {
     Arguments arguments;
-    CLI::App app("Makes about a minute of electronic music whose beats are known.",
-                 "audio-analyzer-demo");
-    addOptions(app, arguments);
-    try {
-        app.parse(pCount, pValues);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? eDone : eUsage;
+    shared::OptionParser parser(
+        tr("Makes about a minute of electronic music whose beats are known."),
+        QStringLiteral("audio-analyzer-demo"));
+    addOptions(parser.getOptions(), arguments);
+    const shared::ParsedOptions parsed = parser.Parse(pCount, pValues);
+    if (parsed.outcome == shared::ParsedOptions::eShowText) {
+        std::fputs(parsed.text.toLocal8Bit().constData(), stdout);
+        return eDone;
     }
-    const QString conflict = findConflict(arguments);
-    return conflict.isEmpty() ? run(arguments) : fail(conflict, eUsage);
+    const QString refusal =
+        parsed.outcome == shared::ParsedOptions::eRefuse ? parsed.text : findConflict(arguments);
+    return refusal.isEmpty() ? run(arguments) : fail(refusal, eUsage);
 }
 
 }  // namespace

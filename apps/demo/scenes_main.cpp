@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/Version.h>
-
-#include <CLI/CLI.hpp>
 #include <demo/SceneFiles.h>
+#include <shared/options/OptionParser.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -30,12 +28,20 @@ struct Arguments
     std::vector<std::string> inputs;
 };
 
+QString tr(const char* pText)
+{
+    return QCoreApplication::translate("audio-analyzer-scenes", pText);
+}
+
+int Fail(const QString& pError, int pCode)
+{
+    std::fprintf(stderr, "audio-analyzer-scenes: %s\n", pError.toLocal8Bit().constData());
+    return pCode;
+}
+
 int Finish(const QString& pError)
 {
-    if (pError.isEmpty())
-        return eDone;
-    std::fprintf(stderr, "audio-analyzer-scenes: %s\n", pError.toLocal8Bit().constData());
-    return eFailed;
+    return pError.isEmpty() ? eDone : Fail(pError, eFailed);
 }
 
 int MakeScenes(const Arguments& pArguments)
@@ -64,32 +70,42 @@ int Join(const Arguments& pArguments)
     return Finish(error);
 }
 
+void AddCommands(shared::OptionParser& pParser, Arguments& pArguments)
+{
+    shared::OptionSet make = pParser.AddCommand(
+        "make", tr("write all scenes: NAME.flac, NAME.beats and NAME.json of each"));
+    make.setMissing(tr("name the folder to write into"));
+    make.AddWord("FOLDER", pArguments.folder, tr("where to write"));
+    make.AddNumber("--noise-seconds",
+                   pArguments.noiseSeconds,
+                   1.0,
+                   86400.0,
+                   tr("length of the sounds without music"));
+    shared::OptionSet join = pParser.AddCommand(
+        "join", tr("write recordings one behind the other; print where each begins, and the end"));
+    join.setMissing(tr("name the file to write and the recordings"));
+    join.AddWord("OUT", pArguments.joined, tr("FLAC file to write"));
+    join.AddWords("FILE", pArguments.inputs, tr("recordings of one sample rate"));
+}
+
 int ParseAndRun(int pCount, char** pValues)
 {
     Arguments arguments;
-    CLI::App app("Makes recordings whose beats are known, to try beat trackers with.",
-                 "audio-analyzer-scenes");
-    app.require_subcommand(1);
-    app.set_version_flag("--version",
-                         std::string("audio-analyzer-scenes ") + AUDIOANALYZER_VERSION);
-    CLI::App* pMake =
-        app.add_subcommand("make", "Write all scenes: NAME.flac, NAME.beats and NAME.json of each");
-    pMake->add_option("FOLDER", arguments.folder, "Where to write")->required();
-    pMake
-        ->add_option(
-            "--noise-seconds", arguments.noiseSeconds, "Length of the sounds without music")
-        ->check(CLI::Range(1.0, 86400.0))
-        ->capture_default_str();
-    CLI::App* pJoin = app.add_subcommand(
-        "join", "Write recordings one behind the other, and print where each begins, and the end");
-    pJoin->add_option("OUT", arguments.joined, "FLAC file to write")->required();
-    pJoin->add_option("FILE", arguments.inputs, "Recordings of one sample rate")->required();
-    try {
-        app.parse(pCount, pValues);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? eDone : eUsage;
+    shared::OptionParser parser(
+        tr("Makes recordings whose beats are known, to try beat trackers with."),
+        QStringLiteral("audio-analyzer-scenes"));
+    AddCommands(parser, arguments);
+    const shared::ParsedOptions parsed = parser.Parse(pCount, pValues);
+    if (parsed.outcome == shared::ParsedOptions::eShowText) {
+        std::fputs(parsed.text.toLocal8Bit().constData(), stdout);
+        return eDone;
     }
-    return pMake->parsed() ? MakeScenes(arguments) : Join(arguments);
+    if (parsed.outcome == shared::ParsedOptions::eRefuse)
+        return Fail(parsed.text, eUsage);
+    if (parsed.command == "make")
+        return MakeScenes(arguments);
+    return parsed.command == "join" ? Join(arguments)
+                                    : Fail(tr("name a command: make, join"), eUsage);
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/Version.h>
-
-#include <CLI/CLI.hpp>
 #include <desktop/MonitorOptions.h>
+#include <shared/options/OptionParser.h>
 
 #include <QFile>
 
-#include <sstream>
 #include <string>
 
 namespace {
@@ -20,48 +17,42 @@ struct Values
 };
 
 // In English: they are said before the language is known.
-void AddOptions(CLI::App& pApp, Values& pValues)
+void AddOptions(shared::OptionSet pOptions, Values& pValues)
 {
-    pApp.add_option("--device", pValues.device, "Input device to listen to, by its name")
-        ->type_name("NAME");
-    pApp.add_option("--ini",
-                    pValues.ini,
-                    "Settings of the panels (default: AudioAnalyzer.ini "
-                    "beside the program)")
-        ->type_name("FILE")
-        ->check(CLI::ExistingFile);
-    CLI::Option* pPlay =
-        pApp.add_option("--play", pValues.file, "Audio file to play as if it were live")
-            ->type_name("FILE");
-    pApp.add_flag("--loop", pValues.isLooped, "Play that file over and over")->needs(pPlay);
-    pApp.set_version_flag("--version", std::string("beat-monitor ") + AUDIOANALYZER_VERSION);
-    pApp.footer("Example: beat-monitor --play song.flac");
-}
-
-MonitorOptions Refusal(const CLI::App& pApp, const CLI::ParseError& pError)
-{
-    std::ostringstream output;
-    std::ostringstream errors;
-    MonitorOptions options;
-    options.action = pApp.exit(pError, output, errors) == 0 ? MonitorOptions::eShowText
-                                                            : MonitorOptions::eRefuse;
-    options.text = QString::fromLocal8Bit((output.str() + errors.str()).c_str());
-    return options;
+    pOptions.AddValue("--device",
+                      pValues.device,
+                      QStringLiteral("NAME"),
+                      QStringLiteral("input device to listen to, by its name"));
+    pOptions.AddExistingFile(
+        "--ini",
+        pValues.ini,
+        QStringLiteral("settings of the panels (default: AudioAnalyzer.ini beside the program)"));
+    pOptions.AddValue("--play",
+                      pValues.file,
+                      QStringLiteral("FILE"),
+                      QStringLiteral("audio file to play as if it were live"));
+    pOptions.AddFlag(
+        "--loop", pValues.isLooped, QStringLiteral("play that file over and over"), "--play");
+    pOptions.setFooter(QStringLiteral("Example: beat-monitor --play song.flac"));
 }
 
 }  // namespace
 
 MonitorOptions parseMonitorOptions(int pCount, const char* const* pValues)
 {
-    CLI::App app("Shows the beat and the tempo of live music.", "beat-monitor");
+    shared::OptionParser parser(QStringLiteral("Shows the beat and the tempo of live music."),
+                                QStringLiteral("beat-monitor"));
     Values values;
-    AddOptions(app, values);
-    try {
-        app.parse(pCount, const_cast<char**>(pValues));
-    } catch (const CLI::ParseError& error) {
-        return Refusal(app, error);
-    }
+    AddOptions(parser.getOptions(), values);
+    const shared::ParsedOptions parsed = parser.Parse(pCount, pValues);
     MonitorOptions options;
+    if (parsed.outcome != shared::ParsedOptions::eRead) {
+        const bool isRefused = parsed.outcome == shared::ParsedOptions::eRefuse;
+        options.action = isRefused ? MonitorOptions::eRefuse : MonitorOptions::eShowText;
+        options.text =
+            isRefused ? QStringLiteral("beat-monitor: %1\n").arg(parsed.text) : parsed.text;
+        return options;
+    }
     options.device = QString::fromStdString(values.device);
     options.iniPath = QFile::decodeName(values.ini.c_str());
     options.file = QFile::decodeName(values.file.c_str());

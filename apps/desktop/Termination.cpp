@@ -43,6 +43,8 @@ Termination::Termination(QObject* pParent) : QObject(pParent)
         if (present.sa_handler != SIG_IGN)
             ::sigaction(signal, &action, nullptr);
     }
+    // A file that may not grow any more is a write that fails, and is said.
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 Termination::~Termination()

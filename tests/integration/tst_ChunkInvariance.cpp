@@ -15,14 +15,14 @@ using waves::Samples;
 
 namespace {
 
-constexpr int rate = 8000;
-constexpr std::size_t blockSize = 128;  // 8000 / 40 = 200, and the power of two below
+constexpr int kChunkRate = 8000;
+constexpr std::size_t kChunkBlock = 128;  // 8000 / 40 = 200, and the power of two below
 
 /// Ten seconds of kicks and noise, and a remainder that fills no block.
 Samples makeTrack()
 {
     waves::Random random(7);
-    Samples track = waves::kickTrack(10, rate, 125);
+    Samples track = waves::kickTrack(10, kChunkRate, 125);
     waves::mix(track, 0, waves::noise(track.size(), 900, random));
     waves::append(track, waves::noise(77, 3000, random));
     return track;
@@ -36,7 +36,7 @@ public:
     Run() : m_clock(1700000000000000)
     {
         QAudioFormat format;
-        format.setSampleRate(rate);
+        format.setSampleRate(kChunkRate);
         m_configuration.setStopDetectionDuration(0);
         m_pAnalyzer = std::make_unique<AudioAnalyzer>(&m_configuration, format, nullptr);
         m_pLog = std::make_unique<SignalLog>(m_pAnalyzer.get());
@@ -114,11 +114,11 @@ void tst_ChunkInvariance::rawBlocks_areTheInputInOrder_whileStopped()
     run.feed(m_track, static_cast<std::size_t>(batchSize));
 
     const SignalRecords blocks = run.getLog().select(SignalKind::AudioSamplesAnalyzed);
-    QCOMPARE(blocks.size(), m_track.size() / blockSize);
+    QCOMPARE(blocks.size(), m_track.size() / kChunkBlock);
     Samples all;
     for (std::size_t i = 0; i < blocks.size(); ++i) {
-        QCOMPARE(blocks[i].index, quint64(i * blockSize));
-        QCOMPARE(blocks[i].samples.size(), blockSize);
+        QCOMPARE(blocks[i].index, quint64(i * kChunkBlock));
+        QCOMPARE(blocks[i].samples.size(), kChunkBlock);
         waves::append(all, blocks[i].samples);
     }
     QVERIFY(std::equal(all.begin(), all.end(), m_track.begin()));
@@ -135,7 +135,7 @@ void tst_ChunkInvariance::remainder_standsInThePulseBlock()
     QCOMPARE(quint64(analyzer.m_sampleIndex), quint64(80000));
     QCOMPARE(quint64(analyzer.m_pulseBlockFill), quint64(77));
     const AudioValues block = analyzer.getCurrentPulseBlock();
-    QCOMPARE(quint64(block.size), quint64(blockSize));
+    QCOMPARE(quint64(block.size), quint64(kChunkBlock));
     QVERIFY(std::equal(m_track.end() - 77, m_track.end(), block.samples));
 }
 

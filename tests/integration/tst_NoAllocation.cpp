@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr quint64 firstTime = 1700000000000000;
+constexpr quint64 kCountedTime = 1700000000000000;
 constexpr double tempo = 125;
 constexpr double warmUpSeconds = 8;
 constexpr double measuredSeconds = 5;
@@ -75,11 +75,11 @@ private:
     bool m_isInWindow = false;
 };
 
-class Run
+class CountedRun
 {
 public:
-    explicit Run(int rate, std::size_t batchSize)
-        : m_rate(rate), m_batchSize(batchSize), m_clock(firstTime)
+    explicit CountedRun(int rate, std::size_t batchSize)
+        : m_rate(rate), m_batchSize(batchSize), m_clock(kCountedTime)
     {
         QAudioFormat format;
         format.setSampleRate(rate);
@@ -96,7 +96,7 @@ public:
         for (std::size_t at = 0; at < samples.size(); at += m_batchSize) {
             const std::size_t count = std::min(m_batchSize, samples.size() - at);
             m_fed += count;
-            m_clock.setTime(firstTime + m_fed * 1000000 / static_cast<quint64>(m_rate));
+            m_clock.setTime(kCountedTime + m_fed * 1000000 / static_cast<quint64>(m_rate));
             const Counts before = m_pReceiver->counts;
             const std::size_t allocated = countAllocations(samples.data() + at, count);
             const std::size_t allowed = m_pReceiver->counts.getAllowed() - before.getAllowed();
@@ -181,7 +181,7 @@ void tst_NoAllocation::analysis_allocatesOnlyPulsesAndCandidates_inTheSteadyStat
     QFETCH(int, rate);
     QFETCH(int, batchSize);
     const SingleShotTrap trap;
-    Run run(rate, static_cast<std::size_t>(batchSize));
+    CountedRun run(rate, static_cast<std::size_t>(batchSize));
     run.warmUp();
     run.clearCounts();
     const QString difference = run.feed(waves::kickTrack(measuredSeconds, rate, tempo), true);
@@ -197,7 +197,7 @@ void tst_NoAllocation::analysis_allocatesOnlyPulsesAndCandidates_inTheSteadyStat
 void tst_NoAllocation::virtualBeat_allocatesOneRecord()
 {
     const SingleShotTrap trap;
-    Run run(44100, 441);
+    CountedRun run(44100, 441);
     run.getConfiguration().setDisplayVirtualBeatsWhenStopped(true);
     run.getAnalyzer().setFixedBPM(tempo);  // windows go on at this tempo without pulses
     run.warmUp();
@@ -212,7 +212,7 @@ void tst_NoAllocation::virtualBeat_allocatesOneRecord()
 void tst_NoAllocation::silence_allocatesNothing_whileVirtualBeatsAreNotSent()
 {
     const SingleShotTrap trap;
-    Run run(44100, 441);
+    CountedRun run(44100, 441);
     run.getAnalyzer().setFixedBPM(tempo);
     run.warmUp();
     run.feed(waves::silence(8 * 44100), false);
@@ -226,7 +226,7 @@ void tst_NoAllocation::silence_allocatesNothing_whileVirtualBeatsAreNotSent()
 void tst_NoAllocation::closedWindow_addsAtMostThePlainTimer()
 {
     constexpr int rate = 44100;
-    Run run(rate, 441);
+    CountedRun run(rate, 441);
     run.warmUp();
 
     std::size_t dearest = 0;
@@ -260,7 +260,7 @@ void tst_NoAllocation::closedWindow_addsAtMostThePlainTimer()
 void tst_NoAllocation::gettersAndReset_allocateNothing()
 {
     const SingleShotTrap trap;
-    Run run(44100, 441);
+    CountedRun run(44100, 441);
     run.warmUp();
     AudioAnalyzer& analyzer = run.getAnalyzer();
     std::size_t count = 0;

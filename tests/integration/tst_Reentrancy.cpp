@@ -15,8 +15,8 @@ using waves::Samples;
 
 namespace {
 
-constexpr int rate = 8000;
-constexpr std::size_t blockSize = 128;  // 8000 / 40 = 200, and the power of two below
+constexpr int kHostRate = 8000;
+constexpr std::size_t kHostBlock = 128;  // 8000 / 40 = 200, and the power of two below
 
 /// A running analyzer that hears kicks, for statements about one reaction.
 class Host
@@ -25,27 +25,27 @@ public:
     Host() : m_clock(firstTime)
     {
         QAudioFormat format;
-        format.setSampleRate(rate);
+        format.setSampleRate(kHostRate);
         configuration.setStopDetectionDuration(0.5);
         configuration.setBPMCalculationDuration(4);
         pAnalyzer = std::make_unique<AudioAnalyzer>(&configuration, format, nullptr);
         pAnalyzer->Start();
-        feed(waves::kickTrack(5, rate, 125));
+        feed(waves::kickTrack(5, kHostRate, 125));
     }
 
     void feed(Samples samples)
     {
-        for (std::size_t at = 0; at + blockSize <= samples.size() && !isDone; at += blockSize) {
-            m_fed += blockSize;
-            m_clock.setTime(firstTime + m_fed * 1000000 / rate);
-            pAnalyzer->Analyze(samples.data() + at, blockSize);
+        for (std::size_t at = 0; at + kHostBlock <= samples.size() && !isDone; at += kHostBlock) {
+            m_fed += kHostBlock;
+            m_clock.setTime(firstTime + m_fed * 1000000 / kHostRate);
+            pAnalyzer->Analyze(samples.data() + at, kHostBlock);
         }
     }
 
     /// Feeds kicks until the reaction has been run once, and ends with that block.
     void feedUntilDone()
     {
-        feed(waves::kickTrack(5, rate, 125));
+        feed(waves::kickTrack(5, kHostRate, 125));
         QVERIFY(isDone);
     }
 
@@ -166,7 +166,7 @@ void tst_Reentrancy::tracker_restartsFromIndexZero_afterResetInsideAVirtualBeat(
             }
         });
     connect(&analyzer, &AudioAnalyzer::OnBPMChanged, this, [&](double pBPM) { reported = pBPM; });
-    host.feed(waves::silence(3 * rate));
+    host.feed(waves::silence(3 * kHostRate));
     QVERIFY(host.isDone);
 
     QCOMPARE(analyzer.m_beatIndexes, std::list<quint64>({0}));
@@ -186,7 +186,7 @@ void tst_Reentrancy::position_isOneBlock_afterStopInsideOnAudioSamplesAnalyzed()
     host.feedUntilDone();
 
     // The block whose processing was stopped still counts.
-    QCOMPARE(quint64(analyzer.m_sampleIndex), quint64(blockSize));
+    QCOMPARE(quint64(analyzer.m_sampleIndex), quint64(kHostBlock));
     QCOMPARE(analyzer.isAnalyzing(), false);
     QCOMPARE(analyzer.getAnalysisStartTime(), quint64(0));
     QCOMPARE(analyzer.getAverageVolume(), qint16(-1));
@@ -209,7 +209,7 @@ void tst_Reentrancy::pulse_carriesNoStartTime_afterStopInsideOnAmplitudesCompute
 
     QVERIFY(pulse.has_value());
     QCOMPARE(pulse->getStartIndex(), index);
-    QCOMPARE(pulse->getStartTime(), index * 1000000 / rate);
+    QCOMPARE(pulse->getStartTime(), index * 1000000 / kHostRate);
     QVERIFY(analyzer.getAmplitudes() == nullptr);
     QCOMPARE(analyzer.getAmplitudesCount(), quint64(0));
 }
@@ -228,7 +228,7 @@ int filterTone(Host& host, const std::function<void()>& action)
                      [&loudest](unsigned int, const qint16* pSamples, unsigned int pCount) {
                          loudest = *std::max_element(pSamples, pSamples + pCount);
                      });
-    host.feed(waves::sine(blockSize, rate, 3000, 20000));
+    host.feed(waves::sine(kHostBlock, kHostRate, 3000, 20000));
     return loudest;
 }
 
@@ -268,7 +268,7 @@ void tst_Reentrancy::keptPulses_stayReadable_afterResetInsideOnPulseDetected()
         kept.push_back(pPulse);
         indexes.push_back(pPulse.getStartIndex());
     });
-    host.feed(waves::kickTrack(5, rate, 125));
+    host.feed(waves::kickTrack(5, kHostRate, 125));
     host.pAnalyzer.reset();
 
     QVERIFY(indexes.size() > 2);
@@ -317,7 +317,7 @@ void tst_Reentrancy::pauseAnalysis_isRefused_insideEverySignalOfARunningAnalysis
     connect(&analyzer, &AudioAnalyzer::OnAudioSamplesAnalyzed, this, pause);
     connect(&analyzer, &AudioAnalyzer::OnBPMChanged, this, pause);
     connect(&analyzer, &AudioAnalyzer::OnPulseDetected, this, pause);
-    host.feed(waves::kickTrack(2, rate, 125));
+    host.feed(waves::kickTrack(2, kHostRate, 125));
     QVERIFY(calls > 200);
     QCOMPARE(paused, 0);
     QVERIFY(analyzer.isAnalyzing());
@@ -345,7 +345,7 @@ void tst_Reentrancy::receiver_mayDeleteItself_insideASignal()
         ++calls;
         delete pReceiver;
     });
-    host.feed(waves::kickTrack(5, rate, 125));
+    host.feed(waves::kickTrack(5, kHostRate, 125));
     QCOMPARE(calls, 1);
 }
 

@@ -15,8 +15,8 @@ using waves::Samples;
 
 namespace {
 
-constexpr int rate = 8000;
-constexpr std::size_t batchSize = 300;
+constexpr int kTwinRate = 8000;
+constexpr std::size_t kTwinBatch = 300;
 
 struct NamedSignal
 {
@@ -44,26 +44,26 @@ model::Settings makeSettings()
 }
 
 /// Kicks, noise, a pause that is long enough for virtual beats, and kicks again.
-Samples makeTrack()
+Samples makeTwinTrack()
 {
     waves::Random random(3);
-    Samples track = waves::kickTrack(4, rate, 125);
-    waves::append(track, waves::noise(rate / 4, 20000, random));
-    waves::append(track, waves::silence(rate + rate / 2));
-    waves::append(track, waves::kickTrack(1.5, rate, 150));
+    Samples track = waves::kickTrack(4, kTwinRate, 125);
+    waves::append(track, waves::noise(kTwinRate / 4, 20000, random));
+    waves::append(track, waves::silence(kTwinRate + kTwinRate / 2));
+    waves::append(track, waves::kickTrack(1.5, kTwinRate, 150));
     return track;
 }
 
 /// The same run of the library and the model, in which both answer signals.
 QString runTwins(const model::Reaction& reaction, const Samples& track)
 {
-    model::Twins twins(makeSettings(), rate);
+    model::Twins twins(makeSettings(), kTwinRate);
     twins.react(reaction);
     twins.apply({Action::Kind::Start, 0, {}});
     QString difference;
-    for (std::size_t at = 0; at < track.size() && difference.isEmpty(); at += batchSize) {
+    for (std::size_t at = 0; at < track.size() && difference.isEmpty(); at += kTwinBatch) {
         const auto first = track.begin() + static_cast<std::ptrdiff_t>(at);
-        const std::size_t count = std::min(batchSize, track.size() - at);
+        const std::size_t count = std::min(kTwinBatch, track.size() - at);
         twins.feed(Samples(first, first + static_cast<std::ptrdiff_t>(count)));
         difference = twins.compare();
     }
@@ -101,7 +101,7 @@ void tst_ReentrancyModel::library_equalsTheModel_whenAReceiverActs_data()
 
 void tst_ReentrancyModel::library_equalsTheModel_whenAReceiverActs()
 {
-    static const Samples track = makeTrack();
+    static const Samples track = makeTwinTrack();
     QFETCH(model::Reaction, reaction);
     const QString difference = runTwins(reaction, track);
     QVERIFY2(difference.isEmpty(), qPrintable(difference));

@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int rate = 44100;
-constexpr quint64 firstTime = 1700000000000000;
+constexpr int kReferenceRate = 44100;
+constexpr quint64 kReferenceTime = 1700000000000000;
 
 /// A short, loud 60 Hz drum; lengths from 0.10 to 0.18 s give the same tempos.
 waves::Kick makeKick(double duration)
@@ -34,14 +34,14 @@ double readTempo(double bpm, const waves::Kick& kick, std::size_t batchSize)
     Configuration configuration;
     configuration.setStopDetectionDuration(1.5);
     QAudioFormat format;
-    format.setSampleRate(rate);
-    HighResolutionTimerOverride clock(firstTime);
+    format.setSampleRate(kReferenceRate);
+    HighResolutionTimerOverride clock(kReferenceTime);
     AudioAnalyzer analyzer(&configuration, format, nullptr);
     analyzer.Start();
-    waves::Samples track = waves::kickTrack(60, rate, bpm, kick);
+    waves::Samples track = waves::kickTrack(60, kReferenceRate, bpm, kick);
     for (std::size_t at = 0; at < track.size(); at += batchSize) {
         const std::size_t count = std::min(batchSize, track.size() - at);
-        clock.setTime(firstTime + (at + count) * 1000000 / rate);
+        clock.setTime(kReferenceTime + (at + count) * 1000000 / kReferenceRate);
         analyzer.Analyze(track.data() + at, count);
     }
     return analyzer.getCurrentBPM();
@@ -114,8 +114,8 @@ void tst_ReferenceTempos::tempo_isWithinOneBlockOfTheTrack_forOtherKicks()
     QFETCH(double, decay);
     kick.frequency = frequency;
     kick.decay = decay;
-    const double interval = rate * 60 / bpm;
-    const double intervals = std::floor(10 * rate / interval);
+    const double interval = kReferenceRate * 60 / bpm;
+    const double intervals = std::floor(10 * kReferenceRate / interval);
     const double tolerance = bpm * 2 * 1024 / (intervals * interval);
     const double tempo = readTempo(bpm, kick, 1024);
     QVERIFY2(std::abs(tempo - bpm) <= tolerance, qPrintable(toText(tempo)));

@@ -29,8 +29,8 @@ void tst_VirtualTime::clocks_standStill_betweenWaits()
 {
     const quint64 start = HighResolutionTimer::getTime();
     const auto steady = std::chrono::steady_clock::now();
-    volatile int work = 0;
-    for (int i = 0; i < 1000000; ++i)
+    volatile unsigned work = 0;
+    for (unsigned i = 0; i < 1000000; ++i)
         work = work + i;
     QCOMPARE(HighResolutionTimer::getTime(), start);
     QVERIFY(std::chrono::steady_clock::now() == steady);

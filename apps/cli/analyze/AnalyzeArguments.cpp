@@ -18,6 +18,81 @@ QString tr(const char* pText)
     return QCoreApplication::translate("AnalyzeArguments", pText);
 }
 
+QString Footer()
+{
+    return tr(
+        "Formats:\n"
+        "  beats   beat times in seconds, one a line\n"
+        "  labels  label track for Audacity\n"
+        "  csv     time,label for spreadsheets and Sonic Visualiser's import\n"
+        "  svl     layer for Sonic Visualiser\n"
+        "  tempo   one MIREX line: two tempos, the lower one first, and its share\n"
+        "  json    one document with settings, tempo, silences and beats\n"
+        "  ndjson  every pulse, beat, tempo change and stop, one a line, as it happens\n"
+        "\n"
+        "Without further options the automatic tracker follows any music from 60 to 190 BPM. An\n"
+        "option that it does not know (--profile, --band, --sensibility, --threshold and others)\n"
+        "means the engine with a tempo profile, as --tracker profile does. Its beats are real,\n"
+        "heard in the music, or virtual, put where one was expected.\n"
+        "\n"
+        "The tempo of a file is the median of those that its beats make, from ten seconds after\n"
+        "the first one on; in shorter music, of all of them.\n"
+        "\n"
+        "With several files, -o names a folder, and song.flac gives song.beats.txt,\n"
+        "song.labels.txt, song.csv, song.svl, song.tempo.txt, song.json or song.ndjson in it.\n"
+        "\n"
+        "Examples:\n"
+        "  audio-analyzer analyze song.flac\n"
+        "  audio-analyzer analyze --profile Slow --format labels -o song.labels.txt song.mp3\n"
+        "  audio-analyzer analyze --bpm 160:185 --click clicks.wav --plot beats.svg dnb.wav\n"
+        "  audio-analyzer analyze --jobs 4 --format json -o results/ *.flac\n"
+        "  parec --format=s16le --rate=44100 --channels=1 |\n"
+        "      audio-analyzer analyze --raw 44100 --format ndjson -\n"
+        "\n"
+        "Exit status: 0 all done, 1 some file failed and the others are done, 2 wrong usage.\n");
+}
+
+void AddInputOptions(shared::OptionSet& pOptions, AnalyzeArguments& pArguments)
+{
+    pOptions.setMissing(tr("name the audio files"));
+    pOptions.AddWords("FILE", pArguments.inputs, tr("audio files; - reads standard input"));
+    pOptions.setGroup(tr("Input"));
+    pOptions.AddValue("--raw",
+                      pArguments.raw,
+                      tr("RATE[:CHANNELS]"),
+                      tr("input is raw PCM, 16-bit little-endian (default: 1 channel)"));
+    pOptions.AddFlag("--partial",
+                     pArguments.isPartial,
+                     tr("read a damaged or unfinished file as far as it goes"));
+    pOptions.AddFlag("--look-ahead",
+                     pArguments.isLookingAhead,
+                     tr("decide at the end, with the whole file in mind; automatic only"));
+    pOptions.AddValue(
+        "-j,--jobs", pArguments.jobs, QStringLiteral("N"), tr("analyse N files side by side"));
+    pOptions.AddHiddenFlag("--worker", pArguments.isWorker);
+}
+
+void AddOutputOptions(shared::OptionSet& pOptions, AnalyzeArguments& pArguments)
+{
+    pOptions.setGroup(tr("Output"));
+    pOptions.AddValue(
+        "-f,--format", pArguments.format, tr("NAME"), getFormatNames() + tr(" (default: beats)"));
+    pOptions.AddValue("-o,--output",
+                      pArguments.output,
+                      tr("FILE|DIR"),
+                      tr("where to write (default: standard output)"));
+    pOptions.AddFlag("--real-only", pArguments.isRealOnly, tr("leave out virtual beats"));
+    pOptions.AddValue("--click",
+                      pArguments.click,
+                      tr("OUT.wav"),
+                      tr("write the music with a click on every beat"));
+    pOptions.AddValue("--plot",
+                      pArguments.plot,
+                      tr("OUT.svg|.png"),
+                      tr("draw level, pulses, beats, bars, tempo and confidence"));
+    pOptions.AddFlag("-q,--quiet", pArguments.isQuiet, tr("no progress, no summary"));
+}
+
 /// Returns a refusal, or an empty text.
 QString ReadAnalysis(const std::map<std::string, std::string>& pValues, AnalyzeOptions& pOptions)
 {
@@ -82,6 +157,15 @@ QString ReadChoices(const AnalyzeArguments& pArguments, AnalyzeOptions& pOptions
 }
 
 }  // namespace
+
+void addAnalyzeCommand(shared::OptionParser& pParser, AnalyzeArguments& pArguments)
+{
+    shared::OptionSet options = pParser.AddCommand("analyze", tr("analyse audio files"));
+    AddInputOptions(options, pArguments);
+    AddOutputOptions(options, pArguments);
+    addAnalysisOptions(options, pArguments.analysis, eInitialDefaults);
+    options.setFooter(Footer());
+}
 
 QString readAnalyzeArguments(const AnalyzeArguments& pArguments, AnalyzeOptions& pOptions)
 {

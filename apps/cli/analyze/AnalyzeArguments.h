@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/analyze/AnalyzeOptions.h>
+#include <shared/options/OptionParser.h>
 
 #include <map>
 #include <string>
@@ -26,6 +27,8 @@ struct AnalyzeArguments
     std::map<std::string, std::string> analysis;  ///< by option name
 };
 
+/// The command, with what it may be given; pArguments are filled by the parser.
+void addAnalyzeCommand(shared::OptionParser& pParser, AnalyzeArguments& pArguments);
 /// Reads the values into pOptions. Returns which one is refused, and its limits, or an empty text.
 QString readAnalyzeArguments(const AnalyzeArguments& pArguments, AnalyzeOptions& pOptions);
 

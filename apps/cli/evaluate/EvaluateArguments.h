@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/evaluate/EvaluateOptions.h>
+#include <shared/options/OptionParser.h>
 
 #include <string>
 
@@ -14,5 +15,7 @@ struct EvaluateArguments
     std::string format;
 };
 
+/// The command, with what it may be given; the parser fills the arguments.
+void addEvaluateCommand(shared::OptionParser& pParser, EvaluateArguments& pArguments);
 /// Reads the values into pOptions. Returns which one is refused, and its limits, or an empty text.
 QString readEvaluateArguments(const EvaluateArguments& pArguments, EvaluateOptions& pOptions);

@@ -18,6 +18,28 @@ QString tr(const char* pText)
     return QCoreApplication::translate("LiveArguments", pText);
 }
 
+QString Footer()
+{
+    return tr(
+        "On a terminal one line shows the music live. Else, or with --format, one event is\n"
+        "printed a line, the moment it happens:\n"
+        "  text    for people (default)\n"
+        "  beats   seconds of each beat, when it falls due\n"
+        "  ndjson  announce when a beat falls due, the events of \"analyze\", and device and\n"
+        "          notice events\n"
+        "\n"
+        "What is not given is as \"audio-analyzer config show\" has it. A device that vanishes is\n"
+        "waited for, and recorded again when it is back.\n"
+        "\n"
+        "Examples:\n"
+        "  audio-analyzer listen\n"
+        "  audio-analyzer listen --device deck.monitor --save --profile House\n"
+        "  audio-analyzer listen --format ndjson | my-lights\n"
+        "\n"
+        "Exit status: 0 ended by --duration, Ctrl+C or SIGTERM, 1 the device cannot be used or\n"
+        "nothing was heard, 2 wrong usage.\n");
+}
+
 QString ReadFormat(const QString& pName, ListenOptions& pOptions)
 {
     const std::vector<std::pair<QString, eEventFormat>> formats = {
@@ -48,6 +70,38 @@ QString ReadDuration(const QString& pValue, ListenOptions& pOptions)
 }
 
 }  // namespace
+
+void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments)
+{
+    shared::OptionSet options = pParser.AddCommand("listen", tr("analyse a live input"));
+    options.setGroup(tr("Listening"));
+    options.AddValue("-d,--device",
+                     pArguments.device,
+                     tr("NAME"),
+                     tr("input device, else the stored one; \"default\" follows the system's"));
+    options.AddFlag("--save", pArguments.isSaved, tr("remember the device"));
+    options.AddValue(
+        "-f,--format", pArguments.format, tr("NAME"), tr("print events: text, beats, ndjson"));
+    options.AddValue("--duration", pArguments.duration, tr("S"), tr("end after so many seconds"));
+    options.AddFlag("--format-info",
+                    pArguments.showsFormat,
+                    tr("tell the format, and the drift against the clock"));
+    options.AddFlag("--measure",
+                    pArguments.measures,
+                    tr("tell at the end how far the announced beats were off"));
+    options.AddFlag("-q,--quiet", pArguments.isQuiet, tr("no notices, no summary"));
+    addAnalysisOptions(options, pArguments.analysis, eStoredDefaults);
+    options.setFooter(Footer());
+}
+
+void addDevicesCommand(shared::OptionParser& pParser, DevicesOptions& pOptions)
+{
+    shared::OptionSet options = pParser.AddCommand("devices", tr("list the input devices"));
+    options.AddFlag(
+        "-w,--watch", pOptions.isWatching, tr("go on, and tell what appears (+) and vanishes (-)"));
+    options.setFooter(
+        tr("* marks the system's default. A monitor records what the machine plays itself.\n"));
+}
 
 QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pOptions)
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/live/LiveOptions.h>
+#include <shared/options/OptionParser.h>
 
 #include <map>
 #include <string>
@@ -19,5 +20,8 @@ struct ListenArguments
     std::map<std::string, std::string> analysis;  ///< by option name
 };
 
+/// The commands, with what they may be given; the parser fills the arguments.
+void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments);
+void addDevicesCommand(shared::OptionParser& pParser, DevicesOptions& pOptions);
 /// Reads the values into pOptions. Returns what is refused, and the limits, or an empty text.
 QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pOptions);

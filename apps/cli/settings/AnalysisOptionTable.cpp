@@ -151,6 +151,14 @@ AnalysisOptionInfo MakeOption(const SettingsTable::Setting& pSetting)
             cli::SettingText(pSetting, pSetting.initial)};
 }
 
+/// "seconds of beats that make the tempo, 0.05 to 600 (default: 10)".
+QString HelpOf(const AnalysisOptionInfo& pInfo, eAnalysisDefault pDefault)
+{
+    if (pDefault == eStoredDefaults || pInfo.initial.isEmpty())
+        return pInfo.help;
+    return tr("%1 (default: %2)").arg(pInfo.help, pInfo.initial);
+}
+
 }  // namespace
 
 std::vector<AnalysisOptionInfo> getAnalysisOptionTable()
@@ -160,6 +168,21 @@ std::vector<AnalysisOptionInfo> getAnalysisOptionTable()
         if (setting.use == SettingsTable::eAnalysis)
             table.push_back(MakeOption(setting));
     return table;
+}
+
+void addAnalysisOptions(shared::OptionSet& pOptions,
+                        std::map<std::string, std::string>& pValues,
+                        eAnalysisDefault pDefault,
+                        const std::set<std::string>& pNames)
+{
+    pOptions.setGroup(tr("Analysis"));
+    for (const AnalysisOptionInfo& info : getAnalysisOptionTable()) {
+        const std::string name = info.name.toStdString();
+        if (!pNames.empty() && pNames.count(name) == 0)
+            continue;
+        const auto keep = [&pValues, name](const std::string& pValue) { pValues[name] = pValue; };
+        pOptions.AddSetter(name, keep, info.valueName, HelpOf(info, pDefault));
+    }
 }
 
 QString readAnalysisOptions(const std::map<std::string, std::string>& pValues,

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/options/OptionParser.h>
 #include <shared/settings/AnalysisOptions.h>
 
 #include <QString>
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,18 @@ struct AnalysisOptionInfo
 /// A switch is a flag that gives it the value that it does not begin with.
 std::vector<AnalysisOptionInfo> getAnalysisOptionTable();
 
+/// What an analysis has where an option is not given.
+enum eAnalysisDefault
+{
+    eInitialDefaults,  ///< the table's, which the help tells
+    eStoredDefaults    ///< the user's
+};
+
+/// Adds all of them, or those that pNames holds; what is given comes into pValues by option name.
+void addAnalysisOptions(shared::OptionSet& pOptions,
+                        std::map<std::string, std::string>& pValues,
+                        eAnalysisDefault pDefault,
+                        const std::set<std::string>& pNames = {});
 /// Reads the values by option name. Returns which one is refused, and its limits, or an empty text.
 QString readAnalysisOptions(const std::map<std::string, std::string>& pValues,
                             AnalysisOptions& pOptions);

@@ -28,6 +28,30 @@ int Find(const QStringList& pNames, const QString& pWord)
 
 }  // namespace
 
+void addProfilesCommand(shared::OptionParser& pParser, ProfilesArguments& pArguments)
+{
+    shared::OptionSet options =
+        pParser.AddCommand("profiles", tr("list and edit the tempo profiles"));
+    options.AddWords(
+        "ACTION", pArguments.words, tr("list, add NAME, edit NAME, remove NAME, select NAME"));
+    options.AddValue("--name", pArguments.newName, tr("NAME"), tr("new name, for edit"));
+    addAnalysisOptions(
+        options, pArguments.changes, eInitialDefaults, {"--bpm", "--band", "--sensibility"});
+    options.setFooter(tr("Example:\n"
+                         "  audio-analyzer profiles add House --bpm 110:140 --band 0:80\n"));
+}
+
+void addConfigCommand(shared::OptionParser& pParser, ConfigArguments& pArguments)
+{
+    shared::OptionSet options = pParser.AddCommand("config", tr("show and change the settings"));
+    options.AddWords("ACTION", pArguments.words, tr("show, set SETTING VALUE, path, reset"));
+    options.AddFlag("--all", pArguments.isAll, tr("reset the user's profiles as well"));
+    options.setFooter(
+        tr("The settings stand next to the program, or in the user's own folder where it is "
+           "installed for\nall; every host there shares them.\n\nExample:\n"
+           "  audio-analyzer config set stop-threshold 500\n"));
+}
+
 QString readProfilesArguments(const ProfilesArguments& pArguments, ProfilesOptions& pOptions)
 {
     const QStringList actions = {QStringLiteral("list"),

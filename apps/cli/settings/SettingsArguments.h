@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/settings/SettingsOptions.h>
+#include <shared/options/OptionParser.h>
 
 #include <map>
 #include <string>
@@ -20,6 +21,10 @@ struct ConfigArguments
     std::vector<std::string> words;  ///< action, key and value
     bool isAll = false;
 };
+
+/// The commands, with what they may be given; the parser fills the arguments.
+void addProfilesCommand(shared::OptionParser& pParser, ProfilesArguments& pArguments);
+void addConfigCommand(shared::OptionParser& pParser, ConfigArguments& pArguments);
 
 /// Read the values into pOptions. Return what is refused, and the limits, or an empty text.
 QString readProfilesArguments(const ProfilesArguments& pArguments, ProfilesOptions& pOptions);

@@ -124,7 +124,8 @@ QString AnalysisOptions::SelectProfile(Configuration& pConfiguration) const
         return {};
     // A configuration of its own does not know the profiles that the user has saved.
     ConfigurationStore store;
-    store.Load();
+    if (!store.Load())
+        return store.getError();
     const QList<Profile>& saved = store.getConfiguration().getProfiles();
     if (Select(profile, saved, pConfiguration))
         return {};

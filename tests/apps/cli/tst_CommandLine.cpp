@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
+#include "ParsedLine.h"
 #include <cli/CommandLine.h>
 #include <cli/analyze/WorkerPool.h>
 #include <cli/settings/AnalysisOptionTable.h>
@@ -10,27 +11,6 @@
 #include <support/SettingOf.h>
 #include <support/TestClass.h>
 #include <vector>
-
-namespace {
-
-CommandLine Parse(const QStringList& pArguments)
-{
-    std::vector<QByteArray> bytes{"audio-analyzer"};
-    for (const QString& argument : pArguments)
-        bytes.push_back(argument.toUtf8());
-    std::vector<const char*> pointers;
-    for (const QByteArray& argument : bytes)
-        pointers.push_back(argument.constData());
-    return parseCommandLine(int(pointers.size()), pointers.data());
-}
-
-/// Arguments separated by blanks.
-CommandLine Parse(const char* pArguments)
-{
-    return Parse(QString::fromUtf8(pArguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-}
-
-}  // namespace
 
 class tst_CommandLine : public QObject
 {

@@ -14,9 +14,6 @@
 
 #include <fake/FakeAudioState.h>
 #include <memory>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
 
 /// What the tests of panels share.
 class PanelTest
@@ -27,10 +24,6 @@ public:
     {
         FakeAudioState::Install();
         s_previous = qInstallMessageHandler(&_OnMessage);
-#ifdef __SANITIZE_ADDRESS__
-        // The platform without a screen never frees the one that it makes up.
-        __lsan_ignore_object(QGuiApplication::primaryScreen());
-#endif
     }
 
     /// To be called by init(): no devices, and built-in profiles as in a new process.
@@ -44,10 +37,7 @@ public:
     }
 
     /// What the watcher does every two seconds.
-    static void Poll()
-    {
-        QtAudioInputDevicesManager::GetInstance()->OnTimer();
-    }
+    static void Poll() { QtAudioInputDevicesManager::GetInstance()->OnTimer(); }
 
     static std::unique_ptr<AudioAnalyzer> MakeAnalyzer(Configuration& pConfiguration)
     {

@@ -5,9 +5,7 @@
 #include <support/ProcessStatus.h>
 #include <support/TestClass.h>
 
-namespace {
-
-const QString kProgram = QStringLiteral("beat-monitor");
+static const QString kMonitorProgram = QStringLiteral("beat-monitor");
 
 /// A folder with the program, the fake sound back end, and the platforms of windows.
 class MonitorStage : public Stage
@@ -32,7 +30,7 @@ public:
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QLatin1String(pPlatform));
         environment.insert(QStringLiteral("PULSE_SERVER"), QStringLiteral("unix:/nonexistent"));
         pProcess.setProcessEnvironment(environment);
-        pProcess.start(path(kProgram), pArguments);
+        pProcess.start(path(kMonitorProgram), pArguments);
     }
 
     StagedRun Go(const QStringList& pArguments, const char* pPlatform = "offscreen") const
@@ -42,6 +40,8 @@ public:
         return Finish(process);
     }
 };
+
+namespace {
 
 /// Whether a program has come so far that its event loop goes round.
 bool IsRunning(const QProcess& pProcess)
@@ -70,6 +70,7 @@ private Q_SLOTS:
     void noDisplay_isSaidInWords();
     void signal_endsItWell_data();
     void signal_endsItWell();
+    void fileLimit_doesNotStopIt();
     void damagedConfiguration_doesNotStopIt();
     void missingFile_doesNotStopIt();
 
@@ -123,6 +124,18 @@ void tst_MonitorProgram::signal_endsItWell()
     const StagedRun run = EndBy(process, signal);
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
+}
+
+void tst_MonitorProgram::fileLimit_doesNotStopIt()
+{
+    QProcess process;
+    m_stage.Launch(process, {});
+    QVERIFY(process.waitForStarted());
+    QVERIFY(IsRunning(process));
+    ::kill(pid_t(process.processId()), SIGXFSZ);
+    QVERIFY(IsRunning(process));
+    QCOMPARE(process.state(), QProcess::Running);
+    QCOMPARE(EndBy(process, SIGTERM).exitCode, 0);
 }
 
 void tst_MonitorProgram::damagedConfiguration_doesNotStopIt()

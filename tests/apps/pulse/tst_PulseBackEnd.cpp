@@ -17,6 +17,7 @@
 #include <memory>
 #include <pulse/PulseServer.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <vector>
 
 namespace {
@@ -26,11 +27,6 @@ constexpr int kRate = 48000;  // Hz
 constexpr int kRamp = 20011;  // samples after which the track repeats; prime
 
 using Samples = std::vector<qint16>;
-
-QString Text(const char* pText)
-{
-    return QLatin1String(pText);
-}
 
 /// Every name as the hosts see it, the default one marked.
 QByteArray Names()

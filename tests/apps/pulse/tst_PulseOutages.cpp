@@ -15,17 +15,13 @@
 #include <pulse/PulseServer.h>
 #include <random>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <vector>
 
 namespace {
 
-constexpr int kTimeoutMs = 60000;
+constexpr int kOutageTimeoutMs = 60000;
 constexpr unsigned kSeed = 20;
-
-QString Text(const char* pText)
-{
-    return QLatin1String(pText);
-}
 
 int CountOf(const char* pFolder)
 {
@@ -133,14 +129,14 @@ bool tst_PulseOutages::_Provide()
 
 bool tst_PulseOutages::_AwaitLoss()
 {
-    return QTest::qWaitFor([&] { return m_losses > 0; }, kTimeoutMs);
+    return QTest::qWaitFor([&] { return m_losses > 0; }, kOutageTimeoutMs);
 }
 
 /// The session runs and has samples that were analysed after this was asked.
 bool tst_PulseOutages::_AwaitSound()
 {
     const auto isRunning = [&] { return m_session->getState() == eCaptureRunning; };
-    if (!QTest::qWaitFor(isRunning, kTimeoutMs))
+    if (!QTest::qWaitFor(isRunning, kOutageTimeoutMs))
         return false;
     const int anchors = m_session->getAnchorCount();
     const quint64 count = m_session->getSampleClock().getCount();
@@ -149,7 +145,7 @@ bool tst_PulseOutages::_AwaitSound()
             return isRunning() && (m_session->getAnchorCount() != anchors ||
                                    m_session->getSampleClock().getCount() > count);
         },
-        kTimeoutMs);
+        kOutageTimeoutMs);
 }
 
 void tst_PulseOutages::server_isFoundAgain_data()
@@ -203,11 +199,11 @@ void tst_PulseOutages::hungServer_isSaid_andFollowedAgain()
 {
     m_notices.clear();
     m_server.Freeze();
-    QTRY_VERIFY_WITH_TIMEOUT(m_notices.contains(eNoDataNotice), kTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(m_notices.contains(eNoDataNotice), kOutageTimeoutMs);
     QVERIFY(!m_backEnd.isAnswering());
     m_server.Thaw();
     QVERIFY(_AwaitSound());
-    QTRY_VERIFY_WITH_TIMEOUT(m_backEnd.isAnswering(), kTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(m_backEnd.isAnswering(), kOutageTimeoutMs);
 }
 
 void tst_PulseOutages::_Fail(eFault pFault, int pMilliSeconds)
@@ -279,8 +275,8 @@ void tst_PulseOutages::faults_areAllResumedFrom()
           CountOf("/proc/self/task"),
           memory,
           MemoryKiB());
-    QTRY_VERIFY_WITH_TIMEOUT(CountOf("/proc/self/fd") <= handles, kTimeoutMs);
-    QTRY_VERIFY_WITH_TIMEOUT(CountOf("/proc/self/task") <= threads, kTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(CountOf("/proc/self/fd") <= handles, kOutageTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(CountOf("/proc/self/task") <= threads, kOutageTimeoutMs);
     QVERIFY(MemoryKiB() < memory + 512);
 }
 

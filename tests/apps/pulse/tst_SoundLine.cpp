@@ -8,7 +8,7 @@
 namespace {
 
 constexpr quint64 kStart = 1700000000000000;  // µs
-constexpr int kRate = 48000;
+constexpr int kLineRate = 48000;
 
 }  // namespace
 
@@ -28,12 +28,12 @@ private Q_SLOTS:
 
 void tst_SoundLine::nothing_isKnown_beforeTheFirstAnswer()
 {
-    QVERIFY(!pulse::SoundLine(kRate).isKnown());
+    QVERIFY(!pulse::SoundLine(kLineRate).isKnown());
 }
 
 void tst_SoundLine::oneAnswer_givesEveryInstant()
 {
-    pulse::SoundLine line(kRate);
+    pulse::SoundLine line(kLineRate);
     line.Add(4800, kStart);
     QVERIFY(line.isKnown());
     QCOMPARE(line.getInstant(4800), kStart);
@@ -44,7 +44,7 @@ void tst_SoundLine::oneAnswer_givesEveryInstant()
 
 void tst_SoundLine::answers_areAveraged()
 {
-    pulse::SoundLine line(kRate);
+    pulse::SoundLine line(kLineRate);
     for (quint64 i = 0; i < 40; ++i)
         line.Add(i * 4800, kStart + i * 100000 + (i % 2 == 0 ? 1000 : quint64(-1000)));
     const qint64 error = qint64(line.getInstant(0) - kStart);
@@ -53,7 +53,7 @@ void tst_SoundLine::answers_areAveraged()
 
 void tst_SoundLine::drift_isFollowed()
 {
-    pulse::SoundLine line(kRate);
+    pulse::SoundLine line(kLineRate);
     // 100 ppm: what is foreseen stays within a millisecond, for any time.
     quint64 instant = kStart;
     for (quint64 i = 0; i < 10000; ++i, instant += 100010)
@@ -73,7 +73,7 @@ void tst_SoundLine::jump_beginsANewLine_data()
 void tst_SoundLine::jump_beginsANewLine()
 {
     QFETCH(qint64, jump);
-    pulse::SoundLine line(kRate);
+    pulse::SoundLine line(kLineRate);
     for (quint64 i = 0; i < 20; ++i)
         line.Add(i * 4800, kStart + i * 100000);
     const quint64 instant = kStart + 2000000 + quint64(jump);
@@ -84,12 +84,12 @@ void tst_SoundLine::jump_beginsANewLine()
 
 void tst_SoundLine::longTime_costsNoAccuracy()
 {
-    pulse::SoundLine line(kRate);
+    pulse::SoundLine line(kLineRate);
     // A month, an answer a minute.
     const quint64 minutes = 30 * 24 * 60;
     for (quint64 i = 0; i <= minutes; ++i)
-        line.Add(i * 60 * kRate, kStart + i * 60000000);
-    QCOMPARE(line.getInstant(minutes * 60 * kRate), kStart + minutes * 60000000);
+        line.Add(i * 60 * kLineRate, kStart + i * 60000000);
+    QCOMPARE(line.getInstant(minutes * 60 * kLineRate), kStart + minutes * 60000000);
 }
 
 AA_TEST(tst_SoundLine, NoApplication)

@@ -13,13 +13,13 @@
 
 namespace {
 
-constexpr int kRate = 44100;
-constexpr std::size_t kBlock = 1024;
+constexpr int kPumpRate = 44100;
+constexpr std::size_t kPumpBlock = 1024;
 
 /// A pump whose follower's beats are kept.
-struct Fixture
+struct PumpFixture
 {
-    Fixture() : pump(&configuration, kRate)
+    PumpFixture() : pump(&configuration, kPumpRate)
     {
         QObject::connect(
             &pump.getFollower(),
@@ -84,32 +84,32 @@ void tst_AnalysisPump::sampleTime_countsFromItsStart()
 
 void tst_AnalysisPump::space_isTheRestOfABlock()
 {
-    Fixture fixture;
-    QCOMPARE(fixture.pump.getBlockSize(), kBlock);
-    QCOMPARE(fixture.pump.getSpaceCount(), kBlock);
+    PumpFixture fixture;
+    QCOMPARE(fixture.pump.getBlockSize(), kPumpBlock);
+    QCOMPARE(fixture.pump.getSpaceCount(), kPumpBlock);
     const qint16* pStart = fixture.pump.getSpace();
     fixture.pump.Commit(1000);
     QCOMPARE(fixture.pump.getSpaceCount(), std::size_t(24));
     QCOMPARE(fixture.pump.getSpace() - pStart, std::ptrdiff_t(1000));
     fixture.pump.Commit(24);
-    QCOMPARE(fixture.pump.getSpaceCount(), kBlock);
+    QCOMPARE(fixture.pump.getSpaceCount(), kPumpBlock);
     QCOMPARE(fixture.pump.getSpace() - pStart, std::ptrdiff_t(0));
     QCOMPARE(fixture.pump.getSampleCount(), quint64(1024));
 }
 
 void tst_AnalysisPump::block_isAnalysed_whenItIsComplete()
 {
-    Fixture fixture;
+    PumpFixture fixture;
     int blocks = 0;
     connect(&fixture.pump.getAnalyzer(), &AudioAnalyzer::OnAudioSamplesAnalyzed, this, [&] {
         ++blocks;
     });
-    fixture.push(waves::Samples(kBlock - 1, 7), kBlock);
+    fixture.push(waves::Samples(kPumpBlock - 1, 7), kPumpBlock);
     QCOMPARE(blocks, 0);
     fixture.push(waves::Samples(1, 7), 1);
     QCOMPARE(blocks, 1);
     QCOMPARE(fixture.pump.getBlockIndex(), quint64(0));
-    fixture.push(waves::Samples(kBlock, 7), kBlock);
+    fixture.push(waves::Samples(kPumpBlock, 7), kPumpBlock);
     QCOMPARE(blocks, 2);
     QCOMPARE(fixture.pump.getBlockIndex(), quint64(1024));
 }
@@ -117,12 +117,12 @@ void tst_AnalysisPump::block_isAnalysed_whenItIsComplete()
 // 1024 samples at 44100 Hz last 23219.95 µs.
 void tst_AnalysisPump::clock_standsAtTheEndOfTheBlock()
 {
-    Fixture fixture;
+    PumpFixture fixture;
     std::vector<quint64> times;
     connect(&fixture.pump.getAnalyzer(), &AudioAnalyzer::OnAudioSamplesAnalyzed, this, [&] {
         times.push_back(HighResolutionTimer::getTime());
     });
-    fixture.push(waves::Samples(2 * kBlock, 7), kBlock);
+    fixture.push(waves::Samples(2 * kPumpBlock, 7), kPumpBlock);
     QCOMPARE(times, (std::vector<quint64>{1023219, 1046439}));
     QCOMPARE(fixture.pump.getAnalyzer().getAnalysisStartTime(), quint64(1000000));
     // Outside the clock is the machine's, which has left 1970 behind.
@@ -139,12 +139,12 @@ void tst_AnalysisPump::beats_areTheSame_inAnyPortions_data()
 void tst_AnalysisPump::beats_areTheSame_inAnyPortions()
 {
     QFETCH(int, portion);
-    const waves::Samples music = waves::kickTrack(12.0, kRate, 128.0);
-    Fixture whole;
-    whole.push(music, kBlock);
+    const waves::Samples music = waves::kickTrack(12.0, kPumpRate, 128.0);
+    PumpFixture whole;
+    whole.push(music, kPumpBlock);
     whole.pump.Finish();
     QVERIFY(whole.beats.size() > 15);
-    Fixture parts;
+    PumpFixture parts;
     parts.push(music, std::size_t(portion));
     parts.pump.Finish();
     QCOMPARE(parts.beats, whole.beats);
@@ -152,29 +152,29 @@ void tst_AnalysisPump::beats_areTheSame_inAnyPortions()
 
 void tst_AnalysisPump::finish_tellsTheLastBeat_andNothingBehindTheEnd()
 {
-    Fixture fixture;
+    PumpFixture fixture;
     fixture.configuration.setDisplayVirtualBeatsWhenStopped(true);
-    const waves::Samples music = waves::kickTrack(10.1, kRate, 120.0);
-    fixture.push(music, kBlock);
+    const waves::Samples music = waves::kickTrack(10.1, kPumpRate, 120.0);
+    fixture.push(music, kPumpBlock);
     const std::size_t before = fixture.beats.size();
     fixture.pump.Finish();
     // Kicks fall at 0, 0.5 ... 10.0 s: the last one lies 0.1 s before the end.
     QVERIFY(fixture.beats.size() > before);
-    const double last = double(fixture.beats.back()) / kRate;
+    const double last = double(fixture.beats.back()) / kPumpRate;
     QVERIFY2(last > 9.95 && last < 10.05, qPrintable(QString::number(last)));
     QCOMPARE(fixture.pump.getSampleCount(), quint64(music.size()));
 }
 
 void tst_AnalysisPump::analysis_startsWithTheFirstBlock()
 {
-    Fixture fixture;
+    PumpFixture fixture;
     QVERIFY(!fixture.pump.getAnalyzer().isAnalyzing());
     QVERIFY(!fixture.pump.getAnalyzer().isPlaying());
     fixture.configuration.setStopDetectionDuration(0.5);
-    fixture.push(waves::kickTrack(2.0, kRate, 120.0), kBlock);
+    fixture.push(waves::kickTrack(2.0, kPumpRate, 120.0), kPumpBlock);
     QVERIFY(fixture.pump.getAnalyzer().isAnalyzing());
     QVERIFY(fixture.pump.getAnalyzer().isPlaying());
-    fixture.push(waves::Samples(kRate * 2, 0), kBlock);
+    fixture.push(waves::Samples(kPumpRate * 2, 0), kPumpBlock);
     QVERIFY(!fixture.pump.getAnalyzer().isPlaying());
     fixture.pump.getAnalyzer().Stop();
     QVERIFY(!fixture.pump.getAnalyzer().isPlaying());

@@ -15,10 +15,10 @@
 
 namespace {
 
-constexpr int kRate = 44100;
-constexpr unsigned kBlock = 1024;
+constexpr int kFollowerRate = 44100;
+constexpr unsigned kFollowerBlock = 1024;
 
-QAudioFormat MakeFormat(int pRate = kRate)
+QAudioFormat MakeFormat(int pRate = kFollowerRate)
 {
     QAudioFormat format;
     format.setSampleRate(pRate);
@@ -29,13 +29,13 @@ QAudioFormat MakeFormat(int pRate = kRate)
 
 Pulse MakePulse(unsigned long pIndex, ePulseType pType = ePulse)
 {
-    return Pulse(1, pIndex, pIndex + kBlock - 1, kRate, 10, 20, 500, pType);
+    return Pulse(1, pIndex, pIndex + kFollowerBlock - 1, kFollowerRate, 10, 20, 500, pType);
 }
 
 /// An analyzer whose follower's beats are kept.
-struct Fixture
+struct FollowerFixture
 {
-    Fixture() : analyzer(&configuration, MakeFormat(), nullptr)
+    FollowerFixture() : analyzer(&configuration, MakeFormat(), nullptr)
     {
         analyzer.setBeatTimerAllowed(false);
         follower.Follow(&analyzer);
@@ -51,8 +51,9 @@ struct Fixture
     {
         const HighResolutionTimerOverride clock(1000000);
         analyzer.Start();
-        for (std::size_t at = 0; at < pSamples.size(); at += kBlock)
-            analyzer.Analyze(&pSamples[at], std::min<std::size_t>(kBlock, pSamples.size() - at));
+        for (std::size_t at = 0; at < pSamples.size(); at += kFollowerBlock)
+            analyzer.Analyze(&pSamples[at],
+                             std::min<std::size_t>(kFollowerBlock, pSamples.size() - at));
     }
 
     std::vector<quint64> indexes() const
@@ -91,8 +92,8 @@ private Q_SLOTS:
 // blocks that may hold its kick.
 void tst_BeatFollower::beats_areThoseOfTheTrack()
 {
-    Fixture fixture;
-    fixture.analyze(waves::kickTrack(20.0, kRate, 120.0));
+    FollowerFixture fixture;
+    fixture.analyze(waves::kickTrack(20.0, kFollowerRate, 120.0));
     QVERIFY(fixture.beats.size() > 30);
     for (std::size_t i = 0; i < fixture.beats.size(); ++i) {
         const BeatFollower::Beat& beat = fixture.beats[i];
@@ -100,18 +101,18 @@ void tst_BeatFollower::beats_areThoseOfTheTrack()
         QVERIFY(beat.accuracy > 0.0 && beat.accuracy <= 1.0);
         if (beat.isVirtual)
             continue;
-        const quint64 distance = (beat.index + kBlock) % 22050;
-        QVERIFY2(distance <= 2 * kBlock, qPrintable(QString::number(beat.index)));
+        const quint64 distance = (beat.index + kFollowerBlock) % 22050;
+        QVERIFY2(distance <= 2 * kFollowerBlock, qPrintable(QString::number(beat.index)));
     }
     QVERIFY(std::abs(fixture.beats.back().bpm - 120.0) < 1.0);
 }
 
 void tst_BeatFollower::beats_areFollowed_inAnyThread()
 {
-    Fixture here;
-    here.analyze(waves::kickTrack(10.0, kRate, 128.0));
-    Fixture there;
-    std::thread([&there] { there.analyze(waves::kickTrack(10.0, kRate, 128.0)); }).join();
+    FollowerFixture here;
+    here.analyze(waves::kickTrack(10.0, kFollowerRate, 128.0));
+    FollowerFixture there;
+    std::thread([&there] { there.analyze(waves::kickTrack(10.0, kFollowerRate, 128.0)); }).join();
     QVERIFY(!here.beats.empty());
     QCOMPARE(there.indexes(), here.indexes());
 }
@@ -144,23 +145,24 @@ void tst_BeatFollower::settling_isTheSlowestBeatAndTwelveBlocks()
 void tst_BeatFollower::settling_closesTheLastWindow()
 {
     for (std::size_t blocks = 160; blocks < 190; ++blocks) {
-        Fixture fixture;
-        waves::Samples samples = waves::kickTrack(10.0, kRate, 150.0);
-        samples.resize(blocks * kBlock);
+        FollowerFixture fixture;
+        waves::Samples samples = waves::kickTrack(10.0, kFollowerRate, 150.0);
+        samples.resize(blocks * kFollowerBlock);
         fixture.follower.setEnd(samples.size());
-        waves::append(samples, waves::silence(fixture.follower.getSettlingSampleCount(kRate)));
+        waves::append(samples,
+                      waves::silence(fixture.follower.getSettlingSampleCount(kFollowerRate)));
         fixture.analyze(samples);
         QVERIFY(fixture.follower.m_windowPulses.empty() ||
-                fixture.follower.m_windowPulses.front().getStartIndex() >= blocks * kBlock);
-        QVERIFY(fixture.analyzer.m_beatWindowStart >= blocks * kBlock ||
+                fixture.follower.m_windowPulses.front().getStartIndex() >= blocks * kFollowerBlock);
+        QVERIFY(fixture.analyzer.m_beatWindowStart >= blocks * kFollowerBlock ||
                 fixture.analyzer.m_candidatePulses.empty());
-        QVERIFY(!fixture.beats.empty() && fixture.beats.back().index < blocks * kBlock);
+        QVERIFY(!fixture.beats.empty() && fixture.beats.back().index < blocks * kFollowerBlock);
     }
 }
 
 void tst_BeatFollower::playing_isUnknownAndFalse_beforeTheFirstBlock()
 {
-    Fixture fixture;
+    FollowerFixture fixture;
     QVERIFY(!fixture.follower.isPlaying());
     Q_EMIT fixture.analyzer.OnAmplitudesComputed(nullptr, 0);
     QVERIFY(fixture.follower.isPlaying());
@@ -168,27 +170,27 @@ void tst_BeatFollower::playing_isUnknownAndFalse_beforeTheFirstBlock()
 
 void tst_BeatFollower::sampleCount_countsBlocks_upToTheEnd()
 {
-    Fixture fixture;
+    FollowerFixture fixture;
     QCOMPARE(fixture.follower.getSampleCount(), quint64(0));
-    fixture.analyze(waves::silence(3 * kBlock + 5));
-    QCOMPARE(fixture.follower.getSampleCount(), quint64(3 * kBlock));
-    fixture.follower.setEnd(2 * kBlock + 1);
-    QCOMPARE(fixture.follower.getSampleCount(), quint64(2 * kBlock + 1));
+    fixture.analyze(waves::silence(3 * kFollowerBlock + 5));
+    QCOMPARE(fixture.follower.getSampleCount(), quint64(3 * kFollowerBlock));
+    fixture.follower.setEnd(2 * kFollowerBlock + 1);
+    QCOMPARE(fixture.follower.getSampleCount(), quint64(2 * kFollowerBlock + 1));
 }
 
 void tst_BeatFollower::receiver_mayRestartTheFollower()
 {
-    Fixture fixture;
+    FollowerFixture fixture;
     connect(&fixture.follower, &BeatFollower::OnBeatFound, this, [&fixture] {
         fixture.follower.Restart();
     });
-    Pulse pulse = MakePulse(5 * kBlock);
+    Pulse pulse = MakePulse(5 * kFollowerBlock);
     Q_EMIT fixture.analyzer.OnPulseDetected(pulse);
     pulse.setType(eBeat);
     Q_EMIT fixture.analyzer.OnBPMChanged(120.0);
-    Q_EMIT fixture.analyzer.OnPulseDetected(MakePulse(7 * kBlock, eVirtualBeat));
+    Q_EMIT fixture.analyzer.OnPulseDetected(MakePulse(7 * kFollowerBlock, eVirtualBeat));
     Q_EMIT fixture.analyzer.OnBPMChanged(121.0);
-    QCOMPARE(fixture.indexes(), (std::vector<quint64>{5 * kBlock, 7 * kBlock}));
+    QCOMPARE(fixture.indexes(), (std::vector<quint64>{5 * kFollowerBlock, 7 * kFollowerBlock}));
     QCOMPARE(fixture.beats[1].bpm, 121.0);
     QVERIFY(fixture.beats[1].isVirtual);
 }

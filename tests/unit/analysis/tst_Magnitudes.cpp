@@ -4,6 +4,9 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
+#include <support/Waves.h>
+
+using waves::Samples;
 #include <vector>
 
 class tst_Magnitudes : public QObject
@@ -18,14 +21,6 @@ private Q_SLOTS:
     void sum_fits_whenAllSamplesAreExtreme();
     void parts_areCombined();
 };
-
-namespace {
-
-using Samples = std::vector<qint16>;
-
-}  // namespace
-
-Q_DECLARE_METATYPE(Samples)
 
 void tst_Magnitudes::magnitude_staysIn16Bits_data()
 {

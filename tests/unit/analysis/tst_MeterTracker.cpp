@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr int kRate = 44100;
+constexpr int kMeterRate = 44100;
 
 std::vector<qint16> noise(double pSeconds, int pPeak)
 {
-    std::vector<qint16> samples(std::size_t(pSeconds * kRate));
+    std::vector<qint16> samples(std::size_t(pSeconds * kMeterRate));
     quint32 state = 12345;
     for (qint16& sample : samples) {
         state = state * 1664525U + 1013904223U;
@@ -60,8 +60,8 @@ void tst_MeterTracker::beats_fallOnTheBassDrum_whateverTheTempo_data()
 void tst_MeterTracker::beats_fallOnTheBassDrum_whateverTheTempo()
 {
     QFETCH(double, bpm);
-    TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).play(bpm, 12.0).samples());
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(MeterMusic(kMeterRate).play(bpm, 12.0).samples());
     const double error = tracked.greatestError(bpm, 5.0);
     QVERIFY2(error < 0.035, qPrintable(QString::number(error)));
     const double expected = 7.0 * bpm / 60.0;
@@ -79,10 +79,10 @@ void tst_MeterTracker::beats_areTheSame_inPortionsOfAnySize_data()
 void tst_MeterTracker::beats_areTheSame_inPortionsOfAnySize()
 {
     QFETCH(int, portion);
-    const std::vector<qint16> samples = MeterMusic(kRate).rest(0.3).play(127.0, 8.0).samples();
-    TrackedBeats whole(kRate);
+    const std::vector<qint16> samples = MeterMusic(kMeterRate).rest(0.3).play(127.0, 8.0).samples();
+    TrackedBeats whole(kMeterRate);
     whole.push(samples);
-    TrackedBeats pieces(kRate);
+    TrackedBeats pieces(kMeterRate);
     pieces.push(samples, std::size_t(portion));
     QVERIFY(whole.beats.size() > 10);
     QVERIFY(whole.beats == pieces.beats);
@@ -91,43 +91,45 @@ void tst_MeterTracker::beats_areTheSame_inPortionsOfAnySize()
 
 void tst_MeterTracker::beats_areAPrefix_whenTheEndIsCutOff()
 {
-    std::vector<qint16> samples = MeterMusic(kRate).play(127.0, 10.0).play(100.0, 5.0).samples();
-    TrackedBeats whole(kRate);
+    std::vector<qint16> samples =
+        MeterMusic(kMeterRate).play(127.0, 10.0).play(100.0, 5.0).samples();
+    TrackedBeats whole(kMeterRate);
     whole.push(samples);
     for (const std::size_t length : {300001U, 437000U, 440000U, 441441U}) {
-        TrackedBeats start(kRate);
+        TrackedBeats start(kMeterRate);
         start.push({samples.begin(), samples.begin() + std::ptrdiff_t(length)});
         QVERIFY(start.beats.size() > 8);
         QVERIFY(std::equal(start.beats.begin(), start.beats.end(), whole.beats.begin()));
         // What the start did not tell lies at most as far back as a beat may be told late.
-        QVERIFY(whole.beats[start.beats.size()].index + kRate / 20 >= length - kRate / 100);
+        QVERIFY(whole.beats[start.beats.size()].index + kMeterRate / 20 >=
+                length - kMeterRate / 100);
     }
 }
 
 void tst_MeterTracker::beats_areToldAtMostOneFrameAhead()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kMeterRate);
     int told = 0;
     QObject::connect(
         &tracked.tracker, &MeterTracker::OnBeatForeseen, [&](const MeterTracker::Beat& pBeat) {
             const auto now = qint64(tracked.tracker.getSampleCount());
-            QVERIFY(qint64(pBeat.index) - now <= kRate / 100);
-            QVERIFY(now - qint64(pBeat.index) <= kRate / 20);
+            QVERIFY(qint64(pBeat.index) - now <= kMeterRate / 100);
+            QVERIFY(now - qint64(pBeat.index) <= kMeterRate / 20);
             ++told;
         });
-    tracked.push(MeterMusic(kRate).play(120.0, 10.0).samples());
+    tracked.push(MeterMusic(kMeterRate).play(120.0, 10.0).samples());
     QVERIFY(told > 15);
 }
 
 // Twice every sample is twice every sum: the gain takes it out without a rounding.
 void tst_MeterTracker::beats_areTheSame_atHalfTheLevel()
 {
-    std::vector<qint16> samples = MeterMusic(kRate).play(127.0, 8.0).samples(8000.0);
-    TrackedBeats soft(kRate);
+    std::vector<qint16> samples = MeterMusic(kMeterRate).play(127.0, 8.0).samples(8000.0);
+    TrackedBeats soft(kMeterRate);
     soft.push(samples);
     for (qint16& sample : samples)
         sample = qint16(2 * sample);
-    TrackedBeats loud(kRate);
+    TrackedBeats loud(kMeterRate);
     loud.push(samples);
     QVERIFY(soft.beats.size() > 10);
     QVERIFY(soft.beats == loud.beats);
@@ -145,11 +147,11 @@ void tst_MeterTracker::beats_areFound_atMinus60DecibelsAndWhenClipped_data()
 void tst_MeterTracker::beats_areFound_atMinus60DecibelsAndWhenClipped()
 {
     QFETCH(double, peak);
-    const std::vector<qint16> quiet = MeterMusic(kRate).play(128.0, 12.0).samples(32767.0);
+    const std::vector<qint16> quiet = MeterMusic(kMeterRate).play(128.0, 12.0).samples(32767.0);
     std::vector<qint16> samples;
     for (const qint16 sample : quiet)
         samples.push_back(qint16(qBound(-32768.0, std::round(sample * peak / 32767.0), 32767.0)));
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kMeterRate);
     tracked.push(samples);
     QVERIFY(tracked.greatestError(128.0, 5.0) < 0.035);
     QVERIFY(tracked.count(5.0, 12.0) >= 14);
@@ -157,15 +159,15 @@ void tst_MeterTracker::beats_areFound_atMinus60DecibelsAndWhenClipped()
 
 void tst_MeterTracker::beats_areTheSame_afterReset()
 {
-    const std::vector<qint16> samples = MeterMusic(kRate).play(127.0, 8.0).samples();
-    TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).play(90.0, 7.777).samples());
+    const std::vector<qint16> samples = MeterMusic(kMeterRate).play(127.0, 8.0).samples();
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(MeterMusic(kMeterRate).play(90.0, 7.777).samples());
     tracked.tracker.setDownbeat(1000);
     tracked.tracker.Reset();
     QCOMPARE(tracked.tracker.getSampleCount(), quint64(0));
     tracked.beats.clear();
     tracked.push(samples);
-    TrackedBeats fresh(kRate);
+    TrackedBeats fresh(kMeterRate);
     fresh.push(samples);
     QVERIFY(fresh.beats.size() > 10);
     QVERIFY(tracked.beats == fresh.beats);
@@ -186,7 +188,7 @@ void tst_MeterTracker::nothing_isTold_overWhatHasNoMeter()
 {
     QFETCH(int, peak);
     QFETCH(int, most);
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kMeterRate);
     tracked.push(noise(30.0, peak));
     QVERIFY(int(tracked.beats.size()) <= most);
     QCOMPARE(tracked.count(4.0, 30.0), 0);
@@ -195,8 +197,8 @@ void tst_MeterTracker::nothing_isTold_overWhatHasNoMeter()
 
 void tst_MeterTracker::nothing_isTold_twoSecondsAfterTheEnd()
 {
-    TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).play(128.0, 15.0).rest(8.0).samples());
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(MeterMusic(kMeterRate).play(128.0, 15.0).rest(8.0).samples());
     QVERIFY(tracked.count(5.0, 15.0) >= 20);
     QCOMPARE(tracked.count(17.0, 23.0), 0);
     QVERIFY(!tracked.tracker.isPlaying());
@@ -204,20 +206,22 @@ void tst_MeterTracker::nothing_isTold_twoSecondsAfterTheEnd()
 
 void tst_MeterTracker::playing_isToldOnceForEachChange()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kMeterRate);
     tracked.push(
-        MeterMusic(kRate).rest(1.0).play(128.0, 10.0).rest(5.0).play(128.0, 5.0).samples());
+        MeterMusic(kMeterRate).rest(1.0).play(128.0, 10.0).rest(5.0).play(128.0, 5.0).samples());
     QCOMPARE(tracked.changes.size(), std::size_t(3));
     QVERIFY(tracked.changes[0].second);
-    QVERIFY(tracked.changes[0].first >= kRate && tracked.changes[0].first <= kRate + 2 * 441);
+    QVERIFY(tracked.changes[0].first >= kMeterRate &&
+            tracked.changes[0].first <= kMeterRate + 2 * 441);
     QVERIFY(!tracked.changes[1].second);
-    QVERIFY(tracked.changes[1].first > 11 * kRate && tracked.changes[1].first < 13 * kRate);
+    QVERIFY(tracked.changes[1].first > 11 * kMeterRate &&
+            tracked.changes[1].first < 13 * kMeterRate);
     QVERIFY(tracked.changes[2].second);
 }
 
 void tst_MeterTracker::getters_sayNothing_whenNothingPlays()
 {
-    MeterTracker tracker(kRate);
+    MeterTracker tracker(kMeterRate);
     QCOMPARE(tracker.getBPM(), 0.0);
     QCOMPARE(tracker.getConfidence(), 0.0);
     QCOMPARE(tracker.getNextBeat(), quint64(0));
@@ -227,13 +231,13 @@ void tst_MeterTracker::getters_sayNothing_whenNothingPlays()
 
 void tst_MeterTracker::getters_agreeWithTheNextBeat()
 {
-    TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).play(120.0, 10.1).samples());
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(MeterMusic(kMeterRate).play(120.0, 10.1).samples());
     const MeterTracker& tracker = tracked.tracker;
     QVERIFY(std::fabs(tracker.getBPM() - 120.0) < 2.0);
-    const double next = double(tracker.getNextBeat()) / kRate;
+    const double next = double(tracker.getNextBeat()) / kMeterRate;
     QVERIFY2(std::fabs(next - 10.5) < 0.03, qPrintable(QString::number(next)));
-    const auto half = quint64(0.5 * 60.0 / tracker.getBPM() * kRate);
+    const auto half = quint64(0.5 * 60.0 / tracker.getBPM() * kMeterRate);
     QVERIFY(std::fabs(tracker.getPhase(tracker.getNextBeat() - half) - 0.5) < 0.001);
     const double phase = tracker.getPhase(tracker.getNextBeat());
     QVERIFY(std::min(phase, 1.0 - phase) < 0.001);
@@ -241,8 +245,8 @@ void tst_MeterTracker::getters_agreeWithTheNextBeat()
 
 void tst_MeterTracker::confidence_isHighOverDrums()
 {
-    TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).play(128.0, 12.0).samples());
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(MeterMusic(kMeterRate).play(128.0, 12.0).samples());
     QVERIFY(tracked.tracker.getConfidence() > 0.85);
     for (const MeterTracker::Beat& beat : tracked.beats) {
         QVERIFY(beat.confidence > 0.0 && beat.confidence < 1.0);
@@ -253,8 +257,8 @@ void tst_MeterTracker::confidence_isHighOverDrums()
 
 void tst_MeterTracker::tempo_followsAStepWithinFourSeconds()
 {
-    TrackedBeats tracked(kRate);
-    tracked.push(MeterMusic(kRate).play(100.0, 12.0).play(130.0, 10.0).samples());
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(MeterMusic(kMeterRate).play(100.0, 12.0).play(130.0, 10.0).samples());
     const double period = 60.0 / 130.0;
     for (const double time : tracked.seconds()) {
         const double beats = (time - 12.0) / period;

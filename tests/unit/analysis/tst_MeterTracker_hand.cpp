@@ -10,19 +10,19 @@
 
 namespace {
 
-constexpr int kRate = 44100;
+constexpr int kHandRate = 44100;
 
 /// Ten seconds of 120 BPM and the beat half-way to the next.
 void settle(TrackedBeats& pTracked)
 {
-    pTracked.push(MeterMusic(kRate).play(120.0, 10.25).samples());
+    pTracked.push(MeterMusic(kHandRate).play(120.0, 10.25).samples());
     pTracked.beats.clear();
 }
 
 std::vector<qint16> moreMusic(double pSeconds)
 {
-    const std::vector<qint16> all = MeterMusic(kRate).play(120.0, 10.25 + pSeconds).samples();
-    return {all.begin() + std::ptrdiff_t(10.25 * kRate), all.end()};
+    const std::vector<qint16> all = MeterMusic(kHandRate).play(120.0, 10.25 + pSeconds).samples();
+    return {all.begin() + std::ptrdiff_t(10.25 * kHandRate), all.end()};
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ void tst_MeterTracker_hand::multiply_takesTheTempoThere_withinOneBeat_data()
 void tst_MeterTracker_hand::multiply_takesTheTempoThere_withinOneBeat()
 {
     QFETCH(double, factor);
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
     const double before = tracked.tracker.getBPM();
     QVERIFY(tracked.tracker.Multiply(factor));
@@ -70,14 +70,14 @@ void tst_MeterTracker_hand::multiply_takesTheTempoThere_withinOneBeat()
     QVERIFY(!tracked.beats.empty());
     QVERIFY(std::fabs(tracked.beats[0].bpm / before / factor - 1.0) < 0.05);
     // The next beat is one of the new ones, or of the old ones that stay.
-    const double place = double(tracked.beats[0].index) / kRate;
+    const double place = double(tracked.beats[0].index) / kHandRate;
     QVERIFY2(place > 10.25 && place < 10.25 + 0.5 / factor + 0.03,
              qPrintable(QString::number(place)));
 }
 
 void tst_MeterTracker_hand::multiply_changesNothing_whenTheTempoWouldLeaveTheRange()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
     const double before = tracked.tracker.getBPM();
     QVERIFY(!tracked.tracker.Multiply(2.0));
@@ -88,7 +88,7 @@ void tst_MeterTracker_hand::multiply_changesNothing_whenTheTempoWouldLeaveTheRan
 
 void tst_MeterTracker_hand::multiply_takesNoOtherFactor()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
     for (const double factor : {1.0, 0.9, 0.75, 0.0, -2.0})
         QVERIFY(!tracked.tracker.Multiply(factor));
@@ -96,7 +96,7 @@ void tst_MeterTracker_hand::multiply_takesNoOtherFactor()
 
 void tst_MeterTracker_hand::multiply_staysAtTheLevel()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
     QVERIFY(tracked.tracker.Multiply(0.5));
     tracked.push(moreMusic(15.0));
@@ -106,7 +106,7 @@ void tst_MeterTracker_hand::multiply_staysAtTheLevel()
 
 void tst_MeterTracker_hand::setTempoRange_takesTheTempoInside_withinOneBeat()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
     QVERIFY(tracked.tracker.setTempoRange(150.0, 190.0));
     QVERIFY(std::fabs(tracked.tracker.getBPM() - 180.0) < 6.0);
@@ -130,7 +130,7 @@ void tst_MeterTracker_hand::setTempoRange_refusesWhatIsNoRange()
 {
     QFETCH(double, minimum);
     QFETCH(double, maximum);
-    MeterTracker tracker(kRate);
+    MeterTracker tracker(kHandRate);
     QVERIFY(!tracker.setTempoRange(minimum, maximum));
     QCOMPARE(tracker.getMinimalBPM(), MeterTracker::kSlowestBPM);
     QCOMPARE(tracker.getMaximalBPM(), MeterTracker::kFastestBPM);
@@ -138,10 +138,10 @@ void tst_MeterTracker_hand::setTempoRange_refusesWhatIsNoRange()
 
 void tst_MeterTracker_hand::setTempoRange_outlivesReset()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     QVERIFY(tracked.tracker.setTempoRange(65.0, 95.0));
     tracked.tracker.Reset();
-    tracked.push(MeterMusic(kRate).play(120.0, 10.0).samples());
+    tracked.push(MeterMusic(kHandRate).play(120.0, 10.0).samples());
     QVERIFY(!tracked.beats.empty());
     for (const MeterTracker::Beat& beat : tracked.beats)
         QVERIFY(beat.bpm > 63.0 && beat.bpm < 97.0);
@@ -174,18 +174,18 @@ void tst_MeterTracker_hand::setDownbeat_numbersTheBeats_data()
 void tst_MeterTracker_hand::setDownbeat_numbersTheBeats()
 {
     QFETCH(double, seconds);
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
-    tracked.tracker.setDownbeat(quint64(seconds * kRate));
+    tracked.tracker.setDownbeat(quint64(seconds * kHandRate));
     tracked.push(moreMusic(6.0));
     QVERIFY(tracked.beats.size() >= 10);
     for (const MeterTracker::Beat& beat : tracked.beats) {
-        const int beats = qRound((double(beat.index) / kRate - seconds) / 0.5);
+        const int beats = qRound((double(beat.index) / kHandRate - seconds) / 0.5);
         QCOMPARE(beat.beatInBar, beats % 4 + 1);
         QCOMPARE(beat.barConfidence, 1.0);
     }
     tracked.tracker.ReleaseDownbeat();
-    tracked.push(MeterMusic(kRate).play(120.0, 2.0).samples());
+    tracked.push(MeterMusic(kHandRate).play(120.0, 2.0).samples());
     QVERIFY(tracked.beats.back().barConfidence < 1.0);
 }
 
@@ -193,13 +193,13 @@ void tst_MeterTracker_hand::setDownbeat_numbersTheBeats()
 void tst_MeterTracker_hand::setDownbeat_staysThroughABreak()
 {
     const std::vector<qint16> samples =
-        MeterMusic(kRate).play(120.0, 16.0).rest(4.0).play(120.0, 12.0).samples();
-    TrackedBeats tracked(kRate);
-    tracked.push({samples.begin(), samples.begin() + std::ptrdiff_t(10.2 * kRate)});
-    tracked.tracker.setDownbeat(10 * kRate + kRate / 2);
-    tracked.push({samples.begin() + std::ptrdiff_t(10.2 * kRate), samples.end()});
+        MeterMusic(kHandRate).play(120.0, 16.0).rest(4.0).play(120.0, 12.0).samples();
+    TrackedBeats tracked(kHandRate);
+    tracked.push({samples.begin(), samples.begin() + std::ptrdiff_t(10.2 * kHandRate)});
+    tracked.tracker.setDownbeat(10 * kHandRate + kHandRate / 2);
+    tracked.push({samples.begin() + std::ptrdiff_t(10.2 * kHandRate), samples.end()});
     for (const MeterTracker::Beat& beat : tracked.beats) {
-        const double seconds = double(beat.index) / kRate;
+        const double seconds = double(beat.index) / kHandRate;
         if (seconds > 24.0)
             QCOMPARE(beat.beatInBar, qRound((seconds - 10.5) / 0.5) % 4 + 1);
     }
@@ -209,20 +209,20 @@ void tst_MeterTracker_hand::setDownbeat_staysThroughABreak()
 // On the off-beat, a quarter of a second away.
 void tst_MeterTracker_hand::taps_moveTheBeat_withinOneBeat()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
-    tracked.tracker.Tap(quint64(10.25 * kRate));
-    const double next = double(tracked.tracker.getNextBeat()) / kRate;
+    tracked.tracker.Tap(quint64(10.25 * kHandRate));
+    const double next = double(tracked.tracker.getNextBeat()) / kHandRate;
     QVERIFY2(std::fabs(next - 10.75) < 0.04, qPrintable(QString::number(next)));
 }
 
 // Taps at 90 BPM before anything else is heard.
 void tst_MeterTracker_hand::taps_setTheTempo_afterThree()
 {
-    const std::vector<qint16> samples = MeterMusic(kRate).play(120.0, 10.25).samples();
-    TrackedBeats tracked(kRate);
+    const std::vector<qint16> samples = MeterMusic(kHandRate).play(120.0, 10.25).samples();
+    TrackedBeats tracked(kHandRate);
     tracked.push(samples);
-    const std::vector<qint16> pad(std::size_t(2.0 / 3.0 * kRate), qint16(0));
+    const std::vector<qint16> pad(std::size_t(2.0 / 3.0 * kHandRate), qint16(0));
     for (int tap = 0; tap < 3; ++tap) {
         tracked.tracker.Tap(tracked.tracker.getSampleCount());
         if (tap < 2)
@@ -233,9 +233,9 @@ void tst_MeterTracker_hand::taps_setTheTempo_afterThree()
 
 void tst_MeterTracker_hand::music_isFollowedAgain_afterAWrongTap()
 {
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     settle(tracked);
-    tracked.tracker.Tap(quint64(10.2 * kRate));
+    tracked.tracker.Tap(quint64(10.2 * kHandRate));
     tracked.push(moreMusic(10.0));
     QVERIFY(tracked.greatestError(120.0, 16.0) < 0.035);
     QVERIFY(tracked.count(16.0, 20.0) >= 7);

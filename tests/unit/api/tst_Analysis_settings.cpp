@@ -8,12 +8,10 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 AudioAnalysisProfile AnyProfile()
 {

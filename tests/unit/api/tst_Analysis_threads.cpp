@@ -10,17 +10,17 @@
 
 namespace {
 
-constexpr int kRate = 22050;
+constexpr int kThreadRate = 22050;
 constexpr int kThreads = 4;
 
 waves::Samples Music(int pNumber)
 {
-    return waves::kickTrack(8.0, kRate, 110.0 + 5.0 * pNumber);
+    return waves::kickTrack(8.0, kThreadRate, 110.0 + 5.0 * pNumber);
 }
 
 QStringList EventsOf(int pNumber)
 {
-    PushedAnalysis analysis(kRate);
+    PushedAnalysis analysis(kThreadRate);
     analysis.pushInPortions(Music(pNumber), 441);
     analysis.finish();
     return analysis.getEvents();
@@ -65,7 +65,7 @@ void tst_Analysis_threads::analyses_comeAndGoInAllThreads()
     std::atomic<int> failures{0};
     InThreads([&failures](int pNumber) {
         for (int round = 0; round < 40; ++round) {
-            const AnalysisHandle handle(AudioAnalysis_Create(kRate));
+            const AnalysisHandle handle(AudioAnalysis_Create(kThreadRate));
             AudioAnalysisProfile profile = {};
             failures += AudioAnalysis_FindProfile("Slow", &profile) != AudioAnalysisError_None;
             failures +=
@@ -77,7 +77,7 @@ void tst_Analysis_threads::analyses_comeAndGoInAllThreads()
         }
     });
     QCOMPARE(failures.load(), 0);
-    const AnalysisHandle handle(AudioAnalysis_Create(kRate));
+    const AnalysisHandle handle(AudioAnalysis_Create(kThreadRate));
     AudioAnalysisProfile profile = {};
     QCOMPARE(AudioAnalysis_GetProfile(handle.get(), &profile), AudioAnalysisError_None);
     QCOMPARE(profile.maximalBPM, 175.0);
@@ -86,12 +86,12 @@ void tst_Analysis_threads::analyses_comeAndGoInAllThreads()
 // Made here, fed by a new thread for every second, finished here.
 void tst_Analysis_threads::analysis_mayWander()
 {
-    PushedAnalysis analysis(kRate);
+    PushedAnalysis analysis(kThreadRate);
     const waves::Samples music = Music(0);
-    for (std::size_t at = 0; at < music.size(); at += kRate) {
+    for (std::size_t at = 0; at < music.size(); at += kThreadRate) {
         std::thread([&] {
             AudioAnalysis_PushInt16(
-                analysis, &music[at], std::min<std::size_t>(kRate, music.size() - at), 1);
+                analysis, &music[at], std::min<std::size_t>(kThreadRate, music.size() - at), 1);
         }).join();
     }
     analysis.finish();

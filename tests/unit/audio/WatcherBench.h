@@ -8,11 +8,7 @@
 #include <QStringList>
 
 #include <fake/FakeAudioState.h>
-
-inline FakeAudioState& Fake()
-{
-    return FakeAudioState::Get();
-}
+#include <fake/Machine.h>
 
 inline QtAudioInputDevicesManager& Manager()
 {
@@ -23,13 +19,13 @@ inline QtAudioInputDevicesManager& Manager()
 inline QList<QByteArray> Boot(const char* pNames)
 {
     QtAudioInputDevicesManager::s_instance.reset();
-    Fake().Clear();
+    Machine().Clear();
     QList<QByteArray> handles;
     for (const QString& name : QString::fromLatin1(pNames).split(QLatin1Char('|'))) {
         FakeAudioDevice device;
         device.name = name;
         if (!name.isEmpty())
-            handles.append(Fake().Plug(device));
+            handles.append(Machine().Plug(device));
     }
     Manager();
     return handles;

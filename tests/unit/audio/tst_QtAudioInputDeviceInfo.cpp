@@ -7,15 +7,11 @@
 #include <QtTest>
 
 #include <fake/FakeAudioState.h>
+#include <fake/Machine.h>
 #include <memory>
 #include <support/TestClass.h>
 
 namespace {
-
-FakeAudioState& Fake()
-{
-    return FakeAudioState::Get();
-}
 
 /// "name" or "name*" (default) for each entry, in order, joined by bars.
 QByteArray Names(const QList<QtAudioInputDeviceInfo>& pDevices)
@@ -94,7 +90,7 @@ void tst_QtAudioInputDeviceInfo::initTestCase()
 
 void tst_QtAudioInputDeviceInfo::init()
 {
-    Fake().Clear();
+    Machine().Clear();
 }
 
 void tst_QtAudioInputDeviceInfo::default_isEmptyAndNotDefault()
@@ -180,7 +176,7 @@ void tst_QtAudioInputDeviceInfo::enumerate_isEmpty_whenThereIsNoDevice()
 void tst_QtAudioInputDeviceInfo::enumerate_keepsThePlatformsOrder()
 {
     for (const char* name : {"Zulu", "alpha", "Mike"})
-        Fake().Plug(QLatin1String(name));
+        Machine().Plug(QLatin1String(name));
     QCOMPARE(Enumerated(), QByteArray("Zulu*|alpha|Mike"));
 }
 
@@ -198,30 +194,30 @@ void tst_QtAudioInputDeviceInfo::enumerate_marksTheDefaultDevice()
     QFETCH(int, defaultIndex);
     QFETCH(QByteArray, names);
     for (const char* name : {"a", "b", "c"})
-        Fake().Plug(QLatin1String(name));
-    Fake().SetDefault(defaultIndex);
+        Machine().Plug(QLatin1String(name));
+    Machine().SetDefault(defaultIndex);
     QCOMPARE(Enumerated(), names);
 }
 
 void tst_QtAudioInputDeviceInfo::enumerate_marksNone_whenThereIsNoDefault()
 {
-    Fake().Plug(QStringLiteral("a"));
-    Fake().Plug(QStringLiteral("b"));
-    Fake().SetDefault(-1);
+    Machine().Plug(QStringLiteral("a"));
+    Machine().Plug(QStringLiteral("b"));
+    Machine().SetDefault(-1);
     QCOMPARE(QAudioDeviceInfo::defaultInputDevice().deviceName(), QString());
     QCOMPARE(Enumerated(), QByteArray("a|b"));
 }
 
 void tst_QtAudioInputDeviceInfo::enumerate_marksNone_whenTheDefaultHasNoName()
 {
-    Fake().Plug(QStringLiteral("  "));
-    Fake().Plug(QStringLiteral("b"));
+    Machine().Plug(QStringLiteral("  "));
+    Machine().Plug(QStringLiteral("b"));
     QCOMPARE(Enumerated(), QByteArray("b"));
 }
 
 void tst_QtAudioInputDeviceInfo::enumerate_trimsNames()
 {
-    Fake().Plug(QStringLiteral("\t Built-in Audio  \n"));
+    Machine().Plug(QStringLiteral("\t Built-in Audio  \n"));
     QCOMPARE(Enumerated(), QByteArray("Built-in Audio*"));
     QCOMPARE(QtAudioInputDeviceInfo::Enumerate().first().CompareTo(
                  QtAudioInputDeviceInfo(QStringLiteral(" Built-in Audio"), false)),
@@ -231,21 +227,21 @@ void tst_QtAudioInputDeviceInfo::enumerate_trimsNames()
 void tst_QtAudioInputDeviceInfo::enumerate_skipsNamelessDevices()
 {
     for (const char* name : {"a", "", " \t", "b"})
-        Fake().Plug(QLatin1String(name));
+        Machine().Plug(QLatin1String(name));
     QCOMPARE(Enumerated(), QByteArray("a*|b"));
 }
 
 void tst_QtAudioInputDeviceInfo::enumerate_keepsAndMarksDuplicates_isIntended()
 {
     for (const char* name : {"USB", "Mic", "USB", " USB "})
-        Fake().Plug(QLatin1String(name));
+        Machine().Plug(QLatin1String(name));
     QCOMPARE(Enumerated(), QByteArray("USB*|Mic|USB*|USB*"));
 }
 
 void tst_QtAudioInputDeviceInfo::enumerate_marksByLetterCase_isIntended()
 {
-    Fake().Plug(QStringLiteral("USB Audio"));
-    Fake().Plug(QStringLiteral("usb audio"));
+    Machine().Plug(QStringLiteral("USB Audio"));
+    Machine().Plug(QStringLiteral("usb audio"));
     QCOMPARE(Enumerated(), QByteArray("USB Audio*|usb audio"));
     const QList<QtAudioInputDeviceInfo> devices = QtAudioInputDeviceInfo::Enumerate();
     QCOMPARE(devices.at(0).CompareTo(devices.at(1)), 0);
@@ -253,24 +249,24 @@ void tst_QtAudioInputDeviceInfo::enumerate_marksByLetterCase_isIntended()
 
 void tst_QtAudioInputDeviceInfo::enumerate_marksByTrimmedName()
 {
-    Fake().Plug(QStringLiteral("Mic "));
-    Fake().Plug(QStringLiteral(" Mic"));
+    Machine().Plug(QStringLiteral("Mic "));
+    Machine().Plug(QStringLiteral(" Mic"));
     QCOMPARE(Enumerated(), QByteArray("Mic*|Mic*"));
 }
 
 void tst_QtAudioInputDeviceInfo::list_isASnapshot()
 {
-    const QByteArray handle = Fake().Plug(QStringLiteral("a"));
+    const QByteArray handle = Machine().Plug(QStringLiteral("a"));
     const QList<QtAudioInputDeviceInfo> devices = QtAudioInputDeviceInfo::Enumerate();
-    Fake().Unplug(handle);
+    Machine().Unplug(handle);
     QCOMPARE(Names(devices), QByteArray("a*"));
     QCOMPARE(Enumerated(), QByteArray());
 }
 
 void tst_QtAudioInputDeviceInfo::create_givesTheNamedDevice()
 {
-    Fake().Plug(QStringLiteral("a"));
-    Fake().Plug(QStringLiteral("b"));
+    Machine().Plug(QStringLiteral("a"));
+    Machine().Plug(QStringLiteral("b"));
     const std::unique_ptr<QtAudioInputDevice> pDevice = Create(QStringLiteral("b"));
     QVERIFY(pDevice);
     QCOMPARE(pDevice->getName(), QStringLiteral("b"));
@@ -282,8 +278,8 @@ void tst_QtAudioInputDeviceInfo::create_givesTheFirstOfTwo()
     FakeAudioDevice first;
     first.name = QStringLiteral("USB");
     first.sampleRates = {8000};
-    Fake().Plug(first);
-    Fake().Plug(QStringLiteral("USB"));
+    Machine().Plug(first);
+    Machine().Plug(QStringLiteral("USB"));
     const std::unique_ptr<QtAudioInputDevice> pDevice = Create(QStringLiteral("USB"));
     QVERIFY(pDevice);
     QCOMPARE(pDevice->getPreferredInputFormat().sampleRate(), 8000);
@@ -291,7 +287,7 @@ void tst_QtAudioInputDeviceInfo::create_givesTheFirstOfTwo()
 
 void tst_QtAudioInputDeviceInfo::create_findsUntrimmedPlatformName()
 {
-    Fake().Plug(QStringLiteral("  Mic "));
+    Machine().Plug(QStringLiteral("  Mic "));
     const std::unique_ptr<QtAudioInputDevice> pDevice = Create(QStringLiteral("Mic"));
     QVERIFY(pDevice);
     QCOMPARE(pDevice->getName(), QStringLiteral("Mic"));
@@ -304,22 +300,22 @@ void tst_QtAudioInputDeviceInfo::create_givesNull_whenThereIsNoDevice()
 
 void tst_QtAudioInputDeviceInfo::create_givesNull_whenDeviceVanished()
 {
-    const QByteArray handle = Fake().Plug(QStringLiteral("Mic"));
+    const QByteArray handle = Machine().Plug(QStringLiteral("Mic"));
     const QtAudioInputDeviceInfo info = QtAudioInputDeviceInfo::Enumerate().first();
-    Fake().Unplug(handle);
+    Machine().Unplug(handle);
     QCOMPARE(info.Create(nullptr), static_cast<QtAudioInputDevice*>(nullptr));
 }
 
 void tst_QtAudioInputDeviceInfo::create_givesNull_whenOnlyLetterCaseDiffers_isIntended()
 {
-    Fake().Plug(QStringLiteral("USB Audio"));
+    Machine().Plug(QStringLiteral("USB Audio"));
     QCOMPARE(Compare(QStringLiteral("usb audio"), QStringLiteral("USB Audio")), 0);
     QVERIFY(!Create(QStringLiteral("usb audio")));
 }
 
 void tst_QtAudioInputDeviceInfo::create_givesNull_whenStoredNameIsUntrimmed_isIntended()
 {
-    Fake().Plug(QStringLiteral(" Mic "));
+    Machine().Plug(QStringLiteral(" Mic "));
     QVERIFY(!Create(QStringLiteral(" Mic ")));
     QVERIFY(!Create(QStringLiteral("Mic ")));
     QCOMPARE(Compare(QStringLiteral(" Mic "), QStringLiteral("Mic")), 0);
@@ -327,8 +323,8 @@ void tst_QtAudioInputDeviceInfo::create_givesNull_whenStoredNameIsUntrimmed_isIn
 
 void tst_QtAudioInputDeviceInfo::create_givesNull_whenNameIsEmptyOrBlank()
 {
-    Fake().Plug(QString());
-    Fake().Plug(QStringLiteral("  "));
+    Machine().Plug(QString());
+    Machine().Plug(QStringLiteral("  "));
     QVERIFY(!Create(QString()));
     QVERIFY(!Create(QStringLiteral("  ")));
     QCOMPARE(QtAudioInputDeviceInfo().Create(nullptr), static_cast<QtAudioInputDevice*>(nullptr));
@@ -336,7 +332,7 @@ void tst_QtAudioInputDeviceInfo::create_givesNull_whenNameIsEmptyOrBlank()
 
 void tst_QtAudioInputDeviceInfo::create_hangsTheDeviceOnItsParent()
 {
-    Fake().Plug(QStringLiteral("Mic"));
+    Machine().Plug(QStringLiteral("Mic"));
     QObject parent;
     const QtAudioInputDevice* pDevice =
         QtAudioInputDeviceInfo(QStringLiteral("Mic"), false).Create(&parent);

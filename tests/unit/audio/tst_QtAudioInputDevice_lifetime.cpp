@@ -8,14 +8,10 @@
 #include <memory>
 #include <stdexcept>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <support/VirtualTime.h>
 
 namespace {
-
-QString Text(const char* pText)
-{
-    return QLatin1String(pText);
-}
 
 FakeAudioDevice Vanishing(eVanishing pVanishing)
 {

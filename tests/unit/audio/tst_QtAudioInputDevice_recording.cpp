@@ -5,15 +5,7 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
-
-namespace {
-
-QString Text(const char* pText)
-{
-    return QLatin1String(pText);
-}
-
-}  // namespace
+#include <support/Text.h>
 
 class tst_QtAudioInputDevice_recording : public QObject
 {

@@ -7,17 +7,9 @@
 
 #include <limits>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 using eRead = FakeAudioStream::eRead;
-
-namespace {
-
-QString Text(const char* pText)
-{
-    return QLatin1String(pText);
-}
-
-}  // namespace
 
 class tst_QtAudioInputDevice_samples : public QObject
 {

@@ -170,7 +170,7 @@ void tst_QtAudioInputDevicesManager::restart_makesANewTimer_andKeepsTheList()
     WatcherLog log(&Manager());
     QVERIFY(Manager().Start());
     QVERIFY(Manager().Stop());
-    Fake().Plug(QStringLiteral("b"));
+    Machine().Plug(QStringLiteral("b"));
     QVERIFY(Manager().Start());
     QVERIFY(Manager().m_pTimer->isActive());
     QCOMPARE(List(), QByteArray("a*"));
@@ -195,7 +195,7 @@ void tst_QtAudioInputDevicesManager::stop_worksInASlotOfTheTimer()
     log.observer = [] { QVERIFY(Manager().Stop()); };
     QVERIFY(Manager().Start());
     Manager().m_pTimer->setInterval(0);
-    Fake().Plug(QStringLiteral("a"));
+    Machine().Plug(QStringLiteral("a"));
     QTRY_COMPARE(Manager().m_pTimer, static_cast<QTimer*>(nullptr));
     QCOMPARE(log.Take(), QByteArray("modified +a*"));
 }
@@ -209,7 +209,7 @@ void tst_QtAudioInputDevicesManager::timer_reportsAChange_withinItsPeriod()
     log.observer = [&] { elapsed = clock.elapsed(); };
     clock.start();
     QVERIFY(Manager().Start());
-    Fake().Plug(QStringLiteral("b"));
+    Machine().Plug(QStringLiteral("b"));
     QTRY_VERIFY_WITH_TIMEOUT(elapsed != 0, 5000);
     QCOMPARE(log.Take(), QByteArray("modified +b"));
     // A coarse timer may be 5% early, and is moved to a tick that it shares with others.
@@ -221,7 +221,7 @@ void tst_QtAudioInputDevicesManager::idleManager_noticesNothing()
 {
     Boot("a");
     WatcherLog log(&Manager());
-    Fake().Plug(QStringLiteral("b"));
+    Machine().Plug(QStringLiteral("b"));
     QTest::qWait(2200);
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("a*"));

@@ -51,8 +51,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_reportsAddedAndRemoved_
 {
     const QList<QByteArray> handles = Boot("a|b");
     WatcherLog log(&Manager());
-    Fake().Unplug(handles.at(1));
-    Fake().Plug(QStringLiteral("c"));
+    Machine().Unplug(handles.at(1));
+    Machine().Plug(QStringLiteral("c"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified +c -b"));
     QCOMPARE(List(), QByteArray("a*|c"));
@@ -64,8 +64,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_reportsTwoAdded_inThePl
     WatcherLog log(&Manager());
     FakeAudioDevice device;
     device.name = QStringLiteral("z");
-    Fake().Plug(device, 0);
-    Fake().Plug(QStringLiteral("a"));
+    Machine().Plug(device, 0);
+    Machine().Plug(QStringLiteral("a"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified +z* +a"));
     QCOMPARE(List(), QByteArray("z*|m|a"));
@@ -75,8 +75,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_reportsRemoved_inTheOld
 {
     const QList<QByteArray> handles = Boot("z|m|a");
     WatcherLog log(&Manager());
-    Fake().Unplug(handles.at(2));
-    Fake().Unplug(handles.at(0));
+    Machine().Unplug(handles.at(2));
+    Machine().Unplug(handles.at(0));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified -z* -a"));
     QCOMPARE(List(), QByteArray("m*"));
@@ -86,7 +86,7 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_reportsAllGone_whenTheP
 {
     Boot("a|b");
     WatcherLog log(&Manager());
-    Fake().Clear();
+    Machine().Clear();
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified -a* -b"));
     QCOMPARE(List(), QByteArray());
@@ -108,8 +108,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_isSilent_whenAskedTo()
 {
     const QList<QByteArray> handles = Boot("a");
     WatcherLog log(&Manager());
-    Fake().Plug(QStringLiteral("b"));
-    Fake().Unplug(handles.at(0));
+    Machine().Plug(QStringLiteral("b"));
+    Machine().Unplug(handles.at(0));
     Manager().Enumerate(false);
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("b*"));
@@ -123,7 +123,7 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_hasReplacedTheList_when
     WatcherLog log(&Manager());
     QByteArrayList lists;
     log.observer = [&] { lists.append(List()); };
-    Fake().Plug(QStringLiteral("b"));
+    Machine().Plug(QStringLiteral("b"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified +b"));
     QCOMPARE(lists, (QByteArrayList{"a*|b", "a*|b"}));
@@ -133,10 +133,10 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_reportsDuplicates_whenT
 {
     const QList<QByteArray> handles = Boot("a|b|b");
     WatcherLog log(&Manager());
-    Fake().Unplug(handles.at(1));
-    Fake().Unplug(handles.at(2));
-    Fake().Plug(QStringLiteral("c"));
-    Fake().Plug(QStringLiteral("c"));
+    Machine().Unplug(handles.at(1));
+    Machine().Unplug(handles.at(2));
+    Machine().Plug(QStringLiteral("c"));
+    Machine().Plug(QStringLiteral("c"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified +c +c -b -b"));
 }
@@ -145,8 +145,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_ignoresTheOrder_isInten
 {
     const QList<QByteArray> handles = Boot("a|b");
     WatcherLog log(&Manager());
-    Fake().Unplug(handles.at(0));
-    Fake().Plug(QStringLiteral("a"));
+    Machine().Unplug(handles.at(0));
+    Machine().Plug(QStringLiteral("a"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("a*|b"));
@@ -156,11 +156,11 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_ignoresTheDefault_isInt
 {
     Boot("a|b");
     WatcherLog log(&Manager());
-    Fake().SetDefault(1);
+    Machine().SetDefault(1);
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("a*|b"));
-    Fake().SetDefault(-1);
+    Machine().SetDefault(-1);
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("a*|b"));
@@ -170,8 +170,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_takesTheDefault_whenAny
 {
     Boot("a|b");
     WatcherLog log(&Manager());
-    Fake().SetDefault(1);
-    Fake().Plug(QStringLiteral("c"));
+    Machine().SetDefault(1);
+    Machine().Plug(QStringLiteral("c"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified +c"));
     QCOMPARE(List(), QByteArray("a|b*|c"));
@@ -181,8 +181,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_ignoresLetterCase_isInt
 {
     const QList<QByteArray> handles = Boot("USB Audio");
     WatcherLog log(&Manager());
-    Fake().Unplug(handles.at(0));
-    Fake().Plug(QStringLiteral("usb audio"));
+    Machine().Unplug(handles.at(0));
+    Machine().Plug(QStringLiteral("usb audio"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("USB Audio*"));
@@ -192,7 +192,7 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_ignoresASecondDeviceOfT
 {
     Boot("USB");
     WatcherLog log(&Manager());
-    Fake().Plug(QStringLiteral("usb"));
+    Machine().Plug(QStringLiteral("usb"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("USB*"));
@@ -202,7 +202,7 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_ignoresOneOfTwoGone_isI
 {
     const QList<QByteArray> handles = Boot("USB|USB");
     WatcherLog log(&Manager());
-    Fake().Unplug(handles.at(1));
+    Machine().Unplug(handles.at(1));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
     QCOMPARE(List(), QByteArray("USB*|USB*"));
@@ -212,8 +212,8 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_ignoresNamelessDevices(
 {
     Boot("a");
     WatcherLog log(&Manager());
-    Fake().Plug(QString());
-    Fake().Plug(QStringLiteral("  "));
+    Machine().Plug(QString());
+    Machine().Plug(QStringLiteral("  "));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray());
 }
@@ -227,11 +227,11 @@ void tst_QtAudioInputDevicesManager_enumerate::enumerate_survivesBeingCalledFrom
         if (!isFirst)
             return;
         isFirst = false;
-        Fake().Plug(QStringLiteral("d"));
+        Machine().Plug(QStringLiteral("d"));
         Manager().OnTimer();
     };
-    Fake().Unplug(handles.at(1));
-    Fake().Plug(QStringLiteral("c"));
+    Machine().Unplug(handles.at(1));
+    Machine().Plug(QStringLiteral("c"));
     Manager().OnTimer();
     QCOMPARE(log.Take(), QByteArray("modified modified +d +c -b"));
     QCOMPARE(List(), QByteArray("a*|c|d"));
@@ -241,7 +241,7 @@ void tst_QtAudioInputDevicesManager_enumerate::onTimer_enumeratesWithSignals()
 {
     Boot("");
     WatcherLog log(&Manager());
-    Fake().Plug(QStringLiteral("a"));
+    Machine().Plug(QStringLiteral("a"));
     QVERIFY(QMetaObject::invokeMethod(&Manager(), "OnTimer"));
     QCOMPARE(log.Take(), QByteArray("modified +a*"));
 }

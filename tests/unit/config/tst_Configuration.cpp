@@ -4,12 +4,11 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 #include <type_traits>
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// One plain setting: its setter, its member and its default.
 template <typename Value>

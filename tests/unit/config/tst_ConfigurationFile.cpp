@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include "DataPath.h"
 #include "support/ConfigSandbox.h"
 #include "support/FileBuilder.h"
 #include "support/HexDump.h"
@@ -11,11 +12,6 @@
 #include <utility>
 
 namespace {
-
-QString dataPath(const char* pName)
-{
-    return QFINDTESTDATA((QByteArray("data/") + pName).constData());
-}
 
 QString executableFile()
 {
@@ -227,7 +223,7 @@ void tst_ConfigurationFile::Load_dropsDevice_whenNamesDiffer()
     const ConfigSandbox sandbox;
     if (!present.isEmpty())
         sandbox.plug(present);
-    const auto loaded = sandbox.load(bytesOfHexFile(dataPath("config-1.2.hex")));
+    const auto loaded = sandbox.load(bytesOfHexFile(DataPath("config-1.2.hex")));
     QVERIFY(loaded);
     QVERIFY(loaded->m_selectedAudioInputDevice.isEmpty());
 }

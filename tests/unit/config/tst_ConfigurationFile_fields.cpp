@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include "DataPath.h"
 #include "support/ConfigSandbox.h"
 #include "support/FileBuilder.h"
 #include "support/HexDump.h"
@@ -8,15 +9,6 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
-
-namespace {
-
-QString dataPath(const char* pName)
-{
-    return QFINDTESTDATA((QByteArray("data/") + pName).constData());
-}
-
-}  // namespace
 
 class tst_ConfigurationFile_fields : public QObject
 {
@@ -44,7 +36,7 @@ void tst_ConfigurationFile_fields::Load_readsSettingsOfVersion_data()
 {
     QTest::addColumn<QString>("path");
     for (const char* version : {"1.0", "1.1", "1.2", "1.7"})
-        QTest::newRow(version) << dataPath(QByteArray("config-") + version + ".hex");
+        QTest::newRow(version) << DataPath(QByteArray("config-") + version + ".hex");
 }
 
 void tst_ConfigurationFile_fields::Load_readsSettingsOfVersion()
@@ -69,10 +61,10 @@ void tst_ConfigurationFile_fields::Load_readsSectionsOfVersion_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<bool>("hasDurations");
     QTest::addColumn<bool>("hasLanguage");
-    QTest::newRow("1.0") << dataPath("config-1.0.hex") << false << false;
-    QTest::newRow("1.1") << dataPath("config-1.1.hex") << true << false;
-    QTest::newRow("1.2") << dataPath("config-1.2.hex") << true << true;
-    QTest::newRow("1.7") << dataPath("config-1.7.hex") << true << true;
+    QTest::newRow("1.0") << DataPath("config-1.0.hex") << false << false;
+    QTest::newRow("1.1") << DataPath("config-1.1.hex") << true << false;
+    QTest::newRow("1.2") << DataPath("config-1.2.hex") << true << true;
+    QTest::newRow("1.7") << DataPath("config-1.7.hex") << true << true;
 }
 
 void tst_ConfigurationFile_fields::Load_readsSectionsOfVersion()
@@ -110,7 +102,7 @@ void tst_ConfigurationFile_fields::Load_readsUserProfiles()
 {
     QFETCH(int, index);
     const ConfigSandbox sandbox;
-    const auto loaded = sandbox.load(bytesOfHexFile(dataPath("config-1.2.hex")));
+    const auto loaded = sandbox.load(bytesOfHexFile(DataPath("config-1.2.hex")));
     QVERIFY(loaded);
     QCOMPARE(loaded->m_profiles.size(), 5);
     const Profile profile = loaded->m_profiles.at(index);

@@ -5,12 +5,10 @@
 
 #include <cmath>
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 Profile withRange(double pMinimal, double pMaximal, bool pIsReadOnly = false)
 {

@@ -6,11 +6,12 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 
 namespace {
 
-using Setting = SettingsTable::Setting;
+using TableSetting = SettingsTable::Setting;
 
 }  // namespace
 
@@ -68,7 +69,8 @@ void tst_SettingsTable::settings_areThese_data()
 
 void tst_SettingsTable::settings_areThese()
 {
-    const Setting* pSetting = SettingsTable::Find(QString::fromLatin1(QTest::currentDataTag()));
+    const TableSetting* pSetting =
+        SettingsTable::Find(QString::fromLatin1(QTest::currentDataTag()));
     QVERIFY(pSetting);
     QTEST(pSetting->minimum, "minimum");
     QTEST(pSetting->maximum, "maximum");
@@ -87,7 +89,7 @@ void tst_SettingsTable::everySetting_isWellFormed()
 {
     const QRegularExpression kIdentifier(QStringLiteral("^[a-z]+(-[a-z]+)*$"));
     QStringList identifiers;
-    for (const Setting& setting : SettingsTable::getSettings()) {
+    for (const TableSetting& setting : SettingsTable::getSettings()) {
         const QString identifier = QString::fromUtf8(setting.pIdentifier);
         QVERIFY(kIdentifier.match(identifier).hasMatch());
         QVERIFY2(!identifiers.contains(identifier), setting.pIdentifier);
@@ -106,7 +108,7 @@ void tst_SettingsTable::everySetting_isWellFormed()
 void tst_SettingsTable::settingsOfTheAnalysis_comeFirst()
 {
     const auto& settings = SettingsTable::getSettings();
-    QVERIFY(std::is_partitioned(settings.begin(), settings.end(), [](const Setting& pSetting) {
+    QVERIFY(std::is_partitioned(settings.begin(), settings.end(), [](const TableSetting& pSetting) {
         return pSetting.use == SettingsTable::eAnalysis;
     }));
 }
@@ -115,7 +117,7 @@ void tst_SettingsTable::settingsOfTheAnalysis_comeFirst()
 void tst_SettingsTable::initialValue_isThatOfANewConfiguration_exceptTheStopDuration()
 {
     const Configuration configuration;
-    for (const Setting& setting : SettingsTable::getSettings()) {
+    for (const TableSetting& setting : SettingsTable::getSettings()) {
         if (!setting.get)
             continue;
         const bool isStop = QLatin1String(setting.pIdentifier) == QLatin1String("stop-duration");
@@ -126,7 +128,7 @@ void tst_SettingsTable::initialValue_isThatOfANewConfiguration_exceptTheStopDura
 void tst_SettingsTable::value_reachesTheConfiguration()
 {
     Configuration configuration;
-    for (const Setting& setting : SettingsTable::getSettings()) {
+    for (const TableSetting& setting : SettingsTable::getSettings()) {
         if (!setting.set)
             continue;
         for (const double value : {setting.minimum, setting.maximum}) {
@@ -149,9 +151,7 @@ void tst_SettingsTable::value_reachesTheConfiguration()
 
 void tst_SettingsTable::value_isAllowedWithinTheLimits()
 {
-    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    for (const Setting& setting : SettingsTable::getSettings()) {
+    for (const TableSetting& setting : SettingsTable::getSettings()) {
         QVERIFY(setting.isAllowed(setting.minimum) && setting.isAllowed(setting.maximum));
         for (const double refused :
              {setting.minimum - 0.01, setting.maximum + 0.01, kNaN, kInfinity, -kInfinity})
@@ -162,7 +162,7 @@ void tst_SettingsTable::value_isAllowedWithinTheLimits()
 
 void tst_SettingsTable::clamp_takesTheNearestValue()
 {
-    const Setting& setting = *SettingsTable::Find(QStringLiteral("average-duration"));
+    const TableSetting& setting = *SettingsTable::Find(QStringLiteral("average-duration"));
     QCOMPARE(setting.Clamp(7.5), 7.5);
     QCOMPARE(setting.Clamp(-7.5), 0.05);
     QCOMPARE(setting.Clamp(60.5), 60.0);

@@ -5,19 +5,13 @@
 #include <QtTest>
 
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
 
 using Change = SettingsTable::Change;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// "stop-duration 0 -> 0.05", or with the profile before it.
 QStringList Describe(const std::vector<Change>& pChanges)

@@ -13,14 +13,14 @@
 
 namespace {
 
-struct Flag
+struct Shown
 {
     const char* key;
     bool (UISettings::*get)() const;
     bool initial;
 };
 
-const Flag kFlags[] = {
+const Shown kShown[] = {
     {"AdvancedSettings", &UISettings::isAdvancedSettingsVisible, true},
     {"AudioInputDevices", &UISettings::isAudioInputDevicesVisible, true},
     {"AudioSpectrum", &UISettings::isAudioSpectrumVisible, true},
@@ -40,7 +40,7 @@ const Flag kFlags[] = {
 QByteArray changesOf(const UISettings& pSettings)
 {
     QByteArray keys;
-    for (const Flag& flag : kFlags)
+    for (const Shown& flag : kShown)
         if ((pSettings.*flag.get)() != flag.initial)
             keys += QByteArray(flag.key) + ' ';
     return keys.trimmed();
@@ -162,7 +162,7 @@ void tst_UISettings::Load_readsEachKey_data()
 {
     QTest::addColumn<QByteArray>("key");
     QTest::addColumn<bool>("value");
-    for (const Flag& flag : kFlags)
+    for (const Shown& flag : kShown)
         QTest::newRow(flag.key) << QByteArray(flag.key) << !flag.initial;
 }
 
@@ -290,7 +290,7 @@ void tst_UISettings::copy_takesEveryMember()
 {
     QByteArray text = "[MainWindow]\nStartingPosition=TOP-RIGHT\n";
     QByteArray keys;
-    for (const Flag& flag : kFlags) {
+    for (const Shown& flag : kShown) {
         text += QByteArray(flag.key) + (flag.initial ? "=0\n" : "=1\n");
         keys += QByteArray(flag.key) + ' ';
     }

@@ -61,6 +61,8 @@ void tst_BandPassThreshold::answer_equalsTransform_whenPeakSitsOnThreshold()
     QFETCH(int, rate);
     QFETCH(double, amplitude);
     const auto count = static_cast<std::size_t>(rate);
+    BandPassThreshold decision;
+    FastFourierTransform transform;
     for (const Samples& samples :
          {waves::sine(count, rate, 440.0, amplitude), kicks(rate, count, amplitude)}) {
         const std::vector<double> values = filteredValues(samples, rate);
@@ -70,8 +72,6 @@ void tst_BandPassThreshold::answer_equalsTransform_whenPeakSitsOnThreshold()
             if (threshold < 0 || threshold > 32767)
                 continue;
             const Question question{50, 2000, rate, static_cast<qint16>(threshold)};
-            BandPassThreshold decision;
-            FastFourierTransform transform;
             QCOMPARE(decision.RisesAbove(samples.data(), count, question, transform), offset < 0);
         }
     }

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 #include <type_traits>
 
@@ -31,8 +32,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct Query
 {

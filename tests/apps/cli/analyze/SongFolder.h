@@ -7,11 +7,7 @@
 
 #include <apps/cli/analyze/ProgramRunner.h>
 #include <apps/shared/files/TestAudio.h>
-
-inline QStringList Lines(const QByteArray& pText)
-{
-    return QString::fromUtf8(pText).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
+#include <support/Text.h>
 
 inline QJsonObject Parse(const QByteArray& pText)
 {

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr double kBlock = 1024.0 / 44100;  ///< seconds
+constexpr double kDemoBlock = 1024.0 / 44100;  ///< seconds
 
 std::vector<double> Times(const QByteArray& pText)
 {
@@ -122,8 +122,8 @@ void tst_AnalyzeProgram_demo::beats_areThoseOfTheScore()
             kicks.push_back(time);
     }
     QVERIFY(kicks.size() > 60);
-    const double within1 = Share(kicks, m_beats, kBlock);
-    const double within2 = Share(kicks, m_beats, 2 * kBlock);
+    const double within1 = Share(kicks, m_beats, kDemoBlock);
+    const double within2 = Share(kicks, m_beats, 2 * kDemoBlock);
     QVERIFY2(within1 > 60.0, qPrintable(QString::number(within1)));
     QVERIFY2(within2 > 97.0, qPrintable(QString::number(within2)));
 }
@@ -193,10 +193,10 @@ void tst_AnalyzeProgram_demo::codecs_giveTheSameBeats()
     QFETCH(double, share);
     const std::vector<double> beats = Times(AnalyzeByProfile(file).output);
     QCOMPARE(beats.size(), m_beats.size());
-    QVERIFY(Share(m_beats, beats, kBlock) >= share);
+    QVERIFY(Share(m_beats, beats, kDemoBlock) >= share);
     const double stop = m_track.getArrangement().getSilences(m_track.getDuration()).front().start;
     for (std::size_t i = 0; i < beats.size() && m_beats[i] < stop; ++i)
-        QVERIFY2(std::abs(beats[i] - m_beats[i]) <= kBlock + 1e-6,
+        QVERIFY2(std::abs(beats[i] - m_beats[i]) <= kDemoBlock + 1e-6,
                  qPrintable(QString::number(m_beats[i])));
 }
 

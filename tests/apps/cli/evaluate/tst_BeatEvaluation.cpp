@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "BeatGrid.h"
 #include <cli/evaluate/BeatEvaluation.h>
 
 #include <QtTest>
@@ -27,14 +28,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-BeatTimes Grid(double pInterval, int pCount, double pStart = 0.0)
-{
-    BeatTimes beats;
-    for (int i = 0; i < pCount; ++i)
-        beats.push_back(pStart + i * pInterval);
-    return beats;
-}
 
 BeatReference Reference(const BeatTimes& pBeats)
 {

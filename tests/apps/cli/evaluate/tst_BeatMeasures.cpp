@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "BeatGrid.h"
 #include <cli/evaluate/BeatMeasures.h>
 
 #include <QtTest>
@@ -27,18 +28,6 @@ private Q_SLOTS:
     void informationGain_isZero_whenErrorsAreEven();
     void informationGain_isHigh_whenAllAreLateAlike();
 };
-
-namespace {
-
-BeatTimes Grid(double pInterval, int pCount, double pStart = 0.0)
-{
-    BeatTimes beats;
-    for (int i = 0; i < pCount; ++i)
-        beats.push_back(pStart + i * pInterval);
-    return beats;
-}
-
-}  // namespace
 
 void tst_BeatMeasures::matchBeats_usesEachBeatOnce()
 {

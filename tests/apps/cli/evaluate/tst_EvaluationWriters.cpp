@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 
 /// What is made of measures: means, medians, a table, JSON and CSV.
@@ -30,8 +31,6 @@ private Q_SLOTS:
 
 namespace {
 
-const double kNever = std::numeric_limits<double>::infinity();
-
 EvaluatedRecording
 Recording(const char* pName, const char* pGenre, double pFMeasure, double pFirstLock)
 {
@@ -46,7 +45,7 @@ Recording(const char* pName, const char* pGenre, double pFMeasure, double pFirst
 std::vector<EvaluatedRecording> Recordings()
 {
     return {Recording("one", "techno", 0.9, 2.0),
-            Recording("two, or so", "jazz", 0.5, kNever),
+            Recording("two, or so", "jazz", 0.5, kInfinity),
             Recording("three", "techno", 0.7, 4.0)};
 }
 
@@ -95,8 +94,8 @@ void tst_EvaluationWriters::summary_isTheMeanWithItsError()
 void tst_EvaluationWriters::summary_isTheMedian_ofWhatMayNeverHappen()
 {
     QCOMPARE(Summarize("firstLock", Recordings()).value, 4.0);
-    QCOMPARE(Summarize("firstLock", {Recording("a", "", 0.0, kNever), Recordings()[1]}).value,
-             kNever);
+    QCOMPARE(Summarize("firstLock", {Recording("a", "", 0.0, kInfinity), Recordings()[1]}).value,
+             kInfinity);
 }
 
 void tst_EvaluationWriters::summary_leavesOutWhatDoesNotApply()

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "BeatGrid.h"
 #include <cli/evaluate/LockMeasures.h>
 
 #include <QtTest>
 
 #include <cmath>
+#include <support/Numbers.h>
 #include <support/TestClass.h>
 
 class tst_LockMeasures : public QObject
@@ -22,21 +24,11 @@ private Q_SLOTS:
 
 namespace {
 
-BeatTimes Grid(double pInterval, int pCount, double pStart = 0.0)
-{
-    BeatTimes beats;
-    for (int i = 0; i < pCount; ++i)
-        beats.push_back(pStart + i * pInterval);
-    return beats;
-}
-
 BeatTimes Join(BeatTimes pFirst, const BeatTimes& pSecond)
 {
     pFirst.insert(pFirst.end(), pSecond.begin(), pSecond.end());
     return pFirst;
 }
-
-const double kNever = std::numeric_limits<double>::infinity();
 
 }  // namespace
 
@@ -44,13 +36,13 @@ void tst_LockMeasures::findLock_isTheFourthBeatInARow_data()
 {
     QTest::addColumn<BeatTimes>("estimate");
     QTest::addColumn<double>("lock");
-    QTest::newRow("nothing") << BeatTimes{} << kNever;
+    QTest::newRow("nothing") << BeatTimes{} << kInfinity;
     QTest::newRow("from the first beat") << Grid(1.0, 10) << 3.0;
-    QTest::newRow("three are too few") << Grid(1.0, 3) << kNever;
+    QTest::newRow("three are too few") << Grid(1.0, 3) << kInfinity;
     QTest::newRow("late by 60 ms") << Grid(1.0, 10, 0.06) << 3.06;
-    QTest::newRow("late by 80 ms") << Grid(1.0, 10, 0.08) << kNever;
-    QTest::newRow("twice as fast") << Grid(0.5, 20) << kNever;
-    QTest::newRow("half as fast") << Grid(2.0, 10) << kNever;
+    QTest::newRow("late by 80 ms") << Grid(1.0, 10, 0.08) << kInfinity;
+    QTest::newRow("twice as fast") << Grid(0.5, 20) << kInfinity;
+    QTest::newRow("half as fast") << Grid(2.0, 10) << kInfinity;
     QTest::newRow("one is missing") << Join(Grid(1.0, 3), Grid(1.0, 6, 4.0)) << 7.0;
     QTest::newRow("one too many") << Join(Join(Grid(1.0, 3), {2.5}), Grid(1.0, 6, 3.0)) << 6.0;
 }
@@ -77,8 +69,8 @@ void tst_LockMeasures::getRelock_isTheMedianOfTheChanges()
 
 void tst_LockMeasures::getRelock_isInfinite_whenMostAreNeverFollowed()
 {
-    QCOMPARE(getRelock(Grid(1.0, 60), Grid(1.0, 20), {10.0, 20.0, 40.0}), kNever);
-    QCOMPARE(getRelock(Grid(1.0, 60), Grid(1.0, 60), {}), kNever);
+    QCOMPARE(getRelock(Grid(1.0, 60), Grid(1.0, 20), {10.0, 20.0, 40.0}), kInfinity);
+    QCOMPARE(getRelock(Grid(1.0, 60), Grid(1.0, 60), {}), kInfinity);
 }
 
 void tst_LockMeasures::countOctaveFlips_countsHeldLevels_data()

@@ -5,13 +5,9 @@
 
 #include <apps/stage/Stage.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
-
-QStringList Lines(const QByteArray& pText)
-{
-    return QString::fromUtf8(pText).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
 
 QList<QJsonObject> Events(const QByteArray& pText)
 {

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr quint64 kStart = 1700000000000000;  // µs
-constexpr std::size_t kBlock = 960;           // samples, 20 ms
+constexpr std::size_t kLiveBlock = 960;       // samples, 20 ms
 constexpr double kPeriod = 22500.0;           // samples, a beat of 128 BPM
 
 /// A decaying 55 Hz stroke on each beat.
@@ -36,7 +36,7 @@ public:
     {
         for (int block = 0; block < int(pSeconds * 50.0); ++block) {
             std::vector<qint16> samples;
-            for (std::size_t i = 0; i < kBlock; ++i)
+            for (std::size_t i = 0; i < kLiveBlock; ++i)
                 samples.push_back(Stroke(m_played++));
             clock.advance(20000);
             SessionLog::Push(samples);

@@ -6,24 +6,12 @@
 
 #include <QtTest>
 
+#include <apps/cli/ParsedLine.h>
 #include <support/SettingOf.h>
 #include <support/TestClass.h>
 #include <vector>
 
 namespace {
-
-CommandLine Parse(const char* pArguments)
-{
-    const QStringList words =
-        QString::fromUtf8(pArguments).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    std::vector<QByteArray> bytes{"audio-analyzer"};
-    for (const QString& word : words)
-        bytes.push_back(word.toUtf8());
-    std::vector<const char*> pointers;
-    for (const QByteArray& word : bytes)
-        pointers.push_back(word.constData());
-    return parseCommandLine(int(pointers.size()), pointers.data());
-}
 
 QAudioFormat Format(int pRate, int pChannels, int pSize, QAudioFormat::SampleType pType)
 {

@@ -6,16 +6,12 @@
 #include <QTemporaryDir>
 
 #include <apps/desktop/DesktopTest.h>
+#include <fake/Machine.h>
 #include <limits>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 
 namespace {
-
-FakeAudioState& Machine()
-{
-    return FakeAudioState::Get();
-}
 
 QString Name(const char* pName)
 {

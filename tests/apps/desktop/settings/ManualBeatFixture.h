@@ -10,14 +10,10 @@
 #include <QPushButton>
 
 #include <apps/desktop/PanelTest.h>
+#include <support/Text.h>
 #include <utility>
 
 constexpr quint64 kStart = 1700000000000000;  // µs
-
-inline QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// A panel on a clock of the test, with its signals in one log.
 struct Panel

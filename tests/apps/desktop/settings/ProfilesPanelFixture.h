@@ -10,12 +10,8 @@
 #include <QPushButton>
 
 #include <apps/desktop/PanelTest.h>
+#include <support/Text.h>
 #include <utility>
-
-inline QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// A panel with a user profile "Zouk" in its configuration, and its signals in one log.
 struct ProfilesBench

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <apps/desktop/PanelTest.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
 
@@ -18,11 +19,6 @@ using P = AdvancedSettingsPanel;
 using Getter = bool (*)(const Configuration&);
 using Setter = bool (C::*)(bool);
 using Changed = void (P::*)(bool);
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 }  // namespace
 

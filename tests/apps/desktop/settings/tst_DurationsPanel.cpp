@@ -12,16 +12,12 @@
 #include <limits>
 #include <support/SettingOf.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <vector>
 
 namespace {
 
 using Setting = SettingsTable::Setting;
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// Types a value into a field, as a person does.
 void Type(QAbstractSpinBox& pField, const QString& pText)

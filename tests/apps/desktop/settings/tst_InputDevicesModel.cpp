@@ -4,22 +4,14 @@
 #include <QAbstractItemModelTester>
 
 #include <apps/desktop/PanelTest.h>
+#include <fake/Machine.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
 
-FakeAudioState& Machine()
-{
-    return FakeAudioState::Get();
-}
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
-
 /// A model under the eyes of Qt's tester.
-struct Watched
+struct WatchedDevices
 {
     InputDevicesModel model;
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
@@ -85,7 +77,7 @@ void tst_InputDevicesModel::list_isThatOfTheMachine()
     Machine().Plug(Text("Mixer"));
     Machine().Plug(Text(" Deck "));
     PanelTest::Poll();
-    const Watched watched;
+    const WatchedDevices watched;
     QCOMPARE(watched.Texts(), QStringList({Text("Mixer (default)"), Text("Deck")}));
     QCOMPARE(watched.model.getPresentCount(), 2);
     QCOMPARE(watched.model.Find(Text("Deck")), 1);
@@ -99,13 +91,13 @@ void tst_InputDevicesModel::list_hasEachNameOnce()
     Machine().Plug(Text("deck"));
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    const Watched watched;
+    const WatchedDevices watched;
     QCOMPARE(watched.Texts(), QStringList({Text("Deck (default)"), Text("deck")}));
 }
 
 void tst_InputDevicesModel::list_isEmpty_withoutDevices()
 {
-    const Watched watched;
+    const WatchedDevices watched;
     QCOMPARE(watched.model.rowCount(), 0);
     QCOMPARE(watched.model.getPresentCount(), 0);
 }
@@ -127,7 +119,7 @@ void tst_InputDevicesModel::monitor_isMarked()
     Machine().Plug(name);
     Machine().SetDefault(-1);
     PanelTest::Poll();
-    const Watched watched;
+    const WatchedDevices watched;
     const QModelIndex index = watched.model.index(0);
     QCOMPARE(index.data(InputDevicesModel::eMonitorRole).toBool(), isMonitor);
     QCOMPARE(index.data().toString(), isMonitor ? name + Text(" (monitor)") : name);
@@ -139,7 +131,7 @@ void tst_InputDevicesModel::roles_tellNameAndMarks()
 {
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Deck"));
     const QModelIndex index = watched.model.index(0);
     QCOMPARE(index.data(InputDevicesModel::eNameRole).toString(), Text("Deck"));
@@ -156,7 +148,7 @@ void tst_InputDevicesModel::roles_tellNameAndMarks()
 
 void tst_InputDevicesModel::newDevice_isListed_whenTheWatcherSeesIt()
 {
-    Watched watched;
+    WatchedDevices watched;
     QSignalSpy inserted(&watched.model, &QAbstractItemModel::rowsInserted);
     Machine().Plug(Text("Deck"));
     QCOMPARE(inserted.count(), 0);
@@ -171,7 +163,7 @@ void tst_InputDevicesModel::goneDevice_isDropped()
     Machine().Plug(Text("Mixer"));
     const QByteArray deck = Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     QSignalSpy removed(&watched.model, &QAbstractItemModel::rowsRemoved);
     Machine().Unplug(deck);
     PanelTest::Poll();
@@ -185,7 +177,7 @@ void tst_InputDevicesModel::goneDefault_leavesItsMarkToAnother()
     const QByteArray mixer = Machine().Plug(Text("Mixer"));
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    const Watched watched;
+    const WatchedDevices watched;
     Machine().Unplug(mixer);
     PanelTest::Poll();
     QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
@@ -196,7 +188,7 @@ void tst_InputDevicesModel::defaultMark_isTheWatchers()
     Machine().Plug(Text("Mixer"));
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    const Watched watched;
+    const WatchedDevices watched;
     // Another default alone is no change to the watcher; with a change it is.
     Machine().SetDefault(1);
     PanelTest::Poll();
@@ -211,7 +203,7 @@ void tst_InputDevicesModel::chosenDevice_staysListed_whenItVanishes()
     const QByteArray deck = Machine().Plug(Text("Deck"));
     Machine().Plug(Text("Mixer"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Deck"));
     Machine().Unplug(deck);
     PanelTest::Poll();
@@ -225,7 +217,7 @@ void tst_InputDevicesModel::chosenDevice_isPresentAgain_whenItReturns()
 {
     const QByteArray deck = Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Deck"));
     Machine().Unplug(deck);
     PanelTest::Poll();
@@ -241,7 +233,7 @@ void tst_InputDevicesModel::absentDevice_isListed_whenItIsChosen()
 {
     Machine().Plug(Text("Mixer"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Gone"));
     QCOMPARE(watched.Texts(), QStringList({Text("Mixer (default)"), Text("Gone (absent)")}));
     QCOMPARE(watched.model.getChosen(), Text("Gone"));
@@ -252,7 +244,7 @@ void tst_InputDevicesModel::absentDevice_isDropped_whenAnotherIsChosen()
 {
     Machine().Plug(Text("Mixer"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Gone"));
     watched.model.setChosen(Text("Mixer"));
     QCOMPARE(watched.Texts(), QStringList(Text("Mixer (default)")));
@@ -265,7 +257,7 @@ void tst_InputDevicesModel::choice_isByTheExactName()
 {
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("deck"));
     QCOMPARE(watched.Texts(), QStringList({Text("Deck (default)"), Text("deck (absent)")}));
     QVERIFY(!watched.Is("Deck", InputDevicesModel::eChosenRole));
@@ -276,7 +268,7 @@ void tst_InputDevicesModel::choice_tellsBothRows()
     Machine().Plug(Text("Mixer"));
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Mixer"));
     QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
     watched.model.setChosen(Text("Deck"));
@@ -291,7 +283,7 @@ void tst_InputDevicesModel::chosenPresent_followsTheRecorder()
 {
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Deck"));
     QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
     watched.model.setChosenPresent(false);
@@ -306,7 +298,7 @@ void tst_InputDevicesModel::noChoice_hasNoPresence()
 {
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosenPresent(false);
     QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
 }
@@ -317,7 +309,7 @@ void tst_InputDevicesModel::list_takesAManyChanges()
     for (int i = 0; i < 20; ++i)
         handles.append(Machine().Plug(Text("Input %1").arg(i)));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     watched.model.setChosen(Text("Input 7"));
     for (int i = 0; i < 20; i += 2)
         Machine().Unplug(handles.at(i));
@@ -334,7 +326,7 @@ void tst_InputDevicesModel::data_isEmpty_whereThereIsNone()
 {
     Machine().Plug(Text("Deck"));
     PanelTest::Poll();
-    const Watched watched;
+    const WatchedDevices watched;
     QVERIFY(!watched.model.data(QModelIndex(), Qt::DisplayRole).isValid());
     QVERIFY(!watched.model.index(1).isValid());
     QVERIFY(!watched.model.index(0).data(Qt::DecorationRole).isValid());
@@ -346,7 +338,7 @@ void tst_InputDevicesModel::retranslate_tellsEveryRow()
     Machine().Plug(Text("Deck"));
     Machine().Plug(Text("Mixer"));
     PanelTest::Poll();
-    Watched watched;
+    WatchedDevices watched;
     QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
     watched.model.Retranslate();
     QCOMPARE(changed.count(), 1);

@@ -8,24 +8,16 @@
 #include <QListView>
 
 #include <apps/desktop/PanelTest.h>
+#include <fake/Machine.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
 
-FakeAudioState& Machine()
-{
-    return FakeAudioState::Get();
-}
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
-
 /// A panel with its signals in one log.
-struct Panel
+struct DevicesPanel
 {
-    Panel()
+    DevicesPanel()
     {
         QObject::connect(
             &panel,
@@ -97,7 +89,7 @@ void tst_InputDevicesPanel::init()
 
 void tst_InputDevicesPanel::click_choosesADevice()
 {
-    Panel panel;
+    DevicesPanel panel;
     QVERIFY(PanelTest::Show(panel.panel));
     panel.Click("Deck");
     QCOMPARE(panel.log, QStringList({Text("chosen Deck"), Text("changed")}));
@@ -108,7 +100,7 @@ void tst_InputDevicesPanel::click_choosesADevice()
 
 void tst_InputDevicesPanel::click_onTheChosenOne_changesNothing()
 {
-    Panel panel;
+    DevicesPanel panel;
     QVERIFY(PanelTest::Show(panel.panel));
     panel.panel.setCurrentDevice(Text("Deck"), true);
     panel.Click("Deck");
@@ -127,7 +119,7 @@ void tst_InputDevicesPanel::keys_choose_data()
 void tst_InputDevicesPanel::keys_choose()
 {
     QFETCH(const int, key);
-    Panel panel;
+    DevicesPanel panel;
     QVERIFY(PanelTest::Show(panel.panel));
     panel.panel.setCurrentDevice(Text("Mixer"), true);
     panel.List().setFocus();
@@ -139,7 +131,7 @@ void tst_InputDevicesPanel::keys_choose()
 
 void tst_InputDevicesPanel::arrows_chooseNothing()
 {
-    Panel panel;
+    DevicesPanel panel;
     QVERIFY(PanelTest::Show(panel.panel));
     panel.panel.setCurrentDevice(Text("Mixer"), true);
     panel.List().setFocus();
@@ -162,7 +154,7 @@ void tst_InputDevicesPanel::storedDevice_isShown_whenItIsPresent()
 
 void tst_InputDevicesPanel::currentDevice_isShown_withoutChangingASetting()
 {
-    Panel panel;
+    DevicesPanel panel;
     panel.panel.setCurrentDevice(Text("Gone"), false);
     QCOMPARE(panel.Chosen(), Text("Gone"));
     QCOMPARE(panel.Current(), Text("Gone (absent)"));
@@ -174,7 +166,7 @@ void tst_InputDevicesPanel::currentDevice_isShown_withoutChangingASetting()
 
 void tst_InputDevicesPanel::vanishedDevice_isNamedAbsent_andPresentAgain()
 {
-    Panel panel;
+    DevicesPanel panel;
     const QByteArray line = Machine().Plug(Text("Line"));
     PanelTest::Poll();
     panel.panel.setCurrentDevice(Text("Line"), true);
@@ -194,7 +186,7 @@ void tst_InputDevicesPanel::vanishedDevice_isNamedAbsent_andPresentAgain()
 
 void tst_InputDevicesPanel::status_saysWhatToDo()
 {
-    Panel panel;
+    DevicesPanel panel;
     QCOMPARE(panel.Status().text(), Text("Choose an input"));
     QVERIFY(!panel.Status().isRefusal());
     panel.panel.setCurrentDevice(Text("Deck"), true);
@@ -208,7 +200,7 @@ void tst_InputDevicesPanel::status_saysWhatToDo()
 
 void tst_InputDevicesPanel::lookAgain_asksTheMachineNow()
 {
-    Panel panel;
+    DevicesPanel panel;
     QVERIFY(PanelTest::Show(panel.panel));
     Machine().Plug(Text("Line"));
     QCOMPARE(panel.panel.m_pModel->rowCount(), 2);
@@ -220,13 +212,13 @@ void tst_InputDevicesPanel::watcher_isStarted()
 {
     QtAudioInputDevicesManager* pWatcher = QtAudioInputDevicesManager::GetInstance();
     pWatcher->Stop();
-    const Panel panel;
+    const DevicesPanel panel;
     QVERIFY(pWatcher->m_pTimer);
 }
 
 void tst_InputDevicesPanel::focusedList_keepsItsPlace_whenTheRecorderReports()
 {
-    Panel panel;
+    DevicesPanel panel;
     QVERIFY(PanelTest::Show(panel.panel));
     panel.panel.setCurrentDevice(Text("Mixer"), true);
     panel.List().setFocus();
@@ -237,14 +229,14 @@ void tst_InputDevicesPanel::focusedList_keepsItsPlace_whenTheRecorderReports()
 
 void tst_InputDevicesPanel::everything_hasAName()
 {
-    const Panel panel;
+    const DevicesPanel panel;
     QCOMPARE(PanelTest::Unnamed(panel.panel), QStringList());
     QCOMPARE(panel.panel.windowTitle(), Text("Audio inputs"));
 }
 
 void tst_InputDevicesPanel::mnemonics_differ()
 {
-    const Panel panel;
+    const DevicesPanel panel;
     QCOMPARE(PanelTest::Mnemonics(panel.panel), Text("O"));
 }
 

@@ -9,18 +9,10 @@
 #include <cmath>
 #include <limits>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 using desktop::ProfileCheck;
 using desktop::ProfileValues;
-
-namespace {
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
-
-}  // namespace
 
 /// Which values are refused, in which words; and that the setters of profiles agree.
 class tst_ProfileCheck : public QObject

@@ -10,15 +10,11 @@
 #include <algorithm>
 #include <apps/desktop/PanelTest.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 using desktop::ProfileValues;
 
 namespace {
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 const ProfileValues kOwn{QStringLiteral("Zouk"), 80.0, 110.0, 20, 90, 1.5};
 const QStringList kTaken{QStringLiteral("Electro"), QStringLiteral("Slow")};

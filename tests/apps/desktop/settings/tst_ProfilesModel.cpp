@@ -7,16 +7,12 @@
 
 #include <apps/desktop/PanelTest.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
 
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
-
 /// A model under the eyes of Qt's tester.
-struct Watched
+struct WatchedProfiles
 {
     Configuration configuration;
     ProfilesModel model{configuration};
@@ -55,7 +51,7 @@ private Q_SLOTS:
 
 void tst_ProfilesModel::list_hasTheBuiltInProfilesAndTheUsers()
 {
-    Watched watched;
+    WatchedProfiles watched;
     watched.configuration.Add(Text("Zouk"), 80.0, 110.5, 2.0, 0, 75);
     watched.configuration.Add(Text("Ambient"), 60.0, 90.0, 2.0, 0, 75);
     QCOMPARE(watched.model.rowCount(), 3);
@@ -70,7 +66,7 @@ void tst_ProfilesModel::list_hasTheBuiltInProfilesAndTheUsers()
 
 void tst_ProfilesModel::reload_takesAddedAndRemovedProfiles()
 {
-    Watched watched;
+    WatchedProfiles watched;
     QSignalSpy reset(&watched.model, &QAbstractItemModel::modelReset);
     const Profile added = watched.configuration.Add(Text("Zouk"), 80.0, 110.0, 2.0, 0, 75);
     watched.model.Reload();
@@ -84,7 +80,7 @@ void tst_ProfilesModel::reload_takesAddedAndRemovedProfiles()
 
 void tst_ProfilesModel::roles_tellNameKindAndSelection()
 {
-    Watched watched;
+    WatchedProfiles watched;
     watched.configuration.setSelectedProfile(
         watched.configuration.Add(Text("Zouk"), 80.0, 110.0, 2.0, 0, 75));
     watched.model.Reload();
@@ -102,7 +98,7 @@ void tst_ProfilesModel::roles_tellNameKindAndSelection()
 
 void tst_ProfilesModel::selectedRow_isThatOfTheConfiguration()
 {
-    Watched watched;
+    WatchedProfiles watched;
     QCOMPARE(watched.model.getSelectedRow(), 0);
     watched.configuration.setSelectedProfile(watched.model.getProfile(2));
     QCOMPARE(watched.model.getSelectedRow(), 2);
@@ -112,7 +108,7 @@ void tst_ProfilesModel::selectedRow_isThatOfTheConfiguration()
 
 void tst_ProfilesModel::builtInProfile_isMarked_whenItIsChanged()
 {
-    Watched watched;
+    WatchedProfiles watched;
     Profile electro = watched.model.getProfile(0);
     QVERIFY(!watched.Data(0, ProfilesModel::eChangedRole).toBool());
     QVERIFY(electro.setMaximalBPM(160.0));
@@ -127,7 +123,7 @@ void tst_ProfilesModel::builtInProfile_isMarked_whenItIsChanged()
 
 void tst_ProfilesModel::ownProfile_isNeverMarkedChanged()
 {
-    Watched watched;
+    WatchedProfiles watched;
     Profile own = watched.configuration.Add(Text("Zouk"), 80.0, 110.0, 2.0, 0, 75);
     watched.model.Reload();
     QVERIFY(own.setSensibility(3.0));
@@ -136,7 +132,7 @@ void tst_ProfilesModel::ownProfile_isNeverMarkedChanged()
 
 void tst_ProfilesModel::names_areThoseOfTheOthers()
 {
-    const Watched watched;
+    const WatchedProfiles watched;
     QCOMPARE(watched.model.getNames(),
              QStringList({Text("Electro"), Text("Hardcore"), Text("Slow")}));
     QCOMPARE(watched.model.getNames(1), QStringList({Text("Electro"), Text("Slow")}));
@@ -144,7 +140,7 @@ void tst_ProfilesModel::names_areThoseOfTheOthers()
 
 void tst_ProfilesModel::updateTexts_tellsEveryRow()
 {
-    Watched watched;
+    WatchedProfiles watched;
     QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
     watched.model.UpdateTexts();
     QCOMPARE(changed.count(), 1);
@@ -154,7 +150,7 @@ void tst_ProfilesModel::updateTexts_tellsEveryRow()
 
 void tst_ProfilesModel::data_isEmpty_whereThereIsNone()
 {
-    const Watched watched;
+    const WatchedProfiles watched;
     QVERIFY(!watched.model.data(QModelIndex(), Qt::DisplayRole).isValid());
     QVERIFY(!watched.model.index(3).isValid());
     QVERIFY(!watched.Data(0, Qt::DecorationRole).isValid());

@@ -19,13 +19,9 @@
 #include <apps/desktop/PanelTest.h>
 #include <cmath>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// A run of the program: it loads the file, and its panels show what it holds.
 struct Run

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "LanguageRows.h"
 #include <desktop/settings/Translations.h>
 
 #include <QDirIterator>
@@ -9,16 +10,12 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <vector>
 
 namespace {
 
 const QString kProject = QStringLiteral(PROJECT_FOLDER);
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// One text of a translation file.
 struct Message
@@ -91,13 +88,6 @@ QString End(const QString& pText)
 {
     const QString last = pText.trimmed().right(1);
     return Text(":….?").contains(last) ? last : QString();
-}
-
-void LanguageRows()
-{
-    QTest::addColumn<QString>("language");
-    for (const Translations::Language& language : Translations::getLanguages())
-        QTest::newRow(qPrintable(language.code)) << language.code;
 }
 
 void ForeignRows()

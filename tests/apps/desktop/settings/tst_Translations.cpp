@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include "LanguageRows.h"
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/DurationsPanel.h>
 #include <desktop/settings/InputDevicesModel.h>
@@ -17,22 +18,11 @@
 #include <apps/desktop/PanelTest.h>
 #include <functional>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <support/VirtualTime.h>
 #include <vector>
 
 namespace {
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
-
-void LanguageRows()
-{
-    QTest::addColumn<QString>("language");
-    for (const Translations::Language& language : Translations::getLanguages())
-        QTest::newRow(qPrintable(language.code)) << language.code;
-}
 
 /// Every panel.
 struct Panels

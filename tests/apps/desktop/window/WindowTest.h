@@ -6,14 +6,10 @@
 #include <desktop/window/MainWindow.h>
 
 #include <apps/desktop/DesktopTest.h>
+#include <fake/Machine.h>
 
 /// The main window on the fake sound back end.
 namespace windowtest {
-
-inline FakeAudioState& Machine()
-{
-    return FakeAudioState::Get();
-}
 
 /// The window of a session with the default settings.
 struct Stand

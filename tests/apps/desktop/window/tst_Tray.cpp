@@ -7,13 +7,6 @@
 
 #include <support/TestClass.h>
 
-/// With an icon in the tray the platform without a screen loses its own objects at the end.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" Q_DECL_EXPORT const char* __lsan_default_suppressions()
-{
-    return "leak:libQt5Gui\nleak:libQt5Core\nleak:libqoffscreen\n";
-}
-
 /// The window is never out of reach. Warnings are not fatal here: the platform without a screen
 /// gives one of every icon.
 class tst_Tray : public QObject

@@ -5,21 +5,13 @@
 
 #include <apps/shared/capture/SessionLog.h>
 #include <cmath>
+#include <fake/Machine.h>
 #include <memory>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <support/VirtualTime.h>
 
 namespace {
-
-FakeAudioState& Machine()
-{
-    return FakeAudioState::Get();
-}
-
-QString Text(const char* pText)
-{
-    return QLatin1String(pText);
-}
 
 std::vector<qint16> Noise(int pMagnitude, std::size_t pCount)
 {

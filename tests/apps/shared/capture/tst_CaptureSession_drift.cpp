@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr quint64 kStart = 1700000000000000;  // µs
-constexpr std::size_t kBlock = 480;           // samples, 10 ms
+constexpr quint64 kDriftStart = 1700000000000000;  // µs
+constexpr std::size_t kDriftBlock = 480;           // samples, 10 ms
 constexpr double kTwoPi = 6.283185307179586;
 
 }  // namespace
@@ -54,7 +54,7 @@ void tst_CaptureSession_drift::_Play(double pSeconds, quint64 pBlockMicroseconds
 {
     for (int block = 0; block < int(pSeconds * 100.0); ++block) {
         std::vector<qint16> samples;
-        for (std::size_t i = 0; i < kBlock; ++i) {
+        for (std::size_t i = 0; i < kDriftBlock; ++i) {
             const double phase = kTwoPi * 100.0 * double(m_played++) / 48000.0;
             samples.push_back(pIsMusic ? qint16(20000.0 * std::sin(phase)) : qint16(0));
         }
@@ -65,7 +65,7 @@ void tst_CaptureSession_drift::_Play(double pSeconds, quint64 pBlockMicroseconds
 
 void tst_CaptureSession_drift::drift_isThatOfTheDevice()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();
@@ -78,7 +78,7 @@ void tst_CaptureSession_drift::drift_isThatOfTheDevice()
 
 void tst_CaptureSession_drift::smallDrift_isLeftAlone()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();
@@ -88,7 +88,7 @@ void tst_CaptureSession_drift::smallDrift_isLeftAlone()
 
 void tst_CaptureSession_drift::drift_isCorrected_inSilence()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();
@@ -97,14 +97,14 @@ void tst_CaptureSession_drift::drift_isCorrected_inSilence()
     QVERIFY(log.session.getAnalyzer()->isAnalyzing());
     // The new anchor is the present time.
     const quint64 start = log.session.getAnalyzer()->getAnalysisStartTime();
-    QVERIFY(start > kStart + 10000000);
+    QVERIFY(start > kDriftStart + 10000000);
     const quint64 count = log.session.getSampleClock().getCount();
     QVERIFY(count > 0 && count < 4 * 48000);
 }
 
 void tst_CaptureSession_drift::drift_waitsForSilence_whileMusicPlays()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();
@@ -119,7 +119,7 @@ void tst_CaptureSession_drift::drift_waitsForSilence_whileMusicPlays()
 
 void tst_CaptureSession_drift::greatDrift_isCorrectedAtOnce()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();
@@ -133,20 +133,20 @@ void tst_CaptureSession_drift::greatDrift_isCorrectedAtOnce()
 
 void tst_CaptureSession_drift::clockSetBack_isCorrected()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();
     _Play(1.0, 10000, true);
-    clock.setTime(kStart - 3600000000u);
+    clock.setTime(kDriftStart - 3600000000u);
     _Play(0.1, 10000, true);
     QCOMPARE(log.session.getAnchorCount(), 2);
-    QVERIFY(log.session.getAnalyzer()->getAnalysisStartTime() < kStart);
+    QVERIFY(log.session.getAnalyzer()->getAnalysisStartTime() < kDriftStart);
 }
 
 void tst_CaptureSession_drift::correction_keepsTheTempo()
 {
-    FakeClock clock(kStart);
+    FakeClock clock(kDriftStart);
     m_pClock = &clock;
     SessionLog log;
     log.Run();

@@ -11,15 +11,15 @@ using shared::SampleClock;
 
 namespace {
 
-constexpr quint64 kStart = 1000000000;  // µs
-constexpr quint64 kBlock = 480;         // samples, 10 ms at 48000 Hz
+constexpr quint64 kClockStart = 1000000000;  // µs
+constexpr quint64 kClockBlock = 480;         // samples, 10 ms at 48000 Hz
 
 /// pSeconds of blocks that take pBlockMicroseconds each.
 void Play(SampleClock& pClock, quint64& pNow, double pSeconds, quint64 pBlockMicroseconds)
 {
     for (int i = 0; i < int(pSeconds * 100.0); ++i) {
         pNow += pBlockMicroseconds;
-        pClock.Add(kBlock, pNow);
+        pClock.Add(kClockBlock, pNow);
     }
 }
 
@@ -47,7 +47,7 @@ private Q_SLOTS:
 void tst_SampleClock::drift_isNothing_whenTheDeviceKeepsTime()
 {
     SampleClock clock(48000);
-    quint64 now = kStart;
+    quint64 now = kClockStart;
     clock.Start(now);
     Play(clock, now, 10.0, 10000);
     QCOMPARE(clock.getDrift(), qint64(0));
@@ -70,7 +70,7 @@ void tst_SampleClock::drift_isTheLagAndItsRate()
     QFETCH(quint64, block);
     QFETCH(double, ppm);
     SampleClock clock(48000);
-    quint64 now = kStart;
+    quint64 now = kClockStart;
     clock.Start(now);
     Play(clock, now, 100.0, block);
     QVERIFY2(std::fabs(clock.getPpm() - ppm) < std::fabs(ppm) * 0.05,
@@ -83,7 +83,7 @@ void tst_SampleClock::drift_isTheLagAndItsRate()
 void tst_SampleClock::drift_isUnknown_untilAWindowHasPassed()
 {
     SampleClock clock(48000);
-    quint64 now = kStart;
+    quint64 now = kClockStart;
     clock.Start(now);
     Play(clock, now, 1.98, 10050);
     QCOMPARE(clock.getDrift(), qint64(0));
@@ -95,16 +95,16 @@ void tst_SampleClock::drift_isUnknown_untilAWindowHasPassed()
 void tst_SampleClock::drift_ignoresBlocksThatAreLateByChance()
 {
     SampleClock clock(48000);
-    clock.Start(kStart);
+    clock.Start(kClockStart);
     for (quint64 block = 1; block <= 1000; ++block)
-        clock.Add(kBlock, kStart + block * 10000 + (block % 7) * 3000);
+        clock.Add(kClockBlock, kClockStart + block * 10000 + (block % 7) * 3000);
     QCOMPARE(clock.getDrift(), qint64(0));
 }
 
 void tst_SampleClock::drift_showsAGap()
 {
     SampleClock clock(48000);
-    quint64 now = kStart;
+    quint64 now = kClockStart;
     clock.Start(now);
     Play(clock, now, 4.0, 10000);
     now += 70000;
@@ -115,7 +115,7 @@ void tst_SampleClock::drift_showsAGap()
 void tst_SampleClock::drift_isSeenAtOnce_whenTheClockIsSetBack()
 {
     SampleClock clock(48000);
-    quint64 now = kStart;
+    quint64 now = kClockStart;
     clock.Start(now);
     Play(clock, now, 1.0, 10000);
     now -= 60000000;
@@ -126,7 +126,7 @@ void tst_SampleClock::drift_isSeenAtOnce_whenTheClockIsSetBack()
 void tst_SampleClock::start_forgetsEverythingButTheRate()
 {
     SampleClock clock(44100);
-    quint64 now = kStart;
+    quint64 now = kClockStart;
     clock.Start(now);
     Play(clock, now, 10.0, 11000);
     QVERIFY(clock.getDrift() != 0);

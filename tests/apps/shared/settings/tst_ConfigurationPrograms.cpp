@@ -8,6 +8,7 @@
 #include <linux/capability.h>
 #include <memory>
 #include <support/TestClass.h>
+#include <support/Text.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,11 +16,6 @@
 namespace {
 
 constexpr int kAtOnce = 8;  ///< programs
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// A program for which what is read-only is so, for root as well.
 class OrdinaryProcess : public QProcess
@@ -173,6 +169,7 @@ void tst_ConfigurationPrograms::pipe_isRefusedAtOnce_data()
     QTest::newRow("list") << Text("profiles") << noFile;
     QTest::newRow("add") << Text("profiles add X") << noFile;
     QTest::newRow("reset") << Text("config reset") << QByteArray(" cannot be written; the folder");
+    QTest::newRow("analyze") << Text("analyze --profile House x.wav") << noFile;
 }
 
 void tst_ConfigurationPrograms::pipe_isRefusedAtOnce()
@@ -181,7 +178,7 @@ void tst_ConfigurationPrograms::pipe_isRefusedAtOnce()
     QFETCH(QByteArray, words);
     QCOMPARE(::mkfifo(QFile::encodeName(_Path()).constData(), 0600), 0);
     const StagedRun run = m_stage.Run(arguments.split(QLatin1Char(' ')));
-    QCOMPARE(run.exitCode, 1);
+    QVERIFY(run.exitCode > 0);
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.contains(_Path().toUtf8() + words), run.errors.constData());
     QVERIFY(!QFileInfo(_Path()).isFile() && QFileInfo::exists(_Path()));

@@ -7,13 +7,9 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
+#include <support/Text.h>
 
 namespace {
-
-QString Text(const char* pText)
-{
-    return QString::fromUtf8(pText);
-}
 
 /// "House 110" for the user's profiles, in the order of their names.
 QStringList ProfilesOf(const Configuration& pConfiguration)

@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <support/TestClass.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -42,6 +43,8 @@ pid_t Fork(Work pWork)
 {
     const pid_t child = ::fork();
     if (child == 0) {
+        // A test that fails waits for nobody.
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         pWork();
         ::_exit(0);
     }
