@@ -64,6 +64,9 @@ void AddInputOptions(shared::OptionSet& pOptions, AnalyzeArguments& pArguments)
     pOptions.AddFlag("--partial",
                      pArguments.isPartial,
                      tr("read a damaged or unfinished file as far as it goes"));
+    pOptions.AddFlag("--look-ahead",
+                     pArguments.isLookingAhead,
+                     tr("decide at the end, with the whole file in mind; automatic only"));
     pOptions.AddValue(
         "-j,--jobs", pArguments.jobs, QStringLiteral("N"), tr("analyse N files side by side"));
     pOptions.AddHiddenFlag("--worker", pArguments.isWorker);
