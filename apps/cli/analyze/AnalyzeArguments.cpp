@@ -164,9 +164,6 @@ void addAnalyzeCommand(shared::OptionParser& pParser, AnalyzeArguments& pArgumen
     AddInputOptions(options, pArguments);
     AddOutputOptions(options, pArguments);
     addAnalysisOptions(options, pArguments.analysis, eInitialDefaults);
-    options.AddFlag("--look-ahead",
-                    pArguments.isLookingAhead,
-                    tr("decide at the end, with the whole file in mind; automatic only"));
     options.setFooter(Footer());
 }
 
