@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kRate = 44100;
+constexpr int kFollowedRate = 44100;
 
 /// All that a follower tells, in words and in order.
 class Followed
@@ -41,7 +41,7 @@ public:
             follower.Push(&pSamples[i], std::min(pPortion, pSamples.size() - i));
     }
 
-    MeterTracker tracker{kRate};
+    MeterTracker tracker{kFollowedRate};
     MeterFollower follower;
     std::vector<MeterTracker::Beat> beats;
     std::vector<std::pair<quint64, double>> tempos;
@@ -69,8 +69,9 @@ private Q_SLOTS:
 
 void tst_MeterFollower::beats_areThoseForeseen_onceTheirSampleIsThere()
 {
-    const std::vector<qint16> samples = MeterMusic(kRate).play(120.0, 8.0).rest(0.1).samples();
-    TrackedBeats foreseen(kRate);
+    const std::vector<qint16> samples =
+        MeterMusic(kFollowedRate).play(120.0, 8.0).rest(0.1).samples();
+    TrackedBeats foreseen(kFollowedRate);
     foreseen.push(samples);
     Followed followed;
     followed.push(samples, 100);
@@ -82,8 +83,8 @@ void tst_MeterFollower::beats_areThoseForeseen_onceTheirSampleIsThere()
 // The audio ends between the moment when a beat is foreseen and its sample.
 void tst_MeterFollower::beatBehindTheEnd_isNotTold()
 {
-    const std::vector<qint16> samples = MeterMusic(kRate).play(120.0, 8.0).samples();
-    MeterTracker tracker(kRate);
+    const std::vector<qint16> samples = MeterMusic(kFollowedRate).play(120.0, 8.0).samples();
+    MeterTracker tracker(kFollowedRate);
     quint64 end = 0;
     QObject::connect(&tracker, &MeterTracker::OnBeatForeseen, [&](const MeterTracker::Beat& pBeat) {
         if (pBeat.index > tracker.getSampleCount() + 10)
@@ -91,7 +92,7 @@ void tst_MeterFollower::beatBehindTheEnd_isNotTold()
     });
     tracker.Push(samples.data(), samples.size());
     // The signal comes in the middle of the portion; portions of a frame tell where.
-    TrackedBeats foreseen(kRate);
+    TrackedBeats foreseen(kFollowedRate);
     const std::vector<qint16> cut(samples.begin(), samples.begin() + std::ptrdiff_t(end));
     foreseen.push(cut);
     QVERIFY(!foreseen.beats.empty() && foreseen.beats.back().index >= end);
@@ -111,7 +112,7 @@ void tst_MeterFollower::events_areTheSame_inPortionsOfAnySize()
 {
     QFETCH(int, portion);
     const std::vector<qint16> samples =
-        MeterMusic(kRate).rest(1.0).play(100.0, 6.0).rest(3.0).play(140.0, 6.0).samples();
+        MeterMusic(kFollowedRate).rest(1.0).play(100.0, 6.0).rest(3.0).play(140.0, 6.0).samples();
     Followed expected;
     expected.push(samples, 441);
     Followed followed;
@@ -123,7 +124,7 @@ void tst_MeterFollower::events_areTheSame_inPortionsOfAnySize()
 void tst_MeterFollower::tempo_isToldBehindItsBeat()
 {
     Followed followed;
-    followed.push(MeterMusic(kRate).play(100.0, 6.0).play(140.0, 8.0).samples(), 1024);
+    followed.push(MeterMusic(kFollowedRate).play(100.0, 6.0).play(140.0, 8.0).samples(), 1024);
     QVERIFY(followed.tempos.size() >= 2);
     for (const auto& [index, bpm] : followed.tempos) {
         const int place =
@@ -137,21 +138,21 @@ void tst_MeterFollower::tempo_isToldBehindItsBeat()
 void tst_MeterFollower::playing_isToldFromTheBeginning_overMusic()
 {
     Followed followed;
-    followed.push(MeterMusic(kRate).play(120.0, 3.0).samples(), 1024);
+    followed.push(MeterMusic(kFollowedRate).play(120.0, 3.0).samples(), 1024);
     QVERIFY(followed.changes == (std::vector<std::pair<quint64, bool>>{{0, true}}));
 }
 
 void tst_MeterFollower::playing_isToldFromTheBeginning_overSilence()
 {
     Followed followed;
-    followed.push(std::vector<qint16>(kRate), 1000);
+    followed.push(std::vector<qint16>(kFollowedRate), 1000);
     QVERIFY(followed.changes == (std::vector<std::pair<quint64, bool>>{{0, false}}));
     QVERIFY(followed.beats.empty() && followed.tempos.empty());
 }
 
 void tst_MeterFollower::restart_forgetsTheBeatThatWaits()
 {
-    const std::vector<qint16> samples = MeterMusic(kRate).play(120.0, 6.0).samples();
+    const std::vector<qint16> samples = MeterMusic(kFollowedRate).play(120.0, 6.0).samples();
     Followed followed;
     followed.push(samples, 1024);
     const QStringList first = followed.events;

@@ -28,6 +28,7 @@ void MeterPath::Allow(std::size_t pFirst, std::size_t pEnd)
     m_first = pFirst;
     m_end = pEnd;
     std::fill(m_cells.begin(), m_cells.end(), 0.0F);
+    std::fill(m_sums.begin(), m_sums.end(), 0.0F);
     for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& tempo = getStates().getTempi()[i];
         std::fill_n(&m_cells[tempo.offset], kBeatsPerBar * tempo.cells, m_filter.getPrior()[i]);
