@@ -150,10 +150,10 @@ void tst_MeterTracker_hand::setTempoRange_outlivesReset()
 // All tempi are what a tracker begins with, however narrow the range was in between.
 void tst_MeterTracker_hand::setTempoRange_leavesNoTrace_beforeTheFirstSample()
 {
-    const std::vector<qint16> samples = MeterMusic(kRate).play(100.0, 8.0).samples();
-    TrackedBeats untouched(kRate);
+    const std::vector<qint16> samples = MeterMusic(kHandRate).play(100.0, 8.0).samples();
+    TrackedBeats untouched(kHandRate);
     untouched.push(samples);
-    TrackedBeats tracked(kRate);
+    TrackedBeats tracked(kHandRate);
     QVERIFY(tracked.tracker.setTempoRange(150.0, 160.0));
     QVERIFY(tracked.tracker.setTempoRange(60.0, 190.0));
     tracked.push(samples);

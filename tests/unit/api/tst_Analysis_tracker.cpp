@@ -12,12 +12,12 @@
 
 namespace {
 
-constexpr int kTrackerRate = 22050;
+constexpr int kTrackedRate = 22050;
 
 /// Drums at 120 BPM, from the beginning.
-waves::Samples TrackerMusic(double pSeconds = 12.0)
+waves::Samples meterMusic(double pSeconds = 12.0)
 {
-    return MeterMusic(kTrackerRate).play(120.0, pSeconds).samples();
+    return MeterMusic(kTrackedRate).play(120.0, pSeconds).samples();
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ private Q_SLOTS:
 
 void tst_Analysis_tracker::automatic_isTheDefault_andAProfileChoosesTheEngine()
 {
-    const AnalysisHandle handle(AudioAnalysis_Create(kTrackerRate));
+    const AnalysisHandle handle(AudioAnalysis_Create(kTrackedRate));
     AudioAnalysis* pAnalysis = handle.get();
     QCOMPARE(AudioAnalysis_GetTracker(pAnalysis), int(AudioAnalysisTracker_Automatic));
     QCOMPARE(AudioAnalysis_SelectProfile(pAnalysis, "Polka"), AudioAnalysisError_Unknown);
@@ -76,8 +76,8 @@ void tst_Analysis_tracker::beats_areThoseOfTheTracker_inAnyPortions_data()
 void tst_Analysis_tracker::beats_areThoseOfTheTracker_inAnyPortions()
 {
     QFETCH(int, portion);
-    const waves::Samples samples = TrackerMusic();
-    MeterTracker tracker(kTrackerRate);
+    const waves::Samples samples = meterMusic();
+    MeterTracker tracker(kTrackedRate);
     MeterFollower follower;
     std::vector<MeterTracker::Beat> beats;
     connect(&follower, &MeterFollower::OnBeatFound, this, [&](const MeterTracker::Beat& pBeat) {
@@ -86,7 +86,7 @@ void tst_Analysis_tracker::beats_areThoseOfTheTracker_inAnyPortions()
     follower.Follow(&tracker);
     follower.Push(samples.data(), samples.size());
 
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
     analysis.pushInPortions(samples, std::size_t(portion));
     analysis.finish();
     QVERIFY(beats.size() > 15);
@@ -94,7 +94,7 @@ void tst_Analysis_tracker::beats_areThoseOfTheTracker_inAnyPortions()
     for (std::size_t i = 0; i < beats.size(); ++i) {
         const AudioAnalysisBeat& beat = analysis.beats[i];
         QCOMPARE(quint64(beat.index), beats[i].index);
-        QCOMPARE(beat.time, double(beats[i].index) / kTrackerRate);
+        QCOMPARE(beat.time, double(beats[i].index) / kTrackedRate);
         QCOMPARE(beat.bpm, beats[i].bpm);
         QCOMPARE(beat.beatInBar, beats[i].beatInBar);
         QCOMPARE(beat.confidence, beats[i].confidence);
@@ -109,10 +109,10 @@ void tst_Analysis_tracker::beats_areThoseOfTheTracker_inAnyPortions()
 
 void tst_Analysis_tracker::pulsesAndSpectra_areTheEngines_withBothTrackers()
 {
-    PushedAnalysis automatic(kTrackerRate, AudioAnalysisTracker_Automatic);
-    PushedAnalysis engine(kTrackerRate, AudioAnalysisTracker_Profile);
+    PushedAnalysis automatic(kTrackedRate, AudioAnalysisTracker_Automatic);
+    PushedAnalysis engine(kTrackedRate, AudioAnalysisTracker_Profile);
     for (PushedAnalysis* pAnalysis : {&automatic, &engine}) {
-        pAnalysis->push(TrackerMusic());
+        pAnalysis->push(meterMusic());
         pAnalysis->finish();
     }
     QVERIFY(!engine.getEvents("pulse").isEmpty());
@@ -127,13 +127,13 @@ void tst_Analysis_tracker::pulsesAndSpectra_areTheEngines_withBothTrackers()
 // The engine has listened all along.
 void tst_Analysis_tracker::profile_inAMiddle_leavesTheRestToTheEngine()
 {
-    PushedAnalysis engine(kTrackerRate);
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
+    PushedAnalysis engine(kTrackedRate);
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
     for (PushedAnalysis* pAnalysis : {&engine, &analysis}) {
-        pAnalysis->push(TrackerMusic(8.0));
+        pAnalysis->push(meterMusic(8.0));
         pAnalysis->clear();
         AudioAnalysis_SelectProfile(*pAnalysis, "Electro");
-        pAnalysis->push(TrackerMusic(8.0));
+        pAnalysis->push(meterMusic(8.0));
     }
     QVERIFY(!engine.getEvents("beat").isEmpty());
     QCOMPARE(analysis.getEvents(), engine.getEvents());
@@ -142,79 +142,79 @@ void tst_Analysis_tracker::profile_inAMiddle_leavesTheRestToTheEngine()
 // Eight seconds to the engine, then eight to the tracker, whose first sample is number 8 x 22050.
 void tst_Analysis_tracker::tracker_countsOn_whenItIsChosenInTheMiddle()
 {
-    PushedAnalysis fresh(kTrackerRate, AudioAnalysisTracker_Automatic);
-    fresh.push(TrackerMusic(8.0));
-    PushedAnalysis analysis(kTrackerRate);
-    analysis.push(TrackerMusic(8.0));
+    PushedAnalysis fresh(kTrackedRate, AudioAnalysisTracker_Automatic);
+    fresh.push(meterMusic(8.0));
+    PushedAnalysis analysis(kTrackedRate);
+    analysis.push(meterMusic(8.0));
     analysis.beats.clear();
     AudioAnalysis_SetTracker(analysis, AudioAnalysisTracker_Automatic);
-    analysis.push(TrackerMusic(8.0));
+    analysis.push(meterMusic(8.0));
     QVERIFY(fresh.beats.size() > 5);
     QCOMPARE(analysis.beats.size(), fresh.beats.size());
     for (std::size_t i = 0; i < fresh.beats.size(); ++i)
-        QCOMPARE(analysis.beats[i].index, fresh.beats[i].index + 8 * kTrackerRate);
+        QCOMPARE(analysis.beats[i].index, fresh.beats[i].index + 8 * kTrackedRate);
 }
 
 void tst_Analysis_tracker::reset_beginsAnew_andTheIndexGoesOn()
 {
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
-    analysis.push(TrackerMusic(8.0));
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
+    analysis.push(meterMusic(8.0));
     const std::vector<AudioAnalysisBeat> first = std::move(analysis.beats);
     analysis.beats.clear();
     AudioAnalysis_Reset(analysis);
-    analysis.push(TrackerMusic(8.0));
+    analysis.push(meterMusic(8.0));
     QVERIFY(first.size() > 5);
     QCOMPARE(analysis.beats.size(), first.size());
     for (std::size_t i = 0; i < first.size(); ++i)
-        QCOMPARE(analysis.beats[i].index, first[i].index + 8 * kTrackerRate);
+        QCOMPARE(analysis.beats[i].index, first[i].index + 8 * kTrackedRate);
 }
 
 void tst_Analysis_tracker::restart_tellsTheSameAgain()
 {
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
-    analysis.push(TrackerMusic(8.0));
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
+    analysis.push(meterMusic(8.0));
     analysis.finish();
     const QStringList events = analysis.getEvents();
     QVERIFY(!analysis.beats.empty());
     analysis.clear();
     AudioAnalysis_Restart(analysis);
     QCOMPARE(AudioAnalysis_GetTracker(analysis), int(AudioAnalysisTracker_Automatic));
-    analysis.push(TrackerMusic(8.0));
+    analysis.push(meterMusic(8.0));
     analysis.finish();
     QCOMPARE(analysis.getEvents(), events);
 }
 
 void tst_Analysis_tracker::oppositeChannels_areHeard()
 {
-    const waves::Samples mono = TrackerMusic(8.0);
+    const waves::Samples mono = meterMusic(8.0);
     waves::Samples frames;
     for (const qint16 sample : mono) {
         frames.push_back(sample);
         frames.push_back(qint16(-sample));
     }
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
     AudioAnalysis_PushInt16(analysis, frames.data(), mono.size(), 2);
     QVERIFY(analysis.beats.size() > 5);
-    PushedAnalysis engine(kTrackerRate);
+    PushedAnalysis engine(kTrackedRate);
     AudioAnalysis_PushInt16(engine, frames.data(), mono.size(), 2);
     QVERIFY(engine.beats.empty());
 }
 
 void tst_Analysis_tracker::hand_setsDownbeatTempoAndRange()
 {
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
-    const waves::Samples all = TrackerMusic(12.25);
-    const auto middle = all.begin() + 41 * kTrackerRate / 4;
-    analysis.push(waves::Samples(all.begin(), middle));
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
+    const waves::Samples all = meterMusic(12.25);
+    const auto middle = all.begin() + 41 * kTrackedRate / 4;
+    analysis.push({all.begin(), middle});
     analysis.beats.clear();
     // The beat at 10 s is the first of a bar, so that at 10.5 s the second comes.
-    QCOMPARE(AudioAnalysis_SetDownbeat(analysis, 10 * kTrackerRate), AudioAnalysisError_None);
-    analysis.push(waves::Samples(middle, all.end()));
+    QCOMPARE(AudioAnalysis_SetDownbeat(analysis, 10 * kTrackedRate), AudioAnalysisError_None);
+    analysis.push({middle, all.end()});
     QVERIFY(!analysis.beats.empty());
     QCOMPARE(analysis.beats[0].beatInBar, 2);
     QCOMPARE(analysis.beats[0].barConfidence, 1.0);
     QCOMPARE(AudioAnalysis_ReleaseDownbeat(analysis), AudioAnalysisError_None);
-    QCOMPARE(AudioAnalysis_Tap(analysis, 12 * kTrackerRate), AudioAnalysisError_None);
+    QCOMPARE(AudioAnalysis_Tap(analysis, 12 * kTrackedRate), AudioAnalysisError_None);
     // Of 240, 60, 180 and 80 BPM only the last lies inside.
     QCOMPARE(AudioAnalysis_SetTempoRange(analysis, 70.0, 100.0), AudioAnalysisError_None);
     QVERIFY(std::fabs(AudioAnalysis_GetBPM(analysis) - 80.0) < 3.0);
@@ -225,7 +225,7 @@ void tst_Analysis_tracker::hand_setsDownbeatTempoAndRange()
 
 void tst_Analysis_tracker::hand_isRefused()
 {
-    const AnalysisHandle handle(AudioAnalysis_Create(kTrackerRate));
+    const AnalysisHandle handle(AudioAnalysis_Create(kTrackedRate));
     const double nan = std::numeric_limits<double>::quiet_NaN();
     for (const double factor : {0.0, 1.0, 3.0, -2.0, nan})
         QCOMPARE(AudioAnalysis_Multiply(handle.get(), factor), AudioAnalysisError_Range);
@@ -243,16 +243,16 @@ void tst_Analysis_tracker::hand_isRefused()
 
 void tst_Analysis_tracker::state_isTheTrackers()
 {
-    PushedAnalysis analysis(kTrackerRate, AudioAnalysisTracker_Automatic);
+    PushedAnalysis analysis(kTrackedRate, AudioAnalysisTracker_Automatic);
     QCOMPARE(AudioAnalysis_IsStopped(analysis), 1);
     QCOMPARE(AudioAnalysis_GetBPM(analysis), 0.0);
     QCOMPARE(AudioAnalysis_GetAccuracy(analysis), 0.0);
-    analysis.push(TrackerMusic());
+    analysis.push(meterMusic());
     QCOMPARE(AudioAnalysis_IsStopped(analysis), 0);
     const double bpm = AudioAnalysis_GetBPM(analysis);
     QVERIFY2(std::fabs(bpm - 120.0) < 2.4, qPrintable(QString::number(bpm)));
     QVERIFY(AudioAnalysis_GetAccuracy(analysis) > 0.5);
-    analysis.push(waves::silence(3 * kTrackerRate));
+    analysis.push(waves::silence(3 * kTrackedRate));
     QCOMPARE(AudioAnalysis_IsStopped(analysis), 1);
     QCOMPARE(AudioAnalysis_GetBPM(analysis), 0.0);
 }

@@ -11,11 +11,11 @@
 
 namespace {
 
-constexpr int kRate = 8000;
-constexpr int kWindow = kRate / 10;  ///< frames between two choices
+constexpr int kMixedRate = 8000;
+constexpr int kMixWindow = kMixedRate / 10;  ///< frames between two choices
 
 /// Frames whose channels are pLevels times a tone.
-std::vector<qint16> tone(const std::vector<double>& pLevels, int pFrames)
+std::vector<qint16> mixTone(const std::vector<double>& pLevels, int pFrames)
 {
     std::vector<qint16> frames;
     for (int i = 0; i < pFrames; ++i)
@@ -37,7 +37,7 @@ mix(ChannelMix& pMix, const std::vector<qint16>& pFrames, int pChannels, std::si
     return samples;
 }
 
-std::vector<qint16> average(const std::vector<qint16>& pFrames, int pChannels)
+std::vector<qint16> averageOf(const std::vector<qint16>& pFrames, int pChannels)
 {
     std::vector<qint16> samples(pFrames.size() / std::size_t(pChannels));
     AudioDownmix::ToMono(pFrames.data(), pChannels, samples.size(), samples.data());
@@ -96,13 +96,13 @@ void tst_ChannelMix::channels_areAveraged_unlessTheyCancel()
 {
     QFETCH(QVector<double>, levels);
     QFETCH(int, channel);
-    ChannelMix mixer(kRate);
+    ChannelMix mixer(kMixedRate);
     const int count = levels.size();
-    const auto frames = tone({levels.begin(), levels.end()}, 3 * kWindow);
-    auto expected = average(frames, count);
+    const auto frames = mixTone({levels.begin(), levels.end()}, 3 * kMixWindow);
+    auto expected = averageOf(frames, count);
     if (channel >= 0) {
         const auto taken = ::channel(frames, count, channel);
-        std::copy(taken.begin() + kWindow, taken.end(), expected.begin() + kWindow);
+        std::copy(taken.begin() + kMixWindow, taken.end(), expected.begin() + kMixWindow);
     }
     QCOMPARE(mix(mixer, frames, count, 1000), expected);
     QCOMPARE(mixer.getChannel(), channel);
@@ -111,31 +111,31 @@ void tst_ChannelMix::channels_areAveraged_unlessTheyCancel()
 
 void tst_ChannelMix::louderChannel_isTaken_behindTheFirstWindow()
 {
-    ChannelMix mixer(kRate);
-    auto frames = tone({9000, 9000}, 2 * kWindow);
-    const auto opposed = tone({-3000, 9000}, 20 * kWindow);
+    ChannelMix mixer(kMixedRate);
+    auto frames = mixTone({9000, 9000}, 2 * kMixWindow);
+    const auto opposed = mixTone({-3000, 9000}, 20 * kMixWindow);
     mix(mixer, frames, 2, 500);
     QVERIFY(!mixer.hasCancelled());
     mix(mixer, opposed, 2, 500);
     QCOMPARE(mixer.getChannel(), -1);  // (9000 - 3000)^2 is 0.44 of 9000^2
-    mix(mixer, tone({-6000, 9000}, 20 * kWindow), 2, 500);
+    mix(mixer, mixTone({-6000, 9000}, 20 * kMixWindow), 2, 500);
     QCOMPARE(mixer.getChannel(), 1);
     QVERIFY(mixer.hasCancelled());
-    QCOMPARE(mixer.getFirstCancellation() % kWindow, quint64(0));
-    QVERIFY(mixer.getFirstCancellation() > quint64(22 * kWindow));
-    QVERIFY(mixer.getFirstCancellation() < quint64(42 * kWindow));
+    QCOMPARE(mixer.getFirstCancellation() % kMixWindow, quint64(0));
+    QVERIFY(mixer.getFirstCancellation() > quint64(22 * kMixWindow));
+    QVERIFY(mixer.getFirstCancellation() < quint64(42 * kMixWindow));
 }
 
 void tst_ChannelMix::average_isTakenAgain_whenNothingCancels()
 {
-    ChannelMix mixer(kRate);
-    mix(mixer, tone({9000, -9000}, 20 * kWindow), 2, 500);
+    ChannelMix mixer(kMixedRate);
+    mix(mixer, mixTone({9000, -9000}, 20 * kMixWindow), 2, 500);
     QCOMPARE(mixer.getChannel(), 0);
-    const auto frames = tone({9000, 9000}, 40 * kWindow);
+    const auto frames = mixTone({9000, 9000}, 40 * kMixWindow);
     const auto samples = mix(mixer, frames, 2, 500);
     QCOMPARE(mixer.getChannel(), -1);
     QVERIFY(mixer.hasCancelled());
-    QCOMPARE(samples.back(), average(frames, 2).back());
+    QCOMPARE(samples.back(), averageOf(frames, 2).back());
 }
 
 void tst_ChannelMix::samples_areTheSame_inPortionsOfAnySize_data()
@@ -148,49 +148,49 @@ void tst_ChannelMix::samples_areTheSame_inPortionsOfAnySize_data()
 void tst_ChannelMix::samples_areTheSame_inPortionsOfAnySize()
 {
     QFETCH(int, portion);
-    auto frames = tone({9000, -8000}, 5 * kWindow);
-    const auto rest = tone({5000, 5000}, 30 * kWindow + 13);
+    auto frames = mixTone({9000, -8000}, 5 * kMixWindow);
+    const auto rest = mixTone({5000, 5000}, 30 * kMixWindow + 13);
     frames.insert(frames.end(), rest.begin(), rest.end());
-    ChannelMix expected(kRate);
-    ChannelMix mixer(kRate);
-    QCOMPARE(mix(mixer, frames, 2, std::size_t(portion)), mix(expected, frames, 2, kWindow));
-    QCOMPARE(mixer.getFirstCancellation(), quint64(kWindow));
+    ChannelMix expected(kMixedRate);
+    ChannelMix mixer(kMixedRate);
+    QCOMPARE(mix(mixer, frames, 2, std::size_t(portion)), mix(expected, frames, 2, kMixWindow));
+    QCOMPARE(mixer.getFirstCancellation(), quint64(kMixWindow));
 }
 
 void tst_ChannelMix::floats_giveWhatIntegersGive()
 {
-    const auto frames = tone({9000, -8000}, 5 * kWindow);
+    const auto frames = mixTone({9000, -8000}, 5 * kMixWindow);
     std::vector<float> floats;
     for (const qint16 sample : frames)
         floats.push_back(float(sample) / 32768.0F);
     std::vector<qint16> samples(frames.size() / 2);
-    ChannelMix mixer(kRate);
+    ChannelMix mixer(kMixedRate);
     mixer.Mix(floats.data(), 2, samples.size(), samples.data());
-    ChannelMix expected(kRate);
+    ChannelMix expected(kMixedRate);
     QCOMPARE(samples, mix(expected, frames, 2, 1000));
 }
 
 void tst_ChannelMix::newChannelCount_isJudgedAnew()
 {
-    ChannelMix mixer(kRate);
-    mix(mixer, tone({9000, -9000}, 2 * kWindow), 2, 500);
+    ChannelMix mixer(kMixedRate);
+    mix(mixer, mixTone({9000, -9000}, 2 * kMixWindow), 2, 500);
     QCOMPARE(mixer.getChannel(), 0);
-    mix(mixer, tone({9000}, 2 * kWindow), 1, 500);
+    mix(mixer, mixTone({9000}, 2 * kMixWindow), 1, 500);
     QCOMPARE(mixer.getChannel(), -1);
 }
 
 void tst_ChannelMix::silence_isNoCancellation()
 {
-    ChannelMix mixer(kRate);
-    mix(mixer, std::vector<qint16>(20 * kWindow), 2, 500);
+    ChannelMix mixer(kMixedRate);
+    mix(mixer, std::vector<qint16>(20 * kMixWindow), 2, 500);
     QCOMPARE(mixer.getChannel(), -1);
     QVERIFY(!mixer.hasCancelled());
 }
 
 void tst_ChannelMix::reset_forgets()
 {
-    ChannelMix mixer(kRate);
-    const auto frames = tone({9000, -8000}, 5 * kWindow);
+    ChannelMix mixer(kMixedRate);
+    const auto frames = mixTone({9000, -8000}, 5 * kMixWindow);
     const auto first = mix(mixer, frames, 2, 500);
     mixer.Reset();
     QVERIFY(!mixer.hasCancelled());
