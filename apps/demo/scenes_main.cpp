@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <demo/SceneFiles.h>
+#include <demo/Studies.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -26,6 +27,7 @@ struct Arguments
 {
     std::string folder;
     double noiseSeconds = 600.0;
+    int studies = 96;
     std::string joined;
     std::vector<std::string> inputs;
 };
@@ -38,17 +40,29 @@ int Finish(const QString& pError)
     return eFailed;
 }
 
+QString WriteScenes(const QString& pFolder, const std::vector<Scene>& pScenes)
+{
+    if (!QDir().mkpath(pFolder))
+        return QStringLiteral("Cannot make the folder \"%1\".").arg(pFolder);
+    for (const Scene& scene : pScenes) {
+        const QString error = writeScene(pFolder, scene);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
 int MakeScenes(const Arguments& pArguments)
 {
     const QString folder = QFile::decodeName(pArguments.folder.c_str());
-    if (!QDir().mkpath(folder))
-        return Finish(QStringLiteral("Cannot make the folder \"%1\".").arg(folder));
-    for (const Scene& scene : makeScenes()) {
-        const QString error = writeScene(folder, scene);
-        if (!error.isEmpty())
-            return Finish(error);
-    }
-    return Finish(writeSceneNoises(folder, pArguments.noiseSeconds));
+    const QString error = WriteScenes(folder, makeScenes());
+    return Finish(error.isEmpty() ? writeSceneNoises(folder, pArguments.noiseSeconds) : error);
+}
+
+int MakeStudies(const Arguments& pArguments)
+{
+    return Finish(
+        WriteScenes(QFile::decodeName(pArguments.folder.c_str()), makeStudies(pArguments.studies)));
 }
 
 int Join(const Arguments& pArguments)
@@ -80,6 +94,12 @@ int ParseAndRun(int pCount, char** pValues)
             "--noise-seconds", arguments.noiseSeconds, "Length of the sounds without music")
         ->check(CLI::Range(1.0, 86400.0))
         ->capture_default_str();
+    CLI::App* pStudy = app.add_subcommand(
+        "study", "Write pieces to learn from, in the same form; script/train takes them");
+    pStudy->add_option("FOLDER", arguments.folder, "Where to write")->required();
+    pStudy->add_option("--count", arguments.studies, "How many")
+        ->check(CLI::Range(1, 1000))
+        ->capture_default_str();
     CLI::App* pJoin = app.add_subcommand(
         "join", "Write recordings one behind the other, and print where each begins, and the end");
     pJoin->add_option("OUT", arguments.joined, "FLAC file to write")->required();
@@ -89,6 +109,8 @@ int ParseAndRun(int pCount, char** pValues)
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? eDone : eUsage;
     }
+    if (pStudy->parsed())
+        return MakeStudies(arguments);
     return pMake->parsed() ? MakeScenes(arguments) : Join(arguments);
 }
 
