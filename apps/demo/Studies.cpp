@@ -148,15 +148,20 @@ void Composer::_AddPart(ScenePattern& pPattern,
     }
 }
 
+// Each draw has a statement of its own, since arguments are evaluated in any order.
 ScenePattern Composer::_DrawPattern(bool pHasDrums)
 {
     ScenePattern pattern = {kBeatsPerBar, {}};
     const Drums drums = pHasDrums ? m_dice.Pick(kDrums) : Drums{"", ""};
     _AddPart(pattern, drums.kick, eSceneKick, m_dice.Between(0.6, 1.0));
     _AddPart(pattern, drums.clap, eSceneClap, m_dice.Between(0.5, 1.2));
-    _AddPart(pattern, m_dice.Pick(kHats), eSceneHat, m_dice.Between(0.2, 0.7));
+    const double hatLevel = m_dice.Between(0.2, 0.7);
+    const char* const pHats = m_dice.Pick(kHats);
+    _AddPart(pattern, pHats, eSceneHat, hatLevel);
     _AddPart(pattern, m_dice.Pick(kBasses), eSceneBass, 1.0);
-    _AddPart(pattern, m_dice.Pick(kChords), eSceneChord, m_dice.Between(0.4, 1.0));
+    const double chordLevel = m_dice.Between(0.4, 1.0);
+    const char* const pChords = m_dice.Pick(kChords);
+    _AddPart(pattern, pChords, eSceneChord, chordLevel);
     const bool needsLead = *drums.kick == '\0';
     _AddPart(pattern, needsLead ? kLeads.back() : m_dice.Pick(kLeads), eSceneLead, 1.0);
     return pattern;
