@@ -15,6 +15,8 @@ constexpr std::size_t kLevels = OnsetLevels::kLevelCount;
 constexpr double kFramesOfTrack = 3000.0;
 constexpr double kPseudoCount = 20.0;
 constexpr int kRounds = 6;
+constexpr int kStraightRounds = 2;     ///< before anything may swing
+constexpr double kSwungDoubt = 100.0;  ///< by which a swung reading must fit better
 
 using Levels = LevelCounts::Levels;
 using Scores = std::array<std::array<Levels, kMeterRanges>, kSteps>;
@@ -143,6 +145,48 @@ std::size_t bestShift(const LevelCounts& pTrack, const Scores& pScores)
     return best;
 }
 
+/// How a track is read: which of its beats is the first, and how they are divided.
+struct Reading
+{
+    detail::eMeterFeel feel;
+    std::size_t beats;
+};
+
+Reading read(const FeltCounts& pTrack, const Scores& pScores, bool pMaySwing)
+{
+    const LevelCounts& straight = pTrack.feels[detail::eMeterStraight];
+    const LevelCounts& swung = pTrack.feels[detail::eMeterSwung];
+    const Reading plain = {detail::eMeterStraight, bestShift(straight, pScores)};
+    const Reading swinging = {detail::eMeterSwung, bestShift(swung, pScores)};
+    const double gain =
+        fitness(swung, swinging.beats, pScores) - fitness(straight, plain.beats, pScores);
+    return pMaySwing && gain > kSwungDoubt ? swinging : plain;
+}
+
+LevelCounts countFelt(const Track& pTrack, detail::eMeterFeel pFeel)
+{
+    LevelCounts counts;
+    double frames = 0.0;
+    std::size_t beat = 0;
+    for (std::size_t i = 0; i < pTrack.levels.size(); ++i) {
+        const double now = double(i + 1) / OnsetLevels::kFramesPerSecond;
+        while (beat + 1 < pTrack.beats.size() && pTrack.beats[beat + 1] <= now)
+            ++beat;
+        if (now < pTrack.beats[beat] || beat + 1 >= pTrack.beats.size() || pTrack.isIgnored(now))
+            continue;
+        const double period = pTrack.beats[beat + 1] - pTrack.beats[beat];
+        const double place = detail::meterStep(
+            (now - pTrack.beats[beat]) / period, OnsetLevels::kFramesPerSecond * period, pFeel);
+        const std::size_t step = (beat * kBinsPerBeat + std::size_t(place + 0.5)) % kSteps;
+        for (std::size_t range = 0; range < kMeterRanges; ++range)
+            counts.counts[step][range][pTrack.levels[i][range]] += 1.0;
+        frames += 1.0;
+    }
+    LevelCounts scaled;
+    scaled.Add(counts, 0, kFramesOfTrack / std::max(frames, 1.0));
+    return scaled;
+}
+
 }  // namespace
 
 void LevelCounts::Add(const LevelCounts& pOther, std::size_t pBeats, double pWeight)
@@ -154,38 +198,24 @@ void LevelCounts::Add(const LevelCounts& pOther, std::size_t pBeats, double pWei
                     pWeight * pOther.counts[step][range][level];
 }
 
-LevelCounts countLevels(const Track& pTrack)
+FeltCounts countLevels(const Track& pTrack)
 {
-    LevelCounts counts;
-    double frames = 0.0;
-    std::size_t beat = 0;
-    for (std::size_t i = 0; i < pTrack.levels.size(); ++i) {
-        const double now = double(i + 1) / OnsetLevels::kFramesPerSecond;
-        while (beat + 1 < pTrack.beats.size() && pTrack.beats[beat + 1] <= now)
-            ++beat;
-        if (now < pTrack.beats[beat] || beat + 1 >= pTrack.beats.size() || pTrack.isIgnored(now))
-            continue;
-        const double phase =
-            (now - pTrack.beats[beat]) / (pTrack.beats[beat + 1] - pTrack.beats[beat]);
-        const auto bin = std::size_t(double(kBinsPerBeat) * phase + 0.5);
-        const std::size_t step = (beat * kBinsPerBeat + bin) % kSteps;
-        for (std::size_t range = 0; range < kMeterRanges; ++range)
-            counts.counts[step][range][pTrack.levels[i][range]] += 1.0;
-        frames += 1.0;
-    }
-    LevelCounts scaled;
-    scaled.Add(counts, 0, kFramesOfTrack / std::max(frames, 1.0));
-    return scaled;
+    FeltCounts counts;
+    counts.feels[detail::eMeterStraight] = countFelt(pTrack, detail::eMeterStraight);
+    counts.feels[detail::eMeterSwung] = countFelt(pTrack, detail::eMeterSwung);
+    return counts;
 }
 
-detail::MeterTable trainTable(const std::vector<LevelCounts>& pTracks)
+detail::MeterTable trainTable(const std::vector<FeltCounts>& pTracks)
 {
     LevelCounts smooth;
     Scores scores = backbeatScores();
     for (int round = 0; round <= kRounds; ++round) {
         LevelCounts sum;
-        for (const LevelCounts& track : pTracks)
-            sum.Add(track, bestShift(track, scores), 1.0);
+        for (const FeltCounts& track : pTracks) {
+            const Reading reading = read(track, scores, round >= kStraightRounds);
+            sum.Add(track.feels[reading.feel], reading.beats, track.weight);
+        }
         smooth = smoothed(sum);
         scores = scoresOf(smooth);
     }

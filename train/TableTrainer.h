@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/detail/MeterPhase.h>
 #include <AudioAnalyzer/analysis/detail/MeterTable.h>
 
 #include "Track.h"
@@ -20,9 +21,17 @@ struct LevelCounts
     void Add(const LevelCounts& pOther, std::size_t pBeats, double pWeight);
 };
 
-/// Counts of a track, scaled to 3000 frames whatever its length.
-LevelCounts countLevels(const Track& pTrack);
+/// The counts of one track, with its beats divided in each of the ways.
+struct FeltCounts
+{
+    std::array<LevelCounts, detail::kMeterFeels> feels;
+    double weight = 1.0;
+};
 
-/// Learns the table from the counts of some tracks. Which of four beats is a track's first is
-/// unknown, and chosen anew in each of six rounds to fit the table of the round before.
-detail::MeterTable trainTable(const std::vector<LevelCounts>& pTracks);
+/// Counts of a track, scaled to 3000 frames whatever its length.
+FeltCounts countLevels(const Track& pTrack);
+
+/// Learns the table from the counts of some tracks. Which of four beats is a track's first, and
+/// whether it swings, is unknown, and chosen anew in each of six rounds to fit the table of the
+/// round before.
+detail::MeterTable trainTable(const std::vector<FeltCounts>& pTracks);

@@ -38,14 +38,16 @@ QString numberText(float pValue)
 
 void writeTable(const QString& pPath,
                 const detail::MeterTable& pTable,
-                const std::vector<Track>& pTracks)
+                const std::vector<Track>& pTracks,
+                std::size_t pStudies)
 {
     QFile file(pPath);
     if (!file.open(QIODevice::WriteOnly))
         throw std::runtime_error("cannot write " + pPath.toStdString());
     QTextStream out(&file);
     out << "// SPDX-License-Identifier: MIT\n// clang-format off\n"
-        << "// Made by script/train FOLDER from " << describe(pTracks) << ".\n"
+        << "// Made by script/train FOLDER from " << describe(pTracks) << "\n"
+        << "// and " << pStudies << " studies of our own (audio-analyzer-scenes study).\n"
         << "// For each beat of the bar, step of phase and range, the lowest first: c0, c1, c2.\n"
         << "#include <AudioAnalyzer/analysis/detail/MeterTable.h>\n\n"
         << "namespace detail {\n\n"

@@ -13,4 +13,5 @@
 /// Throws std::runtime_error.
 void writeTable(const QString& pPath,
                 const detail::MeterTable& pTable,
-                const std::vector<Track>& pTracks);
+                const std::vector<Track>& pTracks,
+                std::size_t pStudies);

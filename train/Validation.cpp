@@ -61,12 +61,14 @@ void printRow(const char* pTitle, const std::vector<Measures>& pAll)
                 medianOf(locks, 0.9));
 }
 
-detail::MeterTable
-learnWithout(const QString& pPart, const std::vector<LevelCounts>& pCounts, const PartOf& pPartOf)
+detail::MeterTable learnWithout(const QString& pPart,
+                                std::size_t pTracks,
+                                const std::vector<FeltCounts>& pCounts,
+                                const PartOf& pPartOf)
 {
-    std::vector<LevelCounts> others;
+    std::vector<FeltCounts> others;
     for (std::size_t i = 0; i < pCounts.size(); ++i)
-        if (pPartOf(i) != pPart)
+        if (i >= pTracks || pPartOf(i) != pPart)
             others.push_back(pCounts[i]);
     return trainTable(others);
 }
@@ -91,7 +93,7 @@ void printHeads()
 
 std::vector<std::vector<JudgedBeat>> validate(const char* pTitle,
                                               const std::vector<Track>& pTracks,
-                                              const std::vector<LevelCounts>& pCounts,
+                                              const std::vector<FeltCounts>& pCounts,
                                               const PartOf& pPartOf,
                                               bool pShowsTracks)
 {
@@ -104,7 +106,7 @@ std::vector<std::vector<JudgedBeat>> validate(const char* pTitle,
     for (const auto& part : parts) {
         if (parts.size() < 2)
             break;
-        const detail::MeterTable table = learnWithout(part.first, pCounts, pPartOf);
+        const detail::MeterTable table = learnWithout(part.first, pTracks.size(), pCounts, pPartOf);
         judged.emplace_back();
         for (const std::size_t i : part.second) {
             const std::vector<FollowedBeat> beats = followTrack(pTracks[i], table);

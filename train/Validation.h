@@ -12,10 +12,11 @@
 using PartOf = std::function<QString(std::size_t)>;
 
 /// Judges each part of the tracks by a table that was learned from all the others, and prints one
-/// row of means, then the means of each genre. Returns what the confidence learns from, by part.
+/// row of means, then the means of each genre. What pCounts holds behind the tracks' own only
+/// teaches. Returns what the confidence learns from, by part.
 std::vector<std::vector<JudgedBeat>> validate(const char* pTitle,
                                               const std::vector<Track>& pTracks,
-                                              const std::vector<LevelCounts>& pCounts,
+                                              const std::vector<FeltCounts>& pCounts,
                                               const PartOf& pPartOf,
                                               bool pShowsTracks);
 

@@ -15,17 +15,20 @@
 namespace {
 
 constexpr std::size_t kParts = 5;
+constexpr double kStudyWeight = 0.1;
 
 constexpr char kUsage[] =
-    "usage: train [--tracks] [--noise FOLDER] [--write FILE] FOLDER...\n"
+    "usage: train [--tracks] [--with FOLDER] [--noise FOLDER] [--write FILE] FOLDER...\n"
     "  FOLDER...       pieces of music: NAME.flac or .wav, NAME.beats, NAME.json\n"
     "  --tracks        also a row for each piece\n"
+    "  --with FOLDER   pieces that teach a tenth of what others do, and judge nothing\n"
     "  --noise FOLDER  sound without a beat, in the same form: what is told there, as a curve\n"
     "  --write FILE    write the table as a source file\n";
 
 struct Arguments
 {
     QStringList folders;
+    QString studies;
     QString noise;
     QString output;
     bool showsTracks = false;
@@ -37,6 +40,8 @@ bool parse(QStringList pWords, Arguments& pArguments)
         const QString word = pWords.takeFirst();
         if (word == QLatin1String("--tracks"))
             pArguments.showsTracks = true;
+        else if (word == QLatin1String("--with") && !pWords.isEmpty())
+            pArguments.studies = pWords.takeFirst();
         else if (word == QLatin1String("--noise") && !pWords.isEmpty())
             pArguments.noise = pWords.takeFirst();
         else if (word == QLatin1String("--write") && !pWords.isEmpty())
@@ -71,13 +76,28 @@ void calibrate(const std::vector<std::vector<JudgedBeat>>& pParts, detail::Meter
     reliability.Print();
 }
 
+// Of the tracks, and of the studies behind them.
+std::vector<FeltCounts> countAll(const std::vector<Track>& pTracks,
+                                 const std::vector<Track>& pStudies)
+{
+    std::vector<FeltCounts> counts;
+    counts.reserve(pTracks.size() + pStudies.size());
+    for (const Track& track : pTracks)
+        counts.push_back(countLevels(track));
+    for (const Track& study : pStudies) {
+        counts.push_back(countLevels(study));
+        counts.back().weight = kStudyWeight;
+    }
+    return counts;
+}
+
 void run(const Arguments& pArguments)
 {
     const std::vector<Track> tracks = readCorpus(pArguments.folders);
-    std::vector<LevelCounts> counts;
-    counts.reserve(tracks.size());
-    for (const Track& track : tracks)
-        counts.push_back(countLevels(track));
+    std::vector<Track> studies;
+    if (!pArguments.studies.isEmpty())
+        studies = readCorpus({pArguments.studies});
+    const std::vector<FeltCounts> counts = countAll(tracks, studies);
     printHeads();
     const auto genreOf = [&](std::size_t i) { return tracks[i].genre; };
     const auto provenanceOf = [&](std::size_t i) { return tracks[i].provenance; };
@@ -90,7 +110,7 @@ void run(const Arguments& pArguments)
     if (!pArguments.noise.isEmpty())
         printNoiseCurve(readCorpus({pArguments.noise}), tracks, table);
     if (!pArguments.output.isEmpty())
-        writeTable(pArguments.output, table, tracks);
+        writeTable(pArguments.output, table, tracks, studies.size());
 }
 
 }  // namespace

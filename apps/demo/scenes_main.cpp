@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <demo/SceneFiles.h>
+#include <demo/Studies.h>
 #include <shared/options/OptionParser.h>
 
 #include <QCoreApplication>
@@ -24,6 +25,7 @@ struct Arguments
 {
     std::string folder;
     double noiseSeconds = 600.0;
+    int studies = 96;
     std::string joined;
     std::vector<std::string> inputs;
 };
@@ -44,17 +46,29 @@ int Finish(const QString& pError)
     return pError.isEmpty() ? eDone : Fail(pError, eFailed);
 }
 
+QString WriteScenes(const QString& pFolder, const std::vector<Scene>& pScenes)
+{
+    if (!QDir().mkpath(pFolder))
+        return QStringLiteral("Cannot make the folder \"%1\".").arg(pFolder);
+    for (const Scene& scene : pScenes) {
+        const QString error = writeScene(pFolder, scene);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
 int MakeScenes(const Arguments& pArguments)
 {
     const QString folder = QFile::decodeName(pArguments.folder.c_str());
-    if (!QDir().mkpath(folder))
-        return Finish(QStringLiteral("Cannot make the folder \"%1\".").arg(folder));
-    for (const Scene& scene : makeScenes()) {
-        const QString error = writeScene(folder, scene);
-        if (!error.isEmpty())
-            return Finish(error);
-    }
-    return Finish(writeSceneNoises(folder, pArguments.noiseSeconds));
+    const QString error = WriteScenes(folder, makeScenes());
+    return Finish(error.isEmpty() ? writeSceneNoises(folder, pArguments.noiseSeconds) : error);
+}
+
+int MakeStudies(const Arguments& pArguments)
+{
+    return Finish(
+        WriteScenes(QFile::decodeName(pArguments.folder.c_str()), makeStudies(pArguments.studies)));
 }
 
 int Join(const Arguments& pArguments)
@@ -81,6 +95,11 @@ void AddCommands(shared::OptionParser& pParser, Arguments& pArguments)
                    1.0,
                    86400.0,
                    tr("length of the sounds without music"));
+    shared::OptionSet study = pParser.AddCommand(
+        "study", tr("write pieces to learn from, in the same form; script/train takes them"));
+    study.setMissing(tr("name the folder to write into"));
+    study.AddWord("FOLDER", pArguments.folder, tr("where to write"));
+    study.AddNumber("--count", pArguments.studies, 1, 1000, tr("how many"));
     shared::OptionSet join = pParser.AddCommand(
         "join", tr("write recordings one behind the other; print where each begins, and the end"));
     join.setMissing(tr("name the file to write and the recordings"));
@@ -104,8 +123,10 @@ int ParseAndRun(int pCount, char** pValues)
         return Fail(parsed.text, eUsage);
     if (parsed.command == "make")
         return MakeScenes(arguments);
+    if (parsed.command == "study")
+        return MakeStudies(arguments);
     return parsed.command == "join" ? Join(arguments)
-                                    : Fail(tr("name a command: make, join"), eUsage);
+                                    : Fail(tr("name a command: make, study, join"), eUsage);
 }
 
 }  // namespace

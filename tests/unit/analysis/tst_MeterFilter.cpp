@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <numeric>
 #include <support/TestClass.h>
 
 using detail::MeterFilter;
@@ -17,7 +18,7 @@ namespace {
 MeterLikelihoods likelihoods(float pOnBeat, float pElsewhere)
 {
     MeterLikelihoods values = {};
-    for (std::size_t step = 0; step <= detail::kStepsPerBar; ++step)
+    for (std::size_t step = 0; step <= detail::kMeterFeels * detail::kStepsPerBar; ++step)
         values[step] = step % detail::kBinsPerBeat == 0 ? pOnBeat : pElsewhere;
     return values;
 }
@@ -56,8 +57,11 @@ private Q_SLOTS:
     void total_isTheProbabilityOfTheEvidence();
     void beats_areFoundByTheDecision_data();
     void beats_areFoundByTheDecision();
+    void feel_isToldByTheSecondHalf_data();
+    void feel_isToldByTheSecondHalf();
     void allow_keepsTheOtherTempiEmpty();
     void multiply_keepsThePlaceInTheBar();
+    void multiply_asksForTheFeelAnew();
     void tap_putsTheBeatWhereItWas();
 };
 
@@ -71,7 +75,7 @@ void tst_MeterFilter::kernels_giveTheSameBits()
         cell = float(state >> 8) * 1e-9F;
     }
     MeterLikelihoods values = {};
-    for (std::size_t i = 0; i <= detail::kStepsPerBar; ++i)
+    for (std::size_t i = 0; i <= detail::kMeterFeels * detail::kStepsPerBar; ++i)
         values[i] = 0.5F + 0.013F * float(i % 37);
     int kernels = 0;
     for (const MeterKernel* const* kernel = detail::kMeterKernels; *kernel; ++kernel) {
@@ -161,6 +165,35 @@ void tst_MeterFilter::beats_areFoundByTheDecision()
     QVERIFY(std::abs(counted - 1000 / period) <= 1);
 }
 
+void tst_MeterFilter::feel_isToldByTheSecondHalf_data()
+{
+    QTest::addColumn<int>("half");
+    QTest::addColumn<bool>("swings");
+    QTest::newRow("in the middle") << 25 << false;
+    QTest::newRow("at two thirds") << 33 << true;
+}
+
+// 120 BPM, and something at each beat and in the second half of it.
+void tst_MeterFilter::feel_isToldByTheSecondHalf()
+{
+    QFETCH(int, half);
+    QFETCH(bool, swings);
+    MeterFilter filter;
+    const auto nearest = std::size_t(filter.getStates().findTempo(50.0F));
+    QVERIFY(filter.Allow(nearest - 2, nearest + 3));
+    MeterLikelihoods sound = likelihoods(4.0F, 0.8F);
+    for (std::size_t step = 12; step < sound.size(); step += detail::kBinsPerBeat)
+        sound[step] = 3.0F;
+    for (int frame = 1; frame <= 1500; ++frame)
+        filter.Update(frame % 50 == 0 || frame % 50 == half ? sound : likelihoods(0.9F, 1.0F));
+    const std::size_t bar = 4 * filter.getStates().getTempi()[nearest].cells;
+    const float* cells = filter.getCells(nearest);
+    const float straight = std::accumulate(cells, cells + bar, 0.0F);
+    const float swung = std::accumulate(cells + bar, cells + 2 * bar, 0.0F);
+    QVERIFY2(swings ? swung > 10.0F * straight : straight > 10.0F * swung,
+             qPrintable(QStringLiteral("%1 %2").arg(double(straight)).arg(double(swung))));
+}
+
 void tst_MeterFilter::allow_keepsTheOtherTempiEmpty()
 {
     MeterFilter filter;
@@ -188,6 +221,25 @@ void tst_MeterFilter::multiply_keepsThePlaceInTheBar()
     QVERIFY(std::fabs(bpmOf(decision) / 180.0F - 1.0F) < 0.02F);
     // The beat has just been: the next is a period of 33 frames away, or the cell's width less.
     QVERIFY(decision.getNextBeat() > 31.0 && decision.getNextBeat() < 34.0);
+}
+
+// Three beats of 180 BPM in the time of two of 120 divide otherwise.
+void tst_MeterFilter::multiply_asksForTheFeelAnew()
+{
+    MeterFilter filter;
+    const MeterStates& states = filter.getStates();
+    const MeterStates::Tempo& from = states.getTempi()[std::size_t(states.findTempo(50.0F))];
+    std::fill(filter.m_cells.begin(), filter.m_cells.end(), 0.0F);
+    filter.m_cells[from.offset + 4 * from.cells] = 1.0F;
+    filter._CollectMasses();
+    filter.Multiply(1.5F);
+    const auto to = std::size_t(states.findTempo(50.0F / 1.5F));
+    const std::size_t bar = 4 * states.getTempi()[to].cells;
+    const float* cells = filter.getCells(to);
+    const float straight = std::accumulate(cells, cells + bar, 0.0F);
+    const float swung = std::accumulate(cells + bar, cells + 2 * bar, 0.0F);
+    QVERIFY(straight > 0.0F);
+    QVERIFY(std::fabs(swung / straight - 0.15F / 0.85F) < 1e-4F);
 }
 
 void tst_MeterFilter::tap_putsTheBeatWhereItWas()

@@ -40,7 +40,8 @@ void tst_MeterStates::fastestTempo_hasTheCellsOfItsPeriod()
     QCOMPARE(tempo.cells, std::size_t(32));
     QVERIFY(std::fabs(tempo.stay - 0.5789F) < 1e-4F);
     QCOMPARE(tempo.offset, MeterStates::kBlock);
-    QCOMPARE(tempo.blocks, std::size_t(8));
+    // Eight beats of 32 cells in blocks of 16.
+    QCOMPARE(tempo.blocks, std::size_t(16));
     // 24 * 1 / 31.579 + 0.5 = 1.26; 24 * 31 / 31.579 + 0.5 = 24.06: the next beat's first step.
     const auto& steps = states.getSteps();
     QCOMPARE(int(steps[tempo.offset]), 0);
@@ -48,6 +49,11 @@ void tst_MeterStates::fastestTempo_hasTheCellsOfItsPeriod()
     QCOMPARE(int(steps[tempo.offset + 31]), 24);
     QCOMPARE(int(steps[tempo.offset + 32]), 24);
     QCOMPARE(int(steps[tempo.offset + 127]), 96);
+    // The swung bar: 31.579 * 0.65 = 20.53 frames until the half, so 12 * 10 / 20.53 + 0.5 = 6.35.
+    QCOMPARE(int(steps[tempo.offset + 128]), 96);
+    QCOMPARE(int(steps[tempo.offset + 128 + 10]), 96 + 6);
+    // 12 + 12 * 0.47 / 11.05 + 0.5 = 13.01.
+    QCOMPARE(int(steps[tempo.offset + 128 + 21]), 96 + 13);
 }
 
 void tst_MeterStates::cells_lieInTheirSteps()
@@ -58,11 +64,11 @@ void tst_MeterStates::cells_lieInTheirSteps()
     for (const MeterStates::Tempo& tempo : states.getTempi()) {
         for (; offset < tempo.offset; ++offset)
             QCOMPARE(steps[offset], MeterStates::kNoStep);
-        for (std::size_t i = 1; i < 4 * tempo.cells; ++i) {
+        for (std::size_t i = 1; i < 8 * tempo.cells; ++i) {
             QVERIFY(steps[offset + i] >= steps[offset + i - 1]);
-            QVERIFY(steps[offset + i] <= detail::kStepsPerBar);
+            QVERIFY(steps[offset + i] <= 2 * detail::kStepsPerBar);
         }
-        offset += 4 * tempo.cells;
+        offset += 8 * tempo.cells;
         QVERIFY(tempo.offset + tempo.blocks * MeterStates::kBlock >= offset);
     }
     QCOMPARE(states.getSize() % MeterStates::kBlock, std::size_t(0));

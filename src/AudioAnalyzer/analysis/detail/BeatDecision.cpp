@@ -29,6 +29,13 @@ std::size_t lowEnd(std::size_t pIndex, std::size_t pReach)
     return pIndex < pReach ? 0 : pIndex - pReach;
 }
 
+// Of the same cell in all beats of a bar.
+float sumOfBeats(const float* pCells, std::size_t pCellsPerBeat)
+{
+    return (pCells[0] + pCells[pCellsPerBeat]) +
+           (pCells[2 * pCellsPerBeat] + pCells[3 * pCellsPerBeat]);
+}
+
 }  // namespace
 
 BeatDecision::BeatDecision(const MeterStates& pStates) : m_states(pStates)
@@ -135,8 +142,8 @@ void BeatDecision::_GatherTimesLeft(const MeterFilter& pFilter)
         const auto longest = static_cast<std::size_t>(first);
         for (std::size_t cell = 0; cell < tempo.cells; ++cell)
             m_left[longest - std::min(cell, longest)] +=
-                (cells[cell] + cells[cell + tempo.cells]) +
-                (cells[cell + 2 * tempo.cells] + cells[cell + 3 * tempo.cells]);
+                sumOfBeats(cells + cell, tempo.cells) +
+                sumOfBeats(cells + cell + kBeatsPerBar * tempo.cells, tempo.cells);
     }
     for (std::size_t i = count; i < m_left.size(); ++i)
         m_left[i % count] += m_left[i];
@@ -193,9 +200,12 @@ void BeatDecision::_ChooseBeat(const MeterFilter& pFilter)
         const MeterStates::Tempo& tempo = m_states.getTempi()[k];
         const float* cells = pFilter.getCells(k);
         const std::size_t bar = kBeatsPerBar * tempo.cells;
+        const auto place = [&](std::size_t pBeat, std::size_t pCell) {
+            return ((pBeat + kBeatsPerBar) * tempo.cells + pCell + bar - 3) % bar;
+        };
         for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat)
             for (std::size_t i = 0; i < 6; ++i)
-                masses[beat] += cells[((beat + kBeatsPerBar) * tempo.cells + i + bar - 3) % bar];
+                masses[beat] += cells[place(beat, i)] + cells[bar + place(beat, i)];
     }
     const auto best = std::max_element(masses.begin(), masses.end());
     float sum = 0.0F;

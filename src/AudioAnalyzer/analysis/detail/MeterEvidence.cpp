@@ -65,7 +65,9 @@ const MeterLikelihoods& MeterEvidence::Weigh(const OnsetLevels::Levels& pLevels)
     }
     for (std::size_t step = 0; step < kStepsPerBar; ++step)
         m_likelihoods[step] = elementary::exponential(sums[step]);
-    m_likelihoods[kStepsPerBar] = m_likelihoods[0];
+    // A swung bar takes the same steps, at other times.
+    std::copy_n(m_likelihoods.begin(), kStepsPerBar, m_likelihoods.begin() + kStepsPerBar);
+    m_likelihoods[kMeterFeels * kStepsPerBar] = m_likelihoods[0];
     return m_likelihoods;
 }
 

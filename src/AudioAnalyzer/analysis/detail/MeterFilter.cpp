@@ -13,9 +13,9 @@ constexpr float kLeak = 1e-6F;         ///< a frame
 constexpr float kTempoSpread = 80.0F;  ///< of the exponential law of tempo changes
 constexpr float kPriorBPM = 125.0F;
 constexpr float kPriorOctaves = 0.5F;
-constexpr float kDriftBPM = 120.0F;  ///< where tempo tends to, slowly
+constexpr float kDriftBPM = 130.0F;  ///< where tempo tends to, slowly
 constexpr float kDriftOctaves = 0.35F;
-constexpr float kDriftRate = 0.25F;  ///< a second
+constexpr float kDriftRate = 0.12F;  ///< a second
 constexpr float kFramesPerSecond = 100.0F;
 
 // Squared distance in pOctaves from pBPM.
@@ -88,7 +88,9 @@ void MeterFilter::Reset()
     std::fill(m_moved.begin(), m_moved.end(), 0.0F);
     for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[i];
-        std::fill_n(&m_cells[tempo.offset], kBeatsPerBar * tempo.cells, m_prior[i]);
+        const std::size_t bar = kBeatsPerBar * tempo.cells;
+        std::fill_n(&m_cells[tempo.offset], bar, (1.0F - kSwungShare) * m_prior[i]);
+        std::fill_n(&m_cells[tempo.offset + bar], bar, kSwungShare * m_prior[i]);
     }
     _CollectMasses();
 }
@@ -99,7 +101,7 @@ void MeterFilter::_CollectMasses()
     for (std::size_t i = 0; i < m_masses.size(); ++i) {
         const float* cells = getCells(i);
         m_masses[i] = 0.0F;
-        for (std::size_t k = 0; k < kBeatsPerBar * m_states.getTempi()[i].cells; ++k)
+        for (std::size_t k = 0; k < kFeltBeats * m_states.getTempi()[i].cells; ++k)
             m_masses[i] += cells[k];
         m_total += m_masses[i];
     }
@@ -113,7 +115,7 @@ float MeterFilter::Update(const MeterLikelihoods& pLikelihoods)
         likelihood /= m_total;
     _LeaveBeats();
     _EnterBeats();
-    const float leak = kLeak * m_total;
+    const float leak = kLeak / static_cast<float>(kMeterFeels) * m_total;
     m_total = 0.0F;
     for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[i];
@@ -135,7 +137,7 @@ void MeterFilter::_LeaveBeats()
     for (std::size_t i = 0; i < m_masses.size(); ++i) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[i];
         float* last = &m_cells[tempo.offset] + tempo.cells - 1;
-        for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat, last += tempo.cells) {
+        for (std::size_t beat = 0; beat < kFeltBeats; ++beat, last += tempo.cells) {
             const float waiting = tempo.stay * last[-1];
             m_left[beat][i + kReach] = (last[-1] - waiting) + last[0];
             last[-1] = waiting;
@@ -146,8 +148,9 @@ void MeterFilter::_LeaveBeats()
 // What enters a beat takes the place before its first cell, from where it will move on.
 void MeterFilter::_EnterBeats()
 {
-    for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat) {
-        const Values& left = m_left[(beat + kBeatsPerBar - 1) % kBeatsPerBar];
+    for (std::size_t beat = 0; beat < kFeltBeats; ++beat) {
+        const bool isFirst = beat % kBeatsPerBar == 0;
+        const Values& left = m_left[isFirst ? beat + kBeatsPerBar - 1 : beat - 1];
         for (std::size_t first = 0; first < m_masses.size(); first += kGroup) {
             std::array<float, kGroup> sums = {};
             for (std::size_t k = 0; k < kReachWidth; ++k)

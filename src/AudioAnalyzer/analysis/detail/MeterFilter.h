@@ -12,13 +12,14 @@ namespace detail {
 
 /// The probability of every state of the meter, after each frame of evidence: a forward filter.
 ///
-/// In a frame all positions move on by one cell. Tempo changes only at beats, and little. A small
-/// leak to the prior lets any state be reached from silence or surprise.
+/// In a frame all positions move on by one cell. Tempo changes only at beats, and little; the feel
+/// never. A small leak to the prior lets any state be reached from silence or surprise.
 class MeterFilter
 {
 public:
     static constexpr std::size_t kReach = 12;  ///< steps of tempo at one beat
     static constexpr std::size_t kReachWidth = 2 * kReach + 1;
+    static constexpr float kSwungShare = 0.15F;  ///< of music
     using Values = std::vector<float>;
 
     MeterFilter();
@@ -63,13 +64,14 @@ private:
     void _MakeTransitions();
     void _LeaveBeats();
     void _EnterBeats();
+    void _ShareFeels();
 
     MeterStates m_states;
     const MeterKernel& m_kernel;
     Values m_prior;                                 ///< of one cell of each tempo
     std::array<Values, kReachWidth> m_transitions;  ///< [tempo left - entered][entered]
     Values m_cells, m_moved;                        ///< now, and where the next frame is made
-    std::array<Values, kBeatsPerBar> m_left;        ///< leaves each beat of each tempo
+    std::array<Values, kFeltBeats> m_left;          ///< leaves each beat of each tempo
     Values m_entered;                               ///< enters one beat of each tempo
     Values m_masses;                                ///< of each tempo
     float m_total = 1.0F;

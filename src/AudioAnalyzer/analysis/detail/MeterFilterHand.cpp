@@ -40,7 +40,7 @@ void MeterFilter::Tap(float pFramesAgo, float pInterval)
         for (std::size_t cell = 0; cell < tempo.cells; ++cell) {
             const float place = static_cast<float>(cell) + 0.5F - pFramesAgo;
             const float fit = kTapDoubt + bell(distanceToBeat(place, tempo.period) / kTapSpread);
-            for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat) {
+            for (std::size_t beat = 0; beat < kFeltBeats; ++beat) {
                 float& belief = m_cells[tempo.offset + beat * tempo.cells + cell];
                 belief = ((1.0F - kShareOfTap) * belief + fresh) * fit * weight;
             }
@@ -50,17 +50,18 @@ void MeterFilter::Tap(float pFramesAgo, float pInterval)
 }
 
 // A place x of the new bar is where x / factor was in the old one, and that one or more bars on.
+// At another level a swung beat is a straight one of uneven halves: which it is, is asked anew.
 void MeterFilter::Multiply(float pFactor)
 {
     constexpr auto kBar = static_cast<float>(kBeatsPerBar);
     std::fill(m_moved.begin(), m_moved.end(), 0.0F);
     for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& to = m_states.getTempi()[i];
-        const int source = m_states.findTempo(to.period * pFactor);
-        if (source < 0 || source >= static_cast<int>(m_masses.size()))
+        const int nearest = m_states.findTempo(to.period * pFactor);
+        if (nearest < 0 || nearest >= static_cast<int>(m_masses.size()))
             continue;
-        const MeterStates::Tempo& from = m_states.getTempi()[static_cast<std::size_t>(source)];
-        const float* cells = getCells(static_cast<std::size_t>(source));
+        const MeterStates::Tempo& from = m_states.getTempi()[static_cast<std::size_t>(nearest)];
+        const float* cells = getCells(static_cast<std::size_t>(nearest));
         for (std::size_t k = 0; k < kBeatsPerBar * to.cells; ++k) {
             const auto beat = static_cast<float>(k / to.cells);
             const float place = beat + (static_cast<float>(k % to.cells) + 0.5F) / to.period;
@@ -70,15 +71,31 @@ void MeterFilter::Multiply(float pFactor)
                 const auto oldBeat = static_cast<std::size_t>(old);
                 const auto cell =
                     static_cast<std::size_t>((old - static_cast<float>(oldBeat)) * from.period);
-                m_moved[to.offset + k] += cells[std::min(oldBeat, kBeatsPerBar - 1) * from.cells +
-                                                std::min(cell, from.cells - 1)];
+                const std::size_t source = std::min(oldBeat, kBeatsPerBar - 1) * from.cells +
+                                           std::min(cell, from.cells - 1);
+                m_moved[to.offset + k] += cells[source] + cells[kBeatsPerBar * from.cells + source];
             }
         }
     }
+    _ShareFeels();
     m_cells.swap(m_moved);
     _CollectMasses();
     if (!(m_total > 0.0F))
         Reset();
+}
+
+// Of the straight bars in m_moved, the swung ones take their share.
+void MeterFilter::_ShareFeels()
+{
+    for (std::size_t i = m_first; i < m_end; ++i) {
+        const MeterStates::Tempo& tempo = m_states.getTempi()[i];
+        const std::size_t bar = kBeatsPerBar * tempo.cells;
+        float* straight = &m_moved[tempo.offset];
+        for (std::size_t k = 0; k < bar; ++k) {
+            straight[bar + k] = kSwungShare * straight[k];
+            straight[k] -= straight[bar + k];
+        }
+    }
 }
 
 bool MeterFilter::Allow(std::size_t pFirst, std::size_t pEnd)

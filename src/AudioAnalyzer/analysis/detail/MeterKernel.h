@@ -9,9 +9,9 @@
 
 namespace detail {
 
-/// How likely each step of the bar makes what was heard, up to a common factor. Behind the last
-/// step stands the first once more, and zeros behind that, for the empty cells.
-using MeterLikelihoods = std::array<float, kStepsPerBar + 32>;
+/// How likely each step of the bar makes what was heard, up to a common factor: the bar once for
+/// each feel, behind that its first step once more, and then zeros, for the empty cells.
+using MeterLikelihoods = std::array<float, kMeterFeels * kStepsPerBar + 32>;
 
 /// One compiled variant of the filter's inner loop. Every variant gives the same bits.
 struct MeterKernel

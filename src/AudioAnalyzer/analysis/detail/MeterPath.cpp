@@ -9,6 +9,18 @@ namespace {
 
 constexpr float kLeapChance = 1e-6F;  ///< for all beats of a frame together
 constexpr double kCellCentre = 0.5;   ///< frames since a cell was entered
+constexpr int kPacking = 1;           ///< level of compression
+
+float shareOfFeel(std::size_t pFeel)
+{
+    return pFeel == eMeterSwung ? MeterFilter::kSwungShare : 1.0F - MeterFilter::kSwungShare;
+}
+
+/// The beat before one, in the bar of its feel.
+std::size_t beatBefore(std::size_t pBeat)
+{
+    return pBeat % kBeatsPerBar == 0 ? pBeat + kBeatsPerBar - 1 : pBeat - 1;
+}
 
 }  // namespace
 
@@ -16,7 +28,7 @@ MeterPath::MeterPath()
     : m_kernel(fastestMeterKernel()), m_end(getStates().getTempi().size()),
       m_cells(getStates().getSize()), m_moved(m_cells.size()), m_sums(m_end)
 {
-    for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat) {
+    for (std::size_t beat = 0; beat < kFeltBeats; ++beat) {
         m_left[beat].resize(m_end + 2 * MeterFilter::kReach);
         m_isLong[beat].resize(m_end);
     }
@@ -31,7 +43,11 @@ void MeterPath::Allow(std::size_t pFirst, std::size_t pEnd)
     std::fill(m_sums.begin(), m_sums.end(), 0.0F);
     for (std::size_t i = m_first; i < m_end; ++i) {
         const MeterStates::Tempo& tempo = getStates().getTempi()[i];
-        std::fill_n(&m_cells[tempo.offset], kBeatsPerBar * tempo.cells, m_filter.getPrior()[i]);
+        const std::size_t bar = kBeatsPerBar * tempo.cells;
+        for (std::size_t feel = 0; feel < kMeterFeels; ++feel)
+            std::fill_n(&m_cells[tempo.offset + feel * bar],
+                        bar,
+                        shareOfFeel(feel) * m_filter.getPrior()[i]);
         m_sums[i] = 1.0F;
     }
 }
@@ -44,8 +60,12 @@ void MeterPath::Update(const MeterLikelihoods& pLikelihoods)
         likelihood /= m_total;
     float best = 0.0F;
     m_bests.push_back(_FindBest(best));
-    if ((m_bests.size() - 1) % kFramesPerChunk == 0)
-        m_origins.emplace_back(new quint8[kFramesPerChunk * kBeatsPerBar * m_sums.size()]());
+    const auto chunkSize = static_cast<int>(kFramesPerChunk * kFeltBeats * m_sums.size());
+    if ((m_bests.size() - 1) % kFramesPerChunk == 0) {
+        if (!m_origins.isEmpty())
+            m_packed.push_back(qCompress(m_origins, kPacking));
+        m_origins.fill('\0', chunkSize);
+    }
     _LeaveBeats();
     _EnterBeats(best * kLeapChance);
     m_total = 0.0F;
@@ -68,7 +88,7 @@ MeterPath::State MeterPath::_FindBest(float& pScore) const
     const auto most = std::max_element(m_sums.begin(), m_sums.end()) - m_sums.begin();
     const MeterStates::Tempo& tempo = getStates().getTempi()[static_cast<std::size_t>(most)];
     const float* cells = &m_cells[tempo.offset];
-    const float* best = std::max_element(cells, cells + kBeatsPerBar * tempo.cells);
+    const float* best = std::max_element(cells, cells + kFeltBeats * tempo.cells);
     const auto place = static_cast<std::size_t>(best - cells);
     pScore = *best;
     return {static_cast<quint8>(most),
@@ -84,7 +104,7 @@ void MeterPath::_LeaveBeats()
         const MeterStates::Tempo& tempo = getStates().getTempi()[i];
         const float most = std::max(tempo.stay, 1.0F - tempo.stay);
         float* last = &m_cells[tempo.offset] + tempo.cells - 1;
-        for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat, last += tempo.cells) {
+        for (std::size_t beat = 0; beat < kFeltBeats; ++beat, last += tempo.cells) {
             const float shorter = last[-1] * (1.0F - tempo.stay) / most;
             m_isLong[beat][i] = last[0] > shorter;
             m_left[beat][i + MeterFilter::kReach] = std::max(last[0], shorter);
@@ -96,17 +116,18 @@ void MeterPath::_LeaveBeats()
 void MeterPath::_EnterBeats(float pLeap)
 {
     const std::size_t frame = m_bests.size() - 1;
-    for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat)
+    for (std::size_t beat = 0; beat < kFeltBeats; ++beat)
         for (std::size_t i = m_first; i < m_end; ++i) {
             const MeterStates::Tempo& tempo = getStates().getTempi()[i];
             const auto cells = static_cast<float>(tempo.cells);
-            auto [score, origin] = _FindEntry((beat + kBeatsPerBar - 1) % kBeatsPerBar, i);
-            const float leap = pLeap * m_filter.getPrior()[i] * cells;
+            auto [score, origin] = _FindEntry(beatBefore(beat), i);
+            const float leap =
+                pLeap * shareOfFeel(beat / kBeatsPerBar) * m_filter.getPrior()[i] * cells;
             if (leap > score) {
                 score = leap;
                 origin = kLeap;
             }
-            _Origin(frame, i, beat) = origin;
+            m_origins.data()[_IndexInChunk(frame, i, beat)] = static_cast<char>(origin);
             m_cells[tempo.offset + beat * tempo.cells - 1] = score;
         }
 }
@@ -128,10 +149,10 @@ std::pair<float, quint8> MeterPath::_FindEntry(std::size_t pBeat, std::size_t pT
     return {best, static_cast<quint8>(from | (isLong ? kLong : 0U))};
 }
 
-quint8& MeterPath::_Origin(std::size_t pFrame, std::size_t pTempo, std::size_t pBeat) const
+std::size_t
+MeterPath::_IndexInChunk(std::size_t pFrame, std::size_t pTempo, std::size_t pBeat) const
 {
-    quint8* chunk = m_origins[pFrame / kFramesPerChunk].get();
-    return chunk[(pFrame % kFramesPerChunk * m_sums.size() + pTempo) * kBeatsPerBar + pBeat];
+    return (pFrame % kFramesPerChunk * m_sums.size() + pTempo) * kFeltBeats + pBeat;
 }
 
 std::vector<MeterPath::Beat> MeterPath::Trace() const
@@ -139,12 +160,19 @@ std::vector<MeterPath::Beat> MeterPath::Trace() const
     std::vector<Beat> beats;
     float score = 0.0F;
     State state = _FindBest(score);
+    QByteArray origins = m_origins;
+    std::size_t chunk = m_packed.size();
     // The frame in whose cell 0 the beat began, counted from 0.
     auto frame = static_cast<std::ptrdiff_t>(m_bests.size()) - 1 - state.cell;
     while (frame >= 0) {
-        beats.push_back({static_cast<double>(frame + 1) - kCellCentre, state.tempo, state.beat});
+        beats.push_back({static_cast<double>(frame + 1) - kCellCentre,
+                         state.tempo,
+                         state.beat % kBeatsPerBar});
         const auto entered = static_cast<std::size_t>(frame);
-        const quint8 origin = _Origin(entered, state.tempo, state.beat);
+        for (; chunk > entered / kFramesPerChunk; --chunk)
+            origins = qUncompress(m_packed[chunk - 1]);
+        const auto place = static_cast<int>(_IndexInChunk(entered, state.tempo, state.beat));
+        const auto origin = static_cast<quint8>(origins.at(place));
         if (origin == kLeap) {
             state = m_bests[entered];
             frame -= 1 + state.cell;
@@ -152,7 +180,7 @@ std::vector<MeterPath::Beat> MeterPath::Trace() const
         }
         const std::size_t from = origin & (kLong - 1U);
         state.tempo = static_cast<quint8>(state.tempo + from - MeterFilter::kReach);
-        state.beat = static_cast<quint8>((state.beat + kBeatsPerBar - 1) % kBeatsPerBar);
+        state.beat = static_cast<quint8>(beatBefore(state.beat));
         const std::size_t cells = getStates().getTempi()[state.tempo].cells;
         frame -= static_cast<std::ptrdiff_t>(cells - ((origin & kLong) != 0U ? 0U : 1U));
     }

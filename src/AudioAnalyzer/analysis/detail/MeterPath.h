@@ -4,11 +4,11 @@
 #include <AudioAnalyzer/analysis/detail/MeterEvidence.h>
 #include <AudioAnalyzer/analysis/detail/MeterFilter.h>
 
+#include <QByteArray>
 #include <QtGlobal>
 
 #include <array>
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace detail {
@@ -26,7 +26,7 @@ public:
     {
         double time;        ///< frames
         std::size_t tempo;  ///< number of its tempo
-        std::size_t beat;   ///< of the bar, 0 to 3
+        std::size_t beat;   ///< of the bar, 0 to 3, of either feel
     };
 
     MeterPath();
@@ -48,7 +48,7 @@ private:
     struct State
     {
         quint8 tempo;
-        quint8 beat;
+        quint8 beat;  ///< of the bar of its feel, 0 to kFeltBeats - 1
         quint8 cell;
     };
 
@@ -56,19 +56,20 @@ private:
     void _LeaveBeats();
     void _EnterBeats(float pLeap);
     std::pair<float, quint8> _FindEntry(std::size_t pBeat, std::size_t pTempo) const;
-    quint8& _Origin(std::size_t pFrame, std::size_t pTempo, std::size_t pBeat) const;
+    std::size_t _IndexInChunk(std::size_t pFrame, std::size_t pTempo, std::size_t pBeat) const;
 
     MeterFilter m_filter;  ///< for its states and transitions
     const MeterKernel& m_kernel;
     std::size_t m_first = 0;  ///< tempi that are possible ...
     std::size_t m_end;        ///< ... and the one behind the last
     std::vector<float> m_cells, m_moved;
-    std::array<std::vector<float>, kBeatsPerBar> m_left;   ///< leaves each beat of each tempo
-    std::array<std::vector<bool>, kBeatsPerBar> m_isLong;  ///< by the longer way
+    std::array<std::vector<float>, kFeltBeats> m_left;   ///< leaves each beat of each tempo
+    std::array<std::vector<bool>, kFeltBeats> m_isLong;  ///< by the longer way
     std::vector<float> m_sums;                             ///< of the cells of each tempo
     float m_total = 1.0F;
-    std::vector<State> m_bests;  ///< of each frame
-    std::vector<std::unique_ptr<quint8[]>> m_origins;
+    std::vector<State> m_bests;         ///< of each frame
+    QByteArray m_origins;               ///< of the last, incomplete chunk of frames
+    std::vector<QByteArray> m_packed;   ///< of the chunks before it, compressed
 };
 
 }  // namespace detail

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/detail/MeterStates.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace detail {
@@ -31,15 +32,25 @@ void MeterStates::_AddTempo(double pPeriod)
     tempo.cells = static_cast<std::size_t>(std::ceil(tempo.period));
     tempo.stay = tempo.period - static_cast<float>(tempo.cells - 1);
     tempo.offset = m_steps.size();
-    tempo.blocks = (kBeatsPerBar * tempo.cells + kBlock - 1) / kBlock;
-    for (std::size_t beat = 0; beat < kBeatsPerBar; ++beat)
-        for (std::size_t cell = 0; cell < tempo.cells; ++cell) {
-            const double phase = static_cast<double>(cell) / static_cast<double>(tempo.period);
-            const auto bin = static_cast<std::size_t>(kBinsPerBeat * phase + 0.5);
-            m_steps.push_back(static_cast<std::uint8_t>(beat * kBinsPerBeat + bin));
-        }
+    tempo.blocks = (kFeltBeats * tempo.cells + kBlock - 1) / kBlock;
+    for (std::size_t beat = 0; beat < kFeltBeats; ++beat)
+        _AddBeat(tempo, beat);
     m_steps.resize(tempo.offset + tempo.blocks * kBlock, kNoStep);
     m_tempi.push_back(tempo);
+}
+
+void MeterStates::_AddBeat(const Tempo& pTempo, std::size_t pBeat)
+{
+    const eMeterFeel feel = pBeat < kBeatsPerBar ? eMeterStraight : eMeterSwung;
+    std::size_t highest = pBeat * kBinsPerBeat;
+    for (std::size_t cell = 0; cell < pTempo.cells; ++cell) {
+        const auto period = static_cast<double>(pTempo.period);
+        const double place = meterStep(static_cast<double>(cell) / period, period, feel);
+        const auto bin = static_cast<std::size_t>(place + 0.5);
+        const std::size_t step = std::min(pBeat * kBinsPerBeat + bin, highest);
+        m_steps.push_back(static_cast<std::uint8_t>(step));
+        highest = step + 1;
+    }
 }
 
 }  // namespace detail

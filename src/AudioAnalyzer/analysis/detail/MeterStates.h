@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/analysis/detail/MeterPhase.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 namespace detail {
 
-constexpr std::size_t kBeatsPerBar = 4;
-constexpr std::size_t kBinsPerBeat = 24;  ///< steps of phase that the evidence tells apart
-constexpr std::size_t kStepsPerBar = kBeatsPerBar * kBinsPerBeat;
-
-/// The states of the meter: a tempo, and a position in a bar of four beats, in frames of 10 ms.
+/// The states of the meter: a tempo, a feel, and a position in a bar of four beats, in frames of
+/// 10 ms.
 ///
-/// The cells of a tempo's bar lie one behind the other, as many for each beat as its period has
-/// frames, rounded up. Empty cells fill them up to whole blocks, and one block stands before each
-/// tempo.
+/// The cells of a tempo lie one behind the other, first a straight bar, then a swung one, as many
+/// for each beat as its period has frames, rounded up. Empty cells fill them up to whole blocks,
+/// and one block stands before each tempo.
 class MeterStates
 {
 public:
@@ -23,8 +22,8 @@ public:
     static constexpr double kFastestBPM = 190.0;
     static constexpr double kTempoStep = 1.015;
     static constexpr double kFramesPerMinute = 6000.0;
-    static constexpr std::size_t kBlock = 16;                  ///< cells that are computed at once
-    static constexpr std::uint8_t kNoStep = kStepsPerBar + 1;  ///< of empty cells
+    static constexpr std::size_t kBlock = 16;  ///< cells that are computed at once
+    static constexpr std::uint8_t kNoStep = kMeterFeels * kStepsPerBar + 1;  ///< of empty cells
 
     /// One tempo and where its cells lie.
     struct Tempo
@@ -43,14 +42,16 @@ public:
     /// The tempo whose period is nearest to pPeriod frames; one behind the last, or before the
     /// first (-1), when it lies outside.
     int findTempo(float pPeriod) const;
-    /// The step of the bar, to the nearest, in which each cell lies: kStepsPerBar is the first
-    /// step of the next bar.
+    /// The step of the bar, to the nearest, in which each cell lies, kStepsPerBar more for a swung
+    /// one. The last of a bar may lie in the first step of the next. No cell lies more than one
+    /// step behind the one before it, but the first of a beat.
     const std::vector<std::uint8_t>& getSteps() const { return m_steps; }
     /// Cells of all tempi, the empty ones as well.
     std::size_t getSize() const { return m_steps.size(); }
 
 private:
     void _AddTempo(double pPeriod);
+    void _AddBeat(const Tempo& pTempo, std::size_t pBeat);
 
     std::vector<Tempo> m_tempi;
     std::vector<std::uint8_t> m_steps;
