@@ -65,11 +65,11 @@ private:
     std::vector<float> m_cells, m_moved;
     std::array<std::vector<float>, kFeltBeats> m_left;   ///< leaves each beat of each tempo
     std::array<std::vector<bool>, kFeltBeats> m_isLong;  ///< by the longer way
-    std::vector<float> m_sums;                             ///< of the cells of each tempo
+    std::vector<float> m_sums;                           ///< of the cells of each tempo
     float m_total = 1.0F;
-    std::vector<State> m_bests;         ///< of each frame
-    QByteArray m_origins;               ///< of the last, incomplete chunk of frames
-    std::vector<QByteArray> m_packed;   ///< of the chunks before it, compressed
+    std::vector<State> m_bests;        ///< of each frame
+    QByteArray m_origins;              ///< of the last, incomplete chunk of frames
+    std::vector<QByteArray> m_packed;  ///< of the chunks before it, compressed
 };
 
 }  // namespace detail

@@ -381,7 +381,7 @@ void tst_FileAnalysis::lookAhead_tellsTheDecodersBeats()
         QCOMPARE(result.beats[i].index, decoding.beats[i].index);
         QCOMPARE(result.beats[i].beatInBar, decoding.beats[i].beatInBar);
     }
-    QCOMPARE(result.silences.back().end, 19.0);
+    QCOMPARE(result.silences.back().end, 19.0);  // 8 s of music and 11 s of silence
     QVERIFY(!result.pulseTimes.empty());
     QVERIFY(!analysis.getBeliefs().getColumns().empty());
 }
