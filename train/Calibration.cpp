@@ -9,6 +9,8 @@ namespace {
 
 constexpr double kTolerance = 0.07;  ///< seconds
 constexpr int kRounds = 3000;
+/// The weight of how well the meter foretells: what is no music, and teaches nothing, lacks it.
+constexpr double kLeastOfMeter = 0.3;
 
 using Weights = std::array<double, detail::kConfidenceTerms>;
 
@@ -57,6 +59,7 @@ Weights fitConfidence(const std::vector<JudgedBeat>& pBeats)
         }
         for (std::size_t i = 0; i < weights.size(); ++i)
             weights[i] += 0.4 * slopes[i] / curvatures[i];
+        weights.back() = std::max(weights.back(), kLeastOfMeter);
     }
     return weights;
 }

@@ -32,13 +32,15 @@ void tst_MeterTracker_rates::beats_areTheSameWithinAFrame()
     tracked.push(MeterMusic(rate).play(126.0, 12.0).samples());
     const std::vector<double> expected = reference.seconds();
     const std::vector<double> found = tracked.seconds();
+    // Rates that do not reach the hats, which start later than the drums, miss their pull.
+    const double most = rate < 16000 ? 0.0125 : 0.010;
     QCOMPARE(tracked.count(4.0, 11.9), reference.count(4.0, 11.9));
     for (const double time : found)
         if (time > 4.0) {
             double least = 1.0;
             for (const double other : expected)
                 least = std::min(least, std::fabs(time - other));
-            QVERIFY2(least <= 0.010, qPrintable(QString::number(least)));
+            QVERIFY2(least <= most, qPrintable(QString::number(least)));
         }
 }
 

@@ -31,7 +31,7 @@ public:
 
 private:
     static constexpr float kFirst = 2.0F;  ///< when sound begins
-    static constexpr float kLowest = -4.0F;
+    static constexpr float kLowest = -6.0F;
     static constexpr float kHighest = 20.0F;
 
     void _FollowSilence(float pMeanSquare);
