@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <support/TestClass.h>
+#include <support/Waves.h>
 
 namespace {
 
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void getters_agreeWithTheNextBeat();
     void confidence_isHighOverDrums();
     void tempo_followsAStepWithinFourSeconds();
+    void tempo_staysAtItsLevel_overASingleDrum();
     void rate_isTakenToTheNearerLimit();
 };
 
@@ -267,6 +269,19 @@ void tst_MeterTracker::tempo_followsAStepWithinFourSeconds()
                      qPrintable(QString::number(time)));
     }
     QVERIFY(std::fabs(tracked.tracker.getBPM() - 130.0) < 2.6);
+}
+
+// Strokes that are all alike could be the beat, or half of it: what has been told stays.
+void tst_MeterTracker::tempo_staysAtItsLevel_overASingleDrum()
+{
+    TrackedBeats tracked(kMeterRate);
+    tracked.push(waves::kickTrack(30.0, kMeterRate, 125.0));
+    // A beat each 0.48 s from 2 s on: 58 of them, or 59.
+    const int count = tracked.count(2.0, 30.0);
+    QVERIFY2(count >= 57 && count <= 59, qPrintable(QString::number(count)));
+    for (const MeterTracker::Beat& beat : tracked.beats)
+        if (beat.index >= 3 * quint64(kMeterRate))
+            QVERIFY2(std::fabs(beat.bpm - 125.0) < 2.0, qPrintable(QString::number(beat.bpm)));
 }
 
 void tst_MeterTracker::rate_isTakenToTheNearerLimit()

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kPeakReach = 2;    ///< tempi on each side that make a peak
 constexpr std::size_t kPeriodReach = 3;  ///< tempi on each side whose mean is the period
+constexpr float kLoyalty = 3.0F;         ///< how much more belief another tempo needs
 constexpr std::size_t kPhaseReach = 4;   ///< tempi on each side that tell the phase
 constexpr float kAheadFrames = 1.0F;
 constexpr float kBehindFrames = 5.0F;
@@ -104,20 +105,28 @@ std::optional<double> BeatDecision::_FindDueBeat()
     return std::nullopt;
 }
 
+// A single drum leaves open whether its strokes are the beat or half of it: the tempo that has been
+// told stays until another has far more belief.
 void BeatDecision::_ChooseTempo(const MeterFilter& pFilter)
 {
     const std::vector<float>& masses = pFilter.getTempoMasses();
+    const std::size_t first = m_last ? lowEnd(m_tempo, kPeriodReach) : masses.size();
+    const std::size_t last = m_tempo + kPeriodReach;
     float highest = -1.0F;
+    std::size_t tempo = 0;
     for (std::size_t i = 0; i < masses.size(); ++i) {
         float sum = 0.0F;
         const std::size_t end = std::min(masses.size(), i + kPeakReach + 1);
         for (std::size_t k = lowEnd(i, kPeakReach); k < end; ++k)
             sum += masses[k];
+        if (i >= first && i <= last)
+            sum *= kLoyalty;
         if (sum > highest) {
             highest = sum;
-            m_tempo = i;
+            tempo = i;
         }
     }
+    m_tempo = tempo;
     float weight = 0.0F;
     float sum = 0.0F;
     const std::size_t end = std::min(masses.size(), m_tempo + kPeriodReach + 1);

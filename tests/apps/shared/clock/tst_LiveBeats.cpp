@@ -22,7 +22,7 @@ constexpr int kSourceRate = 48000;        // Hz
 constexpr int kSourceBlock = 480;         // samples, 10 ms
 constexpr double kBeatSeconds = 0.46875;  // seconds, a beat of 128 BPM
 constexpr qint64 kSoundDelay = 40000;     // µs from the sound to the host
-constexpr double kNearEnough = 25e3;      // µs
+constexpr double kNearEnough = 30e3;      // µs; strokes of one tone are told 17 ms early
 
 /// A source that is fed by hand, kSoundDelay late, in virtual time.
 class HandSource : public LiveSource
