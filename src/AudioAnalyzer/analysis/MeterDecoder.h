@@ -24,7 +24,7 @@ class MeterPath;
 /// but for gaps of less than ten seconds. The confidences are the tracker's at that time.
 ///
 /// The same samples give the same beats, in portions of any size and on every machine. Its memory
-/// grows by 31 kB a second, to 112 MB an hour.
+/// grows by about 20 MB an hour.
 ///
 /// Threads: one at a time.
 class AUDIOANALYZER_EXPORT MeterDecoder

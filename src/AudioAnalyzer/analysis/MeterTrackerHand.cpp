@@ -60,7 +60,7 @@ void MeterTracker::setDownbeat(quint64 pIndex)
     constexpr int kBar = detail::kBeatsPerBar;
     const double beats =
         (_FramesOf(pIndex) - m_lastBeat) / static_cast<double>(m_pDecision->getPeriod());
-    const int behind = qRound(beats) % kBar;
+    const int behind = static_cast<int>(qRound64(beats) % kBar);
     m_lastNumber = (kBar - behind) % kBar;
     m_isDownbeatHeld = true;
 }

@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+#include <limits>
 #include <support/TestClass.h>
 
 namespace {
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void setDownbeat_numbersTheBeats_data();
     void setDownbeat_numbersTheBeats();
     void setDownbeat_staysThroughABreak();
+    void setDownbeat_isTaken_howeverFarAhead();
     void taps_moveTheBeat_withinOneBeat();
     void taps_setTheTempo_afterThree();
     void music_isFollowedAgain_afterAWrongTap();
@@ -204,6 +206,19 @@ void tst_MeterTracker_hand::setDownbeat_staysThroughABreak()
             QCOMPARE(beat.beatInBar, qRound((seconds - 10.5) / 0.5) % 4 + 1);
     }
     QVERIFY(tracked.count(24.0, 32.0) >= 14);
+}
+
+// Whatever place in a bar that gives, the beats are counted on from it.
+void tst_MeterTracker_hand::setDownbeat_isTaken_howeverFarAhead()
+{
+    TrackedBeats tracked(kHandRate);
+    tracked.push(MeterMusic(kHandRate).play(120.0, 12.0).samples());
+    tracked.tracker.setDownbeat(std::numeric_limits<quint64>::max());
+    tracked.push(MeterMusic(kHandRate).play(120.0, 4.0).samples());
+    QVERIFY(tracked.count(12.5, 15.5) >= 5);
+    for (std::size_t i = 1; i < tracked.beats.size(); ++i)
+        if (tracked.beats[i - 1].index > 13 * quint64(kHandRate))
+            QCOMPARE(tracked.beats[i].beatInBar, tracked.beats[i - 1].beatInBar % 4 + 1);
 }
 
 // On the off-beat, a quarter of a second away.

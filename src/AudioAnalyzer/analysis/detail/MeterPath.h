@@ -17,8 +17,8 @@ namespace detail {
 ///
 /// Where MeterFilter adds up all ways that lead to a state, this one keeps the best. Inside a beat
 /// there is but one way, so it has to remember only from where each beat was entered: a byte for
-/// each tempo and beat of the bar, 31 kB a second. A surprise may leap from the best state of all
-/// to any beat.
+/// each tempo and beat of the bar of each feel, compressed. A surprise may leap from the best state
+/// of all to any beat.
 class MeterPath
 {
 public:
