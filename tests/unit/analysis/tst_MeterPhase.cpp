@@ -31,7 +31,8 @@ void tst_MeterPhase::step_isAsReckonedByHand_data()
     QTest::newRow("180 BPM is even") << 0.7 << 33.333 << false << 16.8;
     QTest::newRow("60 BPM, the beat") << 0.0 << 100.0 << false << 0.0;
     QTest::newRow("60 BPM, 4 frames behind it, as at 111") << 0.04 << 100.0 << false << 24.0 / 13.5;
-    QTest::newRow("60 BPM, a frame ahead of a quarter") << 0.24 << 100.0 << false << 6.0 - 6.0 / 13.5;
+    QTest::newRow("60 BPM, a frame ahead of a quarter")
+        << 0.24 << 100.0 << false << 6.0 - 6.0 / 13.5;
     QTest::newRow("60 BPM, a quarter") << 0.25 << 100.0 << false << 6.0;
     // 10 of the 20 frames that stretch: half of 8.5, and 4, of 13.5 frames to 6 steps.
     QTest::newRow("60 BPM, between quarters") << 0.14 << 100.0 << false << 6.0 * 8.25 / 13.5;
@@ -39,7 +40,8 @@ void tst_MeterPhase::step_isAsReckonedByHand_data()
     QTest::newRow("swung, half of the first half") << 0.325 << 33.0 << true << 6.0;
     QTest::newRow("swung, half of the second half") << 0.825 << 33.0 << true << 18.0;
     // 75 BPM: the second half lasts 28 frames, as much as at 107 BPM.
-    QTest::newRow("swung at 75 BPM, 4 frames behind the half") << 0.7 << 80.0 << true << 12.0 + 24.0 / 13.5;
+    QTest::newRow("swung at 75 BPM, 4 frames behind the half")
+        << 0.7 << 80.0 << true << 12.0 + 24.0 / 13.5;
 }
 
 void tst_MeterPhase::step_isAsReckonedByHand()
