@@ -269,7 +269,7 @@ class Settings(unittest.TestCase):
                 self.assertIn(f"{default:g}", text, name)
 
     def test_header_numbers_the_settings_as_the_library_does(self):
-        header = pathlib.Path(os.environ["AA_HEADER"]).read_text()
+        header = pathlib.Path(os.environ["AA_HEADER"]).with_name("AnalysisRecords.h").read_text()
         comments = re.findall(r"/\*\*((?:(?!\*/).)*)\*/\s*AudioAnalysisSetting_(\w+) = (\d+)", header, re.S)
         found = {name.lower(): int(number) for _, name, number in comments}
         numbers = library.setting_numbers()

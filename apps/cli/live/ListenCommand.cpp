@@ -152,9 +152,8 @@ void ListenCommand::_Listen(const QString& pDevice)
 void ListenCommand::_SetUpBeats()
 {
     m_beats.setAutomatic(m_analysis.getTracker() == eAutomaticTracker);
-    if (m_analysis.bpm)
-        m_beats.setTempoRange(std::max(m_analysis.bpm->minimal, MeterTracker::kSlowestBPM),
-                              std::min(m_analysis.bpm->maximal, MeterTracker::kFastestBPM));
+    const AnalysisOptions::TempoRange range = m_analysis.getAutomaticRange();
+    m_beats.setTempoRange(range.minimal, range.maximal);
     constexpr double kMicroSeconds = 1000.0;
     m_beats.getClock().setOffset(
         std::llround(kMicroSeconds * m_options.offset.value_or(m_beatSettings.offset)));

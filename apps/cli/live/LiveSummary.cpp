@@ -7,12 +7,13 @@
 namespace {
 
 constexpr double kSettlingSeconds = 10.0;
+constexpr std::size_t kBeatsInRow = 9;  ///< that RecordingTempo makes a tempo of
 
 }  // namespace
 
 LiveSummary::LiveSummary(CaptureSession& pSession, LiveBeats& pBeats, bool pMeasures)
     : m_session(pSession), m_beats(pBeats), m_measures(pMeasures),
-      m_relay(pBeats.isAutomatic() ? BeatRelay(m_follower, m_noMeter) : BeatRelay(m_follower))
+      m_relay(m_follower, pBeats.isAutomatic() ? BeatRelay::eTold : BeatRelay::eFollower)
 {
     using S = CaptureSession;
     connect(&pSession, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
@@ -63,7 +64,7 @@ void LiveSummary::_OnAnchored()
 void LiveSummary::_RelayPlaying(double pTime, bool pIsPlaying)
 {
     m_isPlayingTold = true;
-    Q_EMIT m_relay.OnPlayingChanged(pTime, pIsPlaying);
+    m_relay.TellPlaying(pTime, pIsPlaying);
 }
 
 // ---- The beats ----------------------------------------------------------------------------------
@@ -103,19 +104,26 @@ void LiveSummary::_RelayHeard(const LiveBeats::Heard& pBeat, double pTime)
     beat.beatInBar = pBeat.beatInBar;
     beat.confidence = pBeat.confidence;
     beat.barConfidence = pBeat.barConfidence;
-    Q_EMIT m_relay.OnBeat(beat);
-    constexpr double kSameTempo = 0.001;
-    if (std::abs(pBeat.bpm - m_relayedBPM) < kSameTempo * pBeat.bpm)
-        return;
-    m_relayedBPM = pBeat.bpm;
-    Q_EMIT m_relay.OnTempo(pTime, pBeat.bpm);
+    m_relay.Tell(beat);
 }
 
 void LiveSummary::_Count(const LoggedBeat& pBeat)
 {
     ++(pBeat.isVirtual ? m_virtualBeats : m_realBeats);
-    if (!pBeat.isVirtual && pBeat.bpm > 0.0)
-        (pBeat.time < kSettlingSeconds ? m_earlyTempo : m_settledTempo).Add(pBeat.bpm);
+    const double bpm = _TempoOf(pBeat);
+    if (!pBeat.isVirtual && bpm > 0.0)
+        (pBeat.time < kSettlingSeconds ? m_earlyTempo : m_settledTempo).Add(bpm);
+}
+
+/// Automatic beats lie more exactly than their tempo is told.
+double LiveSummary::_TempoOf(const LoggedBeat& pBeat)
+{
+    if (!m_beats.isAutomatic())
+        return pBeat.bpm;
+    if (m_row.size() == kBeatsInRow)
+        m_row.erase(m_row.begin());
+    m_row.push_back({pBeat.time, pBeat.bpm, pBeat.isVirtual});
+    return RecordingTempo::ComputeFromTimes(m_row);
 }
 
 #include "moc_LiveSummary.cpp"

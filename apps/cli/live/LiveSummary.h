@@ -2,7 +2,7 @@
 #pragma once
 
 #include <AudioAnalyzer/analysis/BeatFollower.h>
-#include <AudioAnalyzer/analysis/MeterFollower.h>
+#include <AudioAnalyzer/analysis/RecordingTempo.h>
 
 #include <cli/live/detail/AnnounceErrors.h>
 #include <cli/live/detail/TempoMedian.h>
@@ -15,6 +15,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <vector>
 
 class CaptureSession;
 
@@ -41,8 +42,8 @@ public:
     double getSeconds(std::int64_t pTime) const;
     quint64 getRealBeats() const { return m_realBeats; }
     quint64 getVirtualBeats() const { return m_virtualBeats; }
-    /// Median of the tempos of real beats, without those of the first ten seconds if there are
-    /// others; 0 = unknown.
+    /// Median of the tempos of real beats, automatic ones' as nine in a row make it, without those
+    /// of the first ten seconds if there are others; BPM, 0 = unknown.
     double getTempo() const;
     /// Takes what was measured since; to be called a few times a second.
     void TakeTicks();
@@ -70,18 +71,18 @@ private:
     void _OnHeard(const LiveBeats::Heard& pBeat);
     void _RelayHeard(const LiveBeats::Heard& pBeat, double pTime);
     void _Count(const LoggedBeat& pBeat);
+    double _TempoOf(const LoggedBeat& pBeat);
 
     CaptureSession& m_session;  ///< not owned
     LiveBeats& m_beats;         ///< not owned
     bool m_measures;
     BeatFollower m_follower;
-    MeterFollower m_noMeter;  ///< tells nothing: what is heard automatically has instants already
     BeatRelay m_relay;
     bool m_isPlayingTold = false;
-    double m_relayedBPM = 0.0;             ///< of the last tempo that was relayed
     std::atomic<std::int64_t> m_start{0};  ///< µs, of the first sample; 0 = none yet
     quint64 m_realBeats = 0;
     quint64 m_virtualBeats = 0;
+    std::vector<RecordingTempo::Report> m_row;  ///< the last nine automatic beats
     cli::TempoMedian m_earlyTempo;
     cli::TempoMedian m_settledTempo;
     shared::StallQueue<ToldTick> m_told{kMostTicks};

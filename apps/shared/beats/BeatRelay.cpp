@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <shared/beats/BeatRelay.h>
 
-BeatRelay::BeatRelay(const BeatFollower& pFollower)
+#include <cmath>
+
+BeatRelay::BeatRelay(const BeatFollower& pFollower, eSource pSource)
 {
-    connect(&pFollower, &BeatFollower::OnBeatFound, this, &BeatRelay::_TellBeat);
     _FollowPulses(pFollower);
+    if (pSource == eTold)
+        return;
+    connect(&pFollower, &BeatFollower::OnBeatFound, this, &BeatRelay::_TellBeat);
     _Follow(pFollower);
 }
 
@@ -42,6 +46,21 @@ void BeatRelay::Restart(int pSampleRate, double pTime)
 {
     m_sampleRate = pSampleRate;
     m_start = pTime;
+}
+
+void BeatRelay::Tell(const LoggedBeat& pBeat)
+{
+    constexpr double kSameTempo = 0.001;
+    Q_EMIT OnBeat(pBeat);
+    if (std::fabs(pBeat.bpm - m_toldBPM) < kSameTempo * pBeat.bpm)
+        return;
+    m_toldBPM = pBeat.bpm;
+    Q_EMIT OnTempo(pBeat.time, pBeat.bpm);
+}
+
+void BeatRelay::TellPlaying(double pTime, bool pIsPlaying)
+{
+    Q_EMIT OnPlayingChanged(pTime, pIsPlaying);
 }
 
 void BeatRelay::_TellBeat(const BeatFollower::Beat& pBeat)

@@ -18,8 +18,16 @@ class BeatRelay : public QObject
     Q_OBJECT
 
 public:
-    /// pFollower is not owned, outlives the relay and has told nothing yet.
-    explicit BeatRelay(const BeatFollower& pFollower);
+    /// Whose beats are relayed.
+    enum eSource
+    {
+        eFollower,  ///< the follower's
+        eTold       ///< those of Tell(): what is heard live has instants already
+    };
+
+    /// pFollower is not owned, outlives the relay and has told nothing yet. The pulses are its own
+    /// in any case.
+    explicit BeatRelay(const BeatFollower& pFollower, eSource pSource = eFollower);
     /// Beats, tempos and whether it plays are pMeter's, the pulses pFollower's. The same holds for
     /// both.
     BeatRelay(const BeatFollower& pFollower, const MeterFollower& pMeter);
@@ -29,6 +37,11 @@ public:
     void Restart(int pSampleRate, double pTime = 0.0);
 
     int getSampleRate() const { return m_sampleRate; }  ///< Hz; 0 before Restart()
+
+    /// A beat in its time, and the tempo if it is another by a thousandth or more.
+    void Tell(const LoggedBeat& pBeat);
+    /// From pTime seconds on.
+    void TellPlaying(double pTime, bool pIsPlaying);
 
 Q_SIGNALS:
     /// In order of time, each once; pBeat is valid during the emission.
@@ -50,6 +63,7 @@ private:
     void _TellMeterBeat(const MeterTracker::Beat& pBeat);
     double _TimeOf(quint64 pIndex) const;
 
-    int m_sampleRate = 0;  ///< Hz
-    double m_start = 0.0;  ///< time of position 0, seconds
+    int m_sampleRate = 0;    ///< Hz
+    double m_toldBPM = 0.0;  ///< of the last tempo that Tell() brought
+    double m_start = 0.0;    ///< time of position 0, seconds
 };

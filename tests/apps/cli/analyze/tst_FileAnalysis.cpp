@@ -2,6 +2,7 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
 #include <AudioAnalyzer/audio/AudioDownmix.h>
 
+#include "FileAnalysisTest.h"
 #include <cli/analyze/FileAnalysis.h>
 
 #include <QtTest>
@@ -11,75 +12,6 @@
 #include <cmath>
 #include <support/SettingOf.h>
 #include <support/TestClass.h>
-
-namespace {
-
-/// Mono samples out of memory.
-class MemorySource : public AudioSource
-{
-public:
-    MemorySource(int pRate, std::vector<float> pSamples)
-        : m_rate(pRate), m_samples(std::move(pSamples))
-    {
-    }
-
-    int getSampleRate() const override { return m_rate; }
-    int getChannelCount() const override { return 1; }
-    quint64 getFrameCount() const override { return m_samples.size(); }
-    std::size_t Read(qint16* pSamples, std::size_t pCount) override
-    {
-        m_last = m_position;
-        const std::size_t count = std::min(pCount, m_samples.size() - m_position);
-        AudioDownmix::ToMono(m_samples.data() + m_position, 1, count, pSamples);
-        m_position += count;
-        return count;
-    }
-    const float* getFrames() const override { return m_samples.data() + m_last; }
-    QString getError() const override { return m_error; }
-
-    QString m_error;
-
-private:
-    int m_rate;
-    std::vector<float> m_samples;
-    std::size_t m_position = 0;
-    std::size_t m_last = 0;
-};
-
-/// With the engine, unless the options name the other tracker.
-AnalysisResult Analyze(const std::vector<float>& pSamples, int pRate, AnalysisOptions pOptions = {})
-{
-    pOptions.tracker = pOptions.tracker.value_or(eProfileTracker);
-    MemorySource source(pRate, pSamples);
-    FileAnalysis analysis(pOptions, source);
-    if (!analysis.Run([](const float*, std::size_t) { return true; }))
-        return {};
-    return analysis.getLog().getResult();
-}
-
-bool isSame(const AnalysisResult& pLeft, const AnalysisResult& pRight)
-{
-    const auto beatsAreSame = [](const LoggedBeat& pA, const LoggedBeat& pB) {
-        return pA.index == pB.index && pA.isVirtual == pB.isVirtual && pA.loudness == pB.loudness &&
-               pA.accuracy == pB.accuracy && pA.bpm == pB.bpm;
-    };
-    const auto temposAreSame = [](const TempoPoint& pA, const TempoPoint& pB) {
-        return pA.time == pB.time && pA.bpm == pB.bpm;
-    };
-    return std::equal(pLeft.beats.begin(),
-                      pLeft.beats.end(),
-                      pRight.beats.begin(),
-                      pRight.beats.end(),
-                      beatsAreSame) &&
-           std::equal(pLeft.tempos.begin(),
-                      pLeft.tempos.end(),
-                      pRight.tempos.begin(),
-                      pRight.tempos.end(),
-                      temposAreSame) &&
-           pLeft.pulseTimes == pRight.pulseTimes && pLeft.sampleCount == pRight.sampleCount;
-}
-
-}  // namespace
 
 class tst_FileAnalysis : public QObject
 {
@@ -102,10 +34,6 @@ private Q_SLOTS:
     void settings_areTheInitialOnes();
     void levels_coverTheFile();
     void clock_isTheThreadsOwnAgain_afterwards();
-    void automatic_tellsTheTrackersBeats();
-    void automatic_takesTempoRangeAndPulsesFromWhereTheyBelong();
-    void lookAhead_tellsTheDecodersBeats();
-    void beliefs_areThoseOfTheAutomaticTracker();
 };
 
 void tst_FileAnalysis::run_findsTempoAndBeats_data()
@@ -318,94 +246,6 @@ void tst_FileAnalysis::clock_isTheThreadsOwnAgain_afterwards()
     QVERIFY(HighResolutionTimerOverride::getCurrent() == nullptr);
     Analyze(testaudio::Kicks(8000, 120, 1.0), 8000);
     QVERIFY(HighResolutionTimerOverride::getCurrent() == nullptr);
-}
-
-// The file is read in blocks, which the beats do not show.
-void tst_FileAnalysis::automatic_tellsTheTrackersBeats()
-{
-    const std::vector<float> music = testaudio::Kicks(22050, 120, 8.0);
-    std::vector<qint16> samples(music.size());
-    AudioDownmix::ToMono(music.data(), 1, music.size(), samples.data());
-    MeterTracker tracker(22050);
-    std::vector<MeterTracker::Beat> beats;
-    QObject::connect(&tracker, &MeterTracker::OnBeatForeseen, [&](const MeterTracker::Beat& pBeat) {
-        if (pBeat.index < samples.size())
-            beats.push_back(pBeat);
-    });
-    tracker.Push(samples.data(), samples.size());
-    AnalysisOptions options;
-    options.tracker = eAutomaticTracker;
-    const AnalysisResult result = Analyze(music, 22050, options);
-    QVERIFY(beats.size() > 5);
-    QCOMPARE(result.beats.size(), beats.size());
-    for (std::size_t i = 0; i < beats.size(); ++i) {
-        QCOMPARE(result.beats[i].index, beats[i].index);
-        QCOMPARE(result.beats[i].beatInBar, beats[i].beatInBar);
-        QCOMPARE(result.beats[i].confidence, beats[i].confidence);
-    }
-    // The tempo is that of the beats, which lie within 10 ms of 4 s for eight of them.
-    QVERIFY2(std::abs(result.getTempo() - 120.0) < 0.6,
-             qPrintable(QString::number(result.getTempo())));
-}
-
-void tst_FileAnalysis::automatic_takesTempoRangeAndPulsesFromWhereTheyBelong()
-{
-    const std::vector<float> music = testaudio::Kicks(22050, 120, 8.0);
-    AnalysisOptions options;
-    options.tracker = eAutomaticTracker;
-    options.bpm = AnalysisOptions::TempoRange{50.0, 80.0};
-    const AnalysisResult result = Analyze(music, 22050, options);
-    QVERIFY(!result.beats.empty());
-    for (const LoggedBeat& beat : result.beats)
-        QVERIFY2(beat.bpm >= 59.0 && beat.bpm <= 81.5, qPrintable(QString::number(beat.bpm)));
-    options.tracker = eProfileTracker;
-    QVERIFY(result.pulseTimes == Analyze(music, 22050, options).pulseTimes);
-    QVERIFY(!result.pulseTimes.empty());
-}
-
-void tst_FileAnalysis::lookAhead_tellsTheDecodersBeats()
-{
-    std::vector<float> music = testaudio::Kicks(22050, 120, 8.0, 11.0);
-    std::vector<qint16> samples(music.size());
-    AudioDownmix::ToMono(music.data(), 1, music.size(), samples.data());
-    MeterDecoder decoder(22050);
-    decoder.Push(samples.data(), samples.size());
-    const MeterDecoder::Decoding decoding = decoder.Decode();
-    MemorySource source(22050, music);
-    FileAnalysis analysis({}, source, true);
-    QVERIFY(analysis.Run([](const float*, std::size_t) { return true; }));
-    const AnalysisResult& result = analysis.getLog().getResult();
-    QVERIFY(decoding.beats.size() > 5);
-    QCOMPARE(result.beats.size(), decoding.beats.size());
-    for (std::size_t i = 0; i < result.beats.size(); ++i) {
-        QCOMPARE(result.beats[i].index, decoding.beats[i].index);
-        QCOMPARE(result.beats[i].beatInBar, decoding.beats[i].beatInBar);
-    }
-    QCOMPARE(result.silences.back().end, 19.0);  // 8 s of music and 11 s of silence
-    QVERIFY(!result.pulseTimes.empty());
-    QVERIFY(!analysis.getBeliefs().getColumns().empty());
-}
-
-void tst_FileAnalysis::beliefs_areThoseOfTheAutomaticTracker()
-{
-    const std::vector<float> music = testaudio::Kicks(22050, 120, 8.0);
-    for (const eTracker tracker : {eAutomaticTracker, eProfileTracker}) {
-        MemorySource source(22050, music);
-        AnalysisOptions options;
-        options.tracker = tracker;
-        FileAnalysis analysis(options, source);
-        QVERIFY(analysis.Run([](const float*, std::size_t) { return true; }));
-        const auto& columns = analysis.getBeliefs().getColumns();
-        if (tracker == eProfileTracker) {
-            QVERIFY(columns.empty());
-            continue;
-        }
-        QVERIFY(columns.size() > 100);
-        const auto& beliefs = columns.back().beliefs;
-        const auto best = std::max_element(beliefs.begin(), beliefs.end()) - beliefs.begin();
-        const double tempo = analysis.getBeliefs().getTempi()[std::size_t(best)];
-        QVERIFY2(std::abs(tempo / 120.0 - 1.0) < 0.02, qPrintable(QString::number(tempo)));
-    }
 }
 
 AA_TEST(tst_FileAnalysis, QCoreApplication)

@@ -68,6 +68,7 @@ class tst_LiveSummary : public QObject
 private Q_SLOTS:
     void initTestCase();
     void summary_countsBeatsAndTempo();
+    void tempo_comesFromTheTimesOfAutomaticBeats();
     void seconds_beginWithTheFirstSample();
     void beats_goOnInTime_afterAnAnchor();
     void relay_countsFromTheTimeOfItsRestart();
@@ -86,6 +87,27 @@ void tst_LiveSummary::summary_countsBeatsAndTempo()
     QVERIFY(live.summary.getRealBeats() >= 50 && live.summary.getRealBeats() <= 64);
     QVERIFY(live.summary.getVirtualBeats() <= 8);
     QVERIFY(std::fabs(live.summary.getTempo() - 128.0) < 1.0);
+}
+
+// The tracker's own tempo is a bit off: the beats are half a second apart.
+void tst_LiveSummary::tempo_comesFromTheTimesOfAutomaticBeats()
+{
+    FakeAudioState::Get().Clear();
+    FakeAudioState::Get().Plug(SessionLog::Device());
+    SessionLog log;
+    LiveBeats beats;
+    LiveSummary summary(log.session, beats, false);
+    log.Open();
+    SessionLog::Push({1, 2, 3});
+    const std::int64_t start = shared::ClockThread::getTime();
+    for (std::int64_t beat = 0; beat < 8; ++beat)
+        Q_EMIT beats.OnBeatHeard({start + beat * 500000, 120.3, 0.9, 1, 0.5, false});
+    QCOMPARE(summary.getRealBeats(), quint64(8));
+    QCOMPARE(summary.getTempo(), 120.3);
+    for (std::int64_t beat = 8; beat < 60; ++beat)
+        Q_EMIT beats.OnBeatHeard({start + beat * 500000, 120.3, 0.9, 1, 0.5, false});
+    QCOMPARE(summary.getRealBeats(), quint64(60));
+    QVERIFY(std::fabs(summary.getTempo() - 120.0) < 0.01);
 }
 
 void tst_LiveSummary::seconds_beginWithTheFirstSample()

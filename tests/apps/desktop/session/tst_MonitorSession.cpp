@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/UISettings.h>
 
+#include "MonitorSessionTest.h"
 #include <desktop/session/MonitorSession.h>
 #include <shared/capture/InputDevices.h>
 
@@ -13,15 +14,6 @@
 #include <limits>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
-
-namespace {
-
-QString Name(const char* pName)
-{
-    return QLatin1String(pName);
-}
-
-}  // namespace
 
 /// The source of sound behind the window, on the fake machine.
 class tst_MonitorSession : public QObject
@@ -38,7 +30,6 @@ private Q_SLOTS:
     void noDevice_isSaid_andTheFirstOneIsTaken();
     void silence_isJudgedEvery1500Ms_untilAnotherPaceIsStored();
     void silence_isJudgedEvery1500Ms_whoeverWroteTheFileFirst();
-    void choice_isStored();
     void analyzer_isAnnouncedBeforeItIsGone();
     void vanishedDevice_isSaidAndResumed();
     void tempo_isMeasured();
@@ -46,21 +37,12 @@ private Q_SLOTS:
     void beats_flash();
     void reset_forgetsTheTempo();
     void beats_areTheClocks();
-    void tracker_isRemembered();
     void defaultInput_isListenedTo_asWhateverItIs();
     void fixedTempo_outlivesTheSource();
     void file_replacesTheDevice_andEnds();
     void stopFile_listensAgain();
     void brokenFile_isSaid();
     void silence_isSaidUntilMusicPlays();
-    void damagedConfiguration_isSaid();
-    void settings_areSavedOnceTheyRest();
-    void settings_thatCannotBeWritten_areSaid();
-    void settings_waitForAnotherProgramThatSaves();
-    void settings_ofOthers_areTakenOver();
-    void settings_ofOthers_areTakenOverWithTheNextSave();
-    void device_ofOthers_isForTheNextStart();
-    void absurdConfiguration_isClampedAndSaid();
 };
 
 void tst_MonitorSession::init()
@@ -162,25 +144,6 @@ void tst_MonitorSession::silence_isJudgedEvery1500Ms_whoeverWroteTheFileFirst()
     QVERIFY(session.Load(error));
     QCOMPARE(session.getConfiguration().getStopDetectionThreshold(), short(99));
     QCOMPARE(session.getConfiguration().getStopDetectionDuration(), 1.5);
-}
-
-void tst_MonitorSession::choice_isStored()
-{
-    Machine().Plug(desktoptest::MusicDevice("Deck"));
-    Machine().Plug(desktoptest::SilentDevice("Line"));
-    MonitorSession session;
-    QSignalSpy saved(&session.getSaver(), &ConfigurationSaver::OnSaved);
-    session.Listen({});
-    session.ChooseDevice(Name("Line"));
-    QCOMPARE(session.getDeviceName(), Name("Line"));
-    QVERIFY(saved.wait(5000));
-    ConfigurationStore store;
-    QVERIFY(store.Load());
-    QCOMPARE(store.getDeviceName(), Name("Line"));
-    // The same once more changes nothing, not even the recording.
-    const int inputs = Machine().createdInputs();
-    session.ChooseDevice(Name("Line"));
-    QCOMPARE(Machine().createdInputs(), inputs);
 }
 
 void tst_MonitorSession::analyzer_isAnnouncedBeforeItIsGone()
@@ -307,24 +270,6 @@ void tst_MonitorSession::beats_areTheClocks()
     session.StopFile();
 }
 
-void tst_MonitorSession::tracker_isRemembered()
-{
-    {
-        MonitorSession session;
-        QString error;
-        QVERIFY(session.Load(error));
-        QVERIFY(session.isAutomatic());
-        session.setAutomatic(false);
-        session.setAutomatic(false);
-    }
-    MonitorSession session;
-    QString error;
-    QVERIFY(session.Load(error));
-    QVERIFY(!session.isAutomatic());
-    session.setAutomatic(true);
-    QVERIFY(QFile::remove(UISettings::_getDefaultPath()));
-}
-
 void tst_MonitorSession::defaultInput_isListenedTo_asWhateverItIs()
 {
     Machine().Plug(desktoptest::MusicDevice("Deck"));
@@ -409,165 +354,6 @@ void tst_MonitorSession::silence_isSaidUntilMusicPlays()
     QTRY_VERIFY_WITH_TIMEOUT(session.getSource().notice == eDigitalSilenceNotice, 8000);
     QTRY_VERIFY_WITH_TIMEOUT(session.getSource().isPlaying, 8000);
     QTRY_VERIFY(!session.getSource().notice);
-}
-
-void tst_MonitorSession::damagedConfiguration_isSaid()
-{
-    QFile file(ConfigurationStore::getPath());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.write("not a configuration") > 0);
-    file.close();
-    MonitorSession session;
-    QString error;
-    QVERIFY(!session.Load(error));
-    QVERIFY(error.contains(ConfigurationStore::getPath()));
-}
-
-void tst_MonitorSession::settings_areSavedOnceTheyRest()
-{
-    MonitorSession session;
-    ConfigurationSaver& saver = session.getSaver();
-    QSignalSpy saved(&saver, &ConfigurationSaver::OnSaved);
-    // Nothing has changed.
-    saver.Touch();
-    QVERIFY(saver.Save());
-    QVERIFY(!QFileInfo::exists(ConfigurationStore::getPath()));
-    for (qint16 threshold = 1000; threshold < 1005; ++threshold) {
-        session.getConfiguration().setThreshold(threshold);
-        saver.Touch();
-        QTest::qWait(50);
-    }
-    QCOMPARE(saved.count(), 0);
-    QVERIFY(saved.wait(5000));
-    QCOMPARE(saved.count(), 1);
-    QVERIFY(!session.getConfiguration().isModified());
-    ConfigurationStore store;
-    QVERIFY(store.Load());
-    QCOMPARE(store.getConfiguration().getThreshold(), qint16(1004));
-}
-
-void tst_MonitorSession::settings_thatCannotBeWritten_areSaid()
-{
-    // A folder in the file's place cannot be replaced by a file, whoever runs this.
-    const QString path = ConfigurationStore::getPath();
-    QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
-    MonitorSession session;
-    QSignalSpy failed(&session.getSaver(), &ConfigurationSaver::OnFailed);
-    session.getConfiguration().setThreshold(1000);
-    const bool isSaved = session.getSaver().Save();
-    QVERIFY(QDir(path).removeRecursively());
-    QVERIFY(!isSaved);
-    QCOMPARE(failed.count(), 1);
-    QVERIFY(failed.first().first().toString().contains(path));
-    // It is tried again.
-    QVERIFY(session.getConfiguration().isModified());
-    QVERIFY(session.getSaver().Save());
-}
-
-void tst_MonitorSession::settings_waitForAnotherProgramThatSaves()
-{
-    MonitorSession session;
-    ConfigurationSaver& saver = session.getSaver();
-    QSignalSpy saved(&saver, &ConfigurationSaver::OnSaved);
-    QSignalSpy failed(&saver, &ConfigurationSaver::OnFailed);
-    saver.m_delay.setInterval(1);
-    FileLock other;
-    QCOMPARE(other.Take(ConfigurationStore::getPath(), 0), FileLock::eTaken);
-    session.getConfiguration().setThreshold(1000);
-    saver.Touch();
-    QTRY_VERIFY(saver.m_sinceBusy.isValid());
-    // It is tried again and again, and said only after a while.
-    QCOMPARE(failed.count(), 0);
-    saver.m_patienceMs = 0;
-    QTRY_VERIFY(failed.count() > 0);
-    QVERIFY(failed.first().first().toString().contains(QLatin1String("another program")));
-    QVERIFY(!QFileInfo::exists(ConfigurationStore::getPath()));
-    other.LetGo();
-    QTRY_COMPARE(saved.count(), 1);
-    QVERIFY(!saver.m_sinceBusy.isValid());
-    QVERIFY(!saver.m_delay.isActive());
-}
-
-void tst_MonitorSession::settings_ofOthers_areTakenOver()
-{
-    Machine().Plug(desktoptest::MusicDevice("Deck"));
-    MonitorSession session;
-    QString error;
-    QVERIFY(session.Load(error));
-    QSignalSpy taken(&session.getSaver(), &ConfigurationSaver::OnTakenOver);
-    session.Listen({});
-    QTRY_VERIFY(session.getAnalyzer());
-    const auto before = session.getAnalyzer()->m_volumeStats.m_capacity;
-    session.getConfiguration().setThreshold(1000);
-    ConfigurationStore other;
-    QVERIFY(other.LoadToChange());
-    other.getConfiguration().setThreshold(2000);
-    other.getConfiguration().setAverageVolumeCalculationDuration(4.0);
-    QVERIFY(other.Save());
-    QTRY_COMPARE(taken.count(), 1);
-    QCOMPARE(session.getConfiguration().getAverageVolumeCalculationDuration(), 4.0);
-    // The analysis that runs knows it, and what was changed here stays.
-    QCOMPARE(session.getAnalyzer()->m_volumeStats.m_capacity, 2 * before);
-    QCOMPARE(session.getConfiguration().getThreshold(), qint16(1000));
-    QVERIFY(session.getSaver().Save());
-    QCOMPARE(taken.count(), 1);
-    QVERIFY(other.Load());
-    QCOMPARE(other.getConfiguration().getThreshold(), qint16(1000));
-    QCOMPARE(other.getConfiguration().getAverageVolumeCalculationDuration(), 4.0);
-}
-
-void tst_MonitorSession::settings_ofOthers_areTakenOverWithTheNextSave()
-{
-    MonitorSession session;
-    QSignalSpy taken(&session.getSaver(), &ConfigurationSaver::OnTakenOver);
-    ConfigurationStore other;
-    other.getConfiguration().setGrayMode(false);
-    QVERIFY(other.Save());
-    // Nobody looks by itself before the session is loaded.
-    session.getConfiguration().setThreshold(1000);
-    QVERIFY(session.getSaver().Save());
-    QCOMPARE(taken.count(), 1);
-    QVERIFY(!session.getConfiguration().getGrayMode());
-    QVERIFY(other.TakeOver());
-    QCOMPARE(other.getConfiguration().getThreshold(), qint16(1000));
-}
-
-void tst_MonitorSession::device_ofOthers_isForTheNextStart()
-{
-    Machine().Plug(desktoptest::MusicDevice("Deck"));
-    Machine().Plug(desktoptest::SilentDevice("Line"));
-    MonitorSession session;
-    QString error;
-    QVERIFY(session.Load(error));
-    QSignalSpy taken(&session.getSaver(), &ConfigurationSaver::OnTakenOver);
-    session.Listen(Name("Deck"));
-    ConfigurationStore other;
-    QVERIFY(other.LoadToChange());
-    other.setDeviceName(Name("Line"));
-    QVERIFY(other.Save());
-    QTRY_COMPARE(taken.count(), 1);
-    QCOMPARE(session.getDeviceName(), Name("Deck"));
-    session.getConfiguration().setThreshold(1000);
-    QVERIFY(session.getSaver().Save());
-    QVERIFY(other.Load());
-    QCOMPARE(other.getDeviceName(), Name("Line"));
-}
-
-void tst_MonitorSession::absurdConfiguration_isClampedAndSaid()
-{
-    Configuration absurd;
-    absurd.setAverageVolumeCalculationDuration(1e300);
-    absurd.setStopDetectionDuration(std::numeric_limits<double>::infinity());
-    QVERIFY(absurd.Save());
-    Machine().Plug(desktoptest::MusicDevice("Deck"));
-    MonitorSession session;
-    QString words;
-    QVERIFY(session.Load(words));
-    QVERIFY2(words.contains(QLatin1String("average-duration 60 instead of 1e+300")),
-             qPrintable(words));
-    QCOMPARE(session.getConfiguration().getStopDetectionDuration(), 10.0);
-    session.Listen({});
-    QTRY_VERIFY(session.getAnalyzer());
 }
 
 AA_TEST(tst_MonitorSession, InVirtualTime<QCoreApplication>)

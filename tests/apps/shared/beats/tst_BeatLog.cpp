@@ -51,6 +51,8 @@ private Q_SLOTS:
     void silences_areTheStretchesWithoutSpectrum();
     void silence_reachesTheEnd_whenItLasts();
     void meter_givesBeatsTemposAndSilences_theEngineThePulses();
+    void toldBeats_takeThePlaceOfTheFollowers_whichKeepsThePulses();
+    void toldTempo_isRelayed_whenItDiffersByAThousandth();
     void log_agreesWithTheSharedRecords_onRandomMusic();
 
 private:
@@ -265,8 +267,6 @@ void tst_BeatLog::silence_reachesTheEnd_whenItLasts()
     QCOMPARE(m_log->getResult().silences[0].end, 2.5);
 }
 
-// Whoever keeps all pulses sees in the end which of them became beats: the log must have found just
-// those, and the virtual ones, in order.
 // What the engine says of beats, tempos and silences is not heard then.
 void tst_BeatLog::meter_givesBeatsTemposAndSilences_theEngineThePulses()
 {
@@ -302,6 +302,50 @@ void tst_BeatLog::meter_givesBeatsTemposAndSilences_theEngineThePulses()
     QCOMPARE(result.silences[0].end, 10.5);
 }
 
+void tst_BeatLog::toldBeats_takeThePlaceOfTheFollowers_whichKeepsThePulses()
+{
+    m_log.reset();
+    m_relay = std::make_unique<BeatRelay>(*m_follower, BeatRelay::eTold);
+    m_log = std::make_unique<BeatLog>(*m_relay);
+    m_relay->Restart(kRate);
+    Pulse pulse = MakePulse(0, 400, eBeat);
+    _Block(true, [&] {
+        Q_EMIT m_analyzer->OnPulseDetected(pulse);
+        Q_EMIT m_analyzer->OnBPMChanged(120.0);
+    });
+    m_relay->TellPlaying(0.25, true);
+    m_relay->Tell({512, 0.5, false, 0, 0.0, 99.5, 3, 0.75, 0.5});
+    m_relay->TellPlaying(0.75, false);
+    m_log->Finish(m_follower->getSampleCount());
+    const AnalysisResult& result = m_log->getResult();
+    QCOMPARE(result.pulseTimes, std::vector<double>{0.0});
+    QCOMPARE(result.beats.size(), std::size_t(1));
+    QCOMPARE(result.beats[0].time, 0.5);
+    QCOMPARE(result.beats[0].beatInBar, 3);
+    QCOMPARE(result.tempos.size(), std::size_t(1));
+    QCOMPARE(result.tempos[0].time, 0.5);
+    QCOMPARE(result.tempos[0].bpm, 99.5);
+    // Nothing played before it was told.
+    QCOMPARE(result.silences.size(), std::size_t(2));
+    QCOMPARE(result.silences[0].end, 0.25);
+    QCOMPARE(result.silences[1].start, 0.75);
+    QCOMPARE(result.silences[1].end, 1.0);
+}
+
+void tst_BeatLog::toldTempo_isRelayed_whenItDiffersByAThousandth()
+{
+    BeatRelay relay(*m_follower, BeatRelay::eTold);
+    std::vector<double> tempos;
+    connect(
+        &relay, &BeatRelay::OnTempo, this, [&](double, double pBPM) { tempos.push_back(pBPM); });
+    relay.Restart(kRate);
+    for (const double bpm : {100.0, 100.09, 99.91, 100.2, 100.2, 50.0})
+        relay.Tell({0, 0.0, false, 0, 0.0, bpm});
+    QCOMPARE(tempos, (std::vector<double>{100.0, 100.2, 50.0}));
+}
+
+// Whoever keeps all pulses sees in the end which of them became beats: the log must have found just
+// those, and the virtual ones, in order.
 void tst_BeatLog::log_agreesWithTheSharedRecords_onRandomMusic()
 {
     const bool isGiven = qEnvironmentVariableIsSet("AA_TEST_SEED");
