@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/BeatClockState.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <desktop/live/BpmPanel.h>
@@ -48,13 +49,15 @@ BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
     auto* pLayout = new QGridLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setVerticalSpacing(2);
-    pLayout->addWidget(m_pTempo, 0, 0, 2, 1);
-    pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBottom);
-    pLayout->addWidget(m_pConfidenceTitle, 0, 2, Qt::AlignBottom);
-    pLayout->addWidget(m_pConfidence, 1, 2, Qt::AlignTop);
-    pLayout->addWidget(m_pBarTitle, 0, 3, Qt::AlignBottom);
-    pLayout->addWidget(m_pBar, 1, 3, Qt::AlignTop);
-    pLayout->addWidget(m_pHint, 2, 0, 1, 5);
+    pLayout->setRowStretch(0, 1);
+    pLayout->addWidget(m_pTempo, 1, 0, 2, 1);
+    pLayout->addWidget(m_pUnit, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    pLayout->addWidget(m_pConfidenceTitle, 1, 2, Qt::AlignBottom);
+    pLayout->addWidget(m_pConfidence, 2, 2, Qt::AlignTop);
+    pLayout->addWidget(m_pBarTitle, 1, 3, Qt::AlignBottom);
+    pLayout->addWidget(m_pBar, 2, 3, Qt::AlignTop);
+    pLayout->addWidget(m_pHint, 3, 0, 1, 5);
+    pLayout->setRowStretch(4, 1);
     pLayout->setColumnStretch(4, 1);
     _SetFonts();
     Retranslate();
@@ -141,8 +144,10 @@ void BpmPanel::_ShowHint(const LiveValues& pValues)
 
 QString BpmPanel::_DescribeState(const LiveValues& pValues) const
 {
-    if (pValues.isFixed)
+    if (pValues.charge == BeatClockCharge_Held)
         return tr("Held by hand.");
+    if (pValues.charge == BeatClockCharge_Hand)
+        return tr("Led by hand.");
     if (!pValues.isAnalyzing)
         return tr("Waiting for sound.");
     if (!pValues.isPlaying && !m_isStoppedShown)

@@ -12,9 +12,12 @@ LedPanel::LedPanel(eKind pKind, QWidget* pParent)
 {
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
-    pLayout->addWidget(m_pLed, 1);
+    // Its captions stay near the lamp, however high the panel is.
+    pLayout->addStretch();
+    pLayout->addWidget(m_pLed);
     pLayout->addWidget(m_pTitle, 0, Qt::AlignHCenter);
     pLayout->addWidget(m_pType, 0, Qt::AlignHCenter);
+    pLayout->addStretch();
     m_pType->setForegroundRole(QPalette::PlaceholderText);
     Retranslate();
 }

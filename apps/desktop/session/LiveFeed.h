@@ -33,6 +33,8 @@ public:
     void Follow(AudioAnalyzer* pAnalyzer, int pSampleRate);
     /// The analysis was started anew.
     void Restart();
+    /// Samples of the input as they come.
+    void HearInput(const qint16* pSamples, std::size_t pCount);
     /// Forgets the tempo, as the analyzer and the clock do on a reset.
     void Forget();
 
@@ -66,4 +68,5 @@ private:
     desktop::TempoSpan m_tempo;
     double m_lastBPM = 0.0;  ///< of the clock while it ran; 0 = none
     quint64 m_beatCount = 0;
+    int m_input = 0;  ///< greatest sample magnitude since Read()
 };

@@ -190,6 +190,10 @@
         <source>Held by hand.</source>
         <translation>Mantenido a mano.</translation>
     </message>
+    <message>
+        <source>Led by hand.</source>
+        <translation>Guiado a mano.</translation>
+    </message>
 </context>
 <context>
     <name>ConfigurationStore</name>
@@ -411,10 +415,6 @@
         <translation>Un bloque es un pulso cuando un cuarto de sus muestras alcanza el umbral.</translation>
     </message>
     <message>
-        <source>Volume meter</source>
-        <translation>Medidor de volumen</translation>
-    </message>
-    <message>
         <source>Current</source>
         <translation>Actual</translation>
     </message>
@@ -433,6 +433,34 @@
     <message>
         <source>dBFS</source>
         <translation>dBFS</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrada</translation>
+    </message>
+    <message>
+        <source>Level of the input</source>
+        <translation>Nivel de la entrada</translation>
+    </message>
+    <message>
+        <source>The loudest samples as they come from the input.</source>
+        <translation>Las muestras más fuertes tal como llegan de la entrada.</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Banda</translation>
+    </message>
+    <message>
+        <source>Volume of the band</source>
+        <translation>Volumen de la banda</translation>
+    </message>
+    <message>
+        <source>What is left of the input in the band of the profile, in which pulses are looked for.</source>
+        <translation>Lo que queda de la entrada en la banda del perfil, donde se buscan los pulsos.</translation>
+    </message>
+    <message>
+        <source>Clipped</source>
+        <translation>Saturado</translation>
     </message>
 </context>
 <context>
@@ -569,51 +597,16 @@
         <translation>Marque el ritmo: aquí o con la tecla T.</translation>
     </message>
     <message>
-        <source>Half the tempo.</source>
-        <translation>La mitad del tempo.</translation>
-    </message>
-    <message>
-        <source>Twice the tempo.</source>
-        <translation>El doble del tempo.</translation>
-    </message>
-    <message>
         <source>&amp;Round</source>
         <translation>Redo&amp;ndear</translation>
-    </message>
-    <message>
-        <source>The nearest whole tempo.</source>
-        <translation>El tempo entero más cercano.</translation>
-    </message>
-    <message>
-        <source>Tempo by hand</source>
-        <translation>Tempo manual</translation>
     </message>
     <message>
         <source>%1 BPM</source>
         <translation>%1 BPM</translation>
     </message>
     <message>
-        <source>Locked until released</source>
-        <translation>Fijado hasta que se suelte</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n tap(s)</source>
-        <translation>
-            <numerusform>%n golpe</numerusform>
-            <numerusform>%n golpes</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Lock to impose it</source>
-        <translation>Fijar lo impone</translation>
-    </message>
-    <message>
         <source>Tap with the beat</source>
         <translation>Marque el ritmo</translation>
-    </message>
-    <message>
-        <source>The profile takes %1 to %2 BPM: %3 holds</source>
-        <translation>El perfil admite de %1 a %2 BPM: vale %3</translation>
     </message>
     <message>
         <source>Ha&amp;lf</source>
@@ -624,27 +617,79 @@
         <translation>D&amp;oble</translation>
     </message>
     <message>
-        <source>Lo&amp;ck</source>
-        <translation>&amp;Fijar</translation>
+        <source>Half the tempo, at once: here, or with the arrow down.</source>
+        <translation>La mitad del tempo, al momento: aquí o con la flecha abajo.</translation>
     </message>
     <message>
-        <source>Hold this tempo, or the measured one, until it is released.</source>
-        <translation>Mantiene este tempo, o el medido, hasta que se suelte.</translation>
+        <source>Twice the tempo, at once: here, or with the arrow up.</source>
+        <translation>El doble del tempo, al momento: aquí o con la flecha arriba.</translation>
     </message>
     <message>
-        <source>The one (1)</source>
-        <translation>El uno (1)</translation>
+        <source>The nearest whole tempo: here, or with the key Y.</source>
+        <translation>El tempo entero más próximo: aquí o con la tecla Y.</translation>
     </message>
     <message>
-        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
-        <translation>El pulso de ahora es el primero del compás: aquí o con la tecla 1.</translation>
+        <source>Keeps this tempo until it is released, whatever the music does: here, or with the key H.</source>
+        <translation>Mantiene este tempo hasta que se suelte, haga lo que haga la música: aquí o con la tecla H.</translation>
+    </message>
+    <message>
+        <source>The one (Space)</source>
+        <translation>El uno (espacio)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the space bar.</source>
+        <translation>El beat de ahora es el primero del compás: aquí o con la barra espaciadora.</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>All beats that are shown and sent fall later by so much, or earlier when it is negative.</source>
+        <translation>Todos los beats que se muestran y envían caen tanto más tarde, o antes si es negativo.</translation>
+    </message>
+    <message>
+        <source>Tempo of the beats</source>
+        <translation>Tempo de los beats</translation>
+    </message>
+    <message>
+        <source>Lo&amp;cked (H)</source>
+        <translation>&amp;Fijado (H)</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck (H)</source>
+        <translation>&amp;Fijar (H)</translation>
+    </message>
+    <message>
+        <source>Held until released</source>
+        <translation>Mantenido hasta soltarlo</translation>
+    </message>
+    <message>
+        <source>The hand leads</source>
+        <translation>Guía la mano</translation>
+    </message>
+    <message>
+        <source>The music leads, at %1/%2 of its tempo</source>
+        <translation>Guía la música, a %1/%2 de su tempo</translation>
+    </message>
+    <message>
+        <source>The music leads</source>
+        <translation>Guía la música</translation>
+    </message>
+    <message>
+        <source>Shift the beats by:</source>
+        <translation>Desplazar los beats:</translation>
+    </message>
+    <message>
+        <source>Shift of the beats</source>
+        <translation>Desplazamiento de los beats</translation>
     </message>
 </context>
 <context>
     <name>MonitorSession</name>
     <message>
-        <source>The choice of the tracker cannot be stored in %1.</source>
-        <translation>La elección del seguimiento no se puede guardar en %1.</translation>
+        <source>The choice of the beats cannot be stored in %1.</source>
+        <translation>La elección de los beats no se puede guardar en %1.</translation>
     </message>
 </context>
 <context>

@@ -190,6 +190,10 @@
         <source>Held by hand.</source>
         <translation>Tenu à la main.</translation>
     </message>
+    <message>
+        <source>Led by hand.</source>
+        <translation>Mené à la main.</translation>
+    </message>
 </context>
 <context>
     <name>ConfigurationStore</name>
@@ -411,10 +415,6 @@
         <translation>Un bloc est une impulsion quand un quart de ses échantillons atteint le seuil.</translation>
     </message>
     <message>
-        <source>Volume meter</source>
-        <translation>Indicateur de volume</translation>
-    </message>
-    <message>
         <source>Current</source>
         <translation>Actuel</translation>
     </message>
@@ -433,6 +433,34 @@
     <message>
         <source>dBFS</source>
         <translation>dBFS</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>Level of the input</source>
+        <translation>Niveau de l’entrée</translation>
+    </message>
+    <message>
+        <source>The loudest samples as they come from the input.</source>
+        <translation>Les échantillons les plus forts tels qu’ils viennent de l’entrée.</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Bande</translation>
+    </message>
+    <message>
+        <source>Volume of the band</source>
+        <translation>Volume de la bande</translation>
+    </message>
+    <message>
+        <source>What is left of the input in the band of the profile, in which pulses are looked for.</source>
+        <translation>Ce qui reste de l’entrée dans la bande du profil, où les impulsions sont cherchées.</translation>
+    </message>
+    <message>
+        <source>Clipped</source>
+        <translation>Saturé</translation>
     </message>
 </context>
 <context>
@@ -569,51 +597,16 @@
         <translation>Frappez en rythme&#xa0;: ici ou avec la touche T.</translation>
     </message>
     <message>
-        <source>Half the tempo.</source>
-        <translation>La moitié du tempo.</translation>
-    </message>
-    <message>
-        <source>Twice the tempo.</source>
-        <translation>Le double du tempo.</translation>
-    </message>
-    <message>
         <source>&amp;Round</source>
         <translation>Arr&amp;ondir</translation>
-    </message>
-    <message>
-        <source>The nearest whole tempo.</source>
-        <translation>Le tempo entier le plus proche.</translation>
-    </message>
-    <message>
-        <source>Tempo by hand</source>
-        <translation>Tempo manuel</translation>
     </message>
     <message>
         <source>%1 BPM</source>
         <translation>%1 BPM</translation>
     </message>
     <message>
-        <source>Locked until released</source>
-        <translation>Imposé jusqu’au déverrouillage</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n tap(s)</source>
-        <translation>
-            <numerusform>%n frappe</numerusform>
-            <numerusform>%n frappes</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Lock to impose it</source>
-        <translation>Verrouiller pour l’imposer</translation>
-    </message>
-    <message>
         <source>Tap with the beat</source>
         <translation>Frappez en rythme</translation>
-    </message>
-    <message>
-        <source>The profile takes %1 to %2 BPM: %3 holds</source>
-        <translation>Le profil admet %1 à %2 BPM&#xa0;: %3 s’applique</translation>
     </message>
     <message>
         <source>Ha&amp;lf</source>
@@ -624,27 +617,79 @@
         <translation>Dou&amp;ble</translation>
     </message>
     <message>
-        <source>Lo&amp;ck</source>
-        <translation>&amp;Verrouiller</translation>
+        <source>Half the tempo, at once: here, or with the arrow down.</source>
+        <translation>La moitié du tempo, aussitôt : ici ou avec la flèche vers le bas.</translation>
     </message>
     <message>
-        <source>Hold this tempo, or the measured one, until it is released.</source>
-        <translation>Tient ce tempo, ou celui mesuré, jusqu&apos;à ce qu&apos;il soit relâché.</translation>
+        <source>Twice the tempo, at once: here, or with the arrow up.</source>
+        <translation>Le double du tempo, aussitôt : ici ou avec la flèche vers le haut.</translation>
     </message>
     <message>
-        <source>The one (1)</source>
-        <translation>Le premier (1)</translation>
+        <source>The nearest whole tempo: here, or with the key Y.</source>
+        <translation>Le tempo entier le plus proche : ici ou avec la touche Y.</translation>
     </message>
     <message>
-        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
-        <translation>Le temps de maintenant est le premier de la mesure : ici ou avec la touche 1.</translation>
+        <source>Keeps this tempo until it is released, whatever the music does: here, or with the key H.</source>
+        <translation>Garde ce tempo jusqu’à ce qu’il soit relâché, quoi que fasse la musique : ici ou avec la touche H.</translation>
+    </message>
+    <message>
+        <source>The one (Space)</source>
+        <translation>Le un (espace)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the space bar.</source>
+        <translation>Le beat de maintenant est le premier de la mesure : ici ou avec la barre d’espace.</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>All beats that are shown and sent fall later by so much, or earlier when it is negative.</source>
+        <translation>Tous les beats montrés et envoyés tombent d’autant plus tard, ou plus tôt si c’est négatif.</translation>
+    </message>
+    <message>
+        <source>Tempo of the beats</source>
+        <translation>Tempo des beats</translation>
+    </message>
+    <message>
+        <source>Lo&amp;cked (H)</source>
+        <translation>&amp;Verrouillé (H)</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck (H)</source>
+        <translation>&amp;Verrouiller (H)</translation>
+    </message>
+    <message>
+        <source>Held until released</source>
+        <translation>Tenu jusqu’au relâchement</translation>
+    </message>
+    <message>
+        <source>The hand leads</source>
+        <translation>La main mène</translation>
+    </message>
+    <message>
+        <source>The music leads, at %1/%2 of its tempo</source>
+        <translation>La musique mène, à %1/%2 de son tempo</translation>
+    </message>
+    <message>
+        <source>The music leads</source>
+        <translation>La musique mène</translation>
+    </message>
+    <message>
+        <source>Shift the beats by:</source>
+        <translation>Décaler les beats de :</translation>
+    </message>
+    <message>
+        <source>Shift of the beats</source>
+        <translation>Décalage des beats</translation>
     </message>
 </context>
 <context>
     <name>MonitorSession</name>
     <message>
-        <source>The choice of the tracker cannot be stored in %1.</source>
-        <translation>Le choix du suivi ne peut pas être enregistré dans %1.</translation>
+        <source>The choice of the beats cannot be stored in %1.</source>
+        <translation>Le choix des beats ne peut pas être enregistré dans %1.</translation>
     </message>
 </context>
 <context>

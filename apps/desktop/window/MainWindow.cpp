@@ -14,6 +14,7 @@
 #include <desktop/settings/InputDevicesPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
 #include <desktop/settings/ProfilesPanel.h>
+#include <desktop/window/GrowingRow.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Placement.h>
 #include <desktop/window/SettingsColumn.h>
@@ -53,7 +54,7 @@ MainWindow::MainWindow(MonitorSession& pSession,
                        const WindowSettings& pSettings,
                        const QPalette& pDesktop,
                        QWidget* pParent)
-    : QMainWindow(pParent), m_session(pSession), m_desktop(pDesktop)
+    : QMainWindow(pParent), m_session(pSession), m_windowSettings(pSettings), m_desktop(pDesktop)
 {
     setAcceptDrops(true);
     _MakePanels();
@@ -61,7 +62,7 @@ MainWindow::MainWindow(MonitorSession& pSession,
     _MakeLayout();
     _Connect();
     _ConnectSettings();
-    m_pSettings->getManualBeat().setLocking(pSettings.isManualBeatLockingBPM);
+    m_session.getHand().setLocking(pSettings.isManualBeatLockingBPM);
     _Retranslate();
     for (int panel = 0; panel < ePanelCount; ++panel)
         setPanelVisible(ePanel(panel), pSettings.visible[std::size_t(panel)]);
@@ -103,14 +104,16 @@ void MainWindow::_MakePanels()
 
 QWidget* MainWindow::_MakeLiveRow()
 {
+    m_pGrowing = new GrowingRow;
+    m_pGrowing->Add(m_pBpm, 1);
+    m_pGrowing->Add(m_pBeatLed);
+    m_pGrowing->Add(m_pPulseLed);
+    m_pGrowing->Add(m_pSpeakers);
     auto* pRow = new QWidget;
     auto* pLayout = new QHBoxLayout(pRow);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(fontMetrics().height());
-    pLayout->addWidget(m_pBpm, 1);
-    pLayout->addWidget(m_pBeatLed);
-    pLayout->addWidget(m_pPulseLed);
-    pLayout->addWidget(m_pSpeakers);
+    pLayout->addWidget(m_pGrowing, 1);
     pLayout->addWidget(m_pResetButton, 0, Qt::AlignVCenter);
     return pRow;
 }
@@ -121,8 +124,8 @@ void MainWindow::_MakeLayout()
     auto* pCenter = new QWidget;
     auto* pLive = new QVBoxLayout;
     pLive->setSpacing(gap);
-    pLive->addWidget(m_pLiveCard);
-    pLive->addWidget(m_pSpectrumCard, 1);
+    pLive->addWidget(m_pLiveCard, 1);
+    pLive->addWidget(m_pSpectrumCard, 5);
     pLive->addWidget(m_pLevelCard);
     auto* pColumns = new QHBoxLayout;
     pColumns->setSpacing(gap);
@@ -143,6 +146,8 @@ void MainWindow::_SetSize()
     const int around = menuBar()->sizeHint().height() + m_pStatus->sizeHint().height();
     const int gaps = 2 * fontMetrics().height();
     const int height = m_pSettings->sizeHint().height() + around + gaps;
+    if (!m_windowSettings.size.isEmpty())
+        return resize(m_windowSettings.size.boundedTo(screen()->availableSize()));
     resize(sizeHint().expandedTo({0, height}).boundedTo(screenSize));
 }
 
@@ -170,20 +175,12 @@ void MainWindow::_ConnectSettings()
             &column.getDevices(),
             &InputDevicesPanel::setCurrentDevice);
     connect(&column.getDevices(), &InputDevicesPanel::OnDeviceChosen, &m_session, &S::ChooseDevice);
-    using H = ManualBeatPanel;
-    H& hand = column.getManualBeat();
-    connect(&hand, &H::OnTapped, &m_session, &S::Tap);
-    connect(&hand, &H::OnScaled, &m_session, &S::Scale);
-    connect(&hand, &H::OnRounded, &m_session, &S::Round);
-    connect(&hand, &H::OnOneMarked, &m_session, &S::MarkOne);
-    connect(&hand, &H::OnFixedTempoChanged, &m_session, &S::setFixedTempo);
-    connect(
-        &column.getProfiles(), &ProfilesPanel::OnAutomaticChosen, this, [this](bool pIsAutomatic) {
-            m_session.setAutomatic(pIsAutomatic);
-            m_pSettings->getManualBeat().setAutomatic(pIsAutomatic);
-        });
+    _ConnectHand();
+    connect(&column.getProfiles(),
+            &ProfilesPanel::OnAutomaticChosen,
+            this,
+            [this](bool pIsAutomatic) { m_session.setAutomatic(pIsAutomatic); });
     column.getProfiles().setAutomatic(m_session.isAutomatic());
-    hand.setAutomatic(m_session.isAutomatic());
     column.getDevices().setFallback(m_session.isFallback());
     connect(&column,
             &SettingsColumn::OnConfigurationChanged,
@@ -196,6 +193,24 @@ void MainWindow::_ConnectSettings()
     connect(&advanced, &A::OnDisplaySpeakersChanged, this, &MainWindow::ApplyFlags);
     connect(&advanced, &A::OnDisplayStoppedChanged, this, &MainWindow::ApplyFlags);
     connect(&advanced, &A::OnLanguageChanged, this, &MainWindow::OnLanguageChosen);
+}
+
+void MainWindow::_ConnectHand()
+{
+    using P = ManualBeatPanel;
+    using H = BeatHand;
+    P& panel = m_pSettings->getManualBeat();
+    H& hand = m_session.getHand();
+    connect(&panel, &P::OnTapped, &hand, &H::Tap);
+    connect(&panel, &P::OnScaled, &hand, &H::Scale);
+    connect(&panel, &P::OnRounded, &hand, &H::Round);
+    connect(&panel, &P::OnOneMarked, &hand, &H::MarkOne);
+    connect(&panel, &P::OnHoldChosen, &hand, [&hand](bool pIsHeld) {
+        pIsHeld ? hand.Hold() : hand.Release();
+    });
+    connect(&hand, &H::OnActed, this, &MainWindow::_ShowClock);
+    connect(&panel, &P::OnOffsetChanged, &m_session, &MonitorSession::setOffset);
+    panel.setOffset(m_session.getOffset());
 }
 
 // ---- What it shows ------------------------------------------------------------------------------
@@ -214,8 +229,13 @@ void MainWindow::_Refresh()
     if (now - m_lastStatus >= kStatusMs) {
         m_lastStatus = now;
         _ShowSource();
-        m_pSettings->getManualBeat().setFollowedTempo(values.beatInBar > 0 ? values.bpm : 0.0);
+        _ShowClock();
     }
+}
+
+void MainWindow::_ShowClock()
+{
+    m_pSettings->getManualBeat().setClock(m_session.getBeats().getClock().getState());
 }
 
 void MainWindow::_OnFlashed()
@@ -307,7 +327,8 @@ void MainWindow::_OnTakenOver()
 
 void MainWindow::_ApplyLook()
 {
-    const eLook look = chooseLook(m_session.getConfiguration().getGrayMode(), m_desktop);
+    const bool isGray = m_session.getConfiguration().getGrayMode();
+    const eLook look = chooseLook(m_windowSettings.isHighContrast, isGray, m_desktop);
     const LookColors& colors = getColors(look);
     QApplication::setPalette(makePalette(look));
     for (LivePanel* pPanel : m_livePanels)
@@ -327,8 +348,24 @@ void MainWindow::_ApplyTopMost()
         show();
 }
 
+WindowSettings MainWindow::CollectSettings() const
+{
+    WindowSettings settings = m_windowSettings;
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        settings.visible[std::size_t(panel)] = m_actions[std::size_t(panel)]->isChecked();
+    // One that fills the screen has no size of its own.
+    if (!isMaximized() && !isFullScreen()) {
+        settings.size = size();
+        settings.place = pos();
+    }
+    return settings;
+}
+
 void MainWindow::Place(eStartingPosition pPosition)
 {
+    const auto& left = m_windowSettings.place;
+    if (pPosition == Default && left && QGuiApplication::screenAt(*left))
+        return move(*left);
     // Before it is shown, a position is that of the frame; only the frame's size is unknown yet.
     m_place = frameGeometry().size() == size() ? pPosition : Default;
     const QScreen* pScreen = screen();

@@ -12,6 +12,7 @@
 
 class BpmPanel;
 class Card;
+class GrowingRow;
 class LedPanel;
 class LevelPanel;
 class LivePanel;
@@ -44,9 +45,11 @@ public:
                QWidget* pParent = nullptr);
     ~MainWindow() override;
 
-    /// Moves the window to where the settings want it, and again once its frame is known. To be
-    /// called before it is shown.
+    /// Moves the window to where the settings want it, and again once its frame is known, or to
+    /// where it was left. To be called before it is shown.
     void Place(eStartingPosition pPosition);
+    /// The settings as they are by now.
+    WindowSettings CollectSettings() const;
     void setPanelVisible(ePanel pPanel, bool pIsVisible);
     bool isPanelVisible(ePanel pPanel) const;
     /// Follows the configuration: gray or colourful, on top or not, speakers or none.
@@ -87,6 +90,7 @@ private:
     QWidget* _MakeLiveRow();
     void _Connect();
     void _ConnectSettings();
+    void _ConnectHand();
     void _Retranslate();
     void _Refresh();
     void _WatchRefresh();
@@ -94,6 +98,7 @@ private:
     void _OnTakenOver();
     void _ChoosePace(const LiveValues& pValues, qint64 pNow);
     void _ShowSource();
+    void _ShowClock();
     void _HideEmptyCards();
     void _ApplyLook();
     void _ApplyTopMost();
@@ -101,6 +106,7 @@ private:
     void _About();
 
     MonitorSession& m_session;  ///< not owned
+    WindowSettings m_windowSettings;
     QPalette m_desktop;
     std::array<QWidget*, ePanelCount> m_panels{};   ///< what each key shows; null = not there
     std::array<QAction*, ePanelCount> m_actions{};  ///< of the View menu
@@ -112,6 +118,7 @@ private:
     SpectrumPanel* m_pSpectrum;
     LevelPanel* m_pLevels;
     QPushButton* m_pResetButton;
+    GrowingRow* m_pGrowing;
     Card* m_pLiveCard;
     Card* m_pSpectrumCard;
     Card* m_pLevelCard;

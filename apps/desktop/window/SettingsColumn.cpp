@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kListLines = 9;
+constexpr int kListLines = 7;
 constexpr int kReadableWidth = 27;  ///< in heights of a letter
 
 }  // namespace
@@ -48,10 +48,12 @@ SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
 void SettingsColumn::_Add(ePanel pPanel, SettingsPanel* pContent)
 {
     pContent->layout()->setContentsMargins(0, 0, 0, 0);
-    // A list asks for far more than the few lines that it has.
+    // A list asks for far more than the few lines that it has; it gets what room there is.
     const auto lists = pContent->findChildren<QListView*>();
-    for (QListView* pList : lists)
+    for (QListView* pList : lists) {
         pList->setMaximumHeight(kListLines * fontMetrics().lineSpacing());
+        pList->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    }
     auto* pCard = new Card(pContent);
     pCard->setTitle(pContent->windowTitle());
     connect(pContent, &QWidget::windowTitleChanged, pCard, &Card::setTitle);

@@ -4,6 +4,7 @@
 
 #include <demo/DemoTrack.h>
 #include <desktop/look/Look.h>
+#include <desktop/look/Style.h>
 #include <desktop/session/MonitorSession.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/Translations.h>
@@ -13,7 +14,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QStyleFactory>
 
 #include <cstdio>
 #include <fake/FakeAudioState.h>
@@ -219,8 +219,9 @@ void Shoot(const QDir& pFolder)
 /// Writes pictures of the window in all its states into a folder.
 int main(int argc, char* argv[])
 {
+    style::Prepare();
     QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    style::Apply();
     if (argc != 2)
         qFatal("usage: %s FOLDER", argv[0]);
     FakeAudioState::Install();
