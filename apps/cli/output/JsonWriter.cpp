@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <cli/output/JsonValues.h>
 #include <cli/output/JsonWriter.h>
 #include <cli/output/TextNumbers.h>
 #include <cli/output/detail/BeatFields.h>
-#include <cli/output/detail/JsonValues.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

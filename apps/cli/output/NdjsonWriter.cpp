@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <cli/output/JsonValues.h>
 #include <cli/output/NdjsonWriter.h>
 #include <cli/output/TextNumbers.h>
 #include <cli/output/detail/BeatFields.h>
-#include <cli/output/detail/JsonValues.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
