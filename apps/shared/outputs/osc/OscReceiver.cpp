@@ -2,8 +2,7 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
 #include <shared/outputs/osc/OscReceiver.h>
-
-#include <QCoreApplication>
+#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -16,11 +15,6 @@
 namespace shared {
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("OscReceiver", pText);
-}
 
 /// Of an instant in µs since 1970; the seconds of a time tag begin in 1900.
 lo_timetag TagOf(std::int64_t pWallTime)

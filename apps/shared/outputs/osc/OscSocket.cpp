@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/osc/OscSocket.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QtEndian>
 
 #include <array>
@@ -17,11 +17,6 @@
 namespace shared {
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("OscSocket", pText);
-}
 
 bool Await(int pSocket, short pEvents)
 {

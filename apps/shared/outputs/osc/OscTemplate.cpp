@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/osc/OscTemplate.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <numeric>
@@ -10,11 +10,6 @@
 namespace shared {
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("OscTemplate", pText);
-}
 
 /// The part up to the first blank; pText keeps what follows it.
 QString TakeWord(QString& pText)
