@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int kTickMs = 200;
+constexpr int kWatchMs = 200;
 constexpr int kClippedMs = 4000;  ///< how long a clipped level is told
 constexpr int kFullScale = 32767;
 
@@ -32,7 +32,7 @@ MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
         if (getAnalyzer())
             getAnalyzer()->setFixedBPM(pBPM);
     });
-    m_tick.start(kTickMs);
+    m_tick.start(kWatchMs);
 }
 
 MonitorSession::~MonitorSession()

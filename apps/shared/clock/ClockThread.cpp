@@ -2,12 +2,10 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
 #include <shared/clock/ClockThread.h>
+#include <shared/clock/RealTimeThread.h>
 
 #include <cerrno>
 #include <ctime>
-#include <pthread.h>
-#include <sched.h>
-#include <sys/prctl.h>
 
 namespace shared {
 
@@ -22,23 +20,6 @@ void SleepUntil(std::int64_t pTime)
     instant.tv_nsec = pTime % kMicroSecondsPerSecond * 1000;
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &instant, nullptr) == EINTR) {
     }
-}
-
-/// Above what plays and records at the usual priorities of a desktop, below the kernel's own.
-bool TakeRealTimePriority()
-{
-    constexpr int kPriority = 15;
-    sched_param parameter = {};
-    parameter.sched_priority = kPriority;
-    return pthread_setschedparam(pthread_self(), SCHED_FIFO, &parameter) == 0;
-}
-
-/// Without real-time priority the system wakes a thread up to 50 µs late to save power, unless it
-/// is told not to.
-void WakeInTime()
-{
-    constexpr unsigned long kNanoSecond = 1;
-    prctl(PR_SET_TIMERSLACK, kNanoSecond, 0UL, 0UL, 0UL);
 }
 
 }  // namespace
@@ -98,8 +79,7 @@ void ClockThread::_Begin()
 
 void ClockThread::_Run()
 {
-    m_isRealTime = TakeRealTimePriority();
-    WakeInTime();
+    m_isRealTime = becomeRealTimeThread();
     while (!m_isStopping) {
         const BeatClockState state = m_clock.getState();
         const std::int64_t now = getTime();

@@ -33,7 +33,8 @@ struct OutputSound
 ///
 /// Each receiver has a thread of its own, in which all these functions are called: they may wait,
 /// and a receiver that is away, slow or wrong holds up nobody else. What has become too old
-/// meanwhile is not told. After a false, Close() is called, and Open() until it succeeds.
+/// meanwhile is not told. After a false, Close() is called, and Open() until it succeeds: Close()
+/// once for every Open() that did.
 class OutputReceiver
 {
 public:
@@ -51,7 +52,8 @@ public:
     virtual bool Open() = 0;
     /// The end, also of what was begun: a receiver is left as one wants to find it.
     virtual void Close() = 0;
-    /// Whom it reaches, or what is wrong and what to do about it, in words for people.
+    /// Whom it reaches, or what is wrong and what to do about it, in words for people. Asked
+    /// after each Open() and Rest(), and after a false, before Close().
     virtual QString getState() const = 0;
 
     /// A beat, tick.place 0.
@@ -63,8 +65,8 @@ public:
     /// The clock begins, before its first beat, or stands still. Told once behind Open(), too.
     virtual bool Playing(bool, const BeatClockState&) { return true; }
     virtual bool Sound(const OutputSound&) { return true; }
-    /// Now and then while nothing is told, some twenty times a second: to read what the receiver
-    /// answers, and to notice that it has gone.
+    /// Some twenty times a second, between what is told: to read what the receiver answers, and to
+    /// notice that it has gone.
     virtual bool Rest() { return true; }
 };
 
