@@ -73,6 +73,7 @@ void BpmPanel::_SetFonts()
     // On the line on which the number stands.
     m_pUnit->setContentsMargins(0, 0, 0, metrics.descent() - m_pUnit->fontMetrics().descent());
     m_pConfidence->setMaximumWidth(kConfidenceLetters * fontMetrics().averageCharWidth());
+    static_cast<QGridLayout*>(layout())->setHorizontalSpacing(fontMetrics().height() / 2);
     // Two lines always, so that a hint moves nothing.
     m_pHint->setFixedHeight(2 * m_pHint->fontMetrics().lineSpacing());
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kFullScale = 32767;  ///< sample magnitude
+constexpr int kFullInput = 32767;  ///< sample magnitude
 
 }  // namespace
 
@@ -86,8 +86,8 @@ void LiveFeed::HearInput(const qint16* pSamples, std::size_t pCount)
 {
     for (std::size_t i = 0; i < pCount; ++i)
         m_input = std::max(m_input, std::abs(int(pSamples[i])));
-    m_input = std::min(m_input, kFullScale);
-    if (m_input == kFullScale)
+    m_input = std::min(m_input, kFullInput);
+    if (m_input == kFullInput)
         m_values.clipTime = getTime();
 }
 

@@ -112,6 +112,20 @@ void ProfilesPanel::_ChooseAutomatic(bool pIsAutomatic)
         Q_EMIT OnAutomaticChosen(pIsAutomatic);
 }
 
+void ProfilesPanel::ChooseProfile(int pRow)
+{
+    const QModelIndex row = m_pModel->index(pRow);
+    if (!row.isValid())
+        return;
+    m_pList->setCurrentIndex(row);
+    _ChooseAutomatic(false);
+}
+
+QStringList ProfilesPanel::getNames() const
+{
+    return m_pModel->getNames();
+}
+
 /// Nothing in the list is chosen while it is found automatically.
 void ProfilesPanel::_ShowChoice()
 {

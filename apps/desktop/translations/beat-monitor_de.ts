@@ -124,6 +124,68 @@
     </message>
 </context>
 <context>
+    <name>BoothActions</name>
+    <message>
+        <source>&amp;Profile</source>
+        <translation>&amp;Profil</translation>
+    </message>
+</context>
+<context>
+    <name>BoothKeys</name>
+    <message>
+        <source>&amp;Tap the tempo</source>
+        <translation>Tempo &amp;tippen</translation>
+    </message>
+    <message>
+        <source>This beat is the &amp;one</source>
+        <translation>Dieser Beat ist die &amp;Eins</translation>
+    </message>
+    <message>
+        <source>Round the tempo to &amp;whole BPM</source>
+        <translation>Tempo auf &amp;ganze BPM runden</translation>
+    </message>
+    <message>
+        <source>&amp;Hold the tempo, or release it</source>
+        <translation>Tempo &amp;halten oder freigeben</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;earlier</source>
+        <translation>Beats 10 ms &amp;früher</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;later</source>
+        <translation>Beats 10 ms &amp;später</translation>
+    </message>
+    <message>
+        <source>&amp;Double the tempo</source>
+        <translation>Tempo &amp;verdoppeln</translation>
+    </message>
+    <message>
+        <source>Hal&amp;f the tempo</source>
+        <translation>Tempo h&amp;albieren</translation>
+    </message>
+    <message>
+        <source>&amp;Search anew</source>
+        <translation>&amp;Neu suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic tracking</source>
+        <translation>&amp;Automatische Verfolgung</translation>
+    </message>
+    <message>
+        <source>The profile of that place in the &amp;list</source>
+        <translation>Das Profil dieses Platzes in der &amp;Liste</translation>
+    </message>
+    <message>
+        <source>Stage &amp;view, on the next screen, and back</source>
+        <translation>Bü&amp;hnenansicht, auf dem nächsten Bildschirm, und zurück</translation>
+    </message>
+    <message>
+        <source>Show the &amp;keys</source>
+        <translation>Die &amp;Tasten zeigen</translation>
+    </message>
+</context>
+<context>
     <name>BpmPanel</name>
     <message>
         <source>BPM</source>
@@ -362,6 +424,13 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>The keys</source>
+        <translation>Die Tasten</translation>
+    </message>
+</context>
+<context>
     <name>LedPanel</name>
     <message>
         <source>Beat</source>
@@ -478,10 +547,6 @@
         <translation>Wieder den &amp;Eingang hören</translation>
     </message>
     <message>
-        <source>&amp;Reset the analysis</source>
-        <translation>Analyse &amp;zurücksetzen</translation>
-    </message>
-    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Beenden</translation>
     </message>
@@ -534,10 +599,6 @@
         <translation>Taste „Zu&amp;rücksetzen“</translation>
     </message>
     <message>
-        <source>&amp;Full screen</source>
-        <translation>&amp;Vollbild</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
@@ -580,6 +641,30 @@
     <message>
         <source>&amp;Open audio file…</source>
         <translation>Audiodatei ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Beat</source>
+        <translation>&amp;Beat</translation>
+    </message>
+    <message>
+        <source>S&amp;oft flash</source>
+        <translation>Sanfter &amp;Blitz</translation>
+    </message>
+    <message>
+        <source>The stage view only glows with the beat.</source>
+        <translation>Die Bühnenansicht glimmt nur mit dem Beat.</translation>
+    </message>
+    <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Höchstens drei Blitze pro Sekun&amp;de</translation>
+    </message>
+    <message>
+        <source>High &amp;contrast</source>
+        <translation>Hoher &amp;Kontrast</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Kein Eingang</translation>
     </message>
 </context>
 <context>
@@ -1016,6 +1101,29 @@
     <message>
         <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
         <translation>0 dB ist der bisher lauteste Wert. Getönt: das Band des gewählten Profils, in dem nach Impulsen gesucht wird.</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stage view</source>
+        <translation>Bühnenansicht</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Gehalten</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Hand</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>No beat</source>
+        <translation>Kein Beat</translation>
     </message>
 </context>
 <context>

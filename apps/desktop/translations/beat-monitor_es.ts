@@ -124,6 +124,68 @@
     </message>
 </context>
 <context>
+    <name>BoothActions</name>
+    <message>
+        <source>&amp;Profile</source>
+        <translation>&amp;Perfil</translation>
+    </message>
+</context>
+<context>
+    <name>BoothKeys</name>
+    <message>
+        <source>&amp;Tap the tempo</source>
+        <translation>Marcar el &amp;tempo</translation>
+    </message>
+    <message>
+        <source>This beat is the &amp;one</source>
+        <translation>Este beat es el &amp;uno</translation>
+    </message>
+    <message>
+        <source>Round the tempo to &amp;whole BPM</source>
+        <translation>&amp;Redondear el tempo a BPM enteros</translation>
+    </message>
+    <message>
+        <source>&amp;Hold the tempo, or release it</source>
+        <translation>&amp;Fijar el tempo o soltarlo</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;earlier</source>
+        <translation>Beats 10 ms &amp;antes</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;later</source>
+        <translation>Beats 10 ms &amp;después</translation>
+    </message>
+    <message>
+        <source>&amp;Double the tempo</source>
+        <translation>D&amp;oblar el tempo</translation>
+    </message>
+    <message>
+        <source>Hal&amp;f the tempo</source>
+        <translation>Tempo a la &amp;mitad</translation>
+    </message>
+    <message>
+        <source>&amp;Search anew</source>
+        <translation>&amp;Buscar de nuevo</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic tracking</source>
+        <translation>Seguimiento &amp;automático</translation>
+    </message>
+    <message>
+        <source>The profile of that place in the &amp;list</source>
+        <translation>El perfil de ese lugar en la &amp;lista</translation>
+    </message>
+    <message>
+        <source>Stage &amp;view, on the next screen, and back</source>
+        <translation>&amp;Vista de escenario, en la pantalla siguiente, y volver</translation>
+    </message>
+    <message>
+        <source>Show the &amp;keys</source>
+        <translation>Mostrar las &amp;teclas</translation>
+    </message>
+</context>
+<context>
     <name>BpmPanel</name>
     <message>
         <source>BPM</source>
@@ -362,6 +424,13 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>The keys</source>
+        <translation>Las teclas</translation>
+    </message>
+</context>
+<context>
     <name>LedPanel</name>
     <message>
         <source>Beat</source>
@@ -478,10 +547,6 @@
         <translation>&amp;Escuchar de nuevo la entrada</translation>
     </message>
     <message>
-        <source>&amp;Reset the analysis</source>
-        <translation>&amp;Reiniciar el análisis</translation>
-    </message>
-    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Salir</translation>
     </message>
@@ -534,10 +599,6 @@
         <translation>Botón de re&amp;inicio</translation>
     </message>
     <message>
-        <source>&amp;Full screen</source>
-        <translation>Pantalla &amp;completa</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>A&amp;yuda</translation>
     </message>
@@ -580,6 +641,30 @@
     <message>
         <source>&amp;Open audio file…</source>
         <translation>&amp;Abrir archivo de audio…</translation>
+    </message>
+    <message>
+        <source>&amp;Beat</source>
+        <translation>&amp;Beat</translation>
+    </message>
+    <message>
+        <source>S&amp;oft flash</source>
+        <translation>Destello s&amp;uave</translation>
+    </message>
+    <message>
+        <source>The stage view only glows with the beat.</source>
+        <translation>La vista de escenario solo resplandece con el beat.</translation>
+    </message>
+    <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Como máximo tres &amp;destellos por segundo</translation>
+    </message>
+    <message>
+        <source>High &amp;contrast</source>
+        <translation>Alto &amp;contraste</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Sin entrada</translation>
     </message>
 </context>
 <context>
@@ -1016,6 +1101,29 @@
     <message>
         <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
         <translation>0 dB es el valor más fuerte hasta ahora. Sombreada: la banda del perfil elegido, en la que se buscan pulsos.</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stage view</source>
+        <translation>Vista de escenario</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Fijado</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Mano</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>No beat</source>
+        <translation>Sin beat</translation>
     </message>
 </context>
 <context>

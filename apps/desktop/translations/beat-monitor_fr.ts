@@ -124,6 +124,68 @@
     </message>
 </context>
 <context>
+    <name>BoothActions</name>
+    <message>
+        <source>&amp;Profile</source>
+        <translation>Profi&amp;l</translation>
+    </message>
+</context>
+<context>
+    <name>BoothKeys</name>
+    <message>
+        <source>&amp;Tap the tempo</source>
+        <translation>&amp;Taper le tempo</translation>
+    </message>
+    <message>
+        <source>This beat is the &amp;one</source>
+        <translation>Ce beat est le &amp;un</translation>
+    </message>
+    <message>
+        <source>Round the tempo to &amp;whole BPM</source>
+        <translation>A&amp;rrondir le tempo au BPM entier</translation>
+    </message>
+    <message>
+        <source>&amp;Hold the tempo, or release it</source>
+        <translation>&amp;Garder le tempo, ou le relâcher</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;earlier</source>
+        <translation>Beats 10 ms plus tô&amp;t</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;later</source>
+        <translation>Beats 10 ms plus tar&amp;d</translation>
+    </message>
+    <message>
+        <source>&amp;Double the tempo</source>
+        <translation>D&amp;oubler le tempo</translation>
+    </message>
+    <message>
+        <source>Hal&amp;f the tempo</source>
+        <translation>Diviser le tempo &amp;par deux</translation>
+    </message>
+    <message>
+        <source>&amp;Search anew</source>
+        <translation>&amp;Chercher à nouveau</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic tracking</source>
+        <translation>Suivi &amp;automatique</translation>
+    </message>
+    <message>
+        <source>The profile of that place in the &amp;list</source>
+        <translation>Le profil de cette place dans la &amp;liste</translation>
+    </message>
+    <message>
+        <source>Stage &amp;view, on the next screen, and back</source>
+        <translation>&amp;Vue de scène, sur l’écran suivant, et retour</translation>
+    </message>
+    <message>
+        <source>Show the &amp;keys</source>
+        <translation>Montrer les &amp;touches</translation>
+    </message>
+</context>
+<context>
     <name>BpmPanel</name>
     <message>
         <source>BPM</source>
@@ -362,6 +424,13 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>The keys</source>
+        <translation>Les touches</translation>
+    </message>
+</context>
+<context>
     <name>LedPanel</name>
     <message>
         <source>Beat</source>
@@ -478,10 +547,6 @@
         <translation>Éco&amp;uter à nouveau l’entrée</translation>
     </message>
     <message>
-        <source>&amp;Reset the analysis</source>
-        <translation>&amp;Réinitialiser l’analyse</translation>
-    </message>
-    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Quitter</translation>
     </message>
@@ -534,10 +599,6 @@
         <translation>Bouton de &amp;réinitialisation</translation>
     </message>
     <message>
-        <source>&amp;Full screen</source>
-        <translation>Plein é&amp;cran</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>Aid&amp;e</translation>
     </message>
@@ -580,6 +641,30 @@
     <message>
         <source>&amp;Open audio file…</source>
         <translation>&amp;Ouvrir un fichier audio…</translation>
+    </message>
+    <message>
+        <source>&amp;Beat</source>
+        <translation>&amp;Beat</translation>
+    </message>
+    <message>
+        <source>S&amp;oft flash</source>
+        <translation>Flash d&amp;oux</translation>
+    </message>
+    <message>
+        <source>The stage view only glows with the beat.</source>
+        <translation>La vue de scène ne fait que luire avec le beat.</translation>
+    </message>
+    <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Au plus trois &amp;flashs par seconde</translation>
+    </message>
+    <message>
+        <source>High &amp;contrast</source>
+        <translation>&amp;Contraste élevé</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Pas d’entrée</translation>
     </message>
 </context>
 <context>
@@ -1016,6 +1101,29 @@
     <message>
         <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
         <translation>0 dB est la valeur la plus forte jusqu’ici. En teinté&#xa0;: la bande du profil choisi, où les impulsions sont cherchées.</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stage view</source>
+        <translation>Vue de scène</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Tenu</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Main</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>No beat</source>
+        <translation>Pas de beat</translation>
     </message>
 </context>
 <context>

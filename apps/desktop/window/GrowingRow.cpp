@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr double kStep = 0.125;   ///< of the scale
-constexpr double kMargin = 0.97;  ///< letters do not grow quite evenly
+constexpr double kScaleStep = 0.125;   ///< of the scale
+constexpr double kScaleMargin = 0.97;  ///< letters do not grow quite evenly
 
 }  // namespace
 
@@ -44,7 +44,7 @@ void GrowingRow::_Fit()
         return;
     const double room =
         std::min(double(width()) / m_usual.width(), double(height()) / m_usual.height());
-    const double scale = std::floor(room * kMargin / kStep) * kStep;
+    const double scale = std::floor(room * kScaleMargin / kScaleStep) * kScaleStep;
     _SetScale(std::clamp(scale, 1.0, kLargest));
     m_needed = m_pLayout->totalMinimumSize();
 }

@@ -14,6 +14,8 @@
 #include <desktop/settings/InputDevicesPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
 #include <desktop/settings/ProfilesPanel.h>
+#include <desktop/stage/StageView.h>
+#include <desktop/window/BoothActions.h>
 #include <desktop/window/GrowingRow.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Placement.h>
@@ -58,9 +60,11 @@ MainWindow::MainWindow(MonitorSession& pSession,
 {
     setAcceptDrops(true);
     _MakePanels();
+    _MakeStage();
     _MakeActions();
     _MakeLayout();
     _Connect();
+    _ConnectStage();
     _ConnectSettings();
     m_session.getHand().setLocking(pSettings.isManualBeatLockingBPM);
     _Retranslate();
@@ -160,7 +164,8 @@ void MainWindow::_Connect()
     connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
     connect(&saver, &ConfigurationSaver::OnTakenOver, this, &MainWindow::_OnTakenOver);
     connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
-    connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
+    connect(
+        m_pResetButton, &QPushButton::clicked, &m_pBooth->get(eSearchAction), &QAction::trigger);
     connect(&m_session.getFeed(), &LiveFeed::OnFlashed, this, &MainWindow::_OnFlashed);
     connect(&m_refresh, &QTimer::timeout, this, &MainWindow::_Refresh);
 }
@@ -195,35 +200,21 @@ void MainWindow::_ConnectSettings()
     connect(&advanced, &A::OnLanguageChanged, this, &MainWindow::OnLanguageChosen);
 }
 
-void MainWindow::_ConnectHand()
-{
-    using P = ManualBeatPanel;
-    using H = BeatHand;
-    P& panel = m_pSettings->getManualBeat();
-    H& hand = m_session.getHand();
-    connect(&panel, &P::OnTapped, &hand, &H::Tap);
-    connect(&panel, &P::OnScaled, &hand, &H::Scale);
-    connect(&panel, &P::OnRounded, &hand, &H::Round);
-    connect(&panel, &P::OnOneMarked, &hand, &H::MarkOne);
-    connect(&panel, &P::OnHoldChosen, &hand, [&hand](bool pIsHeld) {
-        pIsHeld ? hand.Hold() : hand.Release();
-    });
-    connect(&hand, &H::OnActed, this, &MainWindow::_ShowClock);
-    connect(&panel, &P::OnOffsetChanged, &m_session, &MonitorSession::setOffset);
-    panel.setOffset(m_session.getOffset());
-}
-
 // ---- What it shows ------------------------------------------------------------------------------
 
 void MainWindow::_Refresh()
 {
-    if (windowHandle() && !windowHandle()->isExposed())
+    const bool isSeen = !windowHandle() || windowHandle()->isExposed();
+    if (!isSeen && !m_pStage->isVisible())
         return;
     LiveFeed& feed = m_session.getFeed();
     const LiveValues& values = feed.Read();
     const qint64 now = feed.getTime();
+    const bool isCovered = m_pStage->isVisible() && m_pStage->screen() == screen();
+    if (m_pStage->isVisible())
+        m_pStage->Refresh(values, now);
     for (LivePanel* pPanel : m_livePanels)
-        if (pPanel->isVisible())
+        if (!isCovered && pPanel->isVisible())
             pPanel->Refresh(values, now);
     _ChoosePace(values, now);
     if (now - m_lastStatus >= kStatusMs) {
@@ -247,14 +238,15 @@ void MainWindow::_OnFlashed()
 void MainWindow::_ChoosePace(const LiveValues& pValues, qint64 pNow)
 {
     const qint64 last = std::max(pValues.beatTime, pValues.pulseTime);
-    const bool isFading = pNow - last <= LedPanel::kFadeMs + kFlashMs;
+    const qint64 fade = m_pStage->isVisible() ? StageView::kFadeMs : LedPanel::kFadeMs;
+    const bool isFading = pNow - last <= fade + kFlashMs;
     if (!isFading && m_refresh.interval() != kCalmMs)
         m_refresh.start(kCalmMs);
 }
 
 void MainWindow::_WatchRefresh()
 {
-    if (isVisible() && !isMinimized())
+    if ((isVisible() && !isMinimized()) || m_pStage->isVisible())
         m_refresh.start(kCalmMs);
     else
         m_refresh.stop();
@@ -265,6 +257,7 @@ void MainWindow::_ShowSource()
     const SourceState source = m_session.getSource();
     const SourceTexts::Text text = SourceTexts::Describe(source);
     m_pStatus->setSource(text.text, text.isWarning);
+    _ShowLamps();
     m_pStop->setEnabled(source.kind == SourceState::eFile || source.kind == SourceState::eEnded);
 }
 
@@ -306,6 +299,10 @@ void MainWindow::ApplyFlags()
 {
     const Configuration& configuration = m_session.getConfiguration();
     m_pSpeakers->setVisible(configuration.getDisplaySpeakers());
+    m_windowSettings.isHighContrast = m_pContrast->isChecked();
+    m_windowSettings.isFlashSoft = m_pSoftFlash->isChecked();
+    m_windowSettings.isFlashLimited = m_pLimitFlash->isChecked();
+    m_pStage->setFlash(m_windowSettings.isFlashSoft, m_windowSettings.isFlashLimited);
     m_pBpm->setStoppedShown(AdvancedSettingsPanel::isStoppedDisplayed(configuration));
     _HideEmptyCards();
     _ApplyLook();
@@ -333,6 +330,8 @@ void MainWindow::_ApplyLook()
     QApplication::setPalette(makePalette(look));
     for (LivePanel* pPanel : m_livePanels)
         pPanel->setColors(colors);
+    // The stage is always dark.
+    m_pStage->setColors(look == eLightLook ? getColors(eDarkLook) : colors);
     m_pStatus->setWarningColor(colors.warning);
 }
 
@@ -390,10 +389,8 @@ void MainWindow::changeEvent(QEvent* pEvent)
         _Retranslate();
         _ShowSource();
     }
-    if (pEvent->type() == QEvent::WindowStateChange) {
-        m_pFullScreen->setChecked(isFullScreen());
+    if (pEvent->type() == QEvent::WindowStateChange)
         _WatchRefresh();
-    }
     QMainWindow::changeEvent(pEvent);
 }
 
@@ -406,7 +403,7 @@ void MainWindow::showEvent(QShowEvent* pEvent)
 void MainWindow::hideEvent(QHideEvent* pEvent)
 {
     QMainWindow::hideEvent(pEvent);
-    m_refresh.stop();
+    _WatchRefresh();
 }
 
 void MainWindow::closeEvent(QCloseEvent* pEvent)

@@ -10,9 +10,11 @@
 #include <array>
 #include <vector>
 
+class BoothActions;
 class BpmPanel;
 class Card;
 class GrowingRow;
+class KeysPage;
 class LedPanel;
 class LevelPanel;
 class LivePanel;
@@ -24,6 +26,7 @@ class QPushButton;
 class SettingsColumn;
 class SpeakersPanel;
 class SpectrumPanel;
+class StageView;
 class StatusLine;
 
 /// The window: live panels on the left, settings on the right, what is heard at the bottom.
@@ -58,7 +61,13 @@ public:
     void ShowProblem(const QString& pText);
     QString getProblem() const;
 
-    QAction& getResetAction() { return *m_pReset; }
+    QAction& getResetAction();
+    BoothActions& getActions() { return *m_pBooth; }
+    /// Hidden at first.
+    StageView& getStage() { return *m_pStage; }
+    /// Fills the screen of the window with the stage view, then the next screen, and at last none.
+    void TurnStage();
+    void LeaveStage();
     QAction& getQuitAction() { return *m_pQuit; }
     const BpmPanel& getBpm() const { return *m_pBpm; }
     const LedPanel& getBeatLed() const { return *m_pBeatLed; }
@@ -81,6 +90,8 @@ protected:
     void hideEvent(QHideEvent* pEvent) override;
     void moveEvent(QMoveEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
+    /// A double click on the tempo.
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
     void _MakePanels();
@@ -102,6 +113,11 @@ private:
     void _HideEmptyCards();
     void _ApplyLook();
     void _ApplyTopMost();
+    void _MakeStage();
+    void _ConnectStage();
+    void _ShowLamps();
+    void _ShowKeys();
+    void _ShowProfiles();
     void _OpenFile();
     void _About();
 
@@ -126,12 +142,18 @@ private:
     StatusLine* m_pStatus;
     QMenu* m_pFileMenu;
     QMenu* m_pViewMenu;
+    QMenu* m_pBeatMenu;
     QMenu* m_pHelpMenu;
+    BoothActions* m_pBooth;
+    StageView* m_pStage;
+    KeysPage* m_pKeys;
+    KeysPage* m_pStageKeys;
     QAction* m_pOpen;
     QAction* m_pStop;
-    QAction* m_pReset;
     QAction* m_pQuit;
-    QAction* m_pFullScreen;
+    QAction* m_pContrast;
+    QAction* m_pSoftFlash;
+    QAction* m_pLimitFlash;
     QAction* m_pAbout;
     QTimer m_refresh;
     qint64 m_lastStatus = 0;              ///< ms
