@@ -5,15 +5,9 @@
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/SettingsArguments.h>
 #include <shared/options/OptionParser.h>
-
-#include <QCoreApplication>
+#include <shared/text/Text.h>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 /// The arguments of every command; one of them is filled.
 struct Arguments

@@ -6,17 +6,13 @@
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <shared/files/AudioSource.h>
+#include <shared/text/Text.h>
 
 #include <QFile>
 
 namespace {
 
 constexpr int kMaximalJobs = 256;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("AnalyzeArguments", pText);
-}
 
 QString Footer()
 {

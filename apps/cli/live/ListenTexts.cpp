@@ -2,19 +2,13 @@
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundBackEnd.h>
-
-#include <QCoreApplication>
+#include <shared/text/Text.h>
 
 #include <cmath>
 
 namespace listentexts {
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("ListenTexts", pText);
-}
 
 QString Quoted(const QStringList& pNames)
 {

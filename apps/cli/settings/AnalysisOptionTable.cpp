@@ -4,17 +4,13 @@
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingText.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 
 #include <limits>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("AnalysisOptionTable", pText);
-}
 
 QString ReadTracker(AnalysisOptions& pOptions, const QString& pValue)
 {

@@ -5,8 +5,8 @@
 #include <cli/settings/SettingText.h>
 #include <shared/settings/AnalysisOptions.h>
 #include <shared/settings/ConfigurationStore.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -17,11 +17,6 @@ namespace {
 constexpr int kLongestName = 1000;
 
 const QString kNone = QStringLiteral("none");
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("ConfigurationSettings", pText);
-}
 
 QString NameText(const QString& pName)
 {

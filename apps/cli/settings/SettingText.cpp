@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/SettingText.h>
+#include <shared/text/Text.h>
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -8,11 +9,6 @@
 namespace {
 
 using Setting = SettingsTable::Setting;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("SettingText", pText);
-}
 
 std::optional<double> ReadSwitch(const QString& pText)
 {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/midi/AlsaMidiPort.h>
-
-#include <QCoreApplication>
+#include <shared/text/Text.h>
 
 #include <rtmidi/RtMidi.h>
 #include <unistd.h>
@@ -9,11 +8,6 @@
 namespace shared {
 
 namespace {
-
-QString AlsaTr(const char* pText)
-{
-    return QCoreApplication::translate("AlsaMidiPort", pText);
-}
 
 /// Null without a sequencer, about which the system's library would otherwise complain aloud.
 std::unique_ptr<RtMidiOut> OpenSequencer()
@@ -48,7 +42,7 @@ bool AlsaMidiPort::Open()
 {
     Close();
     m_out = OpenSequencer();
-    m_state = AlsaTr("there is no ALSA sequencer: is the module snd-seq loaded?");
+    m_state = tr("there is no ALSA sequencer: is the module snd-seq loaded?");
     if (m_out && _Connect())
         return true;
     Close();
@@ -59,7 +53,7 @@ bool AlsaMidiPort::_Connect()
 {
     if (m_target.isEmpty()) {
         m_out->openVirtualPort("clock");
-        m_state = AlsaTr("ALSA port audio-analyzer:clock");
+        m_state = tr("ALSA port audio-analyzer:clock");
         return true;
     }
     for (unsigned int i = 0; i < m_out->getPortCount(); ++i) {
@@ -67,10 +61,10 @@ bool AlsaMidiPort::_Connect()
         if (!name.contains(m_target, Qt::CaseInsensitive))
             continue;
         m_out->openPort(i, "clock");
-        m_state = AlsaTr("ALSA port %1").arg(name);
+        m_state = tr("ALSA port %1").arg(name);
         return m_out->isPortOpen();
     }
-    m_state = AlsaTr("no ALSA port is named %1").arg(m_target);
+    m_state = tr("no ALSA port is named %1").arg(m_target);
     return false;
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <shared/clock/ClockThread.h>
 #include <shared/outputs/midi/JackMidiPort.h>
-
-#include <QCoreApplication>
+#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <chrono>
@@ -16,11 +15,6 @@ namespace {
 
 constexpr std::size_t kEntries = 256;
 constexpr std::int64_t kMargin = 1000;  // µs; of the thread that sends
-
-QString Tr(const char* pText)
-{
-    return QCoreApplication::translate("JackMidiPort", pText);
-}
 
 /// Null without a server. The library's own words, on standard error, are for nobody.
 jack_client_t* OpenClient()
@@ -58,7 +52,7 @@ bool JackMidiPort::Open()
     m_isGone = false;
     m_client = OpenClient();
     if (!m_client) {
-        m_state = Tr("no JACK server runs");
+        m_state = tr("no JACK server runs");
         return false;
     }
     if (_Register() && _Connect())
@@ -76,7 +70,7 @@ bool JackMidiPort::_Register()
     jack_set_process_callback(m_client, &JackMidiPort::_Process, this);
     jack_on_shutdown(
         m_client, [](void* pSelf) { static_cast<JackMidiPort*>(pSelf)->m_isGone = true; }, this);
-    m_state = Tr("the JACK server refuses a port");
+    m_state = tr("the JACK server refuses a port");
     return m_ring && m_port && jack_activate(m_client) == 0;
 }
 
@@ -84,15 +78,15 @@ bool JackMidiPort::_Connect()
 {
     const QString own = QString::fromUtf8(jack_port_name(m_port));
     if (m_target.isEmpty()) {
-        m_state = Tr("JACK port %1").arg(own);
+        m_state = tr("JACK port %1").arg(own);
         return true;
     }
     const QStringList found = InputsOf(m_client).filter(m_target, Qt::CaseInsensitive);
     if (found.isEmpty()) {
-        m_state = Tr("no JACK port is named %1").arg(m_target);
+        m_state = tr("no JACK port is named %1").arg(m_target);
         return false;
     }
-    m_state = Tr("JACK port %1").arg(found.first());
+    m_state = tr("JACK port %1").arg(found.first());
     return jack_connect(m_client, qPrintable(own), found.first().toUtf8().constData()) == 0;
 }
 
@@ -116,7 +110,7 @@ void JackMidiPort::Close()
 bool JackMidiPort::Send(const MidiEvent& pEvent)
 {
     if (!m_client || m_isGone) {
-        m_state = Tr("the JACK server has gone");
+        m_state = tr("the JACK server has gone");
         return false;
     }
     const std::int64_t late = std::max<std::int64_t>(ClockThread::getTime() - pEvent.time, 0);
@@ -126,7 +120,7 @@ bool JackMidiPort::Send(const MidiEvent& pEvent)
                          pEvent.message};
     // A server that no longer takes anything hangs, and is as good as gone.
     if (jack_ringbuffer_write_space(m_ring) < sizeof(entry)) {
-        m_state = Tr("the JACK server hangs");
+        m_state = tr("the JACK server hangs");
         return false;
     }
     jack_ringbuffer_write(m_ring, reinterpret_cast<const char*>(&entry), sizeof(entry));

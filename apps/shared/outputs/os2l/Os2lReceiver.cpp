@@ -2,22 +2,13 @@
 #include <shared/clock/ClockThread.h>
 #include <shared/outputs/os2l/Os2lReceiver.h>
 #include <shared/outputs/os2l/detail/BeatText.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
 
 namespace shared {
-
-namespace {
-
-QString Os2lTr(const char* pText)
-{
-    return QCoreApplication::translate("Os2lReceiver", pText);
-}
-
-}  // namespace
 
 Os2lReceiver::Os2lReceiver(std::optional<Os2lAddress> pAddress, OnAnswer pOnAnswer)
     : m_address(std::move(pAddress)), m_onAnswer(std::move(pOnAnswer))
@@ -163,13 +154,13 @@ QString Os2lReceiver::getState() const
 {
     const QString names = _Names();
     if (!names.isEmpty())
-        return Os2lTr("light program %1").arg(names);
+        return tr("light program %1").arg(names);
     if (m_address)
-        return Os2lTr("no light program at %1: is OS2L on there, and the port right?")
+        return tr("no light program at %1: is OS2L on there, and the port right?")
             .arg(m_address->name);
     if (m_isBlind)
-        return Os2lTr("cannot look for light programs: start avahi-daemon, or give HOST:PORT");
-    return Os2lTr("no light program makes itself known in the net, as _os2l._tcp");
+        return tr("cannot look for light programs: start avahi-daemon, or give HOST:PORT");
+    return tr("no light program makes itself known in the net, as _os2l._tcp");
 }
 
 }  // namespace shared
