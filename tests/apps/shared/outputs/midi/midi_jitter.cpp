@@ -11,6 +11,7 @@
 #include <QThread>
 
 #include <apps/shared/outputs/midi/JackServer.h>
+#include <atomic>
 #include <cmath>
 #include <cstdio>
 
@@ -23,6 +24,28 @@
 namespace {
 
 constexpr int kSettling = 24;  // clocks
+
+/// Counts the clocks that a port is given.
+class CountingPort : public shared::MidiPort
+{
+public:
+    explicit CountingPort(std::atomic<int>& pClocks)
+        : m_port(shared::MakeMidiPort(QStringLiteral("jack:monitor"))), m_clocks(pClocks)
+    {
+    }
+    bool Open() override { return m_port->Open(); }
+    void Close() override { m_port->Close(); }
+    bool Send(const shared::MidiEvent& pEvent) override
+    {
+        m_clocks += pEvent.message.bytes[0] == 0xF8 ? 1 : 0;
+        return m_port->Send(pEvent);
+    }
+    QString getState() const override { return m_port->getState(); }
+
+private:
+    const std::unique_ptr<shared::MidiPort> m_port;
+    std::atomic<int>& m_clocks;  ///< not owned
+};
 
 struct Measured
 {
@@ -84,24 +107,25 @@ Measured Evaluate(JackMonitor& pMonitor, double pBPM)
 
 bool Measure(JackMonitor& pMonitor, double pBPM, int pSeconds)
 {
+    std::atomic<int> sent{0};
     BeatClock clock;
     shared::ClockThread thread(clock);
     thread.Start();
     Outputs outputs(thread, [](const BeatClockState&) { return 1.0; });
     const QString name = QStringLiteral("clock");
     outputs.Add(name,
-                std::make_unique<shared::MidiClock>(
-                    shared::MakeMidiPort(QStringLiteral("jack:monitor")), false));
+                std::make_unique<shared::MidiClock>(std::make_unique<CountingPort>(sent), false));
     if (!Await([&] { return outputs.isOpen(name); }))
         return false;
     clock.HoldAt(pBPM, shared::ClockThread::getTime());
     QThread::sleep(static_cast<unsigned long>(pSeconds));
     outputs.RemoveAll();
     const Measured it = Evaluate(pMonitor, pBPM);
-    std::printf("%6.1f | %6d | %s | %8.3f | %6.3f | %8.3f | %8.3f | %+7.3f\n",
+    std::printf("%6.1f | %6d | %7d | %-8s | %7.3f | %6.3f | %8.3f | %8.3f | %+7.3f\n",
                 pBPM,
+                sent.load(),
                 it.count,
-                it.startsFirst ? "yes" : "NO ",
+                it.startsFirst ? "yes" : "NO",
                 it.mean,
                 it.deviation,
                 it.least,
@@ -125,7 +149,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "no JACK server: is jackd installed?\n");
         return 1;
     }
-    std::printf("   BPM | clocks | FA first | mean ms | SD ms | least ms | most ms | drift ms\n");
+    std::printf(
+        "   BPM | clocks | arrived | FA first | mean ms | SD ms | least ms | most ms | drift ms\n");
     QStringList tempos = arguments.mid(3);
     if (tempos.isEmpty())
         tempos = QStringList{QStringLiteral("60"), QStringLiteral("128"), QStringLiteral("200")};
