@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <cli/CommandLine.h>
+#include <cli/Text.h>
 #include <cli/analyze/AnalyzeArguments.h>
 #include <cli/evaluate/EvaluateArguments.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/SettingsArguments.h>
 #include <shared/options/OptionParser.h>
 
-#include <QCoreApplication>
-
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 /// The arguments of every command; one of them is filled.
 struct Arguments

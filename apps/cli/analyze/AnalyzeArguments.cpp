@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <cli/Text.h>
 #include <cli/analyze/AnalyzeArguments.h>
 #include <cli/analyze/RawPcmReader.h>
 #include <cli/detail/ParseNumber.h>
@@ -12,11 +13,6 @@
 namespace {
 
 constexpr int kMaximalJobs = 256;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("AnalyzeArguments", pText);
-}
 
 QString Footer()
 {

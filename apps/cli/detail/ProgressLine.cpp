@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/detail/ProgressLine.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -12,11 +11,6 @@ namespace {
 
 constexpr int kBarLength = 24;
 constexpr int kLeastColumns = 20;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("ProgressLine", pText);
-}
 
 QString TwoDigits(qint64 pNumber)
 {

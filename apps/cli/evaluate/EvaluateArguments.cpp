@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/evaluate/EvaluateArguments.h>
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -11,12 +11,7 @@ namespace {
 
 constexpr double kMaximalFrom = 1e6;  ///< seconds
 
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("EvaluateArguments", pText);
-}
-
-QString Footer()
+QString FilesFooter()
 {
     return tr(
         "REFERENCE and ESTIMATE are two files, or two folders in which NAME.beats has its "
@@ -55,7 +50,7 @@ void addEvaluateCommand(shared::OptionParser& pParser, EvaluateArguments& pArgum
                      pArguments.from,
                      tr("S"),
                      tr("leave out what lies before S seconds (default: 5)"));
-    options.setFooter(Footer());
+    options.setFooter(FilesFooter());
 }
 
 QString readEvaluateArguments(const EvaluateArguments& pArguments, EvaluateOptions& pOptions)

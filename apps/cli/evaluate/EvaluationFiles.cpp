@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/evaluate/EvaluationFiles.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -12,11 +12,6 @@
 #include <functional>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("EvaluationFiles", pText);
-}
 
 /// What a person can make out of a word that may come from a file of any kind.
 QString Shown(const QByteArray& pWord)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/evaluate/EvaluationMeasures.h>
 
-#include <QCoreApplication>
 #include <QMap>
 
 #include <algorithm>
@@ -9,11 +9,6 @@
 #include <numeric>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("EvaluationMeasures", pText);
-}
 
 EvaluationMeasure
 Share(const char* pKey, const QString& pLabel, BeatEvaluation::Value BeatEvaluation::*pValue)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/evaluate/EvaluationWriters.h>
 #include <cli/output/TextNumbers.h>
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,11 +14,6 @@
 namespace {
 
 constexpr int kDecimals = 6;  ///< of numbers for programs
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("EvaluationWriters", pText);
-}
 
 QString ShowSummary(const EvaluationMeasure& pMeasure, const MeasureSummary& pSummary)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/evaluate/EvaluationFiles.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -12,11 +12,6 @@
 #include <algorithm>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("ReferenceFile", pText);
-}
 
 /// The numbers of a list; nothing when it is none, or holds anything else.
 std::optional<std::vector<double>> ToNumbers(const QJsonValue& pValue)

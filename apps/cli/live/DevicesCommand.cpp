@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kTickMs = 50;
+constexpr int kWatchMs = 50;
 
 }  // namespace
 
@@ -71,7 +71,7 @@ void DevicesCommand::_Watch()
         interrupt::Accept();
         QCoreApplication::quit();
     });
-    tick.start(kTickMs);
+    tick.start(kWatchMs);
     QCoreApplication::exec();
     pWatcher->Stop();
     pWatcher->disconnect();

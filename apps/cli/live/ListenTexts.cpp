@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundBackEnd.h>
-
-#include <QCoreApplication>
 
 #include <cmath>
 
 namespace listentexts {
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("ListenTexts", pText);
-}
 
 QString Quoted(const QStringList& pNames)
 {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <shared/settings/BeatSettings.h>
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <utility>
@@ -13,11 +13,6 @@ namespace {
 
 constexpr double kMinimalDuration = 0.1;  ///< seconds
 constexpr double kMaximalDuration = 1e7;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("LiveArguments", pText);
-}
 
 QString Footer()
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cli/live/LiveEvents.h>
 #include <cli/live/LiveSummary.h>
+#include <cli/output/JsonValues.h>
 #include <cli/output/TextNumbers.h>
 
 #include <QJsonDocument>
@@ -10,10 +11,8 @@
 
 namespace {
 
-QString Key(const char* pName)
-{
-    return QString::fromLatin1(pName);
-}
+using cli::BPMValue;
+using cli::Key;
 
 const char* NameOf(eCaptureState pState)
 {
@@ -45,11 +44,6 @@ const char* NameOf(eCaptureNotice pNotice)
         break;
     }
     return "clipped";
-}
-
-QJsonValue BPMValue(double pBPM)
-{
-    return pBPM > 0.0 ? QJsonValue(cli::Rounded(pBPM, 3)) : QJsonValue();
 }
 
 QByteArray TextLine(double pTime, const QString& pText)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <cli/output/JsonValues.h>
 #include <cli/output/JsonWriter.h>
 #include <cli/output/TextNumbers.h>
 #include <cli/output/detail/BeatFields.h>
@@ -11,16 +12,8 @@
 
 namespace {
 
-QString Key(const char* pName)
-{
-    return QString::fromLatin1(pName);
-}
-
-/// A tempo, null when unknown.
-QJsonValue BPMValue(double pBPM)
-{
-    return pBPM > 0.0 ? QJsonValue(cli::Rounded(pBPM, 3)) : QJsonValue();
-}
+using cli::BPMValue;
+using cli::Key;
 
 /// An edge of a band, null when there is none.
 QJsonValue EdgeValue(int pFrequency)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <cli/output/JsonValues.h>
 #include <cli/output/NdjsonWriter.h>
 #include <cli/output/TextNumbers.h>
 #include <cli/output/detail/BeatFields.h>
@@ -11,15 +12,8 @@
 
 namespace {
 
-QString Key(const char* pName)
-{
-    return QString::fromLatin1(pName);
-}
-
-QJsonValue BPMValue(double pBPM)
-{
-    return pBPM > 0.0 ? QJsonValue(cli::Rounded(pBPM, 3)) : QJsonValue();
-}
+using cli::BPMValue;
+using cli::Key;
 
 }  // namespace
 

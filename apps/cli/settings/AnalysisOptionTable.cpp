@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/ProfileLimits.h>
 
+#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingText.h>
@@ -10,11 +11,6 @@
 #include <limits>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("AnalysisOptionTable", pText);
-}
 
 QString ReadTracker(AnalysisOptions& pOptions, const QString& pValue)
 {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
+#include <cli/Text.h>
 #include <cli/settings/ConfigurationSettings.h>
 #include <cli/settings/SettingText.h>
 #include <shared/settings/AnalysisOptions.h>
 #include <shared/settings/ConfigurationStore.h>
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -17,11 +17,6 @@ namespace {
 constexpr int kLongestName = 1000;
 
 const QString kNone = QStringLiteral("none");
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("ConfigurationSettings", pText);
-}
 
 QString NameText(const QString& pName)
 {

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kLongestName = 100;
+constexpr int kLongestProfile = 100;
 constexpr double kDefaultSensibility = 2.0;
 constexpr int kDefaultHigh = 75;  ///< Hz
 constexpr double kDefaultMinimum = 90.0;
@@ -151,8 +151,8 @@ QString ProfilesCommand::_Select(const Profile& pProfile)
 
 QString ProfilesCommand::_CheckName(const QString& pName, const Profile* pOwner) const
 {
-    if (pName.isEmpty() || pName.size() > kLongestName)
-        return tr("give a name of 1 to %1 letters").arg(kLongestName);
+    if (pName.isEmpty() || pName.size() > kLongestProfile)
+        return tr("give a name of 1 to %1 letters").arg(kLongestProfile);
     const std::optional<Profile> present = _Find(pName);
     if (present && !(pOwner && *present == *pOwner))
         return tr("there is a profile \"%1\" already; choose another name").arg(present->getName());

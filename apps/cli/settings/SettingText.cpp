@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/SettingText.h>
 
@@ -8,11 +9,6 @@
 namespace {
 
 using Setting = SettingsTable::Setting;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("SettingText", pText);
-}
 
 std::optional<double> ReadSwitch(const QString& pText)
 {

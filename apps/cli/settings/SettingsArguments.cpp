@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <cli/Text.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingsArguments.h>
 
-#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("SettingsArguments", pText);
-}
 
 QStringList Words(const std::vector<std::string>& pWords)
 {

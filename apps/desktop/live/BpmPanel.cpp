@@ -16,7 +16,7 @@ namespace {
 constexpr double kTempoScale = 4.2;  ///< of the window's font
 constexpr double kUnitScale = 1.4;
 constexpr int kConfidenceLetters = 20;
-constexpr qint64 kFrameMs = 100;  ///< a tempo changes with beats
+constexpr qint64 kBeatMs = 100;  ///< a tempo changes with beats
 
 QFont Scaled(QFont pFont, double pScale, QFont::Weight pWeight)
 {
@@ -97,7 +97,7 @@ void BpmPanel::setColors(const LookColors&) {}
 
 void BpmPanel::Refresh(const LiveValues& pValues, qint64 pNow)
 {
-    if (pNow - m_lastFrame < kFrameMs)
+    if (pNow - m_lastFrame < kBeatMs)
         return;
     m_lastFrame = pNow;
     _ShowTempo(pValues);

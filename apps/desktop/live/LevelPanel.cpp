@@ -24,7 +24,6 @@
 
 namespace {
 
-constexpr qint64 kFrameMs = 30;
 constexpr qint64 kNumbersMs = 200;  ///< faster ones cannot be read
 constexpr int kTenths = 10;         ///< steps of the slider per dB
 

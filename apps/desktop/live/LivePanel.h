@@ -22,6 +22,8 @@ public:
     virtual void setColors(const LookColors& pColors) = 0;
 
 protected:
+    static constexpr qint64 kFrameMs = 30;  ///< motion that is this quick looks smooth
+
     /// Sets all texts anew. Also to be called by the constructor of a panel.
     virtual void Retranslate() = 0;
 

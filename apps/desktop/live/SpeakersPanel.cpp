@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int kSpeakers = 2;
-constexpr qint64 kFrameMs = 30;
 constexpr double kAspect = 0.62;  ///< width over height of a box
 constexpr double kGap = 0.18;     ///< between the boxes, in box widths
 

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr double kFontScale = 0.85;
-constexpr qint64 kFrameMs = 30;
 
 class FrequencyDraw : public QwtScaleDraw
 {

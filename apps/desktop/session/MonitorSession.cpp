@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int kTickMs = 200;
+constexpr int kWatchMs = 200;
 constexpr int kClippedMs = 4000;  ///< how long a clipped level is told
 constexpr int kFullScale = 32767;
 
@@ -28,7 +28,7 @@ MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
 {
     connect(&m_tick, &QTimer::timeout, this, &MonitorSession::_Tick);
     connect(&m_saver, &ConfigurationSaver::OnTakenOver, this, &MonitorSession::_OnTakenOver);
-    m_tick.start(kTickMs);
+    m_tick.start(kWatchMs);
 }
 
 MonitorSession::~MonitorSession()

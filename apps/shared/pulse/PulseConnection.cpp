@@ -13,7 +13,7 @@ constexpr pa_usec_t kFirstDelay = 100000;  // µs
 constexpr pa_usec_t kLastDelay = 1000000;  // µs
 constexpr pa_usec_t kAskPeriod = 1000000;  // µs
 
-PulseConnection& Self(void* pThis)
+PulseConnection& ConnectionOf(void* pThis)
 {
     return *static_cast<PulseConnection*>(pThis);
 }
@@ -217,7 +217,7 @@ void PulseConnection::_OnListed()
 
 void PulseConnection::_StateCallback(pa_context*, void* pThis)
 {
-    Self(pThis)._OnState();
+    ConnectionOf(pThis)._OnState();
 }
 
 void PulseConnection::_EventCallback(pa_context*,
@@ -225,14 +225,14 @@ void PulseConnection::_EventCallback(pa_context*,
                                      std::uint32_t pIndex,
                                      void* pThis)
 {
-    Self(pThis)._OnEvent(pType, pIndex);
+    ConnectionOf(pThis)._OnEvent(pType, pIndex);
 }
 
 /// Without an info the source has gone meanwhile.
 void PulseConnection::_SourceCallback(pa_context*, const pa_source_info* pInfo, int, void* pThis)
 {
     if (pInfo)
-        Self(pThis)._OnSource(*pInfo);
+        ConnectionOf(pThis)._OnSource(*pInfo);
 }
 
 void PulseConnection::_ListCallback(pa_context*,
@@ -241,15 +241,15 @@ void PulseConnection::_ListCallback(pa_context*,
                                     void* pThis)
 {
     if (pIsLast != 0)
-        Self(pThis)._OnListed();
+        ConnectionOf(pThis)._OnListed();
     else
-        Self(pThis)._OnSource(*pInfo);
+        ConnectionOf(pThis)._OnSource(*pInfo);
 }
 
 void PulseConnection::_ServerCallback(pa_context*, const pa_server_info* pInfo, void* pThis)
 {
     if (pInfo)
-        Self(pThis)._OnServer(*pInfo);
+        ConnectionOf(pThis)._OnServer(*pInfo);
 }
 
 void PulseConnection::_ConnectCallback(pa_mainloop_api*,
@@ -257,7 +257,7 @@ void PulseConnection::_ConnectCallback(pa_mainloop_api*,
                                        const timeval*,
                                        void* pThis)
 {
-    Self(pThis)._Connect();
+    ConnectionOf(pThis)._Connect();
 }
 
 void PulseConnection::_AskCallback(pa_mainloop_api*,
@@ -265,7 +265,7 @@ void PulseConnection::_AskCallback(pa_mainloop_api*,
                                    const timeval*,
                                    void* pThis)
 {
-    PulseConnection& self = Self(pThis);
+    PulseConnection& self = ConnectionOf(pThis);
     self._Ask();
     // Asking may have found that the server is gone.
     if (self.m_pTimer == pTimer)

@@ -9,7 +9,7 @@ constexpr int kFragmentsPerSecond = 100;
 constexpr auto kServerDecides = std::uint32_t(-1);
 constexpr qint64 kMicroSecondsPerSecond = 1000000;
 
-PulseRecording& Self(void* pThis)
+PulseRecording& RecordingOf(void* pThis)
 {
     return *static_cast<PulseRecording*>(pThis);
 }
@@ -171,26 +171,26 @@ void PulseRecording::_Tell()
 
 void PulseRecording::_StateCallback(pa_stream*, void* pThis)
 {
-    Self(pThis)._OnState();
+    RecordingOf(pThis)._OnState();
 }
 
 void PulseRecording::_DataCallback(pa_stream*, std::size_t, void* pThis)
 {
-    Self(pThis)._OnData();
+    RecordingOf(pThis)._OnData();
 }
 
 void PulseRecording::_SuspendedCallback(pa_stream*, void* pThis)
 {
-    Self(pThis)._OnSuspended();
+    RecordingOf(pThis)._OnSuspended();
 }
 
 void PulseRecording::_TimingCallback(pa_stream*, void* pThis)
 {
-    Self(pThis)._OnTiming();
+    RecordingOf(pThis)._OnTiming();
 }
 
 /// It was asked not to be; the new source is another one.
 void PulseRecording::_MovedCallback(pa_stream*, void* pThis)
 {
-    Self(pThis)._End();
+    RecordingOf(pThis)._End();
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr quint64 kMicroSecondsPerSecond = 1000000;
+using detail::kMicroSecondsPerSecond;
 constexpr double kLeastAccuracy = 0.5;
 constexpr double kLongestInaccuracySeconds = 10.0;
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr quint64 kMicroSecondsPerSecond = 1000000;
+using detail::kMicroSecondsPerSecond;
 constexpr quint64 kHalfSecond = 500000;
 constexpr qint16 kUnknown = -1;
 

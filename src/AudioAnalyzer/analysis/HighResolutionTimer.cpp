@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
+#include <AudioAnalyzer/analysis/detail/Durations.h>
 
 #include <sys/time.h>
 
 namespace {
 
-constexpr quint64 kMicroSecondsPerSecond = 1000000;
+using detail::kMicroSecondsPerSecond;
 
 quint64 ReadWallClock()
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/analysis/Pulse.h>
+#include <AudioAnalyzer/analysis/detail/Durations.h>
 
 /// What all handles on one pulse share. Members in alphabetical order of their meaning.
 struct PulseData
@@ -18,7 +19,7 @@ struct PulseData
 
 namespace {
 
-constexpr quint64 kMicroSecondsPerSecond = 1000000;
+using detail::kMicroSecondsPerSecond;
 
 int Compare(quint64 pLeft, quint64 pRight)
 {

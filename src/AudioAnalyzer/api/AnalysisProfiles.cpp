@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kNoEdge = -1;  ///< instead of a frequency
+constexpr int kNoFrequency = -1;  ///< instead of a frequency
 
 struct BuiltIn
 {
@@ -21,7 +21,7 @@ struct BuiltIn
 
 int32_t Edge(int32_t pFrequency)
 {
-    return pFrequency < 1 ? kNoEdge : pFrequency;
+    return pFrequency < 1 ? kNoFrequency : pFrequency;
 }
 
 AudioAnalysisProfile Describe(const Profile& pProfile)

@@ -14,7 +14,7 @@ struct AudioClock
 namespace {
 
 constexpr std::int64_t kFarthest = std::int64_t(1) << 52;  ///< µs
-constexpr std::int64_t kFarthestOffset = 500000;           ///< µs
+constexpr std::int64_t kLongestOffset = 500000;            ///< µs
 constexpr std::int32_t kMostTicks = 10000;                 ///< a beat
 
 bool IsInstant(std::int64_t pTime)
@@ -24,7 +24,7 @@ bool IsInstant(std::int64_t pTime)
 
 bool IsOffset(std::int64_t pOffset)
 {
-    return pOffset >= -kFarthestOffset && pOffset <= kFarthestOffset;
+    return pOffset >= -kLongestOffset && pOffset <= kLongestOffset;
 }
 
 bool IsDivision(std::int32_t pDivision)

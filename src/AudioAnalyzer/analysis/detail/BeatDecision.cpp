@@ -18,7 +18,6 @@ constexpr float kBehindFrames = 5.0F;
 constexpr float kClosestBeats = 0.5F;      ///< periods between two beats, ahead
 constexpr float kClosestLateBeats = 0.6F;  ///< the same for a beat that was missed
 constexpr float kFirstShare = 0.4F;  ///< of belief in any phase of the tempo, for the first beat
-constexpr float kCellCentre = 0.5F;  ///< frames since a cell was entered
 constexpr std::size_t kNear = 5;     ///< frames on each side of a beat
 
 // A Gaussian of 2 frames, from its centre outward, its sum 1.
@@ -147,7 +146,7 @@ void BeatDecision::_GatherTimesLeft(const MeterFilter& pFilter)
     for (std::size_t k = lowEnd(m_tempo, kPhaseReach); k < end; ++k) {
         const MeterStates::Tempo& tempo = m_states.getTempi()[k];
         const float* cells = pFilter.getCells(k);
-        const float first = tempo.period - kCellCentre;
+        const float first = tempo.period - MeterStates::kCellCentre;
         const auto longest = static_cast<std::size_t>(first);
         for (std::size_t cell = 0; cell < tempo.cells; ++cell)
             m_left[longest - std::min(cell, longest)] +=

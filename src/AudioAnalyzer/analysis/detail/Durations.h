@@ -5,6 +5,8 @@
 
 namespace detail {
 
+constexpr quint64 kMicroSecondsPerSecond = 1000000;
+
 /// Whole samples in pSeconds at pSampleRate Hz, halves rounded up.
 /// 0 for anything that is not positive, NaN included; at most 2^62.
 inline quint64 SampleCount(double pSeconds, double pSampleRate)

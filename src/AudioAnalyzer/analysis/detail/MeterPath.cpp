@@ -8,7 +8,6 @@ namespace detail {
 namespace {
 
 constexpr float kLeapChance = 1e-6F;  ///< for all beats of a frame together
-constexpr double kCellCentre = 0.5;   ///< frames since a cell was entered
 constexpr int kPacking = 1;           ///< level of compression
 
 float shareOfFeel(std::size_t pFeel)
@@ -165,8 +164,9 @@ std::vector<MeterPath::Beat> MeterPath::Trace() const
     // The frame in whose cell 0 the beat began, counted from 0.
     auto frame = static_cast<std::ptrdiff_t>(m_bests.size()) - 1 - state.cell;
     while (frame >= 0) {
-        beats.push_back(
-            {static_cast<double>(frame + 1) - kCellCentre, state.tempo, state.beat % kBeatsPerBar});
+        beats.push_back({static_cast<double>(frame + 1) - MeterStates::kCellCentre,
+                         state.tempo,
+                         state.beat % kBeatsPerBar});
         const auto entered = static_cast<std::size_t>(frame);
         for (; chunk > entered / kFramesPerChunk; --chunk)
             origins = qUncompress(m_packed[chunk - 1]);

@@ -22,7 +22,8 @@ public:
     static constexpr double kFastestBPM = 190.0;
     static constexpr double kTempoStep = 1.015;
     static constexpr double kFramesPerMinute = 6000.0;
-    static constexpr std::size_t kBlock = 16;  ///< cells that are computed at once
+    static constexpr float kCellCentre = 0.5F;  ///< frames since a cell was entered
+    static constexpr std::size_t kBlock = 16;   ///< cells that are computed at once
     static constexpr std::uint8_t kNoStep = kMeterFeels * kStepsPerBar + 1;  ///< of empty cells
 
     /// One tempo and where its cells lie.

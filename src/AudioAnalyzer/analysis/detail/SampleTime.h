@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include <AudioAnalyzer/analysis/detail/Durations.h>
 
 namespace detail {
 
@@ -11,7 +11,6 @@ constexpr quint64 kSampleTimeStart = 1000000;  ///< µs; any constant above 0
 /// above 0. No product overflows before the count itself does.
 inline quint64 SampleTime(quint64 pSampleCount, int pSampleRate)
 {
-    constexpr quint64 kMicroSecondsPerSecond = 1000000;
     const auto rate = static_cast<quint64>(pSampleRate);
     return kSampleTimeStart + pSampleCount / rate * kMicroSecondsPerSecond +
            pSampleCount % rate * kMicroSecondsPerSecond / rate;
