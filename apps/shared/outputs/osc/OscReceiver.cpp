@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
+#include <shared/outputs/OutputText.h>
 #include <shared/outputs/osc/OscReceiver.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -16,11 +15,6 @@
 namespace shared {
 
 namespace {
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("OscReceiver", pText);
-}
 
 /// Of an instant in µs since 1970; the seconds of a time tag begin in 1900.
 lo_timetag TagOf(std::int64_t pWallTime)
@@ -128,11 +122,12 @@ QString OscReceiver::getState() const
     const QString protocol = m_isTCP ? QStringLiteral("TCP") : QStringLiteral("UDP");
     const QString error = m_socket.getError();
     if (!m_socket.isOpen())
-        return error.isEmpty() ? tr("OSC to %1 (%2)").arg(place, protocol)
-                               : tr("OSC to %1 (%2): %3; trying again").arg(place, protocol, error);
+        return error.isEmpty()
+                   ? outputText("OSC to %1 (%2)").arg(place, protocol)
+                   : outputText("OSC to %1 (%2): %3; trying again").arg(place, protocol, error);
     if (m_socket.isRefused())
-        return tr("OSC to %1 (%2): nothing listens there; going on").arg(place, protocol);
-    return tr("sending OSC to %1 (%2), %3").arg(place, protocol, m_name);
+        return outputText("OSC to %1 (%2): nothing listens there; going on").arg(place, protocol);
+    return outputText("sending OSC to %1 (%2), %3").arg(place, protocol, m_name);
 }
 
 bool OscReceiver::Beat(const OutputMoment& pMoment)
