@@ -4,8 +4,6 @@
 #include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/outputs/osc/OscReceiver.h>
 
-#include <QStringList>
-
 namespace shared {
 
 namespace {
@@ -26,6 +24,14 @@ const OscPreset* FindPreset(const QString& pName)
         if (pName.compare(QLatin1String(preset.name), Qt::CaseInsensitive) == 0)
             return &preset;
     return nullptr;
+}
+
+QStringList NamesOfOscPresets()
+{
+    QStringList names;
+    for (const OscPreset& preset : OscTemplate::getPresets())
+        names.append(QLatin1String(preset.name));
+    return names;
 }
 
 std::unique_ptr<OutputReceiver>
@@ -80,7 +86,13 @@ QString DescribeOscTest(const QString& pPreset)
 const std::vector<OutputKind>& getOutputKinds()
 {
     static const std::vector<OutputKind> kinds = {
-        {"osc", true, true, &MakeOsc, &DescribeOscTest},
+        {"osc",
+         "HOST:PORT[/PRESET]",
+         true,
+         NamesOfOscPresets(),
+         &MakeOsc,
+         [] { return outputText("send beats as Open Sound Control"); },
+         &DescribeOscTest},
     };
     return kinds;
 }
@@ -110,7 +122,7 @@ std::unique_ptr<OutputReceiver> makeReceiver(const QString& pKind,
 void readOutputPlace(const QString& pText, StoredOutput& pOutput)
 {
     const OutputKind* pKind = findOutputKind(pOutput.kind);
-    const int slash = pKind && pKind->hasPresets ? pText.indexOf(QLatin1Char('/')) : -1;
+    const int slash = pKind && !pKind->presets.isEmpty() ? pText.indexOf(QLatin1Char('/')) : -1;
     pOutput.address = pText.left(slash).trimmed();
     pOutput.preset = slash < 0 ? QString() : pText.mid(slash + 1).trimmed();
 }

@@ -5,6 +5,7 @@
 #include <shared/outputs/OutputSettings.h>
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -20,10 +21,12 @@ struct OutputKind
                                                       const QString& pPreset,
                                                       QString& pReason);
 
-    const char* name;   ///< also of its option: "osc"
-    bool needsAddress;  ///< else there is one of its own
-    bool hasPresets;    ///< what follows the address behind a slash
+    const char* name;     ///< also of its option: "osc"
+    const char* place;    ///< the form of its address: "HOST:PORT[/PRESET]"
+    bool needsAddress;    ///< else there is one of its own
+    QStringList presets;  ///< what may follow the address behind a slash; of osc messages, too
     Maker make;
+    QString (*describe)();                            ///< whom it reaches, for a help
     QString (*describeTest)(const QString& pPreset);  ///< what is to be seen of a test
 };
 
