@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <cli/CommandLine.h>
-#include <cli/Text.h>
 #include <cli/analyze/AnalyzeArguments.h>
 #include <cli/evaluate/EvaluateArguments.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/outputs/OutputsArguments.h>
 #include <cli/settings/SettingsArguments.h>
 #include <shared/options/OptionParser.h>
+#include <shared/text/Text.h>
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <demo/SceneNoise.h>
 #include <demo/ScenePlayer.h>
 #include <shared/files/WholeFile.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -19,11 +19,6 @@
 namespace {
 
 constexpr std::size_t kSamplesPerChunk = 4096;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("SceneFiles", pText);
-}
 
 /// Writes all samples to the file at pPath.
 QString WriteSamples(const QString& pPath, int pSampleRate, const SampleMaker& pMaker)

@@ -2,8 +2,8 @@
 #include <demo/DemoTrack.h>
 #include <shared/files/WholeFile.h>
 #include <shared/options/OptionParser.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -34,11 +34,6 @@ constexpr std::size_t kFramesPerChunk = 4096;
 constexpr int kWav = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
 constexpr quint64 kFrameSize = 2 * sizeof(qint16);  ///< bytes, stereo
 constexpr quint64 kMostWavBytes = 0xffff0000;  ///< of samples: the head has 32 bits for the size
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("audio-analyzer-demo", pText);
-}
 
 /// libsndfile's format for a file name's suffix; 0 = none that we write.
 int getFormat(const QString& pPath)

@@ -2,8 +2,8 @@
 #include <demo/SceneFiles.h>
 #include <demo/Studies.h>
 #include <shared/options/OptionParser.h>
+#include <shared/text/Text.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -29,11 +29,6 @@ struct Arguments
     std::string joined;
     std::vector<std::string> inputs;
 };
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("audio-analyzer-scenes", pText);
-}
 
 int Fail(const QString& pError, int pCode)
 {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <cli/Text.h>
 #include <cli/analyze/AnalyzeArguments.h>
 #include <cli/analyze/RawPcmReader.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <shared/files/AudioSource.h>
+#include <shared/text/Text.h>
 
 #include <QFile>
 

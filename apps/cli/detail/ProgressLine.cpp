@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/detail/ProgressLine.h>
+#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/evaluate/EvaluateArguments.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 

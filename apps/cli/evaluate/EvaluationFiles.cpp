@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/evaluate/EvaluationFiles.h>
+#include <shared/text/Text.h>
 
 #include <QFile>
 #include <QFileInfo>

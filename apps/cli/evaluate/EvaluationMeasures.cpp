@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/evaluate/EvaluationMeasures.h>
+#include <shared/text/Text.h>
 
 #include <QMap>
 

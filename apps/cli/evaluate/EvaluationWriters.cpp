@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/evaluate/EvaluationWriters.h>
 #include <cli/output/TextNumbers.h>
+#include <shared/text/Text.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundBackEnd.h>
+#include <shared/text/Text.h>
 
 #include <cmath>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/settings/BeatSettings.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 

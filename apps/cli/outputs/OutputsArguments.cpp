@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/outputs/OutputsArguments.h>
 #include <shared/outputs/kinds/OutputKinds.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 

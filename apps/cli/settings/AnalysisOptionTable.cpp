@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/ProfileLimits.h>
 
-#include <cli/Text.h>
 #include <cli/detail/ParseNumber.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingText.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <cli/Text.h>
 #include <cli/settings/ConfigurationSettings.h>
 #include <cli/settings/SettingText.h>
 #include <shared/settings/AnalysisOptions.h>
 #include <shared/settings/ConfigurationStore.h>
+#include <shared/text/Text.h>
 
 #include <QRegularExpression>
 

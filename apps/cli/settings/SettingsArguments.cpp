@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <cli/Text.h>
 #include <cli/settings/AnalysisOptionTable.h>
 #include <cli/settings/SettingsArguments.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 

@@ -2,11 +2,10 @@
 #include <AudioAnalyzer/Version.h>
 
 #include <shared/options/OptionParser.h>
+#include <shared/text/Text.h>
 
 // The only file that includes this large header.
 #include <CLI/CLI.hpp>
-
-#include <QCoreApplication>
 
 #include <cmath>
 
@@ -15,11 +14,6 @@ namespace shared {
 namespace {
 
 constexpr int kHelpColumn = 34;
-
-QString tr(const char* pText)
-{
-    return QCoreApplication::translate("OptionParser", pText);
-}
 
 std::string Utf8(const QString& pText)
 {

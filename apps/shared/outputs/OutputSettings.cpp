@@ -2,7 +2,7 @@
 #include <AudioAnalyzer/config/UISettings.h>
 
 #include <shared/outputs/OutputSettings.h>
-#include <shared/outputs/OutputText.h>
+#include <shared/text/Text.h>
 
 #include <QDir>
 #include <QFile>
@@ -11,8 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-
-using shared::outputText;
 
 namespace {
 
@@ -65,12 +63,12 @@ OutputSettings OutputSettings::Load()
         file.setArrayIndex(i);
         const QString refusal = settings.Add(Read(file));
         if (!refusal.isEmpty())
-            settings.m_problems += outputText("%1: output %2 is left out: %3")
-                                       .arg(path, QString::number(i + 1), refusal);
+            settings.m_problems +=
+                tr("%1: output %2 is left out: %3").arg(path, QString::number(i + 1), refusal);
     }
     if (count > kMostOutputs)
         settings.m_problems +=
-            outputText("%1: only the first %2 outputs count").arg(path).arg(kMostOutputs);
+            tr("%1: only the first %2 outputs count").arg(path).arg(kMostOutputs);
     return settings;
 }
 
@@ -112,7 +110,7 @@ StoredOutput* OutputSettings::Find(const QString& pName)
 QString OutputSettings::Add(const StoredOutput& pOutput)
 {
     if (int(m_outputs.size()) >= kMostOutputs)
-        return outputText("there are %1 outputs already").arg(kMostOutputs);
+        return tr("there are %1 outputs already").arg(kMostOutputs);
     const QString refusal = _Check(pOutput, nullptr);
     if (refusal.isEmpty())
         m_outputs.push_back(pOutput);
@@ -123,7 +121,7 @@ QString OutputSettings::Replace(const QString& pName, const StoredOutput& pOutpu
 {
     StoredOutput* pReplaced = Find(pName);
     if (!pReplaced)
-        return outputText("there is no output \"%1\"").arg(pName);
+        return tr("there is no output \"%1\"").arg(pName);
     const QString refusal = _Check(pOutput, pReplaced);
     if (refusal.isEmpty())
         *pReplaced = pOutput;
@@ -141,18 +139,16 @@ bool OutputSettings::Remove(const QString& pName)
 QString OutputSettings::_Check(const StoredOutput& pOutput, const StoredOutput* pReplaced) const
 {
     if (pOutput.name.isEmpty() || pOutput.name.size() > kLongestName || !IsPrintable(pOutput.name))
-        return outputText("its name must have 1 to %1 letters").arg(kLongestName);
+        return tr("its name must have 1 to %1 letters").arg(kLongestName);
     const StoredOutput* pPresent = Find(pOutput.name);
     if (pPresent && pPresent != pReplaced)
-        return outputText("there is an output \"%1\" already").arg(pPresent->name);
+        return tr("there is an output \"%1\" already").arg(pPresent->name);
     if (pOutput.kind.isEmpty())
-        return outputText("it has no kind");
+        return tr("it has no kind");
     for (const QString& text : {pOutput.kind, pOutput.address, pOutput.preset})
         if (text.size() > kLongestText || !IsPrintable(text))
-            return outputText("its kind, address or preset is too long, or no text");
+            return tr("its kind, address or preset is too long, or no text");
     if (!(std::abs(pOutput.offset) <= kFarthestOffset))
-        return outputText("its offset must be %1 to %2 ms")
-            .arg(-kFarthestOffset)
-            .arg(kFarthestOffset);
+        return tr("its offset must be %1 to %2 ms").arg(-kFarthestOffset).arg(kFarthestOffset);
     return {};
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/HostPort.h>
-#include <shared/outputs/OutputText.h>
 #include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/outputs/osc/OscReceiver.h>
+#include <shared/text/Text.h>
 
 namespace shared {
 
@@ -46,39 +46,33 @@ MakeOsc(const QString& pAddress, const QString& pPreset, QString& pReason)
     const auto place =
         HostPort::Parse(isTCP ? pAddress.mid(4) : pAddress, pKnown ? pKnown->port : 0);
     if (!place) {
-        pReason =
-            outputText("\"%1\": give HOST:PORT[/PRESET], or tcp:HOST:PORT[/PRESET]").arg(pAddress);
+        pReason = tr("\"%1\": give HOST:PORT[/PRESET], or tcp:HOST:PORT[/PRESET]").arg(pAddress);
         return nullptr;
     }
-    return std::make_unique<OscReceiver>(place->host,
-                                         place->port,
-                                         isTCP,
-                                         *messages,
-                                         pKnown ? preset : outputText("messages of your own"));
+    return std::make_unique<OscReceiver>(
+        place->host, place->port, isTCP, *messages, pKnown ? preset : tr("messages of your own"));
 }
 
 QString DescribeOscTest(const QString& pPreset)
 {
     const std::pair<const char*, QString> seen[] = {
-        {"resolume", outputText("Resolume's tempo goes to 120 BPM, and its beat to the one twice")},
-        {"chromatik",
-         outputText("Chromatik's tempo goes to 120 BPM, and its beat counts 1 2 3 4 twice")},
-        {"grandma3", outputText("the fader of executor 201 goes to 70.7 %, which is 120 BPM")},
-        {"wled", outputText("the tempo shown goes to 120 BPM")},
+        {"resolume", tr("Resolume's tempo goes to 120 BPM, and its beat to the one twice")},
+        {"chromatik", tr("Chromatik's tempo goes to 120 BPM, and its beat counts 1 2 3 4 twice")},
+        {"grandma3", tr("the fader of executor 201 goes to 70.7 %, which is 120 BPM")},
+        {"wled", tr("the tempo shown goes to 120 BPM")},
         {"touchdesigner",
-         outputText("an OSC In CHOP gets the channels bpm, beat, count, bar, confidence, "
-                    "phase and playing")},
+         tr("an OSC In CHOP gets the channels bpm, beat, count, bar, confidence, "
+            "phase and playing")},
         {"qlcplus",
-         outputText("the OSC signal blinks in QLC+'s input tab, and a button that learned /beat "
-                    "goes on and off eight times")}};
+         tr("the OSC signal blinks in QLC+'s input tab, and a button that learned /beat "
+            "goes on and off eight times")}};
     for (const auto& [name, words] : seen)
         if (pPreset.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
             return words;
     if (pPreset.isEmpty() || pPreset.compare(QLatin1String("plain"), Qt::CaseInsensitive) == 0)
-        return outputText(
-            "the receiver gets /tempo 120, /playing 1, eight times /beat, twice /bar, and "
-            "/playing 0");
-    return outputText("the receiver gets your messages for eight beats and two bars");
+        return tr("the receiver gets /tempo 120, /playing 1, eight times /beat, twice /bar, and "
+                  "/playing 0");
+    return tr("the receiver gets your messages for eight beats and two bars");
 }
 
 }  // namespace
@@ -91,7 +85,7 @@ const std::vector<OutputKind>& getOutputKinds()
          true,
          NamesOfOscPresets(),
          &MakeOsc,
-         [] { return outputText("send beats as Open Sound Control"); },
+         [] { return tr("send beats as Open Sound Control"); },
          &DescribeOscTest},
     };
     return kinds;
@@ -113,8 +107,8 @@ std::unique_ptr<OutputReceiver> makeReceiver(const QString& pKind,
     const OutputKind* pFound = findOutputKind(pKind);
     if (pFound && (!pAddress.isEmpty() || !pFound->needsAddress))
         return pFound->make(pAddress, pPreset, pReason);
-    pReason = pFound ? outputText("%1: give its address").arg(QLatin1String(pFound->name))
-                     : outputText("there is no kind of output \"%1\"; there are: %2")
+    pReason = pFound ? tr("%1: give its address").arg(QLatin1String(pFound->name))
+                     : tr("there is no kind of output \"%1\"; there are: %2")
                            .arg(pKind, NamesOfKinds().join(QStringLiteral(", ")));
     return nullptr;
 }

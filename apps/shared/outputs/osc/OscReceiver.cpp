@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
-#include <shared/outputs/OutputText.h>
 #include <shared/outputs/osc/OscReceiver.h>
+#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -122,12 +122,11 @@ QString OscReceiver::getState() const
     const QString protocol = m_isTCP ? QStringLiteral("TCP") : QStringLiteral("UDP");
     const QString error = m_socket.getError();
     if (!m_socket.isOpen())
-        return error.isEmpty()
-                   ? outputText("OSC to %1 (%2)").arg(place, protocol)
-                   : outputText("OSC to %1 (%2): %3; trying again").arg(place, protocol, error);
+        return error.isEmpty() ? tr("OSC to %1 (%2)").arg(place, protocol)
+                               : tr("OSC to %1 (%2): %3; trying again").arg(place, protocol, error);
     if (m_socket.isRefused())
-        return outputText("OSC to %1 (%2): nothing listens there; going on").arg(place, protocol);
-    return outputText("sending OSC to %1 (%2), %3").arg(place, protocol, m_name);
+        return tr("OSC to %1 (%2): nothing listens there; going on").arg(place, protocol);
+    return tr("sending OSC to %1 (%2), %3").arg(place, protocol, m_name);
 }
 
 bool OscReceiver::Beat(const OutputMoment& pMoment)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <shared/outputs/OutputText.h>
 #include <shared/outputs/osc/OscSocket.h>
+#include <shared/text/Text.h>
 
 #include <QtEndian>
 
@@ -53,8 +53,8 @@ bool OscSocket::Open(const QString& pHost, int pPort, bool pIsTCP)
     const int problem = ::getaddrinfo(
         pHost.toUtf8().constData(), QByteArray::number(pPort).constData(), &hints, &pFound);
     if (problem != 0)
-        return _Fail(problem == EAI_NONAME ? outputText("there is no host \"%1\"").arg(pHost)
-                                           : outputText("the host's name cannot be resolved"));
+        return _Fail(problem == EAI_NONAME ? tr("there is no host \"%1\"").arg(pHost)
+                                           : tr("the host's name cannot be resolved"));
     // Over UDP nobody says that he only listens to the other family.
     for (const int family : {AF_INET, AF_INET6})
         for (const addrinfo* p = pFound; p && !isOpen(); p = p->ai_next)
@@ -78,8 +78,8 @@ bool OscSocket::_Connect(int pFamily, const void* pAddress, unsigned pSize)
         error = errno;
     if (error == EINPROGRESS)
         error = Await(m_socket, POLLOUT) ? TakeError(m_socket) : ETIMEDOUT;
-    return error == 0 || _Fail(error == ECONNREFUSED ? outputText("nothing listens there")
-                               : error == ETIMEDOUT  ? outputText("nobody answers")
+    return error == 0 || _Fail(error == ECONNREFUSED ? tr("nothing listens there")
+                               : error == ETIMEDOUT  ? tr("nobody answers")
                                                      : QString::fromLocal8Bit(::strerror(error)));
 }
 
@@ -115,9 +115,9 @@ bool OscSocket::_SendAll(const QByteArray& pBytes)
         if (count >= 0)
             sent += int(count);
         else if (errno != EAGAIN && errno != EINTR)
-            return _Fail(outputText("the connection is lost"));
+            return _Fail(tr("the connection is lost"));
         else if (!Await(m_socket, POLLOUT))
-            return _Fail(outputText("it takes nothing"));
+            return _Fail(tr("it takes nothing"));
     }
     return true;
 }
@@ -133,7 +133,7 @@ bool OscSocket::Look()
     std::array<char, 1024> answer = {};
     const ssize_t count = ::recv(m_socket, answer.data(), answer.size(), 0);
     const bool isThere = count > 0 || (count < 0 && (errno == EAGAIN || errno == EINTR));
-    return isThere || _Fail(outputText("the connection is closed"));
+    return isThere || _Fail(tr("the connection is closed"));
 }
 
 /// An answer may take longer than until the next look.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <shared/outputs/OutputText.h>
 #include <shared/outputs/osc/OscTemplate.h>
+#include <shared/text/Text.h>
 
 #include <QStringList>
 
@@ -82,27 +82,25 @@ QString ReadRule(const QString& pItem, OscRule& pRule)
     QString rest = pItem;
     const QString when = TakeWord(rest);
     if (!ReadEvent(when, pRule))
-        return outputText("\"%1\": give a preset, or begin with beat, bar, tempo, playing or tickN")
+        return tr("\"%1\": give a preset, or begin with beat, bar, tempo, playing or tickN")
             .arg(when);
     const QString address = TakeWord(rest);
     if (!IsAddress(address))
-        return outputText(
-                   "\"%1\": the address must begin with / and have no blanks or # * , ? [ ] { }")
+        return tr("\"%1\": the address must begin with / and have no blanks or # * , ? [ ] { }")
             .arg(address);
     const QString types = TakeWord(rest);
     if (!AreTypes(types))
-        return outputText("%1: give a type for each value, at most %2 of i, f, d and h")
+        return tr("%1: give a type for each value, at most %2 of i, f, d and h")
             .arg(address)
             .arg(OscTemplate::kMostValues);
     const QStringList values = SplitValues(rest);
     if (values.size() != types.size())
-        return outputText("%1: give as many values as types, with commas between them")
-            .arg(address);
+        return tr("%1: give as many values as types, with commas between them").arg(address);
     for (const QString& value : values) {
         QString reason;
         const auto expression = OscExpression::Parse(value.toUtf8(), reason);
         if (!expression)
-            return outputText("%1: \"%2\": %3").arg(address, value.trimmed(), reason);
+            return tr("%1: \"%2\": %3").arg(address, value.trimmed(), reason);
         pRule.values.push_back(*expression);
     }
     pRule.address = address.toLatin1();
@@ -144,19 +142,18 @@ QString ReadItems(const QString& pText, OscTemplate& pTemplate)
 std::optional<OscTemplate> OscTemplate::Parse(const QString& pText, QString& pReason)
 {
     OscTemplate result;
-    pReason = pText.size() > kLongest ? outputText("the messages are too long")
-                                      : ReadItems(pText, result);
+    pReason = pText.size() > kLongest ? tr("the messages are too long") : ReadItems(pText, result);
     if (!pReason.isEmpty())
         return std::nullopt;
     if (result.rules.empty() || result.rules.size() > kMostRules) {
-        pReason = outputText("give 1 to %1 messages").arg(kMostRules);
+        pReason = tr("give 1 to %1 messages").arg(kMostRules);
         return std::nullopt;
     }
     for (const OscRule& rule : result.rules) {
         result.division = std::lcm(result.division, rule.ticks);
         if (result.division > kMostTicks) {
-            pReason = outputText("the numbers of ticks a beat have no common multiple up to %1")
-                          .arg(kMostTicks);
+            pReason =
+                tr("the numbers of ticks a beat have no common multiple up to %1").arg(kMostTicks);
             return std::nullopt;
         }
     }

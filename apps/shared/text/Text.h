@@ -7,5 +7,5 @@
 /// A text for people, where no class has a context of its own.
 inline QString tr(const char* pText)
 {
-    return QCoreApplication::translate("audio-analyzer", pText);
+    return QCoreApplication::translate("shared", pText);
 }
