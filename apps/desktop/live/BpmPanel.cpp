@@ -131,7 +131,8 @@ void BpmPanel::_ShowBar(const LiveValues& pValues)
 void BpmPanel::_ShowTempo(const LiveValues& pValues)
 {
     const bool isKnown = pValues.bpm > 0.0;
-    setTextOf(*m_pTempo, isKnown ? QLocale().toString(pValues.bpm, 'f', 1) : QStringLiteral("–"));
+    setTextOf(*m_pTempo,
+              isKnown ? QLocale().toString(pValues.shownBPM, 'f', 1) : QStringLiteral("–"));
     const auto role = isKnown && !pValues.isHeld ? QPalette::WindowText : QPalette::PlaceholderText;
     if (m_pTempo->foregroundRole() != role)
         m_pTempo->setForegroundRole(role);

@@ -120,6 +120,7 @@ void LiveFeed::_ReadClock()
     if (isRunning)
         m_lastBPM = state.bpm;
     m_values.bpm = m_lastBPM;
+    m_values.shownBPM = m_shown.Show(m_lastBPM, state.charge != BeatClockCharge_Music);
     m_values.charge = state.charge;
     m_values.isHeld = !isRunning && m_lastBPM > 0.0;
     m_values.isAutomatic = m_beats.isAutomatic();

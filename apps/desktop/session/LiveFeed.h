@@ -6,6 +6,7 @@
 #include <AudioAnalyzer/analysis/BeatFollower.h>
 
 #include <desktop/session/LiveValues.h>
+#include <desktop/session/detail/ShownTempo.h>
 #include <desktop/session/detail/TempoSpan.h>
 #include <shared/clock/LiveBeats.h>
 
@@ -66,6 +67,7 @@ private:
     std::unique_ptr<BeatFollower> m_follower;  ///< null without an analyzer
     LiveValues m_values;
     desktop::TempoSpan m_tempo;
+    desktop::ShownTempo m_shown;
     double m_lastBPM = 0.0;  ///< of the clock while it ran; 0 = none
     quint64 m_beatCount = 0;
     int m_input = 0;  ///< greatest sample magnitude since Read()

@@ -13,6 +13,7 @@ struct LiveValues
     bool isAnalyzing = false;  ///< samples arrive and are analysed
     bool isPlaying = false;    ///< they are music
     double bpm = 0.0;          ///< in force, 0 = unknown
+    double shownBPM = 0.0;     ///< the same as a steady figure
     double measuredBPM = 0.0;  ///< whatever the profile's range; 0 = unknown
     int charge = 0;            ///< a BeatClockCharge
     bool isHeld = false;       ///< not measured now, but the last that was

@@ -137,7 +137,7 @@ StageView::Picture StageView::_Compose(const LiveValues& pValues, qint64 pNow)
 {
     Picture picture;
     const bool isKnown = pValues.bpm > 0.0;
-    picture.tempo = isKnown ? QLocale().toString(pValues.bpm, 'f', 1) : QStringLiteral("–");
+    picture.tempo = isKnown ? QLocale().toString(pValues.shownBPM, 'f', 1) : QStringLiteral("–");
     picture.isDim = !isKnown || pValues.isHeld;
     picture.beat = pValues.beatInBar;
     picture.beats = pValues.beatsPerBar;

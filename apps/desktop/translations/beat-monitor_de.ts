@@ -1057,14 +1057,6 @@
         <translation>Hört „%1“: keine Musik</translation>
     </message>
     <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Spielt „%1“   %2 von %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Spielt „%1“   %2</translation>
-    </message>
-    <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
         <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
     </message>
@@ -1075,6 +1067,14 @@
     <message>
         <source>“%1”: %2</source>
         <translation>„%1“: %2</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2 of %3</source>
+        <translation>„%1“ wird ohne Ton abgespielt   %2 von %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2</source>
+        <translation>„%1“ wird ohne Ton abgespielt   %2</translation>
     </message>
 </context>
 <context>

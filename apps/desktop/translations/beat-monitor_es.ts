@@ -1057,14 +1057,6 @@
         <translation>Escuchando «%1»: sin música</translation>
     </message>
     <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Reproduciendo «%1»   %2 de %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Reproduciendo «%1»   %2</translation>
-    </message>
-    <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
         <translation>No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
     </message>
@@ -1075,6 +1067,14 @@
     <message>
         <source>“%1”: %2</source>
         <translation>«%1»: %2</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2 of %3</source>
+        <translation>Reproduciendo «%1» sin sonido   %2 de %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2</source>
+        <translation>Reproduciendo «%1» sin sonido   %2</translation>
     </message>
 </context>
 <context>

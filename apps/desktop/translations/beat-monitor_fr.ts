@@ -1057,14 +1057,6 @@
         <translation>Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
     </message>
     <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Lecture de «&#xa0;%1&#xa0;»   %2</translation>
-    </message>
-    <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
         <translation>Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
     </message>
@@ -1075,6 +1067,14 @@
     <message>
         <source>“%1”: %2</source>
         <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2 of %3</source>
+        <translation>Lecture de « %1 » sans son   %2 sur %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2</source>
+        <translation>Lecture de « %1 » sans son   %2</translation>
     </message>
 </context>
 <context>

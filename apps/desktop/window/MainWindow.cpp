@@ -25,12 +25,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -40,15 +36,6 @@
 namespace {
 
 constexpr qint64 kStatusMs = 200;
-
-/// The first local file that is dragged; empty = none.
-QString FileOf(const QMimeData& pData)
-{
-    const QList<QUrl> urls = pData.urls();
-    const auto found =
-        std::find_if(urls.begin(), urls.end(), [](const QUrl& pUrl) { return pUrl.isLocalFile(); });
-    return found == urls.end() ? QString() : found->toLocalFile();
-}
 
 }  // namespace
 
@@ -371,57 +358,6 @@ void MainWindow::Place(eStartingPosition pPosition)
     const QSize frame = frameGeometry().size();
     if (const auto corner = placeWindow(pPosition, frame, pScreen->availableGeometry()))
         move(*corner);
-}
-
-// ---- What happens to it -------------------------------------------------------------------------
-
-void MainWindow::moveEvent(QMoveEvent* pEvent)
-{
-    QMainWindow::moveEvent(pEvent);
-    // The window manager has put its frame around the window, which moved what is in it.
-    if (m_place != Default && frameGeometry().size() != size())
-        Place(m_place);
-}
-
-void MainWindow::changeEvent(QEvent* pEvent)
-{
-    if (pEvent->type() == QEvent::LanguageChange) {
-        _Retranslate();
-        _ShowSource();
-    }
-    if (pEvent->type() == QEvent::WindowStateChange)
-        _WatchRefresh();
-    QMainWindow::changeEvent(pEvent);
-}
-
-void MainWindow::showEvent(QShowEvent* pEvent)
-{
-    QMainWindow::showEvent(pEvent);
-    _WatchRefresh();
-}
-
-void MainWindow::hideEvent(QHideEvent* pEvent)
-{
-    QMainWindow::hideEvent(pEvent);
-    _WatchRefresh();
-}
-
-void MainWindow::closeEvent(QCloseEvent* pEvent)
-{
-    pEvent->accept();
-    QCoreApplication::quit();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* pEvent)
-{
-    if (!FileOf(*pEvent->mimeData()).isEmpty())
-        pEvent->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent* pEvent)
-{
-    pEvent->acceptProposedAction();
-    m_session.PlayFile(FileOf(*pEvent->mimeData()), false);
 }
 
 #include "moc_MainWindow.cpp"

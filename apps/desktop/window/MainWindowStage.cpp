@@ -125,12 +125,3 @@ void MainWindow::_ShowKeys()
 {
     (m_pStage->isVisible() ? m_pStageKeys : m_pKeys)->Toggle(BoothActions::getPage());
 }
-
-bool MainWindow::eventFilter(QObject* pObject, QEvent* pEvent)
-{
-    if (pObject == m_pLiveCard && pEvent->type() == QEvent::MouseButtonDblClick) {
-        TurnStage();
-        return true;
-    }
-    return QMainWindow::eventFilter(pObject, pEvent);
-}

@@ -118,7 +118,7 @@ void tst_StageView::everything_hasItsPlace()
     StageView stage;
     stage.resize(size);
     LiveValues values = OnBeat(2);
-    values.bpm = 188.8;
+    values.shownBPM = 188.8;
     stage.Refresh(values, 9000);
     const QImage image = stage.grab().toImage();
     const QColor ground = stage.getGround();
