@@ -16,6 +16,11 @@ bool write(const QString& pFolder, const char* pName, const FileBuilder& pFile)
     return pFile.writeTo(pFolder + QLatin1Char('/') + QLatin1String(pName));
 }
 
+FileBuilder bytes(const QByteArray& pBytes)
+{
+    return FileBuilder().append(pBytes);
+}
+
 FileBuilder withDevice(int pMinor)
 {
     FileBuilder file = FileBuilder::sample(1, pMinor);
@@ -57,6 +62,18 @@ bool writeProfiles(const QString& pFolder)
            write(pFolder, "truncated", record("Acid").truncateAt(30));
 }
 
+/// What light programs answer, and what they should not.
+bool writeAnswers(const QString& pFolder)
+{
+    const QByteArray on = R"({"evt":"feedback","name":"strobe","page":"1","state":"on"})";
+    return write(pFolder, "one", bytes(on)) && write(pFolder, "two", bytes(on + "\n" + on)) &&
+           write(pFolder, "half", bytes(on.left(30))) &&
+           write(pFolder, "text", bytes(R"({"evt":"feedback","name":"a}{\"","state":"off"})")) &&
+           write(pFolder, "nested", bytes(QByteArray(200, '{') + on + QByteArray(200, '}'))) &&
+           write(pFolder, "long", bytes("{\"evt\":\"" + QByteArray(17000, 'x') + "\"}" + on)) &&
+           write(pFolder, "bytes", bytes(QByteArray("\xff\0}\"{", 5) + on));
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -67,6 +84,7 @@ int main(int argc, char** argv)
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
     const bool isDone = writeConfigs(folder + QStringLiteral("/config")) &&
-                        writeProfiles(folder + QStringLiteral("/profile"));
+                        writeProfiles(folder + QStringLiteral("/profile")) &&
+                        writeAnswers(folder + QStringLiteral("/os2l"));
     return isDone ? 0 : 1;
 }

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void wrongUsage_isRefused_withTheReason_data();
     void wrongUsage_isRefused_withTheReason();
     void saving_isSaidToFail_withThePath();
+    void ports_areListed();
     void test_sendsTwoBars();
     void test_ofAStoredOutput_takesItsPlace();
     void test_fails_whenNothingIsReached();
@@ -125,6 +126,7 @@ void tst_OutputsProgram::wrongUsage_isRefused_withTheReason_data()
     add("outputs test away", "there is no output \"away\"; there are: here");
     add("outputs test smoke b:1", "there is no kind of output \"smoke\"");
     add("outputs test osc", "osc: give its address");
+    add("outputs test a --ports", "--ports belongs to outputs list");
 }
 
 void tst_OutputsProgram::wrongUsage_isRefused_withTheReason()
@@ -146,6 +148,22 @@ void tst_OutputsProgram::saving_isSaidToFail_withThePath()
     QVERIFY(QDir(settingsPath()).removeRecursively());
     QCOMPARE(run.exitCode, 1);
     QVERIFY(run.errors.contains("the outputs cannot be stored in " + settingsPath().toUtf8()));
+}
+
+// What there is depends on the machine, the form does not.
+void tst_OutputsProgram::ports_areListed()
+{
+    QProcess process;
+    m_stage.Start(process,
+                  QStringLiteral("audio-analyzer"),
+                  {QStringLiteral("outputs"), QStringLiteral("--ports")});
+    const StagedRun run = Stage::Finish(process);
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errors.contains("no MIDI port is there"), run.output.isEmpty());
+    for (const QString& line : Lines(run.output))
+        QVERIFY2(line.startsWith(QStringLiteral("midi-clock ")) ||
+                     line.startsWith(QStringLiteral("os2l ")),
+                 qPrintable(line));
 }
 
 void tst_OutputsProgram::test_sendsTwoBars()

@@ -26,6 +26,10 @@ private Q_SLOTS:
     void kinds_areFound();
     void osc_isMade();
     void osc_takesThePortOfItsPreset();
+    void os2l_isMade_withAndWithoutAnAddress();
+    void midiClock_isMade_withItsPreset();
+    void midiNotes_areMade_withTheirSettings_data();
+    void midiNotes_areMade_withTheirSettings();
     void nonsense_isRefused_withTheReason();
     void place_isDivided_andPutTogether();
     void tests_sayWhatToSee();
@@ -54,6 +58,56 @@ void tst_OutputKinds::osc_takesThePortOfItsPreset()
              QStringLiteral("OSC to desk:12000 (TCP)"));
 }
 
+void tst_OutputKinds::os2l_isMade_withAndWithoutAnAddress()
+{
+    QVERIFY(!TryReceiver("os2l", "").startsWith(QStringLiteral("refused")));
+    QVERIFY(!TryReceiver("os2l", "desk:8010").startsWith(QStringLiteral("refused")));
+    QCOMPARE(
+        TryReceiver("os2l", "desk:0"),
+        QStringLiteral("refused: \"desk:0\": give HOST or HOST:PORT, or nothing for all in the "
+                       "net"));
+}
+
+void tst_OutputKinds::midiClock_isMade_withItsPreset()
+{
+    for (const char* pPreset : {"", "always", "ALWAYS"})
+        QVERIFY(!TryReceiver("midi-clock", "", pPreset).startsWith(QStringLiteral("refused")));
+    QCOMPARE(TryReceiver("midi-clock", "synth", "never"),
+             QStringLiteral("refused: \"never\": give always, or nothing"));
+    QString reason;
+    const auto pReceiver = shared::makeReceiver(
+        QStringLiteral("midi-clock"), QStringLiteral("synth"), QString(), reason);
+    QCOMPARE(pReceiver->getDivision(), 24);
+}
+
+void tst_OutputKinds::midiNotes_areMade_withTheirSettings_data()
+{
+    QTest::addColumn<bool>("isMade");
+    for (const char* pText :
+         {"", "beat 0", "bar none", "channel 16, velocity 1,length 24 ,beat 127", "Beat NONE"})
+        QTest::newRow(pText) << true;
+    for (const char* pText : {"beat",
+                              "beat 128",
+                              "beat -2",
+                              "channel 0",
+                              "channel none",
+                              "velocity 0",
+                              "length 25",
+                              "pitch 3",
+                              "beat 1 2",
+                              "beat=1"})
+        QTest::newRow(pText) << false;
+}
+
+void tst_OutputKinds::midiNotes_areMade_withTheirSettings()
+{
+    QFETCH(bool, isMade);
+    const QString result = TryReceiver("midi-notes", "", QTest::currentDataTag());
+    QCOMPARE(
+        !result.startsWith(QStringLiteral("refused: \"") + QLatin1String(QTest::currentDataTag())),
+        isMade);
+}
+
 void tst_OutputKinds::nonsense_isRefused_withTheReason()
 {
     QVERIFY(TryReceiver("dmx", "desk")
@@ -77,6 +131,15 @@ void tst_OutputKinds::place_isDivided_andPutTogether()
     }
     QCOMPARE(output.address, QStringLiteral("desk:1"));
     QCOMPARE(output.preset, QStringLiteral("beat /a/b f 1 / bpm"));
+    // The name of a port may hold slashes; so may nothing else.
+    output.kind = QStringLiteral("midi-clock");
+    shared::readOutputPlace(QStringLiteral("USB/DIN 1/always"), output);
+    QCOMPARE(output.address, QStringLiteral("USB/DIN 1"));
+    QCOMPARE(output.preset, QStringLiteral("always"));
+    output.kind = QStringLiteral("os2l");
+    shared::readOutputPlace(QStringLiteral("desk:9996"), output);
+    QCOMPARE(output.address, QStringLiteral("desk:9996"));
+    QVERIFY(output.preset.isEmpty());
 }
 
 void tst_OutputKinds::tests_sayWhatToSee()
@@ -94,6 +157,11 @@ void tst_OutputKinds::tests_sayWhatToSee()
         words.insert(osc.describeTest(QLatin1String(pPreset)));
     QCOMPARE(words.size(), 8);
     QCOMPARE(osc.describeTest(QStringLiteral("Plain")), osc.describeTest(QString()));
+    for (const shared::OutputKind& kind : shared::getOutputKinds()) {
+        QVERIFY(!kind.describe().isEmpty());
+        QVERIFY(!kind.describeTest(QString()).isEmpty());
+        QCOMPARE(kind.describePresets == nullptr, kind.division == shared::OutputKind::eAtNoSlash);
+    }
 }
 
 AA_TEST(tst_OutputKinds, QCoreApplication)

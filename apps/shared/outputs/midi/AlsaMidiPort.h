@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <shared/outputs/midi/MidiPort.h>
+
+#include <QStringList>
+
+#include <memory>
+
+class RtMidiOut;
+
+namespace shared {
+
+/// A port of the ALSA sequencer: of its own that others connect to, or one that is connected to a
+/// named port.
+class AlsaMidiPort : public MidiPort
+{
+public:
+    /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
+    explicit AlsaMidiPort(QString pTarget);
+    ~AlsaMidiPort() override;
+
+    bool Open() override;
+    void Close() override;
+    bool Send(const MidiEvent& pEvent) override;
+    QString getState() const override { return m_state; }
+
+    /// The ports that can be reached; none without a sequencer.
+    static QStringList ListPorts();
+
+private:
+    bool _Connect();
+
+    QString m_target;
+    QString m_state;
+    std::unique_ptr<RtMidiOut> m_out;  ///< null = closed
+};
+
+}  // namespace shared

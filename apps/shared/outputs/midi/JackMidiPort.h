@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <shared/outputs/midi/MidiPort.h>
+
+#include <QStringList>
+
+#include <atomic>
+#include <cstdint>
+#include <jack/jack.h>
+#include <jack/ringbuffer.h>
+
+namespace shared {
+
+/// A port of the JACK server, or PipeWire's: of its own that others connect to, or one that is
+/// connected to a named port.
+///
+/// The server works in cycles, in which a message has a place of its own: it leaves a cycle and a
+/// millisecond behind its instant, on the sample, however long the cycles are and however late the
+/// thread that sends it was within that millisecond.
+class JackMidiPort : public MidiPort
+{
+public:
+    /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
+    explicit JackMidiPort(QString pTarget) : m_target(std::move(pTarget)) {}
+    ~JackMidiPort() override { Close(); }
+
+    bool Open() override;
+    /// Waits until what was sent has left.
+    void Close() override;
+    bool Send(const MidiEvent& pEvent) override;
+    QString getState() const override { return m_state; }
+
+    /// The ports that can be reached; none without a server.
+    static QStringList ListPorts();
+
+private:
+    /// What waits for its cycle.
+    struct Entry
+    {
+        jack_nframes_t frame;
+        MidiMessage message;
+    };
+
+    bool _Register();
+    bool _Connect();
+    static int _Process(jack_nframes_t pCount, void* pSelf);
+    void _Write(jack_nframes_t pCount);
+
+    QString m_target;
+    QString m_state;
+    jack_client_t* m_client = nullptr;    ///< owned; null = closed
+    jack_port_t* m_port = nullptr;        ///< of the client
+    jack_ringbuffer_t* m_ring = nullptr;  ///< owned; entries
+    std::atomic<bool> m_isGone{false};
+};
+
+}  // namespace shared

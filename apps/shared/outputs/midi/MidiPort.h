@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <shared/outputs/midi/MidiMessage.h>
+
+#include <QString>
+
+namespace shared {
+
+/// Where messages leave. One thread at a time.
+class MidiPort
+{
+public:
+    virtual ~MidiPort() = default;
+    MidiPort() = default;
+    MidiPort(const MidiPort&) = delete;
+    MidiPort& operator=(const MidiPort&) = delete;
+
+    /// False when it cannot be had now; getState() says why.
+    virtual bool Open() = 0;
+    virtual void Close() = 0;
+    /// The event's instant has come; what is late by less than a millisecond may still be put right
+    /// by a port that has its own clock. False when the port has gone.
+    virtual bool Send(const MidiEvent& pEvent) = 0;
+    /// Where messages go, or what is wrong, in words for people.
+    virtual QString getState() const = 0;
+};
+
+}  // namespace shared
