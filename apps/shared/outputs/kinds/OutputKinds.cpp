@@ -19,8 +19,11 @@ QStringList NamesOfKinds()
 
 const std::vector<OutputKind>& getOutputKinds()
 {
-    static const std::vector<OutputKind> kinds = {
-        detail::oscKind(), detail::os2lKind(), detail::midiClockKind(), detail::midiNotesKind()};
+    static const std::vector<OutputKind> kinds = {detail::oscKind(),
+                                                  detail::os2lKind(),
+                                                  detail::midiClockKind(),
+                                                  detail::midiNotesKind(),
+                                                  detail::wledKind()};
     return kinds;
 }
 

@@ -10,5 +10,6 @@ OutputKind oscKind();
 OutputKind os2lKind();
 OutputKind midiClockKind();
 OutputKind midiNotesKind();
+OutputKind wledKind();
 
 }  // namespace shared::detail

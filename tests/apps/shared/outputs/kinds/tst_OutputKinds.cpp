@@ -27,6 +27,7 @@ private Q_SLOTS:
     void osc_isMade();
     void osc_takesThePortOfItsPreset();
     void os2l_isMade_withAndWithoutAnAddress();
+    void wled_isMade_withAndWithoutAnAddress();
     void midiClock_isMade_withItsPreset();
     void midiNotes_areMade_withTheirSettings_data();
     void midiNotes_areMade_withTheirSettings();
@@ -66,6 +67,15 @@ void tst_OutputKinds::os2l_isMade_withAndWithoutAnAddress()
         TryReceiver("os2l", "desk:0"),
         QStringLiteral("refused: \"desk:0\": give HOST or HOST:PORT, or nothing for all in the "
                        "net"));
+}
+
+void tst_OutputKinds::wled_isMade_withAndWithoutAnAddress()
+{
+    for (const char* pAddress : {"", "strip", "10.0.0.5:11989"})
+        QVERIFY(!TryReceiver("wled", pAddress).startsWith(QStringLiteral("refused")));
+    QCOMPARE(TryReceiver("wled", "strip:0"),
+             QStringLiteral("refused: \"strip:0\": give HOST or HOST:PORT, or nothing for all in "
+                            "the net"));
 }
 
 void tst_OutputKinds::midiClock_isMade_withItsPreset()
