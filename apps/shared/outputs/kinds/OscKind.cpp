@@ -62,7 +62,7 @@ QString DescribeOscTest(const QString& pPreset)
         if (pPreset.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
             return words;
     if (pPreset.isEmpty() || pPreset.compare(QLatin1String("plain"), Qt::CaseInsensitive) == 0)
-        return tr("the receiver gets /tempo 120, /playing 1, eight times /beat, twice /bar, and "
+        return tr("the receiver gets /playing 1, eight times /beat, twice /tempo and /bar, and "
                   "/playing 0");
     return tr("the receiver gets your messages for eight beats and two bars");
 }

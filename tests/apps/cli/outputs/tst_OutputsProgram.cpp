@@ -25,6 +25,8 @@ private Q_SLOTS:
     void ports_areListed();
     void test_sendsTwoBars();
     void test_ofAStoredOutput_takesItsPlace();
+    void test_sendsAll_whateverTheOffset_data();
+    void test_sendsAll_whateverTheOffset();
     void test_fails_whenNothingIsReached();
 
 private:
@@ -206,6 +208,31 @@ void tst_OutputsProgram::test_ofAStoredOutput_takesItsPlace()
     QCOMPARE(run.exitCode, 0);
     QVERIFY(run.errors.contains("the fader of executor 201 goes to 70.7 %"));
     QCOMPARE(listener.take(1), QStringLiteral("/Page1/Fader201 f 70.7107"));
+}
+
+void tst_OutputsProgram::test_sendsAll_whateverTheOffset_data()
+{
+    QTest::addColumn<QString>("offset");
+    for (const char* pOffset : {"-500", "500"})
+        QTest::newRow(pOffset) << QString::fromLatin1(pOffset);
+}
+
+void tst_OutputsProgram::test_sendsAll_whateverTheOffset()
+{
+    QFETCH(QString, offset);
+    OscListener listener;
+    const QString place = QStringLiteral("127.0.0.1:%1/beat /b i beat; playing /p i playing");
+    m_stage.Run({QStringLiteral("outputs"),
+                 QStringLiteral("add"),
+                 QStringLiteral("desk"),
+                 QStringLiteral("osc"),
+                 place.arg(listener.getPort()),
+                 QStringLiteral("--offset"),
+                 offset});
+    QCOMPARE(m_stage.Run("outputs test desk").exitCode, 0);
+    QCOMPARE(listener.take(11),
+             QStringLiteral("/p i 0\n/p i 1\n/b i 0\n/b i 1\n/b i 2\n/b i 3\n/b i 4\n/b i 5\n"
+                            "/b i 6\n/b i 7\n/p i 0"));
 }
 
 void tst_OutputsProgram::test_fails_whenNothingIsReached()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/kinds/OutputKinds.h>
+#include <shared/outputs/osc/OscTemplate.h>
 
 #include <QtTest>
 
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void nonsense_isRefused_withTheReason();
     void place_isDivided_andPutTogether();
     void tests_sayWhatToSee();
+    void recipes_areThere_forAllKindsAndPresets();
 };
 
 void tst_OutputKinds::kinds_areFound()
@@ -172,6 +174,22 @@ void tst_OutputKinds::tests_sayWhatToSee()
         QVERIFY(!kind.describeTest(QString()).isEmpty());
         QCOMPARE(kind.describePresets == nullptr, kind.division == shared::OutputKind::eAtNoSlash);
     }
+}
+
+void tst_OutputKinds::recipes_areThere_forAllKindsAndPresets()
+{
+    QFile file(QStringLiteral(OUTPUT_DOCS));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString page = QString::fromUtf8(file.readAll());
+    for (const shared::OutputKind& kind : shared::getOutputKinds())
+        QVERIFY2(page.contains(
+                     QStringLiteral("audio-analyzer listen --%1 ").arg(QLatin1String(kind.name))),
+                 kind.name);
+    for (const shared::OscPreset& preset : shared::OscTemplate::getPresets())
+        QVERIFY2(page.contains(QStringLiteral("`--osc HOST/%1`, port %2\n")
+                                   .arg(QLatin1String(preset.name))
+                                   .arg(preset.port)),
+                 preset.name);
 }
 
 AA_TEST(tst_OutputKinds, QCoreApplication)
