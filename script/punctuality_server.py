@@ -3,12 +3,14 @@
 import ctypes
 import os
 import pathlib
+import signal
 import subprocess
 import tempfile
 import time
 
 RATE = 48000
 SINK = "stage"
+SINK_ARGUMENTS = f"sink_name={SINK} rate={RATE} channels=1 format=s16le"
 
 
 class Server:
@@ -26,20 +28,44 @@ class Server:
         (root / "client.conf").write_text("autospawn = no\nenable-shm = no\n")
         self.env["PULSE_CLIENTCONFIG"] = str(root / "client.conf")
         self.env["PULSE_SERVER"] = f"unix:{root}/native"
-        self.process = subprocess.Popen(
-            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disable-shm=yes",
-             "--log-level=error", "-L", f"module-native-protocol-unix auth-anonymous=1 socket={root}/native",
-             "-L", f"module-null-sink sink_name={SINK} rate={RATE} channels=1 format=s16le"], env=self.env)
-        while subprocess.run(["pactl", "info"], env=self.env, capture_output=True).returncode != 0:
-            if self.process.poll() is not None:
-                raise SystemExit("script/punctuality: pulseaudio has ended")
-            time.sleep(0.05)
+        self._run()
         return self
 
     def __exit__(self, *_):
         self.process.terminate()
         self.process.wait()
         self.folder.cleanup()
+
+    def _run(self):
+        socket = f"{self.folder.name}/native"
+        self.process = subprocess.Popen(
+            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disable-shm=yes",
+             "--log-level=error", "-L", f"module-native-protocol-unix auth-anonymous=1 socket={socket}",
+             "-L", f"module-null-sink {SINK_ARGUMENTS}"], env=self.env)
+        while subprocess.run(["pactl", "info"], env=self.env, capture_output=True).returncode != 0:
+            if self.process.poll() is not None:
+                raise SystemExit("script/punctuality: pulseaudio has ended")
+            time.sleep(0.05)
+
+    # Each takes a second, after which all is as before.
+
+    def crash(self):
+        self.process.kill()
+        self.process.wait()
+        pathlib.Path(self.folder.name, "native").unlink(missing_ok=True)
+        time.sleep(1.0)
+        self._run()
+
+    def hang(self):
+        self.process.send_signal(signal.SIGSTOP)
+        time.sleep(1.0)
+        self.process.send_signal(signal.SIGCONT)
+
+    def lose_sink(self):
+        subprocess.run(["pactl", "unload-module", "module-null-sink"], env=self.env, check=True)
+        time.sleep(1.0)
+        subprocess.run(["pactl", "load-module", "module-null-sink", *SINK_ARGUMENTS.split()], env=self.env, check=True,
+                       stdout=subprocess.DEVNULL)
 
 
 class SampleSpec(ctypes.Structure):
@@ -123,6 +149,12 @@ class Player:
         self._locked(lambda: pulse.pa_stream_unref(stream))
         settled = sorted(starts[len(starts) // 4:])
         return settled[len(settled) // 2]
+
+    def end(self):
+        self._locked(lambda: self.pulse.pa_context_disconnect(self.context))
+        self.pulse.pa_threaded_mainloop_stop(self.loop)
+        self.pulse.pa_context_unref(self.context)
+        self.pulse.pa_threaded_mainloop_free(self.loop)
 
     def _ask(self, stream):
         operation = self.pulse.pa_stream_update_timing_info(stream, None, None)

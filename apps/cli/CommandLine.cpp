@@ -3,6 +3,7 @@
 #include <cli/analyze/AnalyzeArguments.h>
 #include <cli/evaluate/EvaluateArguments.h>
 #include <cli/live/LiveArguments.h>
+#include <cli/outputs/OutputsArguments.h>
 #include <cli/settings/SettingsArguments.h>
 #include <shared/options/OptionParser.h>
 #include <shared/text/Text.h>
@@ -18,6 +19,7 @@ struct Arguments
     ProfilesArguments profiles;
     ConfigArguments config;
     EvaluateArguments evaluate;
+    OutputsArguments outputs;
 };
 
 void AddCommands(shared::OptionParser& pParser, Arguments& pArguments)
@@ -25,6 +27,7 @@ void AddCommands(shared::OptionParser& pParser, Arguments& pArguments)
     addAnalyzeCommand(pParser, pArguments.analyze);
     addListenCommand(pParser, pArguments.listen);
     addDevicesCommand(pParser, pArguments.devices);
+    addOutputsCommand(pParser, pArguments.outputs);
     addProfilesCommand(pParser, pArguments.profiles);
     addConfigCommand(pParser, pArguments.config);
     addEvaluateCommand(pParser, pArguments.evaluate);
@@ -52,6 +55,9 @@ CommandLine Read(const std::string& pCommand, const Arguments& pArguments)
     } else if (pCommand == "listen") {
         action = CommandLine::eListen;
         result.text = readListenArguments(pArguments.listen, result.listen);
+    } else if (pCommand == "outputs") {
+        action = CommandLine::eOutputs;
+        result.text = readOutputsArguments(pArguments.outputs, result.outputs);
     } else if (pCommand == "profiles") {
         action = CommandLine::eProfiles;
         result.text = readProfilesArguments(pArguments.profiles, result.profiles);

@@ -4,6 +4,7 @@
 #include <cli/analyze/AnalyzeOptions.h>
 #include <cli/evaluate/EvaluateOptions.h>
 #include <cli/live/LiveOptions.h>
+#include <cli/outputs/OutputsOptions.h>
 #include <cli/settings/SettingsOptions.h>
 
 #include <QString>
@@ -20,7 +21,8 @@ struct CommandLine
         eDevices,
         eProfiles,
         eConfig,
-        eEvaluate
+        eEvaluate,
+        eOutputs
     };
 
     eAction action = eRefuse;
@@ -31,6 +33,7 @@ struct CommandLine
     ProfilesOptions profiles;
     ConfigOptions config;
     EvaluateOptions evaluate;
+    OutputsOptions outputs;
 };
 
 /// Reads the arguments, the program's name among them, in UTF-8.

@@ -8,6 +8,7 @@
 #include <cli/live/DevicesCommand.h>
 #include <cli/live/ListenCommand.h>
 #include <cli/output/OutputFile.h>
+#include <cli/outputs/OutputsCommand.h>
 #include <cli/settings/ConfigCommand.h>
 #include <cli/settings/ProfilesCommand.h>
 #include <shared/files/FileNameCodec.h>
@@ -56,6 +57,8 @@ int Run(const CommandLine& pCommand)
         return ConfigCommand(pCommand.config).Run();
     case CommandLine::eEvaluate:
         return EvaluateCommand(pCommand.evaluate).Run();
+    case CommandLine::eOutputs:
+        return OutputsCommand(pCommand.outputs).Run();
     case CommandLine::eRefuse:
         break;
     }

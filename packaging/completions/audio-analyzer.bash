@@ -17,7 +17,7 @@ _audio_analyzer() {
         help=$("$program" --help 2>/dev/null)
         _audio_analyzer_reply "$(
             sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p' <<<"$help"
-            grep -oE '^  (-[a-z],)?--[a-z-]+' <<<"$help" | sed 's/.*--/--/'
+            grep -oE '^  (-[a-z],)?--[a-z0-9-]+' <<<"$help" | sed 's/.*--/--/'
         )" "$current"
         return
     fi
@@ -32,15 +32,19 @@ _audio_analyzer() {
     listen:-d | listen:--device)
         options=$("$program" devices 2>/dev/null | sed 's/^..//; s/  .*//')
         ;;
+    outputs:edit | outputs:remove | outputs:enable | outputs:disable | outputs:test | listen:--output)
+        options=$("$program" outputs list 2>/dev/null | sed 's/^..//; s/  .*//')
+        ;;
     *:--threshold) options=auto ;;
     *:--tracker) options=$'automatic\nprofile' ;;
     config:set) options=$("$program" config show 2>/dev/null | sed 's/ .*//') ;;
     config:config) options=$'show\nset\npath\nreset' ;;
+    outputs:outputs) options=$'list\nadd\nedit\nremove\nenable\ndisable\ntest' ;;
     profiles:profiles) options=$'list\nadd\nedit\nremove\nselect' ;;
     esac
     [[ $current == -* || -z $options ]] &&
         options+=$'\n'$("$program" "$command" --help 2>/dev/null |
-            grep -oE '^  (-[a-z],)?--[a-z-]+' | sed 's/.*--/--/')
+            grep -oE '^  (-[a-z],)?--[a-z0-9-]+' | sed 's/.*--/--/')
     [[ $current == -* || -n ${options%%$'\n'*} ]] && _audio_analyzer_reply "$options" "$current"
 }
 

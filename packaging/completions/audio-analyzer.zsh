@@ -4,7 +4,7 @@
 _audio_analyzer_options() {
     local -a options
     options=(${(f)"$($words[1] $@ --help 2>/dev/null |
-        sed -nE 's/^  (-[a-z],)?(--[a-z-]+)( [^ ]+)*  +(.*)/\2:\4/p')"})
+        sed -nE 's/^  (-[a-z],)?(--[a-z0-9-]+)( [^ ]+)*  +(.*)/\2:\4/p')"})
     _describe -o option options
 }
 
@@ -34,10 +34,12 @@ _audio-analyzer() {
     listen:(-f|--format)) compadd text beats ndjson ;;
     evaluate:(-f|--format)) compadd text json csv ;;
     listen:(-d|--device)) _audio_analyzer_names devices ;;
+    outputs:(edit|remove|enable|disable|test) | listen:--output) _audio_analyzer_names outputs list ;;
     *:--threshold) compadd auto ;;
     *:--tracker) compadd automatic profile ;;
     config:set) compadd $(${words[1]} config show 2>/dev/null | sed 's/ .*//') ;;
     config:config) compadd show set path reset ;;
+    outputs:outputs) compadd list add edit remove enable disable test ;;
     profiles:profiles) compadd list add edit remove select ;;
     *) _files ;;
     esac

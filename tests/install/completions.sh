@@ -31,7 +31,7 @@ expect() {
 }
 
 options_of() {
-    "$@" --help | grep -oE '^ +(-[a-zA-Z],)?--[a-z-]+' | sed 's/.*--/--/' | tr '\n' ' ' | sed 's/ $//'
+    "$@" --help | grep -oE '^ +(-[a-zA-Z],)?--[a-z0-9-]+' | sed 's/.*--/--/' | tr '\n' ' ' | sed 's/ $//'
 }
 
 formats_of() {
@@ -56,6 +56,13 @@ expect "$(formats_of evaluate)" audio-analyzer evaluate --format ""
 expect "show set path reset" audio-analyzer config ""
 expect "stop-duration stop-threshold" audio-analyzer config set st
 expect "list add edit remove select" audio-analyzer profiles ""
+expect "list add edit remove enable disable test" audio-analyzer outputs ""
+audio-analyzer outputs add visuals osc 127.0.0.1:9000
+audio-analyzer outputs add lights osc 127.0.0.1:9001
+expect "visuals lights" audio-analyzer outputs test ""
+expect "visuals" audio-analyzer listen --output v
+audio-analyzer outputs remove lights
+audio-analyzer outputs remove visuals
 if [ -x "$prefix/bin/beat-monitor" ]; then
     expect "$(options_of beat-monitor)" beat-monitor --
 fi

@@ -7,6 +7,7 @@
 #include <cli/Interrupt.h>
 #include <cli/detail/ProgressLine.h>
 #include <cli/live/ListenCommand.h>
+#include <cli/live/ListenOutputs.h>
 #include <cli/live/ListenTexts.h>
 #include <cli/live/LiveEvents.h>
 #include <cli/live/LiveSummary.h>
@@ -61,7 +62,9 @@ int ListenCommand::Run()
         return eExitFailed;
     if (m_options.isSaved)
         _Save(device);
-    const QString refusal = _ApplyOptions();
+    QString refusal = ListenOutputs::FindUnknown(m_options);
+    if (refusal.isEmpty())
+        refusal = _ApplyOptions();
     if (!refusal.isEmpty()) {
         console::PrintError(refusal);
         return eExitUsage;
@@ -133,6 +136,7 @@ void ListenCommand::_Listen(const QString& pDevice)
         m_events = std::make_unique<LiveEvents>(
             m_options.format.value_or(eTextEvents), *m_session, m_beats, *m_summary);
     _Connect();
+    _SetUpOutputs();
     m_beats.getThread().Start();
     m_sinceStart.start();
     m_tick.start(kTickMs);
@@ -141,6 +145,7 @@ void ListenCommand::_Listen(const QString& pDevice)
     QCoreApplication::exec();
     m_tick.stop();
     m_beats.getThread().Stop();
+    m_outputs.reset();
     _Clear();
     _Summarize();
     m_events.reset();
@@ -158,6 +163,18 @@ void ListenCommand::_SetUpBeats()
     m_beats.getClock().setOffset(
         std::llround(kMicroSeconds * m_options.offset.value_or(m_beatSettings.offset)));
     m_beats.Follow(m_session.get());
+}
+
+void ListenCommand::_SetUpOutputs()
+{
+    m_outputs = std::make_unique<ListenOutputs>(m_options, m_beats);
+    QObject::connect(&m_outputs->getOutputs(),
+                     &Outputs::OnStateChanged,
+                     [this](const QString& pName, const QString& pWords) {
+                         _Say(QStringLiteral("%1: %2").arg(pName, pWords));
+                     });
+    for (const QString& problem : m_outputs->Begin())
+        console::PrintError(problem);
 }
 
 void ListenCommand::_Connect()

@@ -13,6 +13,7 @@
 
 #include <memory>
 
+class ListenOutputs;
 class LiveEvents;
 class LiveSummary;
 
@@ -36,6 +37,7 @@ private:
     QString _ApplyOptions();
     void _Listen(const QString& pDevice);
     void _SetUpBeats();
+    void _SetUpOutputs();
     void _Connect();
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnStateChanged(eCaptureState pState);
@@ -55,6 +57,7 @@ private:
     BeatSettings m_beatSettings = BeatSettings::Load();
     std::unique_ptr<CaptureSession> m_session;
     LiveBeats m_beats;
+    std::unique_ptr<ListenOutputs> m_outputs;
     std::unique_ptr<LiveSummary> m_summary;
     std::unique_ptr<LiveEvents> m_events;  ///< null with a live line
     QTimer m_tick;

@@ -2,6 +2,7 @@
 #include <cli/detail/ParseNumber.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
+#include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/settings/BeatSettings.h>
 #include <shared/text/Text.h>
 
@@ -28,12 +29,17 @@ QString Footer()
         "sound; --offset moves them, for a slow lamp or a loudspeaker far away. A reader that\n"
         "stalls loses the oldest events, and is told how many.\n"
         "\n"
+        "Outputs follow the beat beside what is printed; one that is away is waited for. Those "
+        "that\n"
+        "\"audio-analyzer outputs\" keeps need no option.\n"
+        "\n"
         "What is not given is as \"audio-analyzer config show\" has it. A device that vanishes is\n"
         "waited for, and recorded again when it is back.\n"
         "\n"
         "Examples:\n"
         "  audio-analyzer listen\n"
         "  audio-analyzer listen --device deck.monitor --save --profile House\n"
+        "  audio-analyzer listen --osc 10.0.0.5:7000/resolume\n"
         "  audio-analyzer listen --format ndjson | my-lights\n"
         "\n"
         "Exit status: 0 ended by --duration, Ctrl+C or SIGTERM, 1 the device cannot be used or\n"
@@ -81,6 +87,46 @@ QString ReadOffset(const QString& pValue, ListenOptions& pOptions)
         .arg(pValue, QString::number(-kLimit), QString::number(kLimit));
 }
 
+void AddOutputOptions(shared::OptionSet& pOptions, ListenArguments& pArguments)
+{
+    pOptions.setGroup(tr("Outputs"));
+    for (const shared::OutputKind& kind : shared::getOutputKinds()) {
+        const QString place = QLatin1String(kind.place);
+        const QString type = kind.needsAddress ? place : QStringLiteral("[%1]").arg(place);
+        pOptions.AddValues((std::string("--") + kind.name).c_str(),
+                           pArguments.outputs[kind.name],
+                           type,
+                           kind.describe(),
+                           !kind.needsAddress);
+    }
+    pOptions.AddValues("--output",
+                       pArguments.outputNames,
+                       tr("NAME"),
+                       tr("send to a stored output that is not enabled, too"));
+    pOptions.AddFlag("--no-outputs",
+                     pArguments.isWithoutStored,
+                     tr("send to no stored output but those of --output"));
+}
+
+QString ReadOutputs(const ListenArguments& pArguments, ListenOptions& pOptions)
+{
+    for (const auto& [kind, places] : pArguments.outputs) {
+        for (const std::string& place : places) {
+            StoredOutput output;
+            output.kind = QString::fromStdString(kind);
+            shared::readOutputPlace(QString::fromStdString(place), output);
+            QString reason;
+            if (!shared::makeReceiver(output.kind, output.address, output.preset, reason))
+                return QStringLiteral("--%1: %2").arg(output.kind, reason);
+            pOptions.outputs.push_back(output);
+        }
+    }
+    for (const std::string& name : pArguments.outputNames)
+        pOptions.outputNames += QString::fromStdString(name).trimmed();
+    pOptions.isWithoutStored = pArguments.isWithoutStored;
+    return {};
+}
+
 }  // namespace
 
 void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments)
@@ -106,6 +152,7 @@ void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments
                     pArguments.measures,
                     tr("tell at the end how far the announced beats were off the sound"));
     options.AddFlag("-q,--quiet", pArguments.isQuiet, tr("no notices, no summary"));
+    AddOutputOptions(options, pArguments);
     addAnalysisOptions(options, pArguments.analysis, eStoredDefaults);
     options.setFooter(Footer());
 }
@@ -129,7 +176,8 @@ QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pO
     for (const QString& refusal :
          {ReadFormat(QString::fromStdString(pArguments.format), pOptions),
           ReadDuration(QString::fromStdString(pArguments.duration), pOptions),
-          ReadOffset(QString::fromStdString(pArguments.offset), pOptions)})
+          ReadOffset(QString::fromStdString(pArguments.offset), pOptions),
+          ReadOutputs(pArguments, pOptions)})
         if (!refusal.isEmpty())
             return refusal;
     return readAnalysisOptions(pArguments.analysis, pOptions.analysis);

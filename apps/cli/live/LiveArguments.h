@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 /// The arguments of "listen" as they are given.
 struct ListenArguments
@@ -18,6 +19,9 @@ struct ListenArguments
     bool showsFormat = false;
     bool measures = false;
     bool isQuiet = false;
+    std::map<std::string, std::vector<std::string>> outputs;  ///< addresses, by kind
+    std::vector<std::string> outputNames;
+    bool isWithoutStored = false;
     std::map<std::string, std::string> analysis;  ///< by option name
 };
 

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/outputs/OutputSettings.h>
 #include <shared/settings/AnalysisOptions.h>
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
+#include <vector>
 
 /// How "listen" reports events.
 enum eEventFormat
@@ -26,6 +29,9 @@ struct ListenOptions
     bool showsFormat = false;
     bool measures = false;
     bool isQuiet = false;
+    std::vector<StoredOutput> outputs;  ///< sent to as well; they have no names
+    QStringList outputNames;            ///< stored ones that are sent to, enabled or not
+    bool isWithoutStored = false;       ///< those that are enabled are not sent to
     AnalysisOptions analysis;
 };
 

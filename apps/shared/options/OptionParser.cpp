@@ -74,6 +74,20 @@ void OptionSet::AddValue(const char* pNames,
         ->type_name(Utf8(pType));
 }
 
+void OptionSet::AddValues(const char* pNames,
+                          std::vector<std::string>& pValues,
+                          const QString& pType,
+                          const QString& pHelp,
+                          bool pIsOptional)
+{
+    CLI::Option* pOption = _Place(m_app.add_option(pNames, pValues, Utf8(pHelp)));
+    pOption->type_name(Utf8(pType))->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    if (pIsOptional)
+        pOption->expected(0, 1);
+    else
+        pOption->expected(1)->check(RefuseEmpty);
+}
+
 void OptionSet::AddExistingFile(const char* pNames, std::string& pValue, const QString& pHelp)
 {
     _Place(m_app.add_option(pNames, pValue, Utf8(pHelp)))

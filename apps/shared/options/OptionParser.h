@@ -45,6 +45,13 @@ public:
     /// pNames: "-f,--format"; pType: how the help calls the value.
     void
     AddValue(const char* pNames, std::string& pValue, const QString& pType, const QString& pHelp);
+    /// A value that may be given several times. pIsOptional: the option may also stand
+    /// alone, which gives an empty value.
+    void AddValues(const char* pNames,
+                   std::vector<std::string>& pValues,
+                   const QString& pType,
+                   const QString& pHelp,
+                   bool pIsOptional = false);
     /// A file that must exist.
     void AddExistingFile(const char* pNames, std::string& pValue, const QString& pHelp);
     /// A finite number within limits; the help tells them, and the default if it is one of those.

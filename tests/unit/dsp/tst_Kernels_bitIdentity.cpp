@@ -21,12 +21,13 @@ class tst_Kernels_bitIdentity : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void fastest_isTheLastSupportedOne();
     void shorts_areTransformedAlike_atEveryCount();
     void spectrum_isInvertedAlike_atEveryCount();
-    void shorts_areTransformedAlike_atEveryLength_data() { addKernelsAndLengths(); }
+    void shorts_areTransformedAlike_atEveryLength_data() { addLengths(); }
     void shorts_areTransformedAlike_atEveryLength();
-    void doubles_areTransformedAlike_atEveryLength_data() { addKernelsAndLengths(); }
+    void doubles_areTransformedAlike_atEveryLength_data() { addLengths(); }
     void doubles_areTransformedAlike_atEveryLength();
     void samples_areTruncatedAlike_data() { addKernels(); }
     void samples_areTruncatedAlike();
@@ -35,7 +36,9 @@ private Q_SLOTS:
 
 private:
     void addKernels();
-    void addKernelsAndLengths();
+    void addLengths();
+
+    std::vector<const detail::TransformKernel*> m_kernels;  ///< that this machine can run
 };
 
 namespace {
@@ -58,15 +61,6 @@ bool canRun(const TransformKernel& kernel)
     if (!isSupported)
         qInfo("This processor cannot run the kernel \"%s\".", kernel.name);
     return isSupported;
-}
-
-std::vector<const TransformKernel*> runnableKernels()
-{
-    std::vector<const TransformKernel*> kernels;
-    for (int i = 0; detail::kTransformKernels[i]; ++i)
-        if (canRun(kernelAt(i)))
-            kernels.push_back(&kernelAt(i));
-    return kernels;
 }
 
 size_t bitsFor(size_t count)
@@ -204,13 +198,18 @@ void tst_Kernels_bitIdentity::addKernels()
         QTest::newRow(kernelAt(i).name) << i;
 }
 
-void tst_Kernels_bitIdentity::addKernelsAndLengths()
+void tst_Kernels_bitIdentity::addLengths()
 {
-    QTest::addColumn<int>("kernel");
     QTest::addColumn<int>("bits");
+    for (int bits = int(TransformKernel::kMinBits); bits <= kLastBits; ++bits)
+        QTest::addRow("%d", 1 << bits) << bits;
+}
+
+void tst_Kernels_bitIdentity::initTestCase()
+{
     for (int i = 0; detail::kTransformKernels[i]; ++i)
-        for (int bits = int(TransformKernel::kMinBits); bits <= kLastBits; ++bits)
-            QTest::addRow("%s %d", kernelAt(i).name, 1 << bits) << i << bits;
+        if (canRun(kernelAt(i)))
+            m_kernels.push_back(&kernelAt(i));
 }
 
 void tst_Kernels_bitIdentity::fastest_isTheLastSupportedOne()
@@ -226,14 +225,13 @@ void tst_Kernels_bitIdentity::fastest_isTheLastSupportedOne()
 
 void tst_Kernels_bitIdentity::shorts_areTransformedAlike_atEveryCount()
 {
-    const std::vector<const TransformKernel*> kernels = runnableKernels();
     waves::Random random = makeRandom();
     for (size_t count = (size_t(1) << TransformKernel::kMinBits) / 2 + 1; count <= kLastCount;
          ++count) {
         const Shorts samples = fullScaleNoise(count, random);
         const plain::Spectrum expected =
             plain::transform<short>(samples.data(), nullptr, count, false);
-        for (const TransformKernel* pKernel : kernels)
+        for (const TransformKernel* pKernel : m_kernels)
             QVERIFY2(areSame(run(*pKernel, samples, nullptr), expected),
                      QByteArray::number(qulonglong(count)));
     }
@@ -241,7 +239,6 @@ void tst_Kernels_bitIdentity::shorts_areTransformedAlike_atEveryCount()
 
 void tst_Kernels_bitIdentity::spectrum_isInvertedAlike_atEveryCount()
 {
-    const std::vector<const TransformKernel*> kernels = runnableKernels();
     waves::Random random = makeRandom();
     for (size_t count = (size_t(1) << TransformKernel::kMinBits) / 2 + 1; count <= kLastCount;
          ++count) {
@@ -249,7 +246,7 @@ void tst_Kernels_bitIdentity::spectrum_isInvertedAlike_atEveryCount()
         const Values imaginary = uniformValues(count, random);
         const plain::Spectrum expected =
             plain::transform(real.data(), imaginary.data(), count, true);
-        for (const TransformKernel* pKernel : kernels)
+        for (const TransformKernel* pKernel : m_kernels)
             QVERIFY2(areSame(run(*pKernel, real, &imaginary, true), expected),
                      QByteArray::number(qulonglong(count)));
     }
@@ -257,48 +254,52 @@ void tst_Kernels_bitIdentity::spectrum_isInvertedAlike_atEveryCount()
 
 void tst_Kernels_bitIdentity::shorts_areTransformedAlike_atEveryLength()
 {
-    QFETCH(int, kernel);
     QFETCH(int, bits);
-    if (!canRun(kernelAt(kernel)))
-        return;
     waves::Random random = makeRandom();
     const size_t length = size_t(1) << bits;
     // Whole, one short, and with more than an eighth of padding.
     for (const size_t count : {length, length - 1, length / 2 + 1 + random.below(length / 4)}) {
         for (const Shorts& samples : extremeShorts(count, random)) {
-            QVERIFY(areSame(run(kernelAt(kernel), samples, nullptr),
-                            plain::transform<short>(samples.data(), nullptr, count, false)));
+            const plain::Spectrum expected =
+                plain::transform<short>(samples.data(), nullptr, count, false);
+            for (const TransformKernel* pKernel : m_kernels)
+                QVERIFY2(areSame(run(*pKernel, samples, nullptr), expected), pKernel->name);
         }
         const Shorts real = fullScaleNoise(count, random);
         const Shorts imaginary = fullScaleNoise(count, random);
-        QVERIFY(areSame(run(kernelAt(kernel), real, &imaginary),
-                        plain::transform(real.data(), imaginary.data(), count, false)));
+        const plain::Spectrum expected =
+            plain::transform(real.data(), imaginary.data(), count, false);
+        for (const TransformKernel* pKernel : m_kernels)
+            QVERIFY2(areSame(run(*pKernel, real, &imaginary), expected), pKernel->name);
     }
 }
 
 void tst_Kernels_bitIdentity::doubles_areTransformedAlike_atEveryLength()
 {
-    QFETCH(int, kernel);
     QFETCH(int, bits);
-    if (!canRun(kernelAt(kernel)))
-        return;
     waves::Random random = makeRandom();
     const size_t length = size_t(1) << bits;
-    const TransformKernel& tested = kernelAt(kernel);
     for (const bool isInverse : {false, true}) {
         for (int kind = 0; kind < kKindCount; ++kind) {
             const Values real = extremeValues(kind, length, random);
             const Values imaginary = extremeValues(random.between(0, 4), length, random);
-            QVERIFY(areSame(run(tested, real, &imaginary, isInverse),
-                            plain::transform(real.data(), imaginary.data(), length, isInverse)));
+            const plain::Spectrum expected =
+                plain::transform(real.data(), imaginary.data(), length, isInverse);
             plain::Spectrum inPlace{real, imaginary};
             plain::transformReversed(inPlace, isInverse);
-            QVERIFY(areSame(runInPlace(tested, {real, imaginary}, isInverse), inPlace));
+            for (const TransformKernel* pKernel : m_kernels) {
+                QVERIFY2(areSame(run(*pKernel, real, &imaginary, isInverse), expected),
+                         pKernel->name);
+                QVERIFY2(areSame(runInPlace(*pKernel, {real, imaginary}, isInverse), inPlace),
+                         pKernel->name);
+            }
         }
         const size_t count = length - 1 - random.below(length / 2 - 1);
         const Values padded = uniformValues(count, random);
-        QVERIFY(areSame(run(tested, padded, nullptr, isInverse),
-                        plain::transform<double>(padded.data(), nullptr, count, isInverse)));
+        const plain::Spectrum expected =
+            plain::transform<double>(padded.data(), nullptr, count, isInverse);
+        for (const TransformKernel* pKernel : m_kernels)
+            QVERIFY2(areSame(run(*pKernel, padded, nullptr, isInverse), expected), pKernel->name);
     }
 }
 

@@ -120,8 +120,10 @@ QString OscReceiver::getState() const
                               ? QStringLiteral("[%1]:%2").arg(m_host).arg(m_port)
                               : QStringLiteral("%1:%2").arg(m_host).arg(m_port);
     const QString protocol = m_isTCP ? QStringLiteral("TCP") : QStringLiteral("UDP");
+    const QString error = m_socket.getError();
     if (!m_socket.isOpen())
-        return tr("OSC to %1 (%2): %3; trying again").arg(place, protocol, m_socket.getError());
+        return error.isEmpty() ? tr("OSC to %1 (%2)").arg(place, protocol)
+                               : tr("OSC to %1 (%2): %3; trying again").arg(place, protocol, error);
     if (m_socket.isRefused())
         return tr("OSC to %1 (%2): nothing listens there; going on").arg(place, protocol);
     return tr("sending OSC to %1 (%2), %3").arg(place, protocol, m_name);

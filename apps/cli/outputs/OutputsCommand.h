@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cli/outputs/OutputsOptions.h>
+#include <shared/outputs/OutputSettings.h>
+
+#include <QCoreApplication>
+#include <QString>
+
+/// The command "outputs": lists, edits and tries what follows the beat.
+class OutputsCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(OutputsCommand)
+
+public:
+    /// pOptions is not owned.
+    explicit OutputsCommand(const OutputsOptions& pOptions);
+
+    /// Does the work and returns the exit code.
+    int Run();
+
+private:
+    int _List() const;
+    int _Test() const;
+    int _Refuse(const QString& pReason) const;
+    QString _Change();
+    QString _Add();
+    QString _Edit();
+    QString _DescribeUnknown() const;
+
+    const OutputsOptions& m_options;  ///< not owned
+    OutputSettings m_settings = OutputSettings::Load();
+};
