@@ -6,7 +6,8 @@
 #include <shared/outputs/os2l/Os2lReceiver.h>
 
 #include <QCoreApplication>
-#include <QTimer>
+#include <QElapsedTimer>
+#include <QThread>
 
 #include <cstdio>
 
@@ -29,21 +30,22 @@ int main(int argc, char** argv)
     shared::ClockThread thread(clock);
     thread.Start();
     Outputs outputs(thread, [](const BeatClockState&) { return 1.0; });
-    bool isFound = false;
-    QObject::connect(
-        &outputs, &Outputs::OnStateChanged, [&](const QString&, const QString& pWords) {
-            std::printf("%s\n", qPrintable(pWords));
-            std::fflush(stdout);
-            if (isFound || !outputs.isOpen(QStringLiteral("lights")))
-                return;
-            isFound = true;
-            clock.HoldAt(bpm, shared::ClockThread::getTime());
-            // Half a beat behind the last one.
-            QTimer::singleShot(int((beats - 0.5) * 60000.0 / bpm), Qt::PreciseTimer, [] {
-                QCoreApplication::exit(0);
-            });
-        });
-    outputs.Add(QStringLiteral("lights"), std::make_unique<shared::Os2lReceiver>(address));
-    QTimer::singleShot(60000 + int(beats * 60000.0 / bpm), [] { QCoreApplication::exit(1); });
-    return QCoreApplication::exec();
+    const QString name = QStringLiteral("lights");
+    QObject::connect(&outputs, &Outputs::OnStateChanged, [](const QString&, const QString& pWords) {
+        std::printf("%s\n", qPrintable(pWords));
+        std::fflush(stdout);
+    });
+    outputs.Add(name, std::make_unique<shared::Os2lReceiver>(address));
+    QElapsedTimer patience;
+    patience.start();
+    // An output that was added this moment is told what comes behind it.
+    while (!outputs.isOpen(name) || patience.elapsed() < 1000) {
+        if (patience.elapsed() > 60000)
+            return 1;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(5);
+    }
+    clock.HoldAt(bpm, shared::ClockThread::getTime());
+    QThread::msleep(static_cast<unsigned long>((beats - 0.5) * 60000.0 / bpm));
+    return 0;
 }
