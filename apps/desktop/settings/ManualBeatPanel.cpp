@@ -155,13 +155,17 @@ void ManualBeatPanel::_ShowLock()
     m_pLock->setEnabled(isHeld || m_state.isRunning());
     m_pLock->setChecked(isHeld);
     m_pLock->setText(isHeld ? tr("Lo&cked (H)") : tr("Lo&ck (H)"));
+    const QColor color = isHeld ? palette().color(QPalette::Highlight) : QColor();
+    // A palette that is set is painted, whether it is another one or not.
+    if (color == m_lockColor)
+        return;
+    m_lockColor = color;
     QPalette colors;
     if (isHeld) {
-        colors.setColor(QPalette::Button, palette().color(QPalette::Highlight));
+        colors.setColor(QPalette::Button, color);
         colors.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
     }
-    if (colors != m_pLock->palette())
-        m_pLock->setPalette(colors);
+    m_pLock->setPalette(colors);
 }
 
 QString ManualBeatPanel::_DescribeCharge() const

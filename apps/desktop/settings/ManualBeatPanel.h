@@ -5,6 +5,8 @@
 
 #include <desktop/settings/SettingsPanel.h>
 
+#include <QColor>
+
 class DecimalField;
 class HintLabel;
 class QLabel;
@@ -58,6 +60,7 @@ private:
     QPushButton* m_pDouble;
     QPushButton* m_pRound;
     QPushButton* m_pLock;
+    QColor m_lockColor;  ///< of its own; invalid = that of any button
     QPushButton* m_pOne;
     QLabel* m_pOffsetLabel;
     DecimalField* m_pOffset;

@@ -4,6 +4,7 @@
 #include <desktop/stage/StageView.h>
 
 #include <QLocale>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -76,7 +77,6 @@ bool StageView::Picture::operator==(const Picture& pOther) const
                         pPicture.beats,
                         pPicture.confidence,
                         pPicture.charge,
-                        pPicture.light,
                         pPicture.flash);
     };
     return all(*this) == all(pOther);
@@ -114,6 +114,7 @@ void StageView::Retranslate()
 {
     setWindowTitle(tr("Stage view"));
     setAccessibleName(tr("Stage view"));
+    m_letters.clear();
     update();
 }
 
@@ -129,8 +130,23 @@ void StageView::Refresh(const LiveValues& pValues, qint64 pNow)
     const Picture picture = _Compose(pValues, pNow);
     if (picture == m_picture)
         return;
+    const Picture before = m_picture;
     m_picture = picture;
-    update();
+    _Repaint(before);
+}
+
+/// All of it on a flash, else what is another.
+void StageView::_Repaint(const Picture& pBefore)
+{
+    const Picture& now = m_picture;
+    if (now.flash != pBefore.flash || now.beats != pBefore.beats)
+        return update();
+    const Places places = _Place();
+    if (now.tempo != pBefore.tempo || now.isDim != pBefore.isDim)
+        update(places.tempo.toAlignedRect());
+    if (now.beat != pBefore.beat)
+        update(places.bar.toAlignedRect());
+    update(places.confidence.toAlignedRect());
 }
 
 StageView::Picture StageView::_Compose(const LiveValues& pValues, qint64 pNow)
@@ -150,17 +166,16 @@ StageView::Picture StageView::_Compose(const LiveValues& pValues, qint64 pNow)
     if (pValues.beatTime != m_beatTime && pValues.beatTime != LiveValues::kNever)
         picture.flash = m_plan.Choose(pValues.beatTime, pValues.beatInBar, pValues.bpm);
     m_beatTime = pValues.beatTime;
-    const qint64 elapsed = pNow - m_beatTime;
-    picture.light = elapsed < 0 || elapsed >= kFadeMs ? 0 : elapsed < kFullMs ? 2 : 1;
-    if (picture.light == 0)
+    // On and off: each is a whole window to be painted.
+    if (pNow - m_beatTime >= kFadeMs)
         picture.flash = eNoFlash;
     return picture;
 }
 
 QColor StageView::getGround() const
 {
-    const double strength = std::min(StrengthOf(m_picture.flash), GreatestShare(m_pColors->beat));
-    return MixStage(m_pColors->beat, m_picture.light == 2 ? strength : strength * 0.4);
+    return MixStage(m_pColors->beat,
+                    std::min(StrengthOf(m_picture.flash), GreatestShare(m_pColors->beat)));
 }
 
 QString StageView::_DescribeCharge() const
@@ -174,49 +189,105 @@ QString StageView::_DescribeCharge() const
 
 // ---- Painting -----------------------------------------------------------------------------------
 
-void StageView::paintEvent(QPaintEvent*)
+StageView::Places StageView::_Place() const
 {
-    QPainter painter(this);
-    painter.fillRect(rect(), getGround());
-    painter.setRenderHint(QPainter::Antialiasing);
     const double margin = 0.035 * std::min(width(), height());
     const QRectF inner = QRectF(rect()).adjusted(margin, margin, -margin, -margin);
     const double top = 0.13 * inner.height();
     const double bottom = 0.16 * inner.height();
-    _DrawConfidence(painter, {inner.left(), inner.top(), inner.width() / 2.0, top});
-    _DrawLamps(painter, {inner.center().x(), inner.top(), inner.width() / 2.0, top});
-    _DrawTempo(painter, inner.adjusted(0.0, top + margin, 0.0, -bottom - margin));
-    _DrawBar(painter, {inner.left(), inner.bottom() - bottom, inner.width(), bottom});
+    return {{inner.left(), inner.top(), inner.width() / 2.0, top},
+            {inner.center().x(), inner.top(), inner.width() / 2.0, top},
+            inner.adjusted(0.0, top + margin, 0.0, -bottom - margin),
+            {inner.left(), inner.bottom() - bottom, inner.width(), bottom}};
 }
 
-void StageView::_DrawTempo(QPainter& pPainter, const QRectF& pPlace) const
+void StageView::resizeEvent(QResizeEvent* pEvent)
 {
-    QFont bold = font();
-    bold.setWeight(QFont::Bold);
-    // As large as any tempo, so that it does not breathe.
-    pPainter.setFont(FitFont(bold, QStringLiteral("888.8"), pPlace.size()));
-    pPainter.setPen(m_picture.isDim ? kStageDim : kStageText);
-    pPainter.drawText(pPlace, Qt::AlignCenter | Qt::TextDontClip, m_picture.tempo);
+    m_letters.clear();
+    LivePanel::resizeEvent(pEvent);
 }
 
-void StageView::_DrawBar(QPainter& pPainter, const QRectF& pPlace) const
+void StageView::paintEvent(QPaintEvent* pEvent)
+{
+    const QRect area = pEvent->rect();
+    QPainter painter(this);
+    painter.fillRect(area, getGround());
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Places places = _Place();
+    const auto isIn = [&area](const QRectF& pPlace) { return pPlace.intersects(area); };
+    if (isIn(places.confidence))
+        _DrawConfidence(painter, places.confidence);
+    if (isIn(places.lamps))
+        _DrawLamps(painter, places.lamps);
+    if (isIn(places.tempo))
+        _DrawTempo(painter, places.tempo);
+    if (isIn(places.bar))
+        _DrawBar(painter, places.bar);
+}
+
+/// Letters as high as those of a sample that fills the place. Making them costs far more than
+/// filling them.
+const QPainterPath& StageView::_Letters(const QString& pText,
+                                        const QString& pSample,
+                                        const QRectF& pPlace,
+                                        Qt::Alignment pAlignment,
+                                        QFont::Weight pWeight)
+{
+    constexpr std::size_t kMost = 100;
+    const QString key = QStringLiteral("%1|%2|%3|%4")
+                            .arg(pText)
+                            .arg(pPlace.x())
+                            .arg(pPlace.y())
+                            .arg(pPlace.width());
+    const auto found = m_letters.find(key);
+    if (found != m_letters.end())
+        return found->second;
+    if (m_letters.size() >= kMost)
+        m_letters.clear();
+    QFont large = font();
+    large.setWeight(pWeight);
+    large = FitFont(large, pSample, pPlace.size());
+    QPainterPath letters;
+    letters.addText(0.0, 0.0, large, pText);
+    const QRectF area = letters.boundingRect();
+    const double free = pPlace.width() - area.width();
+    const double left = pAlignment & Qt::AlignLeft    ? 0.0
+                        : pAlignment & Qt::AlignRight ? free
+                                                      : free / 2.0;
+    const double high = QFontMetricsF(large).capHeight();
+    letters.translate(pPlace.left() + left - area.left(), pPlace.center().y() + high / 2.0);
+    return m_letters[key] = letters;
+}
+
+void StageView::_DrawTempo(QPainter& pPainter, const QRectF& pPlace)
+{
+    // As large as any tempo, so that it does not breathe.
+    const QString sample = QStringLiteral("888.8");
+    pPainter.fillPath(_Letters(m_picture.tempo, sample, pPlace, Qt::AlignHCenter, QFont::Bold),
+                      m_picture.isDim ? kStageDim : kStageText);
+}
+
+void StageView::_DrawBar(QPainter& pPainter, const QRectF& pPlace)
 {
     const double gap = pPlace.height() / 5.0;
     const double width = (pPlace.width() + gap) / m_picture.beats - gap;
+    pPainter.setPen(Qt::NoPen);
     for (int beat = 1; beat <= m_picture.beats; ++beat) {
         const QRectF field(
             pPlace.left() + (beat - 1) * (width + gap), pPlace.top(), width, pPlace.height());
         const bool isLit = beat == m_picture.beat;
-        pPainter.setPen(Qt::NoPen);
         pPainter.setBrush(!isLit ? kStageUnlit : beat == 1 ? kStageText : m_pColors->beat);
         pPainter.drawRoundedRect(field, gap / 2.0, gap / 2.0);
-        pPainter.setFont(FitFont(font(), QStringLiteral("8"), field.size() * 0.45));
-        pPainter.setPen(isLit ? kStageDark : kStageDim);
-        pPainter.drawText(field, Qt::AlignCenter, QString::number(beat));
+        const double high = field.height() * 0.28;
+        pPainter.fillPath(_Letters(QString::number(beat),
+                                   QStringLiteral("8"),
+                                   field.adjusted(0.0, high, 0.0, -high),
+                                   Qt::AlignHCenter),
+                          isLit ? kStageDark : kStageDim);
     }
 }
 
-void StageView::_DrawConfidence(QPainter& pPainter, const QRectF& pPlace) const
+void StageView::_DrawConfidence(QPainter& pPainter, const QRectF& pPlace)
 {
     constexpr int kCircle = 360 * 16;
     const double side = pPlace.height();
@@ -230,42 +301,43 @@ void StageView::_DrawConfidence(QPainter& pPainter, const QRectF& pPlace) const
         pPainter.setPen(QPen(kStageText, pen, Qt::SolidLine, Qt::FlatCap));
         pPainter.drawArc(ring, kCircle / 4, -kCircle * m_picture.confidence / 100);
     }
-    const QRectF words = pPlace.adjusted(side * 1.25, 0.0, 0.0, 0.0);
-    pPainter.setFont(FitFont(font(), QStringLiteral("X"), {words.width(), side * 0.42}));
-    pPainter.setPen(kStageText);
-    pPainter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, _DescribeCharge());
+    const QRectF words = pPlace.adjusted(side * 1.25, side * 0.29, 0.0, -side * 0.29);
+    pPainter.fillPath(_Letters(_DescribeCharge(), QStringLiteral("X"), words, Qt::AlignLeft),
+                      kStageText);
 }
 
-/// One below the other, at the right edge.
-void StageView::_DrawLamps(QPainter& pPainter, const QRectF& pPlace) const
+/// One below the other, at the right edge; a second column to the left, and so on.
+void StageView::_DrawLamps(QPainter& pPainter, const QRectF& pPlace)
 {
     constexpr int kRows = 3;
     const double row = pPlace.height() / kRows;
-    pPainter.setFont(FitFont(font(), QStringLiteral("X"), {pPlace.width(), row * 0.5}));
     const int count = int(m_lamps.size());
+    const double column = count > kRows ? pPlace.width() / 2.0 : pPlace.width();
     for (int i = 0; i < count; ++i) {
-        // A second column to the left, and so on.
-        const double right = pPlace.right() - i / kRows * pPlace.width() / 2.0;
-        const QRectF lamp = QRectF(right - row, pPlace.top() + i % kRows * row, row, row)
-                                .adjusted(row * 0.15, row * 0.15, -row * 0.15, -row * 0.15);
-        const StageLamp& shown = m_lamps[std::size_t(i)];
-        const QColor color =
-            shown.state == StageLamp::eTrouble ? m_pColors->virtualBeat : m_pColors->beat;
-        pPainter.setPen(QPen(color, row / 9.0));
-        pPainter.setBrush(shown.state == StageLamp::eWorking ? QBrush(color) : QBrush(Qt::NoBrush));
-        if (shown.state == StageLamp::eTrouble) {
-            pPainter.drawLine(lamp.topLeft(), lamp.bottomRight());
-            pPainter.drawLine(lamp.topRight(), lamp.bottomLeft());
-        } else {
-            pPainter.drawEllipse(lamp);
-        }
-        const QRectF words(
-            right - pPlace.width(), lamp.top(), pPlace.width() - row * 1.3, lamp.height());
-        const QString name = pPainter.fontMetrics().elidedText(
-            shown.name, Qt::ElideMiddle, int(count > kRows ? words.width() / 2.5 : words.width()));
-        pPainter.setPen(kStageText);
-        pPainter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, name);
+        const QRectF line(
+            pPlace.right() - (i / kRows + 1) * column, pPlace.top() + i % kRows * row, column, row);
+        const double inset = row * 0.15;
+        const QRectF lamp =
+            QRectF(line.right() - row, line.top(), row, row).adjusted(inset, inset, -inset, -inset);
+        _DrawLamp(pPainter, m_lamps[std::size_t(i)].state, lamp);
+        const QRectF words = line.adjusted(0.0, 2.0 * inset, -1.3 * row, -2.0 * inset);
+        const QFontMetrics metrics(FitFont(font(), QStringLiteral("X"), words.size()));
+        const QString name =
+            metrics.elidedText(m_lamps[std::size_t(i)].name, Qt::ElideMiddle, int(words.width()));
+        pPainter.fillPath(_Letters(name, QStringLiteral("X"), words, Qt::AlignRight), kStageText);
     }
+}
+
+void StageView::_DrawLamp(QPainter& pPainter, StageLamp::eState pState, const QRectF& pPlace) const
+{
+    const bool isTrouble = pState == StageLamp::eTrouble;
+    const QColor color = isTrouble ? m_pColors->virtualBeat : m_pColors->beat;
+    pPainter.setPen(QPen(color, pPlace.height() / 6.0));
+    pPainter.setBrush(pState == StageLamp::eWorking ? QBrush(color) : QBrush(Qt::NoBrush));
+    if (!isTrouble)
+        return pPainter.drawEllipse(pPlace);
+    pPainter.drawLine(pPlace.topLeft(), pPlace.bottomRight());
+    pPainter.drawLine(pPlace.topRight(), pPlace.bottomLeft());
 }
 
 #include "moc_StageView.cpp"

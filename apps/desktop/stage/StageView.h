@@ -4,8 +4,10 @@
 #include <desktop/live/LivePanel.h>
 #include <desktop/stage/detail/FlashPlan.h>
 
+#include <QPainterPath>
 #include <QString>
 
+#include <map>
 #include <vector>
 
 /// How a source or an output is.
@@ -36,8 +38,7 @@ class StageView final : public LivePanel
     Q_OBJECT
 
 public:
-    static constexpr qint64 kFullMs = 60;   ///< of a flash at its brightest
-    static constexpr qint64 kFadeMs = 130;  ///< from its beginning to the end
+    static constexpr qint64 kFadeMs = 100;  ///< how long a flash lasts
 
     explicit StageView(QWidget* pParent = nullptr);
 
@@ -57,6 +58,7 @@ protected:
     void Retranslate() override;
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
     /// All that is painted; what stays the same is not painted anew.
@@ -68,22 +70,39 @@ private:
         int beats = 4;
         int confidence = -1;  ///< percent; negative = unknown
         int charge = 0;       ///< a BeatClockCharge
-        int light = 0;        ///< of the flash: 2 = full, 1, 0 = none
         desktop::eFlash flash = desktop::eNoFlash;
 
         bool operator==(const Picture& pOther) const;
     };
 
     Picture _Compose(const LiveValues& pValues, qint64 pNow);
+    /// Where things are.
+    struct Places
+    {
+        QRectF confidence;
+        QRectF lamps;
+        QRectF tempo;
+        QRectF bar;
+    };
+
+    Places _Place() const;
     QString _DescribeCharge() const;
-    void _DrawTempo(QPainter& pPainter, const QRectF& pPlace) const;
-    void _DrawBar(QPainter& pPainter, const QRectF& pPlace) const;
-    void _DrawConfidence(QPainter& pPainter, const QRectF& pPlace) const;
-    void _DrawLamps(QPainter& pPainter, const QRectF& pPlace) const;
+    void _Repaint(const Picture& pBefore);
+    const QPainterPath& _Letters(const QString& pText,
+                                 const QString& pSample,
+                                 const QRectF& pPlace,
+                                 Qt::Alignment pAlignment,
+                                 QFont::Weight pWeight = QFont::Normal);
+    void _DrawTempo(QPainter& pPainter, const QRectF& pPlace);
+    void _DrawBar(QPainter& pPainter, const QRectF& pPlace);
+    void _DrawConfidence(QPainter& pPainter, const QRectF& pPlace);
+    void _DrawLamps(QPainter& pPainter, const QRectF& pPlace);
+    void _DrawLamp(QPainter& pPainter, StageLamp::eState pState, const QRectF& pPlace) const;
 
     desktop::FlashPlan m_plan;
     qint64 m_beatTime = LiveValues::kNever;  ///< ms; of the beat that flashes
     Picture m_picture;
     std::vector<StageLamp> m_lamps;
-    const LookColors* m_pColors;  ///< not owned
+    std::map<QString, QPainterPath> m_letters;  ///< as large as they are drawn, by text and place
+    const LookColors* m_pColors;                ///< not owned
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/SpeakersPanel.h>
+#include <desktop/look/Style.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
 #include <desktop/settings/Translations.h>
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void column_fitsALowWindow_inEveryLanguage_data() { LanguageRows(); }
     void column_fitsALowWindow_inEveryLanguage();
     void tempoAndLamp_growWithTheWindow();
+    void frames_canBeSeen_inHighContrast();
     void focus_canBeSeen_inEveryLook_data();
     void focus_canBeSeen_inEveryLook();
 };
@@ -264,6 +266,27 @@ void tst_MainWindow_settings::tempoAndLamp_growWithTheWindow()
     QCoreApplication::processEvents();
     QTRY_COMPARE(lamp(), usualLamp);
     QCOMPARE(digits(), usualDigits);
+}
+
+void tst_MainWindow_settings::frames_canBeSeen_inHighContrast()
+{
+    style::Apply();
+    WindowSettings settings;
+    settings.isHighContrast = true;
+    Stand stand(settings);
+    stand.window.show();
+    QCoreApplication::processEvents();
+    for (const char* pName : {"gray-mode", "devices", "tap", "offset", "language", "automatic"}) {
+        auto* pWidget = stand.window.findChild<QWidget*>(QLatin1String(pName));
+        QVERIFY(pWidget);
+        const QImage image = pWidget->grab().toImage();
+        // No letter is so far to the left.
+        int lit = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < 3; ++x)
+                lit += image.pixelColor(x, y).lightness() > 120;
+        QVERIFY2(lit >= 4, pName);
+    }
 }
 
 void tst_MainWindow_settings::focus_canBeSeen_inEveryLook_data()
