@@ -173,6 +173,8 @@ void ListenCommand::_SetUpOutputs()
                      [this](const QString& pName, const QString& pWords) {
                          _Say(QStringLiteral("%1: %2").arg(pName, pWords));
                      });
+    if (m_events)
+        m_events->Follow(m_outputs->getOutputs());
     for (const QString& problem : m_outputs->Begin(*m_session))
         console::PrintError(problem);
 }
