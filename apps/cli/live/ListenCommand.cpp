@@ -173,7 +173,7 @@ void ListenCommand::_SetUpOutputs()
                      [this](const QString& pName, const QString& pWords) {
                          _Say(QStringLiteral("%1: %2").arg(pName, pWords));
                      });
-    for (const QString& problem : m_outputs->Begin())
+    for (const QString& problem : m_outputs->Begin(*m_session))
         console::PrintError(problem);
 }
 

@@ -20,7 +20,7 @@ QString ListenOutputs::FindUnknown(const ListenOptions& pOptions)
     return {};
 }
 
-QStringList ListenOutputs::Begin()
+QStringList ListenOutputs::Begin(LiveSource& pSource)
 {
     const OutputSettings settings = OutputSettings::Load();
     QStringList problems = settings.getProblems();
@@ -33,6 +33,8 @@ QStringList ListenOutputs::Begin()
         output.name = _FreeName(output.kind);
         problems += _Add(output);
     }
+    if (m_outputs.hearsSound())
+        m_sound.Follow(pSource);
     problems.removeAll(QString());
     return problems;
 }

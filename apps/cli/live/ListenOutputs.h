@@ -4,6 +4,7 @@
 #include <cli/live/LiveOptions.h>
 #include <shared/clock/LiveBeats.h>
 #include <shared/outputs/Outputs.h>
+#include <shared/outputs/SoundFeed.h>
 
 #include <QStringList>
 
@@ -17,8 +18,9 @@ public:
     /// Neither argument is owned.
     ListenOutputs(const ListenOptions& pOptions, LiveBeats& pBeats);
 
-    /// Begins. Returns what cannot be used, in words; the rest goes on all the same.
-    QStringList Begin();
+    /// Begins; pSource is heard for those that hear sound. Returns what cannot be used, in words;
+    /// the rest goes on all the same.
+    QStringList Begin(LiveSource& pSource);
     /// Ends, and waits until all are closed.
     void End() { m_outputs.RemoveAll(); }
 
@@ -33,4 +35,5 @@ private:
 
     const ListenOptions& m_options;  ///< not owned
     Outputs m_outputs;
+    SoundFeed m_sound;
 };

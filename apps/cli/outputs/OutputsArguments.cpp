@@ -22,11 +22,10 @@ QString KindLines()
     for (const shared::OutputKind& kind : shared::getOutputKinds()) {
         lines += QStringLiteral("  %1 %2  %3\n")
                      .arg(QLatin1String(kind.name), -10)
-                     .arg(QLatin1String(kind.place), -20)
+                     .arg(QLatin1String(kind.place), -18)
                      .arg(kind.describe());
-        if (!kind.presets.isEmpty())
-            lines += tr("             PRESET is one of %1, or messages of your own\n")
-                         .arg(kind.presets.join(QLatin1String(", ")));
+        if (kind.describePresets)
+            lines += QStringLiteral("%1%2\n").arg(QString(), 13).arg(kind.describePresets());
     }
     return lines;
 }
@@ -87,6 +86,7 @@ void addOutputsCommand(shared::OptionParser& pParser, OutputsArguments& pArgumen
                      pArguments.offset,
                      tr("MS"),
                      tr("send so many milliseconds later, -500 to 500, for add and edit"));
+    options.AddFlag("--ports", pArguments.showsPorts, tr("tell what can be reached now, for list"));
     options.setFooter(tr("Kinds, and their addresses:\n%1\n"
                          "\"listen\" sends to all outputs that are enabled, which * marks in the "
                          "list. test sends two\nbars at 120 BPM and tells what to see.\n\n"
@@ -120,6 +120,9 @@ QString readOutputsArguments(const OutputsArguments& pArguments, OutputsOptions&
         pOptions.place = words.last();
     if (!pArguments.place.empty())
         pOptions.place = QString::fromStdString(pArguments.place).trimmed();
+    pOptions.showsPorts = pArguments.showsPorts;
+    if (pOptions.showsPorts && pOptions.action != OutputsOptions::eList)
+        return tr("--ports belongs to outputs list");
     if (!isEdit && !(pArguments.newName.empty() && pArguments.place.empty()))
         return tr("--name and --address belong to outputs edit");
     if (!isEdit && !isAdd && !pArguments.offset.empty())

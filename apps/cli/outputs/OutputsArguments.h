@@ -14,6 +14,7 @@ struct OutputsArguments
     std::string newName;
     std::string place;
     std::string offset;
+    bool showsPorts = false;
 };
 
 /// The command, with what it may be given; the parser fills the arguments.

@@ -29,7 +29,7 @@ int OutputsCommand::Run()
     for (const QString& problem : m_settings.getProblems())
         console::PrintError(problem);
     if (m_options.action == OutputsOptions::eList)
-        return _List();
+        return m_options.showsPorts ? _ListPorts() : _List();
     if (m_options.action == OutputsOptions::eTest)
         return _Test();
     const QString refusal = _Change();
@@ -74,6 +74,23 @@ int OutputsCommand::_List() const
     if (m_settings.getOutputs().empty())
         console::PrintLine(tr("there are no outputs; add one: audio-analyzer outputs add NAME KIND "
                               "ADDRESS"));
+    return file.Conclude();
+}
+
+int OutputsCommand::_ListPorts() const
+{
+    bool isAny = false;
+    OutputFile file;
+    file.Open(QStringLiteral("-"));
+    for (const shared::OutputKind& kind : shared::getOutputKinds()) {
+        const QStringList places = kind.find ? kind.find() : QStringList();
+        isAny |= !places.isEmpty();
+        for (const QString& place : places)
+            file.Write(
+                QStringLiteral("%1 %2\n").arg(QLatin1String(kind.name), -10).arg(place).toUtf8());
+    }
+    if (!isAny)
+        console::PrintLine(tr("no MIDI port is there, and no light program makes itself known"));
     return file.Conclude();
 }
 

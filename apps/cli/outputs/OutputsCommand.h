@@ -21,6 +21,7 @@ public:
 
 private:
     int _List() const;
+    int _ListPorts() const;
     int _Test() const;
     int _Refuse(const QString& pReason) const;
     QString _Change();

@@ -25,4 +25,5 @@ struct OutputsOptions
     std::optional<QString> place;  ///< ADDRESS[/PRESET]; with eTest name is a kind
     QString newName;               ///< empty = it stays
     std::optional<double> offset;  ///< ms
+    bool showsPorts = false;       ///< with eList, what can be reached now
 };

@@ -44,22 +44,25 @@ void OutputsTest::_OnTick()
     const bool isOpen = m_outputs.isOpen(m_name);
     if (interrupt::getSignal() != 0)
         return _End(eExitFailed, {});
-    if (m_firstTime == 0) {
-        if (isOpen) {
-            m_firstTime = now + kLead;
-            m_clock.HoldAt(kTempo, m_firstTime);
-        } else if (now - m_start > kPatience) {
-            _End(eExitFailed, tr("%1: it was not reached").arg(m_name));
-        }
-        return;
-    }
+    if (m_firstTime == 0)
+        return _Await(now, isOpen);
     if (!isOpen)
         return _End(eExitFailed, tr("%1: it was lost").arg(m_name));
     // In the middle of what would be the last beat of all, so that each one has come.
-    const auto offset = std::int64_t(std::llround(1000.0 * m_offset));
-    if (now - m_firstTime - offset >= kBeats * kTestPeriod - kTestPeriod / 2) {
+    if (now - m_firstTime >= kBeats * kTestPeriod - kTestPeriod / 2) {
         m_clock.Restart(now);
         _End(eExitDone, tr("%1: %2 beats were sent").arg(m_name).arg(kBeats));
+    }
+}
+
+void OutputsTest::_Await(std::int64_t pNow, bool pIsOpen)
+{
+    if (pIsOpen) {
+        // When the first one is sent, which may be before the clock's beat.
+        m_firstTime = pNow + kLead;
+        m_clock.HoldAt(kTempo, m_firstTime - std::int64_t(std::llround(1000.0 * m_offset)));
+    } else if (pNow - m_start > kPatience) {
+        _End(eExitFailed, tr("%1: it was not reached").arg(m_name));
     }
 }
 

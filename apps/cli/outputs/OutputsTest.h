@@ -31,6 +31,7 @@ public:
 
 private:
     void _OnTick();
+    void _Await(std::int64_t pNow, bool pIsOpen);
     void _End(int pExitCode, const QString& pWords);
 
     const QString m_name;
@@ -40,6 +41,6 @@ private:
     Outputs m_outputs{m_thread, [](const BeatClockState&) { return 1.0; }};
     QTimer m_tick;
     std::int64_t m_start = 0;      ///< µs
-    std::int64_t m_firstTime = 0;  ///< µs, of the first beat; 0 = not yet
+    std::int64_t m_firstTime = 0;  ///< µs; when the first beat is sent; 0 = not yet
     int m_exitCode = 0;
 };

@@ -21,13 +21,23 @@ struct OutputKind
                                                       const QString& pPreset,
                                                       QString& pReason);
 
-    const char* name;     ///< also of its option: "osc"
-    const char* place;    ///< the form of its address: "HOST:PORT[/PRESET]"
-    bool needsAddress;    ///< else there is one of its own
-    QStringList presets;  ///< what may follow the address behind a slash; of osc messages, too
+    /// Where an address ends and a preset begins.
+    enum eDivision
+    {
+        eAtNoSlash,  ///< it has no presets
+        eAtFirstSlash,
+        eAtLastSlash
+    };
+
+    const char* name;   ///< also of its option: "osc"
+    const char* place;  ///< the form of its address: "HOST:PORT[/PRESET]"
+    bool needsAddress;  ///< else there is one of its own
+    eDivision division;
     Maker make;
     QString (*describe)();                            ///< whom it reaches, for a help
+    QString (*describePresets)();                     ///< which there are; null = none
     QString (*describeTest)(const QString& pPreset);  ///< what is to be seen of a test
+    QStringList (*find)();  ///< addresses that can be reached now; waits; null = nobody knows
 };
 
 const std::vector<OutputKind>& getOutputKinds();

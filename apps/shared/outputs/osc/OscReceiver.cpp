@@ -181,7 +181,8 @@ bool OscReceiver::_IsDue(const OscRule& pRule, const ClockTick& pTick) const
     case eOscBar:
         return isBeat && pTick.beatInBar == 0;
     case eOscTempo:
-        return isBeat && m_isTempoDue;
+        // Also over and over, since packets get lost and programs begin anew.
+        return isBeat && (m_isTempoDue || pTick.beatInBar == 0);
     case eOscTick:
         return pTick.place % (m_template.division / pRule.ticks) == 0;
     case eOscPlaying:

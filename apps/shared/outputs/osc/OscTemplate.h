@@ -17,7 +17,7 @@ enum eOscEvent
 {
     eOscBeat,
     eOscBar,      ///< the first beat of a bar
-    eOscTempo,    ///< the first beat of a tempo
+    eOscTempo,    ///< the first beat of a tempo, and of each bar
     eOscPlaying,  ///< the clock begins or stands still
     eOscTick      ///< so many times a beat
 };

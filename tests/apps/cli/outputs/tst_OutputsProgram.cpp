@@ -22,8 +22,11 @@ private Q_SLOTS:
     void wrongUsage_isRefused_withTheReason_data();
     void wrongUsage_isRefused_withTheReason();
     void saving_isSaidToFail_withThePath();
+    void ports_areListed();
     void test_sendsTwoBars();
     void test_ofAStoredOutput_takesItsPlace();
+    void test_sendsAll_whateverTheOffset_data();
+    void test_sendsAll_whateverTheOffset();
     void test_fails_whenNothingIsReached();
 
 private:
@@ -125,6 +128,7 @@ void tst_OutputsProgram::wrongUsage_isRefused_withTheReason_data()
     add("outputs test away", "there is no output \"away\"; there are: here");
     add("outputs test smoke b:1", "there is no kind of output \"smoke\"");
     add("outputs test osc", "osc: give its address");
+    add("outputs test a --ports", "--ports belongs to outputs list");
 }
 
 void tst_OutputsProgram::wrongUsage_isRefused_withTheReason()
@@ -146,6 +150,22 @@ void tst_OutputsProgram::saving_isSaidToFail_withThePath()
     QVERIFY(QDir(settingsPath()).removeRecursively());
     QCOMPARE(run.exitCode, 1);
     QVERIFY(run.errors.contains("the outputs cannot be stored in " + settingsPath().toUtf8()));
+}
+
+// What there is depends on the machine, the form does not.
+void tst_OutputsProgram::ports_areListed()
+{
+    QProcess process;
+    m_stage.Start(process,
+                  QStringLiteral("audio-analyzer"),
+                  {QStringLiteral("outputs"), QStringLiteral("--ports")});
+    const StagedRun run = Stage::Finish(process);
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errors.contains("no MIDI port is there"), run.output.isEmpty());
+    for (const QString& line : Lines(run.output))
+        QVERIFY2(line.startsWith(QStringLiteral("midi-clock ")) ||
+                     line.startsWith(QStringLiteral("os2l ")),
+                 qPrintable(line));
 }
 
 void tst_OutputsProgram::test_sendsTwoBars()
@@ -188,6 +208,31 @@ void tst_OutputsProgram::test_ofAStoredOutput_takesItsPlace()
     QCOMPARE(run.exitCode, 0);
     QVERIFY(run.errors.contains("the fader of executor 201 goes to 70.7 %"));
     QCOMPARE(listener.take(1), QStringLiteral("/Page1/Fader201 f 70.7107"));
+}
+
+void tst_OutputsProgram::test_sendsAll_whateverTheOffset_data()
+{
+    QTest::addColumn<QString>("offset");
+    for (const char* pOffset : {"-500", "500"})
+        QTest::newRow(pOffset) << QString::fromLatin1(pOffset);
+}
+
+void tst_OutputsProgram::test_sendsAll_whateverTheOffset()
+{
+    QFETCH(QString, offset);
+    OscListener listener;
+    const QString place = QStringLiteral("127.0.0.1:%1/beat /b i beat; playing /p i playing");
+    m_stage.Run({QStringLiteral("outputs"),
+                 QStringLiteral("add"),
+                 QStringLiteral("desk"),
+                 QStringLiteral("osc"),
+                 place.arg(listener.getPort()),
+                 QStringLiteral("--offset"),
+                 offset});
+    QCOMPARE(m_stage.Run("outputs test desk").exitCode, 0);
+    QCOMPARE(listener.take(11),
+             QStringLiteral("/p i 0\n/p i 1\n/b i 0\n/b i 1\n/b i 2\n/b i 3\n/b i 4\n/b i 5\n"
+                            "/b i 6\n/b i 7\n/p i 0"));
 }
 
 void tst_OutputsProgram::test_fails_whenNothingIsReached()

@@ -50,9 +50,10 @@ void tst_PureData::patch_getsTheBeats()
     pd.terminate();
     pd.waitForFinished(Stage::kTimeoutMs);
     const QByteArray text = pd.readAllStandardOutput();
-    QVERIFY2(text.contains("playing: 0\nplaying: 1\ntempo: 120\nbeat: 0 120 1\nbar: 0\n"
-                           "beat: 1 120 1\nbeat: 2 120 1\nbeat: 3 120 1\nbeat: 4 120 1\nbar: 1\n"
-                           "beat: 5 120 1\nbeat: 6 120 1\nbeat: 7 120 1\nplaying: 0\n"),
+    QVERIFY2(text.contains(
+                 "playing: 0\nplaying: 1\ntempo: 120\nbeat: 0 120 1\nbar: 0\n"
+                 "beat: 1 120 1\nbeat: 2 120 1\nbeat: 3 120 1\ntempo: 120\nbeat: 4 120 1\nbar: 1\n"
+                 "beat: 5 120 1\nbeat: 6 120 1\nbeat: 7 120 1\nplaying: 0\n"),
              text.constData());
 }
 

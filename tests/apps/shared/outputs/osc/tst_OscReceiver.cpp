@@ -54,7 +54,7 @@ class tst_OscReceiver : public QObject
 private Q_SLOTS:
     void preset_sendsWhatItSays_data();
     void preset_sendsWhatItSays();
-    void tempo_isSentOnlyWithTheBeatThatBringsIt();
+    void tempo_isSentWithTheBeatThatBringsIt_andWithEachBar();
     void ticks_areSentWithTheirPhase();
     void clockThatBeginsAndStands_isSent();
     void close_sendsTheEnd();
@@ -116,7 +116,7 @@ void tst_OscReceiver::preset_sendsWhatItSays()
     QTEST(got, "said");
 }
 
-void tst_OscReceiver::tempo_isSentOnlyWithTheBeatThatBringsIt()
+void tst_OscReceiver::tempo_isSentWithTheBeatThatBringsIt_andWithEachBar()
 {
     OscListener listener;
     const auto pReceiver = MakeOsc(listener, "tempo /t f bpm; beat /b i beat");
@@ -124,7 +124,11 @@ void tst_OscReceiver::tempo_isSentOnlyWithTheBeatThatBringsIt()
     QVERIFY(Bring(*pReceiver, MomentOf(1, 0, 120.0)));
     QVERIFY(pReceiver->Beat(MomentOf(2, 0, 120.0)));
     QVERIFY(Bring(*pReceiver, MomentOf(3, 0, 121.5)));
-    QCOMPARE(listener.take(5), QStringLiteral("/t f 120\n/b i 1\n/b i 2\n/t f 121.5\n/b i 3"));
+    QVERIFY(pReceiver->Beat(MomentOf(4, 0, 121.5)));
+    QVERIFY(pReceiver->Beat(MomentOf(5, 0, 121.5)));
+    QCOMPARE(
+        listener.take(8),
+        QStringLiteral("/t f 120\n/b i 1\n/b i 2\n/t f 121.5\n/b i 3\n/t f 121.5\n/b i 4\n/b i 5"));
 }
 
 void tst_OscReceiver::ticks_areSentWithTheirPhase()

@@ -10,8 +10,7 @@
 
 namespace shared {
 
-/// What lights are shown of the sound: its level, sixteen bands, and the strongest frequency, made
-/// from what an analysis hears anyway.
+/// What lights are shown of the sound: its level, sixteen bands, and the strongest frequency.
 ///
 /// A band is half an octave, from 40 Hz on. Its strength is that of its strongest frequency, in
 /// decibels over a range of 48, and a little is added to high bands, in which music is weaker.
@@ -25,8 +24,8 @@ public:
     static constexpr double kTilt = 1.5;              ///< dB a band
     static constexpr std::int64_t kInterval = 20000;  ///< µs between two pictures, at least
 
-    /// As of AudioAnalyzer::OnAmplitudesComputed(): 0 to 1 of the strongest ones of late, from 0 Hz
-    /// to half of the rate. [audio path: no allocation]
+    /// Amplitudes, not powers, from 0 Hz to half of the rate: 0 to 1 of the strongest ones of late.
+    /// [audio path: no allocation]
     void TakeSpectrum(const double* pAmplitudes, std::size_t pCount, int pSampleRate);
     /// Mono samples; pEnd: µs of ClockThread::getTime(), when the sample behind the last one
     /// sounds. A picture when one is due. [audio path: no allocation]

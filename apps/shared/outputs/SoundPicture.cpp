@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <shared/outputs/wled/SoundPicture.h>
+#include <shared/outputs/SoundPicture.h>
 
 #include <algorithm>
 #include <cmath>
