@@ -67,8 +67,16 @@ void MidiInput::_Try()
 {
     if (m_jack && m_jack->client.isGone())
         m_jack.reset();
-    if (isOpen())
+    if (!isOpen())
+        _Reach();
+    if (m_state == m_said)
         return;
+    m_said = m_state;
+    Q_EMIT OnStateChanged(m_state);
+}
+
+void MidiInput::_Reach()
+{
     const QString name = m_target.section(QLatin1Char(':'), 1);
     if (m_target.startsWith(QLatin1String("alsa:")))
         _OpenAlsa(name);

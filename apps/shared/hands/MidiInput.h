@@ -42,11 +42,14 @@ public:
 Q_SIGNALS:
     /// In the order in which they came.
     void OnMessage(const shared::HandMessage& pMessage);
+    /// getState() has other words.
+    void OnStateChanged(const QString& pWords);
 
 private:
     struct JackEnd;
 
     void _Try();
+    void _Reach();
     bool _OpenAlsa(const QString& pTarget);
     bool _OpenJack(const QString& pTarget);
     void _Push(const std::uint8_t* pBytes, std::size_t pSize);
@@ -59,6 +62,7 @@ private:
 
     QString m_target;
     QString m_state;
+    QString m_said;  ///< the state that was told last
     shared::StallQueue<Entry> m_entries{kMostEntries};
     int m_bell;  ///< rings for a new entry, from the thread of whoever has it
     std::unique_ptr<QSocketNotifier> m_notifier;
