@@ -4,6 +4,7 @@
 #include <desktop/MonitorOptions.h>
 #include <desktop/Termination.h>
 #include <desktop/look/Icon.h>
+#include <desktop/look/Style.h>
 #include <desktop/session/MonitorSession.h>
 #include <desktop/settings/Translations.h>
 #include <desktop/window/MainWindow.h>
@@ -14,7 +15,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QStyleFactory>
 #include <QTimer>
 
 #include <cstdio>
@@ -76,6 +76,13 @@ int Run(const MonitorOptions& pOptions)
     tray.Start(settings.isHiddenOnStart);
     QTimer::singleShot(0, &session, [&] { Begin(session, pOptions); });
     QApplication::exec();
+    // A file that was named is as it was written by hand.
+    const bool isKept = !pOptions.iniPath.isEmpty() || window.CollectSettings().Save(settings);
+    if (!isKept)
+        Print(stderr,
+              QStringLiteral("beat-monitor: %1 cannot be written: the window will not be as it was "
+                             "left\n")
+                  .arg(UISettings::_getDefaultPath()));
     if (session.getSaver().Save())
         return eExitDone;
     Print(stderr, QStringLiteral("beat-monitor: %1\n").arg(window.getProblem()));
@@ -102,15 +109,12 @@ int main(int argc, char* argv[])
                              "virtual one: xvfb-run beat-monitor\n"));
         return eExitFailed;
     }
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    style::Prepare();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("beat-monitor"));
     ConfigurationStore::UseUserFolder();
     QApplication::setWindowIcon(makeIcon());
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    style::Apply();
     QApplication::setQuitOnLastWindowClosed(false);
     qInstallMessageHandler(&IgnoreMessage);
     return Run(options);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/BeatClockState.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <desktop/live/BpmPanel.h>
@@ -48,13 +49,15 @@ BpmPanel::BpmPanel(Configuration& pConfiguration, QWidget* pParent)
     auto* pLayout = new QGridLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setVerticalSpacing(2);
-    pLayout->addWidget(m_pTempo, 0, 0, 2, 1);
-    pLayout->addWidget(m_pUnit, 1, 1, Qt::AlignLeft | Qt::AlignBottom);
-    pLayout->addWidget(m_pConfidenceTitle, 0, 2, Qt::AlignBottom);
-    pLayout->addWidget(m_pConfidence, 1, 2, Qt::AlignTop);
-    pLayout->addWidget(m_pBarTitle, 0, 3, Qt::AlignBottom);
-    pLayout->addWidget(m_pBar, 1, 3, Qt::AlignTop);
-    pLayout->addWidget(m_pHint, 2, 0, 1, 5);
+    pLayout->setRowStretch(0, 1);
+    pLayout->addWidget(m_pTempo, 1, 0, 2, 1);
+    pLayout->addWidget(m_pUnit, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    pLayout->addWidget(m_pConfidenceTitle, 1, 2, Qt::AlignBottom);
+    pLayout->addWidget(m_pConfidence, 2, 2, Qt::AlignTop);
+    pLayout->addWidget(m_pBarTitle, 1, 3, Qt::AlignBottom);
+    pLayout->addWidget(m_pBar, 2, 3, Qt::AlignTop);
+    pLayout->addWidget(m_pHint, 3, 0, 1, 5);
+    pLayout->setRowStretch(4, 1);
     pLayout->setColumnStretch(4, 1);
     _SetFonts();
     Retranslate();
@@ -70,6 +73,7 @@ void BpmPanel::_SetFonts()
     // On the line on which the number stands.
     m_pUnit->setContentsMargins(0, 0, 0, metrics.descent() - m_pUnit->fontMetrics().descent());
     m_pConfidence->setMaximumWidth(kConfidenceLetters * fontMetrics().averageCharWidth());
+    static_cast<QGridLayout*>(layout())->setHorizontalSpacing(fontMetrics().height() / 2);
     // Two lines always, so that a hint moves nothing.
     m_pHint->setFixedHeight(2 * m_pHint->fontMetrics().lineSpacing());
 }
@@ -127,7 +131,8 @@ void BpmPanel::_ShowBar(const LiveValues& pValues)
 void BpmPanel::_ShowTempo(const LiveValues& pValues)
 {
     const bool isKnown = pValues.bpm > 0.0;
-    setTextOf(*m_pTempo, isKnown ? QLocale().toString(pValues.bpm, 'f', 1) : QStringLiteral("–"));
+    setTextOf(*m_pTempo,
+              isKnown ? QLocale().toString(pValues.shownBPM, 'f', 1) : QStringLiteral("–"));
     const auto role = isKnown && !pValues.isHeld ? QPalette::WindowText : QPalette::PlaceholderText;
     if (m_pTempo->foregroundRole() != role)
         m_pTempo->setForegroundRole(role);
@@ -141,8 +146,10 @@ void BpmPanel::_ShowHint(const LiveValues& pValues)
 
 QString BpmPanel::_DescribeState(const LiveValues& pValues) const
 {
-    if (pValues.isFixed)
+    if (pValues.charge == BeatClockCharge_Held)
         return tr("Held by hand.");
+    if (pValues.charge == BeatClockCharge_Hand)
+        return tr("Led by hand.");
     if (!pValues.isAnalyzing)
         return tr("Waiting for sound.");
     if (!pValues.isPlaying && !m_isStoppedShown)

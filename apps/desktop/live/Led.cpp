@@ -20,6 +20,7 @@ QColor Mix(const QColor& pDark, const QColor& pLit, double pShare)
 Led::Led(QWidget* pParent) : QWidget(pParent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void Led::setColors(const QColor& pDisc, const QColor& pRing, const QColor& pUnlit)

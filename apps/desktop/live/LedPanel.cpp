@@ -6,15 +6,20 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 LedPanel::LedPanel(eKind pKind, QWidget* pParent)
     : LivePanel(pParent), m_kind(pKind), m_pLed(new Led(this)), m_pTitle(new QLabel(this)),
       m_pType(new QLabel(this))
 {
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
-    pLayout->addWidget(m_pLed, 1);
+    // Its captions stay near the lamp, however high the panel is.
+    pLayout->addStretch();
+    pLayout->addWidget(m_pLed);
     pLayout->addWidget(m_pTitle, 0, Qt::AlignHCenter);
     pLayout->addWidget(m_pType, 0, Qt::AlignHCenter);
+    pLayout->addStretch();
     m_pType->setForegroundRole(QPalette::PlaceholderText);
     Retranslate();
 }
@@ -48,7 +53,25 @@ void LedPanel::Retranslate()
                            "predicted.")
                       : tr("Flashes when a pulse is heard. A ring only: a beat was missing and is "
                            "assumed."));
+    _SetWidth();
     _Describe();
+}
+
+/// Nothing moves when its type is another one.
+void LedPanel::_SetWidth()
+{
+    const QFontMetrics metrics = fontMetrics();
+    m_pType->setAlignment(Qt::AlignHCenter);
+    m_pType->setFixedWidth(
+        std::max(metrics.horizontalAdvance(tr("virtual")), metrics.horizontalAdvance(tr("real"))) +
+        2);
+}
+
+void LedPanel::changeEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::FontChange)
+        _SetWidth();
+    LivePanel::changeEvent(pEvent);
 }
 
 void LedPanel::_Describe()

@@ -29,9 +29,11 @@ public:
 
 protected:
     void Retranslate() override;
+    void changeEvent(QEvent* pEvent) override;
 
 private:
     void _Describe();
+    void _SetWidth();
 
     eKind m_kind;
     Led* m_pLed;

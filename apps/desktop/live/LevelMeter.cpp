@@ -11,7 +11,8 @@ LevelMeter::LevelMeter(QWidget* pParent)
     : QWidget(pParent), m_levels{desktop::kLeastDecibels,
                                  desktop::kLeastDecibels,
                                  desktop::kLeastDecibels,
-                                 desktop::kLeastDecibels},
+                                 desktop::kLeastDecibels,
+                                 false},
       m_pColors(&getColors(eLightLook))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -42,7 +43,7 @@ bool LevelMeter::_IsSeen(const Levels& pLevels) const
     const auto differs = [this](double pLeft, double pRight) {
         return std::lround(_ToX(pLeft)) != std::lround(_ToX(pRight));
     };
-    return differs(pLevels.current, m_levels.current) ||
+    return pLevels.isClipped != m_levels.isClipped || differs(pLevels.current, m_levels.current) ||
            differs(pLevels.average, m_levels.average) ||
            differs(pLevels.maximal, m_levels.maximal) ||
            differs(pLevels.threshold, m_levels.threshold);
@@ -78,6 +79,8 @@ void LevelMeter::paintEvent(QPaintEvent*)
     if (m_levels.threshold > desktop::kLeastDecibels)
         painter.fillRect(QRectF(_ToX(m_levels.threshold) - mark / 2.0, 0.0, mark, high),
                          colors.threshold);
+    if (m_levels.isClipped)
+        painter.fillRect(QRectF(_ToX(0.0) - 2.0 * high, 0.0, 2.0 * high, high), colors.threshold);
 }
 
 #include "moc_LevelMeter.cpp"

@@ -5,7 +5,8 @@
 
 #include <QWidget>
 
-/// One bar with the current, the average and the maximal volume, and the threshold across it.
+/// One bar with the current, the average and the maximal volume, the threshold across it, and a
+/// mark at its end when it was cut off.
 class LevelMeter : public QWidget
 {
     Q_OBJECT
@@ -17,6 +18,7 @@ public:
         double average;
         double maximal;
         double threshold;
+        bool isClipped = false;  ///< a sample was at full scale
     };
 
     explicit LevelMeter(QWidget* pParent = nullptr);

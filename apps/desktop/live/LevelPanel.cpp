@@ -7,6 +7,7 @@
 #include <desktop/live/detail/Decibels.h>
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
@@ -37,17 +38,27 @@ int ToTenths(int pMagnitude)
 LevelPanel::LevelPanel(Configuration& pConfiguration, QWidget* pParent)
     : LivePanel(pParent), m_configuration(pConfiguration),
       m_pSlider(new QSlider(Qt::Horizontal, this)),
-      m_pScale(new QwtScaleWidget(QwtScaleDraw::BottomScale, this)), m_pMeter(new LevelMeter(this)),
-      m_pAutomatic(new QCheckBox(this)), m_pUnit(new QLabel(this)), m_pSliderRow(new QHBoxLayout)
+      m_pScale(new QwtScaleWidget(QwtScaleDraw::BottomScale, this)),
+      m_pInputTitle(new QLabel(this)), m_pInputMeter(new LevelMeter(this)),
+      m_pBandTitle(new QLabel(this)), m_pMeter(new LevelMeter(this)),
+      m_pAutomatic(new QCheckBox(this)), m_pUnit(new QLabel(this)), m_pClipped(new QLabel(this)),
+      m_pSliderRow(new QHBoxLayout)
 {
     _MakeSlider();
+    auto* pGrid = new QGridLayout;
+    pGrid->setSpacing(fontMetrics().height() / 4);
+    pGrid->addWidget(m_pInputTitle, 0, 0);
+    pGrid->addWidget(m_pInputMeter, 0, 1);
+    pGrid->addWidget(m_pBandTitle, 1, 0);
+    pGrid->addWidget(m_pMeter, 1, 1);
+    pGrid->addWidget(m_pScale, 2, 1);
+    pGrid->addLayout(m_pSliderRow, 3, 1);
+    pGrid->setColumnStretch(1, 1);
+    m_pSliderRow->addWidget(m_pSlider);
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(fontMetrics().height() / 4);
-    pLayout->addWidget(m_pMeter);
-    pLayout->addWidget(m_pScale);
-    pLayout->addLayout(m_pSliderRow);
-    m_pSliderRow->addWidget(m_pSlider);
+    pLayout->addLayout(pGrid);
     pLayout->addLayout(_MakeReadouts());
     m_pAutomatic->setChecked(m_configuration.getThreshold() < 0);
     _ShowThreshold(0);
@@ -75,6 +86,12 @@ QLayout* LevelPanel::_MakeReadouts()
     pRow->setSpacing(fontMetrics().height());
     pRow->addWidget(m_pAutomatic);
     pRow->addStretch(1);
+    pRow->addWidget(m_pClipped);
+    // Nothing moves when it is said.
+    QSizePolicy kept = m_pClipped->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    m_pClipped->setSizePolicy(kept);
+    m_pClipped->hide();
     for (Readout*& pReadout : m_readouts) {
         pReadout = new Readout(this);
         pRow->addWidget(pReadout);
@@ -96,6 +113,7 @@ void LevelPanel::_Align()
     m_pScale->setMinBorderDist(inset, inset);
     m_pScale->setBorderDist(inset, inset);
     m_pMeter->setInset(inset);
+    m_pInputMeter->setInset(inset);
     m_pSliderRow->setContentsMargins(inset - handle, 0, inset - handle, 0);
 }
 
@@ -114,7 +132,16 @@ void LevelPanel::Retranslate()
     m_pSlider->setAccessibleName(tr("Threshold in dB below full scale"));
     m_pSlider->setToolTip(tr("A block is a pulse when a quarter of its samples reach the "
                              "threshold."));
-    m_pMeter->setAccessibleName(tr("Volume meter"));
+    m_pInputTitle->setText(tr("Input"));
+    m_pInputMeter->setAccessibleName(tr("Level of the input"));
+    m_pInputMeter->setToolTip(tr("The loudest samples as they come from the input."));
+    m_pBandTitle->setText(tr("Band"));
+    m_pMeter->setAccessibleName(tr("Volume of the band"));
+    m_pMeter->setToolTip(
+        tr("What is left of the input in the band of the profile, in which pulses are looked "
+           "for."));
+    m_pClipped->setText(tr("Clipped"));
+    m_readouts[eInput]->setName(tr("Input"));
     m_readouts[eCurrent]->setName(tr("Current"));
     m_readouts[eAverage]->setName(tr("Average"));
     m_readouts[eMaximal]->setName(tr("Maximum"));
@@ -125,6 +152,11 @@ void LevelPanel::Retranslate()
 void LevelPanel::setColors(const LookColors& pColors)
 {
     m_pMeter->setColors(pColors);
+    m_pInputMeter->setColors(pColors);
+    QPalette warning;
+    warning.setColor(QPalette::WindowText, pColors.warning);
+    m_pClipped->setPalette(warning);
+    m_readouts[eInput]->setColor(pColors.spectrum);
     m_readouts[eCurrent]->setColor(pColors.spectrum);
     m_readouts[eAverage]->setColor(pColors.average);
     m_readouts[eMaximal]->setColor(pColors.peak);
@@ -136,6 +168,7 @@ void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastFrame < kFrameMs)
         return;
     m_lastFrame = pNow;
+    _ShowInput(pValues, pNow);
     m_pMeter->setLevels({desktop::ToDecibels(pValues.current),
                          desktop::ToDecibels(pValues.average),
                          desktop::ToDecibels(pValues.maximal),
@@ -143,11 +176,29 @@ void LevelPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastNumbers < kNumbersMs)
         return;
     m_lastNumbers = pNow;
+    const double peak = m_input.getPeak();
+    _ShowNumber(eInput, peak > desktop::kLeastDecibels ? desktop::ToMagnitude(peak) : 0);
     _ShowNumber(eCurrent, pValues.current);
     _ShowNumber(eAverage, pValues.average);
     _ShowNumber(eMaximal, pValues.maximal);
     _ShowNumber(eThreshold, pValues.threshold);
     _ShowThreshold(pValues.threshold);
+}
+
+void LevelPanel::_ShowInput(const LiveValues& pValues, qint64 pNow)
+{
+    if (pValues.inputCount != m_inputCount)
+        m_input.Clear();
+    m_inputCount = pValues.inputCount;
+    m_input.Add(desktop::ToDecibels(pValues.input), pNow);
+    const bool isClipped = pNow - pValues.clipTime < kClipMs;
+    m_pInputMeter->setLevels({m_input.getLevel(),
+                              desktop::kLeastDecibels,
+                              m_input.getPeak(),
+                              desktop::kLeastDecibels,
+                              isClipped});
+    if (m_pClipped->isHidden() == isClipped)
+        m_pClipped->setVisible(isClipped);
 }
 
 void LevelPanel::_ShowNumber(eReadout pReadout, int pMagnitude)

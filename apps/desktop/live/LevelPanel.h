@@ -2,6 +2,7 @@
 #pragma once
 
 #include <desktop/live/LivePanel.h>
+#include <desktop/live/detail/PeakBallistics.h>
 
 #include <array>
 
@@ -14,7 +15,8 @@ class QSlider;
 class QwtScaleWidget;
 class Readout;
 
-/// The volumes against the threshold, which is automatic or set by a slider.
+/// The level of the input as it comes, and the volumes of the band in which pulses are looked for
+/// against the threshold, which is automatic or set by a slider.
 class LevelPanel final : public LivePanel
 {
     Q_OBJECT
@@ -25,7 +27,10 @@ public:
 
     void Refresh(const LiveValues& pValues, qint64 pNow) override;
     void setColors(const LookColors& pColors) override;
+    static constexpr qint64 kClipMs = 3000;  ///< how long a clipped input is marked
+
     const LevelMeter& getMeter() const { return *m_pMeter; }
+    const LevelMeter& getInputMeter() const { return *m_pInputMeter; }
     QSlider& getSlider() { return *m_pSlider; }
     QCheckBox& getAutomatic() { return *m_pAutomatic; }
 
@@ -40,6 +45,7 @@ protected:
 private:
     enum eReadout
     {
+        eInput,
         eCurrent,
         eAverage,
         eMaximal,
@@ -53,16 +59,23 @@ private:
     void _OnAutomatic(bool pIsAutomatic);
     void _OnSlider(int pTenths);
     void _ShowThreshold(int pThreshold);
+    void _ShowInput(const LiveValues& pValues, qint64 pNow);
     void _ShowNumber(eReadout pReadout, int pMagnitude);
 
     Configuration& m_configuration;  ///< not owned
     QSlider* m_pSlider;              ///< tenths of dBFS
     QwtScaleWidget* m_pScale;
+    QLabel* m_pInputTitle;
+    LevelMeter* m_pInputMeter;
+    QLabel* m_pBandTitle;
     LevelMeter* m_pMeter;
     QCheckBox* m_pAutomatic;
     QLabel* m_pUnit;
+    QLabel* m_pClipped;
     QHBoxLayout* m_pSliderRow;
     std::array<Readout*, eReadoutCount> m_readouts;
+    desktop::PeakBallistics m_input;
+    quint64 m_inputCount = 0;  ///< as in the values shown last
     qint64 m_lastFrame = 0;    ///< ms
     qint64 m_lastNumbers = 0;  ///< ms
 };

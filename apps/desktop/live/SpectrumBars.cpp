@@ -46,6 +46,14 @@ void SpectrumBars::Add(const std::vector<double>& pAmplitudes, int pSampleRate, 
     }
 }
 
+void SpectrumBars::Clear()
+{
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
+        _Move(i, m_levels[i], kLeast);
+        _Move(i, m_peaks[i], kLeast);
+    }
+}
+
 void SpectrumBars::Fall(qint64 pNow)
 {
     const double seconds = double(std::clamp<qint64>(pNow - m_lastFall, 0, 1000)) / 1000.0;

@@ -23,6 +23,8 @@ public:
 
     /// A new spectrum of normalised powers; pNow: ms.
     void Add(const std::vector<double>& pAmplitudes, int pSampleRate, qint64 pNow);
+    /// Forgets what was: another input is heard.
+    void Clear();
     /// Lets the bars fall as time goes by.
     void Fall(qint64 pNow);
     /// The area in which bars or peaks have moved; empty when left is not below right.

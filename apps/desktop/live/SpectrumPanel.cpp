@@ -105,6 +105,9 @@ void SpectrumPanel::Refresh(const LiveValues& pValues, qint64 pNow)
     if (pNow - m_lastFrame < kFrameMs)
         return;
     m_lastFrame = pNow;
+    if (pValues.inputCount != m_inputCount)
+        m_bars.Clear();
+    m_inputCount = pValues.inputCount;
     m_bars.Fall(pNow);
     if (pValues.spectrumCount != m_spectrumCount) {
         m_spectrumCount = pValues.spectrumCount;

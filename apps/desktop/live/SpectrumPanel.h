@@ -37,4 +37,5 @@ private:
     SpectrumCanvas* m_pCanvas;
     qint64 m_lastFrame = 0;       ///< ms
     quint64 m_spectrumCount = 0;  ///< of the spectrum shown last
+    quint64 m_inputCount = 0;     ///< of the input shown last
 };

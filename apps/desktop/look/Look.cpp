@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/look/Look.h>
 
+#include <array>
+
 namespace {
 
 /// The few shades that all roles of a palette are made of.
@@ -22,11 +24,14 @@ Shades ShadesOf(eLook pLook)
     case eLightLook:
         return {0xeceef1, 0xffffff, 0xffffff, 0xf4f5f7, 0x1b1f24, 0x6b737d, 0x1769c4, 0xffffff};
     case eDarkLook:
-        return {0x15181d, 0x1e2228, 0x15181d, 0x2b3038, 0xe7eaee, 0x8b949e, 0x2f81f7, 0xffffff};
+        return {0x15181d, 0x1e2228, 0x15181d, 0x2b3038, 0xe7eaee, 0x8b949e, 0x4493f8, 0xffffff};
+    case eContrastLook:
+        return {0x010101, 0x010101, 0x010101, 0x202020, 0xffffff, 0xd0d0d0, 0xffe600, 0x010101};
     case eGrayLook:
+    case eLookCount:
         break;
     }
-    return {0x191919, 0x232323, 0x191919, 0x303030, 0xd2d2d2, 0x868686, 0x6e6e6e, 0xf4f4f4};
+    return {0x191919, 0x232323, 0x191919, 0x303030, 0xd2d2d2, 0x868686, 0xbebebe, 0x101010};
 }
 
 void setDisabled(QPalette& pPalette, const Shades& pShades)
@@ -62,7 +67,19 @@ LookColors MakeColors(eLook pLook)
                 0xff6b61,
                 0x2a2f37,
                 0xffb3ad};
+    case eContrastLook:
+        return {0x00e676,
+                0xffb000,
+                0x40c4ff,
+                0xffffff,
+                0x40c4ff,
+                0xffffff,
+                QColor(255, 255, 255, 60),
+                0xffb000,
+                0x3a3a3a,
+                0xffe600};
     case eGrayLook:
+    case eLookCount:
         break;
     }
     return {0xe8e8e8,
@@ -79,8 +96,10 @@ LookColors MakeColors(eLook pLook)
 
 }  // namespace
 
-eLook chooseLook(bool pIsGray, const QPalette& pDesktop)
+eLook chooseLook(bool pIsContrast, bool pIsGray, const QPalette& pDesktop)
 {
+    if (pIsContrast)
+        return eContrastLook;
     if (pIsGray)
         return eGrayLook;
     const bool isDark = pDesktop.color(QPalette::Window).lightness() <
@@ -109,8 +128,9 @@ QPalette makePalette(eLook pLook)
 
 const LookColors& getColors(eLook pLook)
 {
-    static const LookColors light = MakeColors(eLightLook);
-    static const LookColors dark = MakeColors(eDarkLook);
-    static const LookColors gray = MakeColors(eGrayLook);
-    return pLook == eLightLook ? light : pLook == eDarkLook ? dark : gray;
+    static const std::array<LookColors, eLookCount> all = {MakeColors(eLightLook),
+                                                           MakeColors(eDarkLook),
+                                                           MakeColors(eGrayLook),
+                                                           MakeColors(eContrastLook)};
+    return all[std::size_t(pLook)];
 }

@@ -8,7 +8,9 @@ enum eLook
 {
     eLightLook,
     eDarkLook,
-    eGrayLook  ///< dark and without colours, for a dim room
+    eGrayLook,      ///< dark and without colours, for a dim room
+    eContrastLook,  ///< for eyes that need more than a usual difference
+    eLookCount
 };
 
 /// The colours that a palette has no role for.
@@ -26,8 +28,8 @@ struct LookColors
     QColor warning;    ///< text
 };
 
-/// pIsGray, else as light or dark as pDesktop, the palette of the desktop.
-eLook chooseLook(bool pIsGray, const QPalette& pDesktop);
+/// pIsContrast before pIsGray, else as light or dark as pDesktop, the palette of the desktop.
+eLook chooseLook(bool pIsContrast, bool pIsGray, const QPalette& pDesktop);
 QPalette makePalette(eLook pLook);
 /// [valid for ever]
 const LookColors& getColors(eLook pLook);

@@ -4,6 +4,14 @@
 #include <desktop/session/LiveFeed.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+constexpr int kFullInput = 32767;  ///< sample magnitude
+
+}  // namespace
 
 LiveFeed::LiveFeed(LiveBeats& pBeats, QObject* pParent) : QObject(pParent), m_beats(pBeats)
 {
@@ -22,7 +30,9 @@ void LiveFeed::Follow(AudioAnalyzer* pAnalyzer, int pSampleRate)
     if (m_pAnalyzer)
         m_pAnalyzer->disconnect(this);
     m_follower.reset();
+    const quint64 inputs = m_values.inputCount;
     m_values = {};
+    m_values.inputCount = inputs + 1;
     m_values.sampleRate = pSampleRate;
     m_pAnalyzer = pAnalyzer;
     Forget();
@@ -56,6 +66,7 @@ void LiveFeed::Forget()
 const LiveValues& LiveFeed::Read()
 {
     _ReadClock();
+    m_values.input = std::exchange(m_input, 0);
     if (!m_pAnalyzer)
         return m_values;
     const AudioAnalyzer& analyzer = *m_pAnalyzer;
@@ -69,6 +80,15 @@ const LiveValues& LiveFeed::Read()
     m_values.maximal = hasVolumes ? analyzer.getMaximalVolume() : -1;
     m_values.threshold = analyzer.getThreshold();
     return m_values;
+}
+
+void LiveFeed::HearInput(const qint16* pSamples, std::size_t pCount)
+{
+    for (std::size_t i = 0; i < pCount; ++i)
+        m_input = std::max(m_input, std::abs(int(pSamples[i])));
+    m_input = std::min(m_input, kFullInput);
+    if (m_input == kFullInput)
+        m_values.clipTime = getTime();
 }
 
 void LiveFeed::_OnSpectrum(const double* pAmplitudes, unsigned int pCount)
@@ -100,10 +120,13 @@ void LiveFeed::_ReadClock()
     if (isRunning)
         m_lastBPM = state.bpm;
     m_values.bpm = m_lastBPM;
-    m_values.isFixed = state.charge == BeatClockCharge_Held;
+    m_values.shownBPM = m_shown.Show(m_lastBPM, state.charge != BeatClockCharge_Music);
+    m_values.charge = state.charge;
     m_values.isHeld = !isRunning && m_lastBPM > 0.0;
     m_values.isAutomatic = m_beats.isAutomatic();
-    m_values.confidence = isRunning ? m_beats.getConfidence(state) : -1.0;
+    // What a hand leads says nothing about what is heard.
+    const bool isFollowing = isRunning && state.charge == BeatClockCharge_Music;
+    m_values.confidence = isFollowing ? m_beats.getConfidence(state) : -1.0;
     m_values.beatInBar = isRunning ? state.getBeatInBar(state.getBeat(now)) + 1 : 0;
     m_values.beatsPerBar = state.beatsPerBar;
     _AwaitBeat();

@@ -6,6 +6,7 @@
 #include <AudioAnalyzer/analysis/BeatFollower.h>
 
 #include <desktop/session/LiveValues.h>
+#include <desktop/session/detail/ShownTempo.h>
 #include <desktop/session/detail/TempoSpan.h>
 #include <shared/clock/LiveBeats.h>
 
@@ -33,6 +34,8 @@ public:
     void Follow(AudioAnalyzer* pAnalyzer, int pSampleRate);
     /// The analysis was started anew.
     void Restart();
+    /// Samples of the input as they come.
+    void HearInput(const qint16* pSamples, std::size_t pCount);
     /// Forgets the tempo, as the analyzer and the clock do on a reset.
     void Forget();
 
@@ -64,6 +67,8 @@ private:
     std::unique_ptr<BeatFollower> m_follower;  ///< null without an analyzer
     LiveValues m_values;
     desktop::TempoSpan m_tempo;
+    desktop::ShownTempo m_shown;
     double m_lastBPM = 0.0;  ///< of the clock while it ran; 0 = none
     quint64 m_beatCount = 0;
+    int m_input = 0;  ///< greatest sample magnitude since Read()
 };

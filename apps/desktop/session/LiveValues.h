@@ -13,8 +13,9 @@ struct LiveValues
     bool isAnalyzing = false;  ///< samples arrive and are analysed
     bool isPlaying = false;    ///< they are music
     double bpm = 0.0;          ///< in force, 0 = unknown
+    double shownBPM = 0.0;     ///< the same as a steady figure
     double measuredBPM = 0.0;  ///< whatever the profile's range; 0 = unknown
-    bool isFixed = false;      ///< imposed by the user
+    int charge = 0;            ///< a BeatClockCharge
     bool isHeld = false;       ///< not measured now, but the last that was
     bool isAutomatic = false;  ///< without a profile
     double confidence = -1.0;  ///< of the next beat, 0 to 1; negative = nothing is known
@@ -26,7 +27,10 @@ struct LiveValues
     bool isBeatVirtual = false;
     bool isPulseVirtual = false;
 
-    int current = 0;  ///< volumes: sample magnitudes; negative = none
+    quint64 inputCount = 0;    ///< goes up with every new input
+    int input = 0;             ///< greatest sample magnitude since it was read last
+    qint64 clipTime = kNever;  ///< ms; when a sample was last at full scale
+    int current = 0;           ///< volumes of the band: sample magnitudes; negative = none
     int average = 0;
     int maximal = 0;
     int threshold = 0;

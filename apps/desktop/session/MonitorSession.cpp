@@ -11,7 +11,7 @@
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
 
-#include <QFileInfo>
+#include <QFile>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +28,10 @@ MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
 {
     connect(&m_tick, &QTimer::timeout, this, &MonitorSession::_Tick);
     connect(&m_saver, &ConfigurationSaver::OnTakenOver, this, &MonitorSession::_OnTakenOver);
+    connect(&m_hand, &BeatHand::OnHeldTempoChanged, this, [this](double pBPM) {
+        if (getAnalyzer())
+            getAnalyzer()->setFixedBPM(pBPM);
+    });
     m_tick.start(kWatchMs);
 }
 
@@ -39,7 +43,10 @@ MonitorSession::~MonitorSession()
 
 bool MonitorSession::Load(QString& pError)
 {
+    const bool isFirstStart = !QFile::exists(ConfigurationStore::getPath());
     const bool isLoaded = m_store.Load();
+    if (isFirstStart)
+        _BeginPlainly();
     pError = isLoaded ? m_store.getNotice() : m_store.getError();
     m_deviceName = m_store.getDeviceName();
     m_beatSettings = BeatSettings::Load();
@@ -47,6 +54,15 @@ bool MonitorSession::Load(QString& pError)
     m_beats.getClock().setOffset(std::int64_t(m_beatSettings.offset * 1000.0));
     m_saver.Watch();
     return isLoaded;
+}
+
+/// A window that nobody has set up yet is as the desktop is, and stays among the others.
+void MonitorSession::_BeginPlainly()
+{
+    Configuration& configuration = m_store.getConfiguration();
+    configuration.setGrayMode(false);
+    configuration.setTopMost(false);
+    configuration.setIsModified(false);
 }
 
 AudioAnalyzer* MonitorSession::getAnalyzer() const
@@ -122,6 +138,7 @@ void MonitorSession::_TakeSource(std::unique_ptr<LiveSource> pSource)
     using S = LiveSource;
     connect(pNew, &S::OnAnalyzerCreated, this, &MonitorSession::_OnAnalyzerCreated);
     connect(pNew, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
+    connect(pNew, &S::OnSamples, &m_feed, &LiveFeed::HearInput);
     connect(pNew, &S::OnNotice, this, &MonitorSession::_OnNotice);
     connect(pNew, &S::OnSourceChanged, this, &MonitorSession::_OnSourceChanged);
     // Queued, since the source is deleted then; meanwhile another may have taken its place.
@@ -190,44 +207,29 @@ void MonitorSession::setAutomatic(bool pIsAutomatic)
         return;
     m_beats.setAutomatic(pIsAutomatic);
     m_beatSettings.isAutomatic = pIsAutomatic;
-    if (!m_beatSettings.Save())
-        Q_EMIT m_saver.OnFailed(tr("The choice of the tracker cannot be stored in %1.")
-                                    .arg(UISettings::_getDefaultPath()));
+    _SaveBeats();
     Q_EMIT OnSourceChanged();
 }
 
-void MonitorSession::Scale(int pNumerator, int pDenominator)
+void MonitorSession::setOffset(double pMs)
 {
-    m_beats.getClock().Scale(pNumerator, pDenominator, shared::ClockThread::getTime());
+    m_beatSettings.offset = pMs;
+    m_beats.getClock().setOffset(std::int64_t(pMs * 1000.0));
+    _SaveBeats();
 }
 
-void MonitorSession::Round()
+void MonitorSession::_SaveBeats()
 {
-    m_beats.getClock().Round(shared::ClockThread::getTime());
-}
-
-void MonitorSession::MarkOne()
-{
-    m_beats.getClock().MarkOne(shared::ClockThread::getTime());
-}
-
-void MonitorSession::setFixedTempo(double pBPM)
-{
-    m_fixedTempo = pBPM;
-    const std::int64_t now = shared::ClockThread::getTime();
-    if (pBPM > 0.0)
-        m_beats.getClock().HoldAt(pBPM, now);
-    else
-        m_beats.getClock().Release(now);
-    if (getAnalyzer())
-        getAnalyzer()->setFixedBPM(pBPM);
+    if (!m_beatSettings.Save())
+        Q_EMIT m_saver.OnFailed(tr("The choice of the beats cannot be stored in %1.")
+                                    .arg(UISettings::_getDefaultPath()));
 }
 
 void MonitorSession::Reset()
 {
     if (getAnalyzer())
         getAnalyzer()->Reset();
-    m_beats.Reset();
+    m_hand.Reset();
     m_feed.Forget();
 }
 
@@ -244,7 +246,7 @@ void MonitorSession::_OnTakenOver()
 
 void MonitorSession::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
 {
-    pAnalyzer->setFixedBPM(m_fixedTempo);
+    pAnalyzer->setFixedBPM(m_hand.getHeldTempo());
     _SetAnalyzer(pAnalyzer, m_source->getSampleRate());
 }
 

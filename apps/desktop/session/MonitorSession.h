@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <desktop/session/BeatHand.h>
 #include <desktop/session/ConfigurationSaver.h>
 #include <desktop/session/LiveFeed.h>
 #include <shared/capture/LiveSource.h>
@@ -60,15 +61,12 @@ public:
     void StopFile();
     bool isFilePlaying() const;
 
-    // The hand on the beat: what it does shows at once.
-    void Tap() { m_beats.Tap(); }
-    void Scale(int pNumerator, int pDenominator);
-    void Round();
-    /// The beat nearest to now is the first of a bar.
-    void MarkOne();
-    /// Holds a tempo, BPM, whatever the music does; 0 = follows the music again.
-    void setFixedTempo(double pBPM);
+    BeatHand& getHand() { return m_hand; }
+    /// Forgets the tempo and searches anew.
     void Reset();
+    /// By how much all beats come later, ms. Remembered.
+    double getOffset() const { return m_beatSettings.offset; }
+    void setOffset(double pMs);
 
     /// Whether no sound server was there when the program started.
     bool isFallback() const { return m_isFallback; }
@@ -86,6 +84,7 @@ Q_SIGNALS:
     void OnSourceChanged();
 
 private:
+    void _BeginPlainly();
     void _Close();
     void _TakeSource(std::unique_ptr<LiveSource> pSource);
     void _WaitForAnyDevice();
@@ -98,11 +97,13 @@ private:
     void _Tick();
     void _JudgeNotice();
     void _SetAnalyzer(AudioAnalyzer* pAnalyzer, int pSampleRate);
+    void _SaveBeats();
 
     ConfigurationStore m_store;
     ConfigurationSaver m_saver{m_store};
     BeatSettings m_beatSettings;
     LiveBeats m_beats;
+    BeatHand m_hand{m_beats};
     LiveFeed m_feed{m_beats};
     QString m_deviceName;
     std::unique_ptr<LiveSource> m_source;  ///< null without a device, and after the end of a file
@@ -110,7 +111,6 @@ private:
     std::optional<eCaptureNotice> m_notice;
     QElapsedTimer m_sinceClipped;
     bool m_isFallback = false;
-    double m_fixedTempo = 0.0;  ///< BPM; 0 = none
-    int m_peak = 0;             ///< since TakePeak()
+    int m_peak = 0;  ///< since TakePeak()
     QTimer m_tick;
 };

@@ -59,11 +59,10 @@ SourceTexts::Text SourceTexts::_DescribeFile(const SourceState& pState)
     if (pState.notice)
         return _DescribeNotice(pState);
     const QString position = DescribeTime(pState.position);
-    return {
-        pState.length > 0.0
-            ? tr("Playing “%1”   %2 of %3").arg(pState.name, position, DescribeTime(pState.length))
-            : tr("Playing “%1”   %2").arg(pState.name, position),
-        false};
+    return {pState.length > 0.0 ? tr("Playing “%1” without sound   %2 of %3")
+                                      .arg(pState.name, position, DescribeTime(pState.length))
+                                : tr("Playing “%1” without sound   %2").arg(pState.name, position),
+            false};
 }
 
 SourceTexts::Text SourceTexts::Describe(const SourceState& pState)

@@ -53,6 +53,7 @@ AdvancedSettingsPanel::AdvancedSettingsPanel(Configuration& pConfiguration, QWid
       m_pLanguage(new QComboBox(this))
 {
     auto* pLayout = new QVBoxLayout(this);
+    pLayout->setSpacing(fontMetrics().height() / 8);
     for (int i = 0; i < eFlagCount; ++i) {
         auto* pBox = new QCheckBox(this);
         pBox->setObjectName(QLatin1String(kFlags[i].pIdentifier));

@@ -24,7 +24,7 @@ InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pPa
     m_pList->setItemDelegate(new ChoiceDelegate(InputDevicesModel::eChosenRole, m_pList));
     m_pList->setUniformItemSizes(true);
     m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_pList->setMinimumHeight(m_pList->fontMetrics().lineSpacing() * 5);
+    m_pList->setMinimumHeight(m_pList->fontMetrics().lineSpacing() * 3);
     m_pList->installEventFilter(this);
     connect(m_pList, &QListView::clicked, this, &InputDevicesPanel::_Choose);
     m_pStatus->setObjectName(QStringLiteral("status"));

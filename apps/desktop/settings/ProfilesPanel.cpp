@@ -32,7 +32,7 @@ void ProfilesPanel::_MakeLayout()
     m_pList->setObjectName(QStringLiteral("profiles"));
     m_pList->setModel(m_pModel);
     m_pList->setUniformItemSizes(true);
-    m_pList->setMinimumHeight(m_pList->fontMetrics().lineSpacing() * 5);
+    m_pList->setMinimumHeight(m_pList->fontMetrics().lineSpacing() * 3);
     m_pSummary->setObjectName(QStringLiteral("summary"));
     m_pAdd->setObjectName(QStringLiteral("add"));
     m_pDuplicate->setObjectName(QStringLiteral("duplicate"));
@@ -44,17 +44,16 @@ void ProfilesPanel::_MakeLayout()
     // It goes off when a profile is chosen.
     m_pAutomatic->setAutoExclusive(false);
     auto* pGrid = new QGridLayout(this);
-    pGrid->addWidget(m_pAutomatic, 0, 0, 1, 2);
-    pGrid->addWidget(m_pList, 1, 0, 5, 1);
-    pGrid->addWidget(m_pAdd, 1, 1);
+    pGrid->addWidget(m_pAutomatic, 0, 0, 1, 4);
+    pGrid->addWidget(m_pList, 1, 0, 1, 4);
+    pGrid->addWidget(m_pAdd, 2, 0);
     pGrid->addWidget(m_pDuplicate, 2, 1);
-    pGrid->addWidget(m_pEdit, 3, 1);
-    pGrid->addWidget(m_pRemove, 4, 1);
-    pGrid->addWidget(m_pSummary, 6, 0, 1, 2);
-    pGrid->addWidget(m_pRemovedText, 7, 0);
-    pGrid->addWidget(m_pUndo, 7, 1);
-    pGrid->setColumnStretch(0, 1);
-    pGrid->setRowStretch(5, 1);
+    pGrid->addWidget(m_pEdit, 2, 2);
+    pGrid->addWidget(m_pRemove, 2, 3);
+    pGrid->addWidget(m_pSummary, 3, 0, 1, 4);
+    pGrid->addWidget(m_pRemovedText, 4, 0, 1, 3);
+    pGrid->addWidget(m_pUndo, 4, 3);
+    pGrid->setRowStretch(1, 1);
 }
 
 void ProfilesPanel::_Connect()
@@ -111,6 +110,20 @@ void ProfilesPanel::_ChooseAutomatic(bool pIsAutomatic)
     setAutomatic(pIsAutomatic);
     if (isOther)
         Q_EMIT OnAutomaticChosen(pIsAutomatic);
+}
+
+void ProfilesPanel::ChooseProfile(int pRow)
+{
+    const QModelIndex row = m_pModel->index(pRow);
+    if (!row.isValid())
+        return;
+    m_pList->setCurrentIndex(row);
+    _ChooseAutomatic(false);
+}
+
+QStringList ProfilesPanel::getNames() const
+{
+    return m_pModel->getNames();
 }
 
 /// Nothing in the list is chosen while it is found automatically.

@@ -28,6 +28,12 @@ public:
     void Refresh() override;
     /// By default a profile is in force.
     void setAutomatic(bool pIsAutomatic);
+    /// As the user would.
+    void ChooseAutomatic() { _ChooseAutomatic(true); }
+    /// The profile of a row from 0; beyond the last one nothing happens.
+    void ChooseProfile(int pRow);
+    /// Of all profiles, in their order.
+    QStringList getNames() const;
 
 Q_SIGNALS:
     /// The user has chosen "Automatic", or a profile.

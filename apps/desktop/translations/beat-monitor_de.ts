@@ -124,6 +124,68 @@
     </message>
 </context>
 <context>
+    <name>BoothActions</name>
+    <message>
+        <source>&amp;Profile</source>
+        <translation>&amp;Profil</translation>
+    </message>
+</context>
+<context>
+    <name>BoothKeys</name>
+    <message>
+        <source>&amp;Tap the tempo</source>
+        <translation>Tempo &amp;tippen</translation>
+    </message>
+    <message>
+        <source>This beat is the &amp;one</source>
+        <translation>Dieser Beat ist die &amp;Eins</translation>
+    </message>
+    <message>
+        <source>Round the tempo to &amp;whole BPM</source>
+        <translation>Tempo auf &amp;ganze BPM runden</translation>
+    </message>
+    <message>
+        <source>&amp;Hold the tempo, or release it</source>
+        <translation>Tempo &amp;halten oder freigeben</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;earlier</source>
+        <translation>Beats 10 ms &amp;früher</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;later</source>
+        <translation>Beats 10 ms &amp;später</translation>
+    </message>
+    <message>
+        <source>&amp;Double the tempo</source>
+        <translation>Tempo &amp;verdoppeln</translation>
+    </message>
+    <message>
+        <source>Hal&amp;f the tempo</source>
+        <translation>Tempo h&amp;albieren</translation>
+    </message>
+    <message>
+        <source>&amp;Search anew</source>
+        <translation>&amp;Neu suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic tracking</source>
+        <translation>&amp;Automatische Verfolgung</translation>
+    </message>
+    <message>
+        <source>The profile of that place in the &amp;list</source>
+        <translation>Das Profil dieses Platzes in der &amp;Liste</translation>
+    </message>
+    <message>
+        <source>Stage &amp;view, on the next screen, and back</source>
+        <translation>Bü&amp;hnenansicht, auf dem nächsten Bildschirm, und zurück</translation>
+    </message>
+    <message>
+        <source>Show the &amp;keys</source>
+        <translation>Die &amp;Tasten zeigen</translation>
+    </message>
+</context>
+<context>
     <name>BpmPanel</name>
     <message>
         <source>BPM</source>
@@ -189,6 +251,10 @@
     <message>
         <source>Held by hand.</source>
         <translation>Von Hand gehalten.</translation>
+    </message>
+    <message>
+        <source>Led by hand.</source>
+        <translation>Von Hand geführt.</translation>
     </message>
 </context>
 <context>
@@ -358,6 +424,13 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>The keys</source>
+        <translation>Die Tasten</translation>
+    </message>
+</context>
+<context>
     <name>LedPanel</name>
     <message>
         <source>Beat</source>
@@ -411,10 +484,6 @@
         <translation>Ein Block ist ein Impuls, wenn ein Viertel seiner Samples die Schwelle erreicht.</translation>
     </message>
     <message>
-        <source>Volume meter</source>
-        <translation>Pegelanzeige</translation>
-    </message>
-    <message>
         <source>Current</source>
         <translation>Aktuell</translation>
     </message>
@@ -434,6 +503,34 @@
         <source>dBFS</source>
         <translation>dBFS</translation>
     </message>
+    <message>
+        <source>Input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>Level of the input</source>
+        <translation>Pegel des Eingangs</translation>
+    </message>
+    <message>
+        <source>The loudest samples as they come from the input.</source>
+        <translation>Die lautesten Abtastwerte, wie sie vom Eingang kommen.</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+    <message>
+        <source>Volume of the band</source>
+        <translation>Lautstärke des Bandes</translation>
+    </message>
+    <message>
+        <source>What is left of the input in the band of the profile, in which pulses are looked for.</source>
+        <translation>Was vom Eingang im Band des Profils bleibt, in dem Impulse gesucht werden.</translation>
+    </message>
+    <message>
+        <source>Clipped</source>
+        <translation>Übersteuert</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -448,10 +545,6 @@
     <message>
         <source>&amp;Listen to the input again</source>
         <translation>Wieder den &amp;Eingang hören</translation>
-    </message>
-    <message>
-        <source>&amp;Reset the analysis</source>
-        <translation>Analyse &amp;zurücksetzen</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -506,10 +599,6 @@
         <translation>Taste „Zu&amp;rücksetzen“</translation>
     </message>
     <message>
-        <source>&amp;Full screen</source>
-        <translation>&amp;Vollbild</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
@@ -553,6 +642,30 @@
         <source>&amp;Open audio file…</source>
         <translation>Audiodatei ö&amp;ffnen …</translation>
     </message>
+    <message>
+        <source>&amp;Beat</source>
+        <translation>&amp;Beat</translation>
+    </message>
+    <message>
+        <source>S&amp;oft flash</source>
+        <translation>Sanfter &amp;Blitz</translation>
+    </message>
+    <message>
+        <source>The stage view only glows with the beat.</source>
+        <translation>Die Bühnenansicht glimmt nur mit dem Beat.</translation>
+    </message>
+    <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Höchstens drei Blitze pro Sekun&amp;de</translation>
+    </message>
+    <message>
+        <source>High &amp;contrast</source>
+        <translation>Hoher &amp;Kontrast</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Kein Eingang</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -569,51 +682,16 @@
         <translation>Tippen Sie im Takt: hier oder mit der Taste T.</translation>
     </message>
     <message>
-        <source>Half the tempo.</source>
-        <translation>Das halbe Tempo.</translation>
-    </message>
-    <message>
-        <source>Twice the tempo.</source>
-        <translation>Das doppelte Tempo.</translation>
-    </message>
-    <message>
         <source>&amp;Round</source>
         <translation>&amp;Runden</translation>
-    </message>
-    <message>
-        <source>The nearest whole tempo.</source>
-        <translation>Das nächste ganzzahlige Tempo.</translation>
-    </message>
-    <message>
-        <source>Tempo by hand</source>
-        <translation>Tempo von Hand</translation>
     </message>
     <message>
         <source>%1 BPM</source>
         <translation>%1 BPM</translation>
     </message>
     <message>
-        <source>Locked until released</source>
-        <translation>Festgehalten, bis Sie es lösen</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n tap(s)</source>
-        <translation>
-            <numerusform>%n Schlag</numerusform>
-            <numerusform>%n Schläge</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Lock to impose it</source>
-        <translation>Festhalten gibt es vor</translation>
-    </message>
-    <message>
         <source>Tap with the beat</source>
         <translation>Im Takt tippen</translation>
-    </message>
-    <message>
-        <source>The profile takes %1 to %2 BPM: %3 holds</source>
-        <translation>Das Profil lässt %1 bis %2 BPM zu: %3 gilt</translation>
     </message>
     <message>
         <source>Ha&amp;lf</source>
@@ -624,27 +702,79 @@
         <translation>D&amp;oppelt</translation>
     </message>
     <message>
-        <source>Lo&amp;ck</source>
-        <translation>&amp;Festhalten</translation>
+        <source>Half the tempo, at once: here, or with the arrow down.</source>
+        <translation>Das halbe Tempo, sofort: hier oder mit dem Pfeil nach unten.</translation>
     </message>
     <message>
-        <source>Hold this tempo, or the measured one, until it is released.</source>
-        <translation>Hält dieses Tempo, oder das gemessene, bis es gelöst wird.</translation>
+        <source>Twice the tempo, at once: here, or with the arrow up.</source>
+        <translation>Das doppelte Tempo, sofort: hier oder mit dem Pfeil nach oben.</translation>
     </message>
     <message>
-        <source>The one (1)</source>
-        <translation>Die Eins (1)</translation>
+        <source>The nearest whole tempo: here, or with the key Y.</source>
+        <translation>Das nächste ganze Tempo: hier oder mit der Taste Y.</translation>
     </message>
     <message>
-        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
-        <translation>Der Schlag von jetzt ist der erste des Takts: hier oder mit der Taste 1.</translation>
+        <source>Keeps this tempo until it is released, whatever the music does: here, or with the key H.</source>
+        <translation>Hält dieses Tempo, bis es freigegeben wird, was auch immer die Musik tut: hier oder mit der Taste H.</translation>
+    </message>
+    <message>
+        <source>The one (Space)</source>
+        <translation>Die Eins (Leertaste)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the space bar.</source>
+        <translation>Der Beat von jetzt ist der erste des Takts: hier oder mit der Leertaste.</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>All beats that are shown and sent fall later by so much, or earlier when it is negative.</source>
+        <translation>Alle Beats, die gezeigt und gesendet werden, fallen um so viel später, oder früher, wenn es negativ ist.</translation>
+    </message>
+    <message>
+        <source>Tempo of the beats</source>
+        <translation>Tempo der Beats</translation>
+    </message>
+    <message>
+        <source>Lo&amp;cked (H)</source>
+        <translation>Festge&amp;halten (H)</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck (H)</source>
+        <translation>Fest&amp;halten (H)</translation>
+    </message>
+    <message>
+        <source>Held until released</source>
+        <translation>Gehalten bis zur Freigabe</translation>
+    </message>
+    <message>
+        <source>The hand leads</source>
+        <translation>Die Hand führt</translation>
+    </message>
+    <message>
+        <source>The music leads, at %1/%2 of its tempo</source>
+        <translation>Die Musik führt, mit %1/%2 ihres Tempos</translation>
+    </message>
+    <message>
+        <source>The music leads</source>
+        <translation>Die Musik führt</translation>
+    </message>
+    <message>
+        <source>Shift the beats by:</source>
+        <translation>Beats verschieben um:</translation>
+    </message>
+    <message>
+        <source>Shift of the beats</source>
+        <translation>Verschiebung der Beats</translation>
     </message>
 </context>
 <context>
     <name>MonitorSession</name>
     <message>
-        <source>The choice of the tracker cannot be stored in %1.</source>
-        <translation>Die Wahl der Verfolgung kann nicht in %1 gespeichert werden.</translation>
+        <source>The choice of the beats cannot be stored in %1.</source>
+        <translation>Die Wahl der Beats lässt sich nicht in %1 speichern.</translation>
     </message>
 </context>
 <context>
@@ -927,14 +1057,6 @@
         <translation>Hört „%1“: keine Musik</translation>
     </message>
     <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Spielt „%1“   %2 von %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Spielt „%1“   %2</translation>
-    </message>
-    <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
         <translation>Kein Eingang. Schließen Sie einen an, starten Sie einen Soundserver oder ziehen Sie eine Audiodatei hierher.</translation>
     </message>
@@ -945,6 +1067,14 @@
     <message>
         <source>“%1”: %2</source>
         <translation>„%1“: %2</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2 of %3</source>
+        <translation>„%1“ wird ohne Ton abgespielt   %2 von %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2</source>
+        <translation>„%1“ wird ohne Ton abgespielt   %2</translation>
     </message>
 </context>
 <context>
@@ -971,6 +1101,29 @@
     <message>
         <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
         <translation>0 dB ist der bisher lauteste Wert. Getönt: das Band des gewählten Profils, in dem nach Impulsen gesucht wird.</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stage view</source>
+        <translation>Bühnenansicht</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Gehalten</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Hand</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>No beat</source>
+        <translation>Kein Beat</translation>
     </message>
 </context>
 <context>

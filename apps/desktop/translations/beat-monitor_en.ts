@@ -12,16 +12,6 @@
     </message>
 </context>
 <context>
-    <name>ManualBeatPanel</name>
-    <message numerus="yes">
-        <source>%n tap(s)</source>
-        <translation>
-            <numerusform>%n tap</numerusform>
-            <numerusform>%n taps</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>ProfileCheck</name>
     <message numerus="yes">
         <source>The name has %n character(s) too many.</source>

@@ -124,6 +124,68 @@
     </message>
 </context>
 <context>
+    <name>BoothActions</name>
+    <message>
+        <source>&amp;Profile</source>
+        <translation>&amp;Perfil</translation>
+    </message>
+</context>
+<context>
+    <name>BoothKeys</name>
+    <message>
+        <source>&amp;Tap the tempo</source>
+        <translation>Marcar el &amp;tempo</translation>
+    </message>
+    <message>
+        <source>This beat is the &amp;one</source>
+        <translation>Este beat es el &amp;uno</translation>
+    </message>
+    <message>
+        <source>Round the tempo to &amp;whole BPM</source>
+        <translation>&amp;Redondear el tempo a BPM enteros</translation>
+    </message>
+    <message>
+        <source>&amp;Hold the tempo, or release it</source>
+        <translation>&amp;Fijar el tempo o soltarlo</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;earlier</source>
+        <translation>Beats 10 ms &amp;antes</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;later</source>
+        <translation>Beats 10 ms &amp;después</translation>
+    </message>
+    <message>
+        <source>&amp;Double the tempo</source>
+        <translation>D&amp;oblar el tempo</translation>
+    </message>
+    <message>
+        <source>Hal&amp;f the tempo</source>
+        <translation>Tempo a la &amp;mitad</translation>
+    </message>
+    <message>
+        <source>&amp;Search anew</source>
+        <translation>&amp;Buscar de nuevo</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic tracking</source>
+        <translation>Seguimiento &amp;automático</translation>
+    </message>
+    <message>
+        <source>The profile of that place in the &amp;list</source>
+        <translation>El perfil de ese lugar en la &amp;lista</translation>
+    </message>
+    <message>
+        <source>Stage &amp;view, on the next screen, and back</source>
+        <translation>&amp;Vista de escenario, en la pantalla siguiente, y volver</translation>
+    </message>
+    <message>
+        <source>Show the &amp;keys</source>
+        <translation>Mostrar las &amp;teclas</translation>
+    </message>
+</context>
+<context>
     <name>BpmPanel</name>
     <message>
         <source>BPM</source>
@@ -189,6 +251,10 @@
     <message>
         <source>Held by hand.</source>
         <translation>Mantenido a mano.</translation>
+    </message>
+    <message>
+        <source>Led by hand.</source>
+        <translation>Guiado a mano.</translation>
     </message>
 </context>
 <context>
@@ -358,6 +424,13 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>The keys</source>
+        <translation>Las teclas</translation>
+    </message>
+</context>
+<context>
     <name>LedPanel</name>
     <message>
         <source>Beat</source>
@@ -411,10 +484,6 @@
         <translation>Un bloque es un pulso cuando un cuarto de sus muestras alcanza el umbral.</translation>
     </message>
     <message>
-        <source>Volume meter</source>
-        <translation>Medidor de volumen</translation>
-    </message>
-    <message>
         <source>Current</source>
         <translation>Actual</translation>
     </message>
@@ -434,6 +503,34 @@
         <source>dBFS</source>
         <translation>dBFS</translation>
     </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrada</translation>
+    </message>
+    <message>
+        <source>Level of the input</source>
+        <translation>Nivel de la entrada</translation>
+    </message>
+    <message>
+        <source>The loudest samples as they come from the input.</source>
+        <translation>Las muestras más fuertes tal como llegan de la entrada.</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Banda</translation>
+    </message>
+    <message>
+        <source>Volume of the band</source>
+        <translation>Volumen de la banda</translation>
+    </message>
+    <message>
+        <source>What is left of the input in the band of the profile, in which pulses are looked for.</source>
+        <translation>Lo que queda de la entrada en la banda del perfil, donde se buscan los pulsos.</translation>
+    </message>
+    <message>
+        <source>Clipped</source>
+        <translation>Saturado</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -448,10 +545,6 @@
     <message>
         <source>&amp;Listen to the input again</source>
         <translation>&amp;Escuchar de nuevo la entrada</translation>
-    </message>
-    <message>
-        <source>&amp;Reset the analysis</source>
-        <translation>&amp;Reiniciar el análisis</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -506,10 +599,6 @@
         <translation>Botón de re&amp;inicio</translation>
     </message>
     <message>
-        <source>&amp;Full screen</source>
-        <translation>Pantalla &amp;completa</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>A&amp;yuda</translation>
     </message>
@@ -553,6 +642,30 @@
         <source>&amp;Open audio file…</source>
         <translation>&amp;Abrir archivo de audio…</translation>
     </message>
+    <message>
+        <source>&amp;Beat</source>
+        <translation>&amp;Beat</translation>
+    </message>
+    <message>
+        <source>S&amp;oft flash</source>
+        <translation>Destello s&amp;uave</translation>
+    </message>
+    <message>
+        <source>The stage view only glows with the beat.</source>
+        <translation>La vista de escenario solo resplandece con el beat.</translation>
+    </message>
+    <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Como máximo tres &amp;destellos por segundo</translation>
+    </message>
+    <message>
+        <source>High &amp;contrast</source>
+        <translation>Alto &amp;contraste</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Sin entrada</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -569,51 +682,16 @@
         <translation>Marque el ritmo: aquí o con la tecla T.</translation>
     </message>
     <message>
-        <source>Half the tempo.</source>
-        <translation>La mitad del tempo.</translation>
-    </message>
-    <message>
-        <source>Twice the tempo.</source>
-        <translation>El doble del tempo.</translation>
-    </message>
-    <message>
         <source>&amp;Round</source>
         <translation>Redo&amp;ndear</translation>
-    </message>
-    <message>
-        <source>The nearest whole tempo.</source>
-        <translation>El tempo entero más cercano.</translation>
-    </message>
-    <message>
-        <source>Tempo by hand</source>
-        <translation>Tempo manual</translation>
     </message>
     <message>
         <source>%1 BPM</source>
         <translation>%1 BPM</translation>
     </message>
     <message>
-        <source>Locked until released</source>
-        <translation>Fijado hasta que se suelte</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n tap(s)</source>
-        <translation>
-            <numerusform>%n golpe</numerusform>
-            <numerusform>%n golpes</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Lock to impose it</source>
-        <translation>Fijar lo impone</translation>
-    </message>
-    <message>
         <source>Tap with the beat</source>
         <translation>Marque el ritmo</translation>
-    </message>
-    <message>
-        <source>The profile takes %1 to %2 BPM: %3 holds</source>
-        <translation>El perfil admite de %1 a %2 BPM: vale %3</translation>
     </message>
     <message>
         <source>Ha&amp;lf</source>
@@ -624,27 +702,79 @@
         <translation>D&amp;oble</translation>
     </message>
     <message>
-        <source>Lo&amp;ck</source>
-        <translation>&amp;Fijar</translation>
+        <source>Half the tempo, at once: here, or with the arrow down.</source>
+        <translation>La mitad del tempo, al momento: aquí o con la flecha abajo.</translation>
     </message>
     <message>
-        <source>Hold this tempo, or the measured one, until it is released.</source>
-        <translation>Mantiene este tempo, o el medido, hasta que se suelte.</translation>
+        <source>Twice the tempo, at once: here, or with the arrow up.</source>
+        <translation>El doble del tempo, al momento: aquí o con la flecha arriba.</translation>
     </message>
     <message>
-        <source>The one (1)</source>
-        <translation>El uno (1)</translation>
+        <source>The nearest whole tempo: here, or with the key Y.</source>
+        <translation>El tempo entero más próximo: aquí o con la tecla Y.</translation>
     </message>
     <message>
-        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
-        <translation>El pulso de ahora es el primero del compás: aquí o con la tecla 1.</translation>
+        <source>Keeps this tempo until it is released, whatever the music does: here, or with the key H.</source>
+        <translation>Mantiene este tempo hasta que se suelte, haga lo que haga la música: aquí o con la tecla H.</translation>
+    </message>
+    <message>
+        <source>The one (Space)</source>
+        <translation>El uno (espacio)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the space bar.</source>
+        <translation>El beat de ahora es el primero del compás: aquí o con la barra espaciadora.</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>All beats that are shown and sent fall later by so much, or earlier when it is negative.</source>
+        <translation>Todos los beats que se muestran y envían caen tanto más tarde, o antes si es negativo.</translation>
+    </message>
+    <message>
+        <source>Tempo of the beats</source>
+        <translation>Tempo de los beats</translation>
+    </message>
+    <message>
+        <source>Lo&amp;cked (H)</source>
+        <translation>&amp;Fijado (H)</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck (H)</source>
+        <translation>&amp;Fijar (H)</translation>
+    </message>
+    <message>
+        <source>Held until released</source>
+        <translation>Mantenido hasta soltarlo</translation>
+    </message>
+    <message>
+        <source>The hand leads</source>
+        <translation>Guía la mano</translation>
+    </message>
+    <message>
+        <source>The music leads, at %1/%2 of its tempo</source>
+        <translation>Guía la música, a %1/%2 de su tempo</translation>
+    </message>
+    <message>
+        <source>The music leads</source>
+        <translation>Guía la música</translation>
+    </message>
+    <message>
+        <source>Shift the beats by:</source>
+        <translation>Desplazar los beats:</translation>
+    </message>
+    <message>
+        <source>Shift of the beats</source>
+        <translation>Desplazamiento de los beats</translation>
     </message>
 </context>
 <context>
     <name>MonitorSession</name>
     <message>
-        <source>The choice of the tracker cannot be stored in %1.</source>
-        <translation>La elección del seguimiento no se puede guardar en %1.</translation>
+        <source>The choice of the beats cannot be stored in %1.</source>
+        <translation>La elección de los beats no se puede guardar en %1.</translation>
     </message>
 </context>
 <context>
@@ -927,14 +1057,6 @@
         <translation>Escuchando «%1»: sin música</translation>
     </message>
     <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Reproduciendo «%1»   %2 de %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Reproduciendo «%1»   %2</translation>
-    </message>
-    <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
         <translation>No hay ninguna entrada. Conecte una, inicie un servidor de sonido o suelte aquí un archivo de audio.</translation>
     </message>
@@ -945,6 +1067,14 @@
     <message>
         <source>“%1”: %2</source>
         <translation>«%1»: %2</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2 of %3</source>
+        <translation>Reproduciendo «%1» sin sonido   %2 de %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2</source>
+        <translation>Reproduciendo «%1» sin sonido   %2</translation>
     </message>
 </context>
 <context>
@@ -971,6 +1101,29 @@
     <message>
         <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
         <translation>0 dB es el valor más fuerte hasta ahora. Sombreada: la banda del perfil elegido, en la que se buscan pulsos.</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stage view</source>
+        <translation>Vista de escenario</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Fijado</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Mano</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>No beat</source>
+        <translation>Sin beat</translation>
     </message>
 </context>
 <context>

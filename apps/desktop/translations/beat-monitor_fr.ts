@@ -124,6 +124,68 @@
     </message>
 </context>
 <context>
+    <name>BoothActions</name>
+    <message>
+        <source>&amp;Profile</source>
+        <translation>Profi&amp;l</translation>
+    </message>
+</context>
+<context>
+    <name>BoothKeys</name>
+    <message>
+        <source>&amp;Tap the tempo</source>
+        <translation>&amp;Taper le tempo</translation>
+    </message>
+    <message>
+        <source>This beat is the &amp;one</source>
+        <translation>Ce beat est le &amp;un</translation>
+    </message>
+    <message>
+        <source>Round the tempo to &amp;whole BPM</source>
+        <translation>A&amp;rrondir le tempo au BPM entier</translation>
+    </message>
+    <message>
+        <source>&amp;Hold the tempo, or release it</source>
+        <translation>&amp;Garder le tempo, ou le relâcher</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;earlier</source>
+        <translation>Beats 10 ms plus tô&amp;t</translation>
+    </message>
+    <message>
+        <source>Beats 10 ms &amp;later</source>
+        <translation>Beats 10 ms plus tar&amp;d</translation>
+    </message>
+    <message>
+        <source>&amp;Double the tempo</source>
+        <translation>D&amp;oubler le tempo</translation>
+    </message>
+    <message>
+        <source>Hal&amp;f the tempo</source>
+        <translation>Diviser le tempo &amp;par deux</translation>
+    </message>
+    <message>
+        <source>&amp;Search anew</source>
+        <translation>&amp;Chercher à nouveau</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic tracking</source>
+        <translation>Suivi &amp;automatique</translation>
+    </message>
+    <message>
+        <source>The profile of that place in the &amp;list</source>
+        <translation>Le profil de cette place dans la &amp;liste</translation>
+    </message>
+    <message>
+        <source>Stage &amp;view, on the next screen, and back</source>
+        <translation>&amp;Vue de scène, sur l’écran suivant, et retour</translation>
+    </message>
+    <message>
+        <source>Show the &amp;keys</source>
+        <translation>Montrer les &amp;touches</translation>
+    </message>
+</context>
+<context>
     <name>BpmPanel</name>
     <message>
         <source>BPM</source>
@@ -189,6 +251,10 @@
     <message>
         <source>Held by hand.</source>
         <translation>Tenu à la main.</translation>
+    </message>
+    <message>
+        <source>Led by hand.</source>
+        <translation>Mené à la main.</translation>
     </message>
 </context>
 <context>
@@ -358,6 +424,13 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>The keys</source>
+        <translation>Les touches</translation>
+    </message>
+</context>
+<context>
     <name>LedPanel</name>
     <message>
         <source>Beat</source>
@@ -411,10 +484,6 @@
         <translation>Un bloc est une impulsion quand un quart de ses échantillons atteint le seuil.</translation>
     </message>
     <message>
-        <source>Volume meter</source>
-        <translation>Indicateur de volume</translation>
-    </message>
-    <message>
         <source>Current</source>
         <translation>Actuel</translation>
     </message>
@@ -434,6 +503,34 @@
         <source>dBFS</source>
         <translation>dBFS</translation>
     </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>Level of the input</source>
+        <translation>Niveau de l’entrée</translation>
+    </message>
+    <message>
+        <source>The loudest samples as they come from the input.</source>
+        <translation>Les échantillons les plus forts tels qu’ils viennent de l’entrée.</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Bande</translation>
+    </message>
+    <message>
+        <source>Volume of the band</source>
+        <translation>Volume de la bande</translation>
+    </message>
+    <message>
+        <source>What is left of the input in the band of the profile, in which pulses are looked for.</source>
+        <translation>Ce qui reste de l’entrée dans la bande du profil, où les impulsions sont cherchées.</translation>
+    </message>
+    <message>
+        <source>Clipped</source>
+        <translation>Saturé</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -448,10 +545,6 @@
     <message>
         <source>&amp;Listen to the input again</source>
         <translation>Éco&amp;uter à nouveau l’entrée</translation>
-    </message>
-    <message>
-        <source>&amp;Reset the analysis</source>
-        <translation>&amp;Réinitialiser l’analyse</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -506,10 +599,6 @@
         <translation>Bouton de &amp;réinitialisation</translation>
     </message>
     <message>
-        <source>&amp;Full screen</source>
-        <translation>Plein é&amp;cran</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>Aid&amp;e</translation>
     </message>
@@ -553,6 +642,30 @@
         <source>&amp;Open audio file…</source>
         <translation>&amp;Ouvrir un fichier audio…</translation>
     </message>
+    <message>
+        <source>&amp;Beat</source>
+        <translation>&amp;Beat</translation>
+    </message>
+    <message>
+        <source>S&amp;oft flash</source>
+        <translation>Flash d&amp;oux</translation>
+    </message>
+    <message>
+        <source>The stage view only glows with the beat.</source>
+        <translation>La vue de scène ne fait que luire avec le beat.</translation>
+    </message>
+    <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Au plus trois &amp;flashs par seconde</translation>
+    </message>
+    <message>
+        <source>High &amp;contrast</source>
+        <translation>&amp;Contraste élevé</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Pas d’entrée</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -569,51 +682,16 @@
         <translation>Frappez en rythme&#xa0;: ici ou avec la touche T.</translation>
     </message>
     <message>
-        <source>Half the tempo.</source>
-        <translation>La moitié du tempo.</translation>
-    </message>
-    <message>
-        <source>Twice the tempo.</source>
-        <translation>Le double du tempo.</translation>
-    </message>
-    <message>
         <source>&amp;Round</source>
         <translation>Arr&amp;ondir</translation>
-    </message>
-    <message>
-        <source>The nearest whole tempo.</source>
-        <translation>Le tempo entier le plus proche.</translation>
-    </message>
-    <message>
-        <source>Tempo by hand</source>
-        <translation>Tempo manuel</translation>
     </message>
     <message>
         <source>%1 BPM</source>
         <translation>%1 BPM</translation>
     </message>
     <message>
-        <source>Locked until released</source>
-        <translation>Imposé jusqu’au déverrouillage</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n tap(s)</source>
-        <translation>
-            <numerusform>%n frappe</numerusform>
-            <numerusform>%n frappes</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Lock to impose it</source>
-        <translation>Verrouiller pour l’imposer</translation>
-    </message>
-    <message>
         <source>Tap with the beat</source>
         <translation>Frappez en rythme</translation>
-    </message>
-    <message>
-        <source>The profile takes %1 to %2 BPM: %3 holds</source>
-        <translation>Le profil admet %1 à %2 BPM&#xa0;: %3 s’applique</translation>
     </message>
     <message>
         <source>Ha&amp;lf</source>
@@ -624,27 +702,79 @@
         <translation>Dou&amp;ble</translation>
     </message>
     <message>
-        <source>Lo&amp;ck</source>
-        <translation>&amp;Verrouiller</translation>
+        <source>Half the tempo, at once: here, or with the arrow down.</source>
+        <translation>La moitié du tempo, aussitôt : ici ou avec la flèche vers le bas.</translation>
     </message>
     <message>
-        <source>Hold this tempo, or the measured one, until it is released.</source>
-        <translation>Tient ce tempo, ou celui mesuré, jusqu&apos;à ce qu&apos;il soit relâché.</translation>
+        <source>Twice the tempo, at once: here, or with the arrow up.</source>
+        <translation>Le double du tempo, aussitôt : ici ou avec la flèche vers le haut.</translation>
     </message>
     <message>
-        <source>The one (1)</source>
-        <translation>Le premier (1)</translation>
+        <source>The nearest whole tempo: here, or with the key Y.</source>
+        <translation>Le tempo entier le plus proche : ici ou avec la touche Y.</translation>
     </message>
     <message>
-        <source>The beat of now is the first of the bar: here, or with the key 1.</source>
-        <translation>Le temps de maintenant est le premier de la mesure : ici ou avec la touche 1.</translation>
+        <source>Keeps this tempo until it is released, whatever the music does: here, or with the key H.</source>
+        <translation>Garde ce tempo jusqu’à ce qu’il soit relâché, quoi que fasse la musique : ici ou avec la touche H.</translation>
+    </message>
+    <message>
+        <source>The one (Space)</source>
+        <translation>Le un (espace)</translation>
+    </message>
+    <message>
+        <source>The beat of now is the first of the bar: here, or with the space bar.</source>
+        <translation>Le beat de maintenant est le premier de la mesure : ici ou avec la barre d’espace.</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>All beats that are shown and sent fall later by so much, or earlier when it is negative.</source>
+        <translation>Tous les beats montrés et envoyés tombent d’autant plus tard, ou plus tôt si c’est négatif.</translation>
+    </message>
+    <message>
+        <source>Tempo of the beats</source>
+        <translation>Tempo des beats</translation>
+    </message>
+    <message>
+        <source>Lo&amp;cked (H)</source>
+        <translation>&amp;Verrouillé (H)</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ck (H)</source>
+        <translation>&amp;Verrouiller (H)</translation>
+    </message>
+    <message>
+        <source>Held until released</source>
+        <translation>Tenu jusqu’au relâchement</translation>
+    </message>
+    <message>
+        <source>The hand leads</source>
+        <translation>La main mène</translation>
+    </message>
+    <message>
+        <source>The music leads, at %1/%2 of its tempo</source>
+        <translation>La musique mène, à %1/%2 de son tempo</translation>
+    </message>
+    <message>
+        <source>The music leads</source>
+        <translation>La musique mène</translation>
+    </message>
+    <message>
+        <source>Shift the beats by:</source>
+        <translation>Décaler les beats de :</translation>
+    </message>
+    <message>
+        <source>Shift of the beats</source>
+        <translation>Décalage des beats</translation>
     </message>
 </context>
 <context>
     <name>MonitorSession</name>
     <message>
-        <source>The choice of the tracker cannot be stored in %1.</source>
-        <translation>Le choix du suivi ne peut pas être enregistré dans %1.</translation>
+        <source>The choice of the beats cannot be stored in %1.</source>
+        <translation>Le choix des beats ne peut pas être enregistré dans %1.</translation>
     </message>
 </context>
 <context>
@@ -927,14 +1057,6 @@
         <translation>Écoute de «&#xa0;%1&#xa0;»&#xa0;: pas de musique</translation>
     </message>
     <message>
-        <source>Playing “%1”   %2 of %3</source>
-        <translation>Lecture de «&#xa0;%1&#xa0;»   %2 sur %3</translation>
-    </message>
-    <message>
-        <source>Playing “%1”   %2</source>
-        <translation>Lecture de «&#xa0;%1&#xa0;»   %2</translation>
-    </message>
-    <message>
         <source>No input device. Plug one in, start a sound server, or drop an audio file here.</source>
         <translation>Aucune entrée. Branchez-en une, lancez un serveur de son ou déposez ici un fichier audio.</translation>
     </message>
@@ -945,6 +1067,14 @@
     <message>
         <source>“%1”: %2</source>
         <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2 of %3</source>
+        <translation>Lecture de « %1 » sans son   %2 sur %3</translation>
+    </message>
+    <message>
+        <source>Playing “%1” without sound   %2</source>
+        <translation>Lecture de « %1 » sans son   %2</translation>
     </message>
 </context>
 <context>
@@ -971,6 +1101,29 @@
     <message>
         <source>The loudest bin so far is 0 dB. Shaded: the band of the selected profile, in which pulses are looked for.</source>
         <translation>0 dB est la valeur la plus forte jusqu’ici. En teinté&#xa0;: la bande du profil choisi, où les impulsions sont cherchées.</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stage view</source>
+        <translation>Vue de scène</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Tenu</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Main</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>No beat</source>
+        <translation>Pas de beat</translation>
     </message>
 </context>
 <context>

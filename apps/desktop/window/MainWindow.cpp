@@ -14,6 +14,9 @@
 #include <desktop/settings/InputDevicesPanel.h>
 #include <desktop/settings/ManualBeatPanel.h>
 #include <desktop/settings/ProfilesPanel.h>
+#include <desktop/stage/StageView.h>
+#include <desktop/window/BoothActions.h>
+#include <desktop/window/GrowingRow.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/Placement.h>
 #include <desktop/window/SettingsColumn.h>
@@ -22,12 +25,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -38,30 +37,23 @@ namespace {
 
 constexpr qint64 kStatusMs = 200;
 
-/// The first local file that is dragged; empty = none.
-QString FileOf(const QMimeData& pData)
-{
-    const QList<QUrl> urls = pData.urls();
-    const auto found =
-        std::find_if(urls.begin(), urls.end(), [](const QUrl& pUrl) { return pUrl.isLocalFile(); });
-    return found == urls.end() ? QString() : found->toLocalFile();
-}
-
 }  // namespace
 
 MainWindow::MainWindow(MonitorSession& pSession,
                        const WindowSettings& pSettings,
                        const QPalette& pDesktop,
                        QWidget* pParent)
-    : QMainWindow(pParent), m_session(pSession), m_desktop(pDesktop)
+    : QMainWindow(pParent), m_session(pSession), m_windowSettings(pSettings), m_desktop(pDesktop)
 {
     setAcceptDrops(true);
     _MakePanels();
+    _MakeStage();
     _MakeActions();
     _MakeLayout();
     _Connect();
+    _ConnectStage();
     _ConnectSettings();
-    m_pSettings->getManualBeat().setLocking(pSettings.isManualBeatLockingBPM);
+    m_session.getHand().setLocking(pSettings.isManualBeatLockingBPM);
     _Retranslate();
     for (int panel = 0; panel < ePanelCount; ++panel)
         setPanelVisible(ePanel(panel), pSettings.visible[std::size_t(panel)]);
@@ -103,14 +95,16 @@ void MainWindow::_MakePanels()
 
 QWidget* MainWindow::_MakeLiveRow()
 {
+    m_pGrowing = new GrowingRow;
+    m_pGrowing->Add(m_pBpm, 1);
+    m_pGrowing->Add(m_pBeatLed);
+    m_pGrowing->Add(m_pPulseLed);
+    m_pGrowing->Add(m_pSpeakers);
     auto* pRow = new QWidget;
     auto* pLayout = new QHBoxLayout(pRow);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(fontMetrics().height());
-    pLayout->addWidget(m_pBpm, 1);
-    pLayout->addWidget(m_pBeatLed);
-    pLayout->addWidget(m_pPulseLed);
-    pLayout->addWidget(m_pSpeakers);
+    pLayout->addWidget(m_pGrowing, 1);
     pLayout->addWidget(m_pResetButton, 0, Qt::AlignVCenter);
     return pRow;
 }
@@ -121,8 +115,8 @@ void MainWindow::_MakeLayout()
     auto* pCenter = new QWidget;
     auto* pLive = new QVBoxLayout;
     pLive->setSpacing(gap);
-    pLive->addWidget(m_pLiveCard);
-    pLive->addWidget(m_pSpectrumCard, 1);
+    pLive->addWidget(m_pLiveCard, 1);
+    pLive->addWidget(m_pSpectrumCard, 5);
     pLive->addWidget(m_pLevelCard);
     auto* pColumns = new QHBoxLayout;
     pColumns->setSpacing(gap);
@@ -143,6 +137,8 @@ void MainWindow::_SetSize()
     const int around = menuBar()->sizeHint().height() + m_pStatus->sizeHint().height();
     const int gaps = 2 * fontMetrics().height();
     const int height = m_pSettings->sizeHint().height() + around + gaps;
+    if (!m_windowSettings.size.isEmpty())
+        return resize(m_windowSettings.size.boundedTo(screen()->availableSize()));
     resize(sizeHint().expandedTo({0, height}).boundedTo(screenSize));
 }
 
@@ -155,7 +151,8 @@ void MainWindow::_Connect()
     connect(&saver, &ConfigurationSaver::OnSaved, this, [this] { ShowProblem({}); });
     connect(&saver, &ConfigurationSaver::OnTakenOver, this, &MainWindow::_OnTakenOver);
     connect(m_pLevels, &LevelPanel::OnConfigurationChanged, &saver, &ConfigurationSaver::Touch);
-    connect(m_pResetButton, &QPushButton::clicked, m_pReset, &QAction::trigger);
+    connect(
+        m_pResetButton, &QPushButton::clicked, &m_pBooth->get(eSearchAction), &QAction::trigger);
     connect(&m_session.getFeed(), &LiveFeed::OnFlashed, this, &MainWindow::_OnFlashed);
     connect(&m_refresh, &QTimer::timeout, this, &MainWindow::_Refresh);
 }
@@ -170,20 +167,12 @@ void MainWindow::_ConnectSettings()
             &column.getDevices(),
             &InputDevicesPanel::setCurrentDevice);
     connect(&column.getDevices(), &InputDevicesPanel::OnDeviceChosen, &m_session, &S::ChooseDevice);
-    using H = ManualBeatPanel;
-    H& hand = column.getManualBeat();
-    connect(&hand, &H::OnTapped, &m_session, &S::Tap);
-    connect(&hand, &H::OnScaled, &m_session, &S::Scale);
-    connect(&hand, &H::OnRounded, &m_session, &S::Round);
-    connect(&hand, &H::OnOneMarked, &m_session, &S::MarkOne);
-    connect(&hand, &H::OnFixedTempoChanged, &m_session, &S::setFixedTempo);
-    connect(
-        &column.getProfiles(), &ProfilesPanel::OnAutomaticChosen, this, [this](bool pIsAutomatic) {
-            m_session.setAutomatic(pIsAutomatic);
-            m_pSettings->getManualBeat().setAutomatic(pIsAutomatic);
-        });
+    _ConnectHand();
+    connect(&column.getProfiles(),
+            &ProfilesPanel::OnAutomaticChosen,
+            this,
+            [this](bool pIsAutomatic) { m_session.setAutomatic(pIsAutomatic); });
     column.getProfiles().setAutomatic(m_session.isAutomatic());
-    hand.setAutomatic(m_session.isAutomatic());
     column.getDevices().setFallback(m_session.isFallback());
     connect(&column,
             &SettingsColumn::OnConfigurationChanged,
@@ -202,20 +191,29 @@ void MainWindow::_ConnectSettings()
 
 void MainWindow::_Refresh()
 {
-    if (windowHandle() && !windowHandle()->isExposed())
+    const bool isSeen = !windowHandle() || windowHandle()->isExposed();
+    if (!isSeen && !m_pStage->isVisible())
         return;
     LiveFeed& feed = m_session.getFeed();
     const LiveValues& values = feed.Read();
     const qint64 now = feed.getTime();
+    const bool isCovered = m_pStage->isVisible() && m_pStage->screen() == screen();
+    if (m_pStage->isVisible())
+        m_pStage->Refresh(values, now);
     for (LivePanel* pPanel : m_livePanels)
-        if (pPanel->isVisible())
+        if (!isCovered && pPanel->isVisible())
             pPanel->Refresh(values, now);
     _ChoosePace(values, now);
     if (now - m_lastStatus >= kStatusMs) {
         m_lastStatus = now;
         _ShowSource();
-        m_pSettings->getManualBeat().setFollowedTempo(values.beatInBar > 0 ? values.bpm : 0.0);
+        _ShowClock();
     }
+}
+
+void MainWindow::_ShowClock()
+{
+    m_pSettings->getManualBeat().setClock(m_session.getBeats().getClock().getState());
 }
 
 void MainWindow::_OnFlashed()
@@ -227,14 +225,15 @@ void MainWindow::_OnFlashed()
 void MainWindow::_ChoosePace(const LiveValues& pValues, qint64 pNow)
 {
     const qint64 last = std::max(pValues.beatTime, pValues.pulseTime);
-    const bool isFading = pNow - last <= LedPanel::kFadeMs + kFlashMs;
+    const qint64 fade = m_pStage->isVisible() ? StageView::kFadeMs : LedPanel::kFadeMs;
+    const bool isFading = pNow - last <= fade + kFlashMs;
     if (!isFading && m_refresh.interval() != kCalmMs)
         m_refresh.start(kCalmMs);
 }
 
 void MainWindow::_WatchRefresh()
 {
-    if (isVisible() && !isMinimized())
+    if ((isVisible() && !isMinimized()) || m_pStage->isVisible())
         m_refresh.start(kCalmMs);
     else
         m_refresh.stop();
@@ -245,6 +244,7 @@ void MainWindow::_ShowSource()
     const SourceState source = m_session.getSource();
     const SourceTexts::Text text = SourceTexts::Describe(source);
     m_pStatus->setSource(text.text, text.isWarning);
+    _ShowLamps();
     m_pStop->setEnabled(source.kind == SourceState::eFile || source.kind == SourceState::eEnded);
 }
 
@@ -286,6 +286,10 @@ void MainWindow::ApplyFlags()
 {
     const Configuration& configuration = m_session.getConfiguration();
     m_pSpeakers->setVisible(configuration.getDisplaySpeakers());
+    m_windowSettings.isHighContrast = m_pContrast->isChecked();
+    m_windowSettings.isFlashSoft = m_pSoftFlash->isChecked();
+    m_windowSettings.isFlashLimited = m_pLimitFlash->isChecked();
+    m_pStage->setFlash(m_windowSettings.isFlashSoft, m_windowSettings.isFlashLimited);
     m_pBpm->setStoppedShown(AdvancedSettingsPanel::isStoppedDisplayed(configuration));
     _HideEmptyCards();
     _ApplyLook();
@@ -307,11 +311,14 @@ void MainWindow::_OnTakenOver()
 
 void MainWindow::_ApplyLook()
 {
-    const eLook look = chooseLook(m_session.getConfiguration().getGrayMode(), m_desktop);
+    const bool isGray = m_session.getConfiguration().getGrayMode();
+    const eLook look = chooseLook(m_windowSettings.isHighContrast, isGray, m_desktop);
     const LookColors& colors = getColors(look);
     QApplication::setPalette(makePalette(look));
     for (LivePanel* pPanel : m_livePanels)
         pPanel->setColors(colors);
+    // The stage is always dark.
+    m_pStage->setColors(look == eLightLook ? getColors(eDarkLook) : colors);
     m_pStatus->setWarningColor(colors.warning);
 }
 
@@ -327,67 +334,30 @@ void MainWindow::_ApplyTopMost()
         show();
 }
 
+WindowSettings MainWindow::CollectSettings() const
+{
+    WindowSettings settings = m_windowSettings;
+    for (int panel = 0; panel < ePanelCount; ++panel)
+        settings.visible[std::size_t(panel)] = m_actions[std::size_t(panel)]->isChecked();
+    // One that fills the screen has no size of its own.
+    if (!isMaximized() && !isFullScreen()) {
+        settings.size = size();
+        settings.place = pos();
+    }
+    return settings;
+}
+
 void MainWindow::Place(eStartingPosition pPosition)
 {
+    const auto& left = m_windowSettings.place;
+    if (pPosition == Default && left && QGuiApplication::screenAt(*left))
+        return move(*left);
     // Before it is shown, a position is that of the frame; only the frame's size is unknown yet.
     m_place = frameGeometry().size() == size() ? pPosition : Default;
     const QScreen* pScreen = screen();
     const QSize frame = frameGeometry().size();
     if (const auto corner = placeWindow(pPosition, frame, pScreen->availableGeometry()))
         move(*corner);
-}
-
-// ---- What happens to it -------------------------------------------------------------------------
-
-void MainWindow::moveEvent(QMoveEvent* pEvent)
-{
-    QMainWindow::moveEvent(pEvent);
-    // The window manager has put its frame around the window, which moved what is in it.
-    if (m_place != Default && frameGeometry().size() != size())
-        Place(m_place);
-}
-
-void MainWindow::changeEvent(QEvent* pEvent)
-{
-    if (pEvent->type() == QEvent::LanguageChange) {
-        _Retranslate();
-        _ShowSource();
-    }
-    if (pEvent->type() == QEvent::WindowStateChange) {
-        m_pFullScreen->setChecked(isFullScreen());
-        _WatchRefresh();
-    }
-    QMainWindow::changeEvent(pEvent);
-}
-
-void MainWindow::showEvent(QShowEvent* pEvent)
-{
-    QMainWindow::showEvent(pEvent);
-    _WatchRefresh();
-}
-
-void MainWindow::hideEvent(QHideEvent* pEvent)
-{
-    QMainWindow::hideEvent(pEvent);
-    m_refresh.stop();
-}
-
-void MainWindow::closeEvent(QCloseEvent* pEvent)
-{
-    pEvent->accept();
-    QCoreApplication::quit();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* pEvent)
-{
-    if (!FileOf(*pEvent->mimeData()).isEmpty())
-        pEvent->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent* pEvent)
-{
-    pEvent->acceptProposedAction();
-    m_session.PlayFile(FileOf(*pEvent->mimeData()), false);
 }
 
 #include "moc_MainWindow.cpp"

@@ -10,8 +10,11 @@
 #include <array>
 #include <vector>
 
+class BoothActions;
 class BpmPanel;
 class Card;
+class GrowingRow;
+class KeysPage;
 class LedPanel;
 class LevelPanel;
 class LivePanel;
@@ -23,6 +26,7 @@ class QPushButton;
 class SettingsColumn;
 class SpeakersPanel;
 class SpectrumPanel;
+class StageView;
 class StatusLine;
 
 /// The window: live panels on the left, settings on the right, what is heard at the bottom.
@@ -44,9 +48,11 @@ public:
                QWidget* pParent = nullptr);
     ~MainWindow() override;
 
-    /// Moves the window to where the settings want it, and again once its frame is known. To be
-    /// called before it is shown.
+    /// Moves the window to where the settings want it, and again once its frame is known, or to
+    /// where it was left. To be called before it is shown.
     void Place(eStartingPosition pPosition);
+    /// The settings as they are by now.
+    WindowSettings CollectSettings() const;
     void setPanelVisible(ePanel pPanel, bool pIsVisible);
     bool isPanelVisible(ePanel pPanel) const;
     /// Follows the configuration: gray or colourful, on top or not, speakers or none.
@@ -55,7 +61,13 @@ public:
     void ShowProblem(const QString& pText);
     QString getProblem() const;
 
-    QAction& getResetAction() { return *m_pReset; }
+    QAction& getResetAction();
+    BoothActions& getActions() { return *m_pBooth; }
+    /// Hidden at first.
+    StageView& getStage() { return *m_pStage; }
+    /// Fills the screen of the window with the stage view, then the next screen, and at last none.
+    void TurnStage();
+    void LeaveStage();
     QAction& getQuitAction() { return *m_pQuit; }
     const BpmPanel& getBpm() const { return *m_pBpm; }
     const LedPanel& getBeatLed() const { return *m_pBeatLed; }
@@ -78,6 +90,8 @@ protected:
     void hideEvent(QHideEvent* pEvent) override;
     void moveEvent(QMoveEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
+    /// A double click on the tempo.
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
     void _MakePanels();
@@ -87,6 +101,7 @@ private:
     QWidget* _MakeLiveRow();
     void _Connect();
     void _ConnectSettings();
+    void _ConnectHand();
     void _Retranslate();
     void _Refresh();
     void _WatchRefresh();
@@ -94,13 +109,20 @@ private:
     void _OnTakenOver();
     void _ChoosePace(const LiveValues& pValues, qint64 pNow);
     void _ShowSource();
+    void _ShowClock();
     void _HideEmptyCards();
     void _ApplyLook();
     void _ApplyTopMost();
+    void _MakeStage();
+    void _ConnectStage();
+    void _ShowLamps();
+    void _ShowKeys();
+    void _ShowProfiles();
     void _OpenFile();
     void _About();
 
     MonitorSession& m_session;  ///< not owned
+    WindowSettings m_windowSettings;
     QPalette m_desktop;
     std::array<QWidget*, ePanelCount> m_panels{};   ///< what each key shows; null = not there
     std::array<QAction*, ePanelCount> m_actions{};  ///< of the View menu
@@ -112,6 +134,7 @@ private:
     SpectrumPanel* m_pSpectrum;
     LevelPanel* m_pLevels;
     QPushButton* m_pResetButton;
+    GrowingRow* m_pGrowing;
     Card* m_pLiveCard;
     Card* m_pSpectrumCard;
     Card* m_pLevelCard;
@@ -119,12 +142,18 @@ private:
     StatusLine* m_pStatus;
     QMenu* m_pFileMenu;
     QMenu* m_pViewMenu;
+    QMenu* m_pBeatMenu;
     QMenu* m_pHelpMenu;
+    BoothActions* m_pBooth;
+    StageView* m_pStage;
+    KeysPage* m_pKeys;
+    KeysPage* m_pStageKeys;
     QAction* m_pOpen;
     QAction* m_pStop;
-    QAction* m_pReset;
     QAction* m_pQuit;
-    QAction* m_pFullScreen;
+    QAction* m_pContrast;
+    QAction* m_pSoftFlash;
+    QAction* m_pLimitFlash;
     QAction* m_pAbout;
     QTimer m_refresh;
     qint64 m_lastStatus = 0;              ///< ms

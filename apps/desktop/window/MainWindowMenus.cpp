@@ -3,6 +3,7 @@
 
 #include <desktop/look/Card.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/window/BoothActions.h>
 #include <desktop/window/MainWindow.h>
 
 #include <QAction>
@@ -19,11 +20,10 @@ void MainWindow::_MakeActions()
     m_pOpen->setShortcut(QKeySequence::Open);
     m_pStop = m_pFileMenu->addAction(QString(), this, [this] { m_session.StopFile(); });
     m_pFileMenu->addSeparator();
-    m_pReset = m_pFileMenu->addAction(QString(), this, [this] { m_session.Reset(); });
-    m_pReset->setShortcut(Qt::Key_R);
-    m_pFileMenu->addSeparator();
     m_pQuit = m_pFileMenu->addAction(QString(), this, &QWidget::close);
     m_pQuit->setShortcut(Qt::CTRL + Qt::Key_Q);
+    m_pBeatMenu = menuBar()->addMenu(QString());
+    m_pBooth->FillMenu(*m_pBeatMenu);
     m_pViewMenu = menuBar()->addMenu(QString());
     for (int panel = 0; panel < ePanelCount; ++panel) {
         QAction* pAction = m_pViewMenu->addAction(QString());
@@ -35,11 +35,19 @@ void MainWindow::_MakeActions()
         m_actions[std::size_t(panel)] = pAction;
     }
     m_pViewMenu->addSeparator();
-    m_pFullScreen = m_pViewMenu->addAction(
-        QString(), this, [this](bool pIsFull) { pIsFull ? showFullScreen() : showNormal(); });
-    m_pFullScreen->setCheckable(true);
-    m_pFullScreen->setShortcut(Qt::Key_F11);
+    m_pViewMenu->addAction(&m_pBooth->get(eStageAction));
+    const auto addFlag = [this](bool pIsChecked) {
+        QAction* pAction = m_pViewMenu->addAction(QString());
+        pAction->setCheckable(true);
+        pAction->setChecked(pIsChecked);
+        connect(pAction, &QAction::toggled, this, &MainWindow::ApplyFlags);
+        return pAction;
+    };
+    m_pSoftFlash = addFlag(m_windowSettings.isFlashSoft);
+    m_pLimitFlash = addFlag(m_windowSettings.isFlashLimited);
+    m_pContrast = addFlag(m_windowSettings.isHighContrast);
     m_pHelpMenu = menuBar()->addMenu(QString());
+    m_pHelpMenu->addAction(&m_pBooth->get(eKeysAction));
     m_pAbout = m_pHelpMenu->addAction(QString(), this, &MainWindow::_About);
 }
 
@@ -49,8 +57,9 @@ void MainWindow::_Retranslate()
     m_pFileMenu->setTitle(tr("&File"));
     m_pOpen->setText(tr("&Open audio file…"));
     m_pStop->setText(tr("&Listen to the input again"));
-    m_pReset->setText(tr("&Reset the analysis"));
     m_pQuit->setText(tr("&Quit"));
+    m_pBeatMenu->setTitle(tr("&Beat"));
+    m_pBooth->Retranslate();
     m_pViewMenu->setTitle(tr("&View"));
     m_actions[eBPMPanel]->setText(tr("&Tempo"));
     m_actions[eBeatLEDPanel]->setText(tr("&Beat lamp"));
@@ -63,7 +72,10 @@ void MainWindow::_Retranslate()
     m_actions[eDurationsPanel]->setText(tr("&Durations"));
     m_actions[eAdvancedSettingsPanel]->setText(tr("&Advanced settings"));
     m_actions[eResetPanel]->setText(tr("R&eset button"));
-    m_pFullScreen->setText(tr("&Full screen"));
+    m_pSoftFlash->setText(tr("S&oft flash"));
+    m_pSoftFlash->setToolTip(tr("The stage view only glows with the beat."));
+    m_pLimitFlash->setText(tr("At most three &flashes a second"));
+    m_pContrast->setText(tr("High &contrast"));
     m_pHelpMenu->setTitle(tr("&Help"));
     m_pAbout->setText(tr("&About beat-monitor"));
     m_pSpectrumCard->setTitle(tr("Spectrum"));

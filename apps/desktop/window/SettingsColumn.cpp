@@ -16,7 +16,9 @@
 
 namespace {
 
-constexpr int kListLines = 9;
+constexpr int kLeastLines = 3;  ///< of a list
+constexpr int kUsualLines = 5;
+constexpr int kMostLines = 8;
 constexpr int kReadableWidth = 27;  ///< in heights of a letter
 
 }  // namespace
@@ -34,7 +36,7 @@ SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
     auto* pContent = new QWidget;
     auto* pLayout = new QVBoxLayout(pContent);
     pLayout->setContentsMargins(0, 0, 0, 0);
-    pLayout->setSpacing(fontMetrics().height() / 2);
+    pLayout->setSpacing(fontMetrics().height() / 4);
     setWidget(pContent);
     _Add(eDevicesPanel, m_pDevices);
     _Add(eProfilesPanel, m_pProfiles);
@@ -50,8 +52,8 @@ void SettingsColumn::_Add(ePanel pPanel, SettingsPanel* pContent)
     pContent->layout()->setContentsMargins(0, 0, 0, 0);
     // A list asks for far more than the few lines that it has.
     const auto lists = pContent->findChildren<QListView*>();
-    for (QListView* pList : lists)
-        pList->setMaximumHeight(kListLines * fontMetrics().lineSpacing());
+    m_lists.insert(m_lists.end(), lists.begin(), lists.end());
+    _SetLists(_LinesHigh(kLeastLines));
     auto* pCard = new Card(pContent);
     pCard->setTitle(pContent->windowTitle());
     connect(pContent, &QWidget::windowTitleChanged, pCard, &Card::setTitle);
@@ -98,7 +100,54 @@ int SettingsColumn::_NeededWidth() const
 QSize SettingsColumn::sizeHint() const
 {
     const int readable = kReadableWidth * fontMetrics().height();
-    return {std::max(_NeededWidth(), readable), widget()->sizeHint().height()};
+    const int more = (kUsualLines - kLeastLines) * fontMetrics().lineSpacing();
+    return {std::max(_NeededWidth(), readable), _NeededHeight() + int(m_lists.size()) * more};
+}
+
+// ---- The lists ----------------------------------------------------------------------------------
+
+int SettingsColumn::_LinesHigh(int pLines) const
+{
+    return pLines * fontMetrics().lineSpacing() + fontMetrics().height() / 4;
+}
+
+void SettingsColumn::_SetLists(int pHeight)
+{
+    for (QListView* pList : m_lists)
+        pList->setFixedHeight(pHeight);
+}
+
+/// With the shortest lists.
+int SettingsColumn::_NeededHeight() const
+{
+    const QLayout* pLayout = widget()->layout();
+    const int width = viewport()->width();
+    const int needed = pLayout->hasHeightForWidth() ? pLayout->totalHeightForWidth(width)
+                                                    : pLayout->sizeHint().height();
+    int longer = 0;
+    for (const QListView* pList : m_lists)
+        if (pList->isVisibleTo(widget()))
+            longer += pList->minimumHeight() - _LinesHigh(kLeastLines);
+    return needed - longer;
+}
+
+/// They share the room that nothing else needs.
+void SettingsColumn::_FitLists()
+{
+    const auto shown = std::count_if(m_lists.begin(), m_lists.end(), [this](const auto* pList) {
+        return pList->isVisibleTo(widget());
+    });
+    if (shown == 0)
+        return;
+    const int spare = (viewport()->height() - _NeededHeight()) / int(shown);
+    _SetLists(std::clamp(
+        _LinesHigh(kLeastLines) + spare, _LinesHigh(kLeastLines), _LinesHigh(kMostLines)));
+}
+
+void SettingsColumn::resizeEvent(QResizeEvent* pEvent)
+{
+    QScrollArea::resizeEvent(pEvent);
+    _FitLists();
 }
 
 /// Never narrower than its panels, which then need no horizontal scroll bar.
@@ -106,6 +155,8 @@ bool SettingsColumn::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     if (pObject == widget() && pEvent->type() == QEvent::LayoutRequest)
         setMinimumWidth(_NeededWidth());
+    if (pObject == widget() && pEvent->type() == QEvent::LayoutRequest)
+        _FitLists();
     return QScrollArea::eventFilter(pObject, pEvent);
 }
 

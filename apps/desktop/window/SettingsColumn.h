@@ -6,6 +6,7 @@
 #include <QScrollArea>
 
 #include <map>
+#include <vector>
 
 class AdvancedSettingsPanel;
 class AudioAnalyzer;
@@ -14,6 +15,7 @@ class Configuration;
 class InputDevicesPanel;
 class ManualBeatPanel;
 class ProfilesPanel;
+class QListView;
 class SettingsPanel;
 
 /// The panels of settings, one above the other; it scrolls when they are higher than the window.
@@ -44,11 +46,17 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
+    void _FitLists();
+    void _SetLists(int pHeight);
     void _Add(ePanel pPanel, SettingsPanel* pContent);
     int _NeededWidth() const;
+    int _NeededHeight() const;
+    int _LinesHigh(int pLines) const;
 
+    std::vector<QListView*> m_lists;
     std::map<ePanel, Card*> m_cards;
     std::map<ePanel, SettingsPanel*> m_panels;
     InputDevicesPanel* m_pDevices;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/window/WindowSettings.h>
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 
 #include <utility>
@@ -20,6 +22,17 @@ constexpr std::pair<const char*, ePanel> kPanelKeys[] = {
     {"Reset", eResetPanel},
     {"Threshold", eThresholdPanel},
 };
+
+constexpr std::pair<const char*, bool WindowSettings::*> kFlagKeys[] = {
+    {"HighContrast", &WindowSettings::isHighContrast},
+    {"SoftFlash", &WindowSettings::isFlashSoft},
+    {"LimitFlash", &WindowSettings::isFlashLimited},
+    {"Muted", &WindowSettings::isMuted},
+};
+
+const QString kGroup = QStringLiteral("MainWindow");
+const QString kSize = QStringLiteral("Size");
+const QString kPlace = QStringLiteral("Place");
 
 constexpr std::pair<const char*, eStartingPosition> kPositions[] = {
     {"BOTTOM-LEFT", BottomLeft},
@@ -45,6 +58,17 @@ eStartingPosition ReadPosition(const QSettings& pFile)
     return Default;
 }
 
+/// How the window was left: what only this program writes.
+void ReadLeft(const QSettings& pFile, WindowSettings& pSettings)
+{
+    for (const auto& [key, flag] : kFlagKeys)
+        pSettings.*flag = ReadFlag(pFile, key, pSettings.*flag);
+    pSettings.size = pFile.value(kSize).toSize();
+    const QVariant place = pFile.value(kPlace);
+    if (place.canConvert<QPoint>())
+        pSettings.place = place.toPoint();
+}
+
 }  // namespace
 
 WindowSettings::WindowSettings(const UISettings& pSettings)
@@ -67,11 +91,12 @@ WindowSettings::WindowSettings(const UISettings& pSettings)
 
 WindowSettings WindowSettings::Load(const QString& pPath)
 {
+    WindowSettings settings(pPath.isEmpty() ? UISettings::Load() : UISettings());
+    QSettings file(pPath.isEmpty() ? UISettings::_getDefaultPath() : pPath, QSettings::IniFormat);
+    file.beginGroup(kGroup);
+    ReadLeft(file, settings);
     if (pPath.isEmpty())
-        return WindowSettings(UISettings::Load());
-    WindowSettings settings;
-    QSettings file(pPath, QSettings::IniFormat);
-    file.beginGroup(QStringLiteral("MainWindow"));
+        return settings;
     for (const auto& [key, panel] : kPanelKeys)
         settings.visible[panel] = ReadFlag(file, key, settings.visible[panel]);
     settings.isHiddenOnStart = ReadFlag(file, "HideOnStart", settings.isHiddenOnStart);
@@ -79,4 +104,24 @@ WindowSettings WindowSettings::Load(const QString& pPath)
         ReadFlag(file, "ManualBeatLock", settings.isManualBeatLockingBPM);
     settings.position = ReadPosition(file);
     return settings;
+}
+
+bool WindowSettings::Save(const WindowSettings& pBefore) const
+{
+    const QString path = UISettings::_getDefaultPath();
+    QDir().mkpath(QFileInfo(path).path());
+    QSettings file(path, QSettings::IniFormat);
+    file.beginGroup(kGroup);
+    for (const auto& [key, panel] : kPanelKeys)
+        if (visible[panel] != pBefore.visible[panel])
+            file.setValue(QLatin1String(key), bool(visible[panel]));
+    for (const auto& [key, flag] : kFlagKeys)
+        if (this->*flag != pBefore.*flag)
+            file.setValue(QLatin1String(key), this->*flag);
+    if (size != pBefore.size)
+        file.setValue(kSize, size);
+    if (place && place != pBefore.place)
+        file.setValue(kPlace, *place);
+    file.sync();
+    return file.status() == QSettings::NoError;
 }

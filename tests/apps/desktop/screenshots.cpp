@@ -4,16 +4,19 @@
 
 #include <demo/DemoTrack.h>
 #include <desktop/look/Look.h>
+#include <desktop/look/Style.h>
 #include <desktop/session/MonitorSession.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/Translations.h>
+#include <desktop/stage/StageView.h>
+#include <desktop/window/BoothActions.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/SettingsColumn.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QStyleFactory>
 
 #include <cstdio>
 #include <fake/FakeAudioState.h>
@@ -95,10 +98,12 @@ public:
         Save(pName);
     }
 
-    void Save(const char* pName)
+    void Save(const char* pName) { Save(pName, *window); }
+
+    void Save(const char* pName, QWidget& pWidget)
     {
         const QString path = m_folder.filePath(QString::fromUtf8(pName) + QStringLiteral(".png"));
-        const QImage image = window->grab().toImage().convertToFormat(QImage::Format_RGB888);
+        const QImage image = pWidget.grab().toImage().convertToFormat(QImage::Format_RGB888);
         if (!image.save(path, nullptr, 0))
             qFatal("cannot write %s", qPrintable(path));
         std::printf("%s\n", qPrintable(path));
@@ -127,6 +132,14 @@ void ShootLooks(Scene& pScene)
     pScene.SaveOnBeat("dark");
     pScene.setLook(eGrayLook);
     pScene.SaveOnBeat("gray");
+    pScene.window->m_pContrast->setChecked(true);
+    pScene.SaveOnBeat("contrast");
+    pScene.window->m_pContrast->setChecked(false);
+    pScene.setLook(eLightLook);
+    pScene.session.getHand().Hold();
+    pScene.window->setFocus();
+    pScene.SaveOnBeat("held");
+    pScene.session.getHand().Release();
 }
 
 void ShootLanguages(Scene& pScene)
@@ -157,9 +170,52 @@ void ShootPanels(Scene& pScene)
     Wait(300);
     pScene.Save("durations");
     for (int panel = 0; panel < ePanelCount; ++panel)
+        window.setPanelVisible(ePanel(panel), panel <= eBeatLEDPanel);
+    window.resize(1500, 1000);
+    Wait(300);
+    pScene.SaveOnBeat("tempo-and-lamp");
+    for (int panel = 0; panel < ePanelCount; ++panel)
         window.setPanelVisible(ePanel(panel), panel != eDurationsPanel);
     window._SetSize();
     Wait(300);
+}
+
+/// Waits for that beat of the bar, from 1, while the window is bright.
+void AwaitBeat(Scene& pScene, int pBeat)
+{
+    LiveFeed& feed = pScene.session.getFeed();
+    do {
+        const quint64 beats = feed.getBeatCount();
+        while (feed.getBeatCount() == beats)
+            Wait(1);
+        pScene.window->_Refresh();
+    } while (feed.Read().beatInBar != pBeat);
+}
+
+void ShootStage(Scene& pScene)
+{
+    StageView& stage = pScene.window->getStage();
+    stage.setGeometry(0, 0, 1280, 720);
+    stage.show();
+    Wait(500);
+    AwaitBeat(pScene, 1);
+    pScene.Save("stage-one", stage);
+    AwaitBeat(pScene, 3);
+    pScene.Save("stage", stage);
+    pScene.session.getHand().Hold();
+    AwaitBeat(pScene, 4);
+    Wait(200);
+    pScene.Save("stage-held", stage);
+    pScene.session.getHand().Release();
+    pScene.window->m_pSoftFlash->setChecked(true);
+    AwaitBeat(pScene, 1);
+    pScene.Save("stage-soft", stage);
+    pScene.window->m_pSoftFlash->setChecked(false);
+    pScene.window->getActions().get(eKeysAction).trigger();
+    Wait(200);
+    pScene.Save("stage-keys", stage);
+    pScene.window->getActions().get(eKeysAction).trigger();
+    pScene.window->LeaveStage();
 }
 
 void ShootTroubles(Scene& pScene, const QByteArray& pDeck)
@@ -209,6 +265,7 @@ void Shoot(const QDir& pFolder)
     ShootLooks(scene);
     scene.setLook(eLightLook);
     ShootLanguages(scene);
+    ShootStage(scene);
     ShootPanels(scene);
     ShootTroubles(scene, deck);
     ShootStop(scene);
@@ -219,8 +276,9 @@ void Shoot(const QDir& pFolder)
 /// Writes pictures of the window in all its states into a folder.
 int main(int argc, char* argv[])
 {
+    style::Prepare();
     QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    style::Apply();
     if (argc != 2)
         qFatal("usage: %s FOLDER", argv[0]);
     FakeAudioState::Install();

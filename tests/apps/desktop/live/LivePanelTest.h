@@ -18,6 +18,7 @@ inline LiveValues Playing()
     values.isAnalyzing = true;
     values.isPlaying = true;
     values.bpm = 128.04;
+    values.shownBPM = 128.0;
     values.measuredBPM = 128.0;
     values.sampleRate = 48000;
     return values;

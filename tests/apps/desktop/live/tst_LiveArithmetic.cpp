@@ -3,6 +3,7 @@
 #include <desktop/live/detail/Flash.h>
 #include <desktop/live/detail/SpectrumBands.h>
 #include <desktop/live/detail/TempoHint.h>
+#include <desktop/session/detail/ShownTempo.h>
 #include <desktop/session/detail/TempoSpan.h>
 
 #include <QtTest>
@@ -16,6 +17,7 @@ class tst_LiveArithmetic : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void shownTempo_doesNotTremble();
     void tempoHint_saysWhatFitsTheRange_data();
     void tempoHint_saysWhatFitsTheRange();
     void tempoSpan_isTheMeanInterval();
@@ -35,6 +37,20 @@ private Q_SLOTS:
     void bars_shareNoBins();
     void bars_endWithTheSpectrum();
 };
+
+void tst_LiveArithmetic::shownTempo_doesNotTremble()
+{
+    desktop::ShownTempo tempo;
+    QCOMPARE(tempo.Show(0.0, false), 0.0);
+    QCOMPARE(tempo.Show(128.04, false), 128.0);
+    for (const double heard : {128.06, 128.09, 127.91, 128.0})
+        QCOMPARE(tempo.Show(heard, false), 128.0);
+    QCOMPARE(tempo.Show(128.11, false), 128.1);
+    QCOMPARE(tempo.Show(64.06, false), 64.1);
+    // What a hand sets is shown as it is.
+    QCOMPARE(tempo.Show(64.12, true), 64.12);
+    QCOMPARE(tempo.Show(0.0, false), 0.0);
+}
 
 void tst_LiveArithmetic::tempoHint_saysWhatFitsTheRange_data()
 {

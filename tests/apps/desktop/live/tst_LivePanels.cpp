@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/BeatClockState.h>
+
 #include <desktop/live/BpmPanel.h>
 #include <desktop/live/Led.h>
 #include <desktop/live/LedPanel.h>
@@ -8,6 +10,7 @@
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/live/SpectrumCanvas.h>
 #include <desktop/live/SpectrumPanel.h>
+#include <desktop/live/detail/Decibels.h>
 #include <desktop/live/detail/Flash.h>
 
 #include <QCheckBox>
@@ -47,6 +50,9 @@ private Q_SLOTS:
     void bar_showsThePlaceOfTheBeat();
     void speakers_pumpWithTheBeat();
     void meter_showsTheVolumes();
+    void input_isShownBesideTheBand();
+    void newInput_beginsWithoutMarks();
+    void captions_stayNearTheirLamp();
     void meter_hasNoNumbers_withoutSamples();
     void threshold_isAutomaticAtFirst();
     void threshold_isSetByTheSlider();
@@ -195,8 +201,10 @@ void tst_LivePanels::tempo_isExplained_data()
         << values << true << QStringLiteral("Stopped; this was the tempo.");
     values.isAnalyzing = false;
     QTest::newRow("no sound") << values << true << QStringLiteral("Waiting for sound.");
-    values.isFixed = true;
-    QTest::newRow("fixed") << values << true << QStringLiteral("Held by hand.");
+    values.charge = BeatClockCharge_Hand;
+    QTest::newRow("tapped") << values << true << QStringLiteral("Led by hand.");
+    values.charge = BeatClockCharge_Held;
+    QTest::newRow("held by hand") << values << true << QStringLiteral("Held by hand.");
 }
 
 void tst_LivePanels::tempo_isExplained()
@@ -280,6 +288,63 @@ void tst_LivePanels::meter_showsTheVolumes()
     QVERIFY(std::abs(levels.average + 20.0) < 0.01);
     QCOMPARE(levels.maximal, 0.0);
     QVERIFY(std::abs(levels.threshold + 13.98) < 0.01);
+}
+
+void tst_LivePanels::input_isShownBesideTheBand()
+{
+    Configuration configuration;
+    LevelPanel panel(configuration);
+    LiveValues values = Playing();
+    values.input = 29204;  // -1 dBFS
+    values.current = 3277;
+    panel.Refresh(values, 1000);
+    QCOMPARE(panel.m_readouts[LevelPanel::eInput]->getValue(), QStringLiteral("-1"));
+    QCOMPARE(panel.m_readouts[LevelPanel::eCurrent]->getValue(), QStringLiteral("-20"));
+    QVERIFY(panel.m_pClipped->isHidden());
+    values.input = 32767;
+    values.clipTime = 2000;
+    panel.Refresh(values, 2000);
+    QVERIFY(!panel.m_pClipped->isHidden());
+    QVERIFY(panel.getInputMeter().getLevels().isClipped);
+    // It falls by 24 dB a second, its mark rests.
+    values.input = 0;
+    panel.Refresh(values, 2500);
+    QCOMPARE(panel.getInputMeter().getLevels().current, -12.0);
+    QCOMPARE(panel.getInputMeter().getLevels().maximal, 0.0);
+    panel.Refresh(values, 2000 + LevelPanel::kClipMs);
+    QVERIFY(panel.m_pClipped->isHidden());
+    QVERIFY(!panel.getInputMeter().getLevels().isClipped);
+}
+
+void tst_LivePanels::newInput_beginsWithoutMarks()
+{
+    Configuration configuration;
+    LevelPanel levels(configuration);
+    SpectrumPanel spectrum(configuration);
+    LiveValues values = Playing();
+    values.input = 32767;
+    values.amplitudes.assign(512, 1.0);
+    values.spectrumCount = 1;
+    levels.Refresh(values, 1000);
+    spectrum.Refresh(values, 1000);
+    QCOMPARE(spectrum.getBars().getPeaks().front(), 0.0);
+    LiveValues other;
+    other.inputCount = 1;
+    levels.Refresh(other, 1300);
+    spectrum.Refresh(other, 1300);
+    QCOMPARE(levels.getInputMeter().getLevels().maximal, desktop::kLeastDecibels);
+    QCOMPARE(levels.m_readouts[LevelPanel::eInput]->getValue(), QStringLiteral("–"));
+    for (const double peak : spectrum.getBars().getPeaks())
+        QCOMPARE(peak, SpectrumBars::kLeast);
+}
+
+void tst_LivePanels::captions_stayNearTheirLamp()
+{
+    LedPanel panel(LedPanel::eBeats);
+    panel.resize(300, 900);
+    PanelTest::Show(panel);
+    const int lamp = panel.getLed().geometry().bottom();
+    QVERIFY(panel.m_pTitle->geometry().top() - lamp < panel.fontMetrics().height());
 }
 
 void tst_LivePanels::meter_hasNoNumbers_withoutSamples()

@@ -197,7 +197,7 @@ void tst_MonitorSession::tempo_isMeasured()
     };
     QTRY_VERIFY_WITH_TIMEOUT(isMeasured(), 30000);
     QVERIFY(values.isAnalyzing && values.isPlaying);
-    QVERIFY(!values.isFixed && !values.isHeld);
+    QVERIFY(values.charge == BeatClockCharge_Music && !values.isHeld);
     QVERIFY(values.maximal > 5000);
     QVERIFY(values.threshold > 0);
     QCOMPARE(values.amplitudes.size(), std::size_t(512));
@@ -256,17 +256,17 @@ void tst_MonitorSession::beats_areTheClocks()
     QVERIFY(values.confidence > 0.0 && values.confidence <= 1.0);
     QCOMPARE(values.beatsPerBar, 4);
     QTRY_VERIFY_WITH_TIMEOUT(std::abs(session.getFeed().Read().bpm - 128.0) < 1.0, 30000);
-    session.Scale(1, 2);
+    session.getHand().Scale(1, 2);
     QVERIFY(std::abs(session.getFeed().Read().bpm - 64.0) < 1.0);
-    session.Scale(2, 1);
+    session.getHand().Scale(2, 1);
     const double doubled = session.getFeed().Read().bpm;
-    session.Round();
+    session.getHand().Round();
     QCOMPARE(session.getFeed().Read().bpm, std::round(doubled));
-    session.MarkOne();
+    session.getHand().MarkOne();
     const BeatClockState state = session.getBeats().getClock().getState();
     const auto nearest = state.getPosition(shared::ClockThread::getTime() + state.offset);
     QCOMPARE(state.getBeatInBar(std::llround(nearest)), 0);
-    session.Tap();
+    session.getHand().Tap();
     session.StopFile();
 }
 
@@ -284,16 +284,16 @@ void tst_MonitorSession::fixedTempo_outlivesTheSource()
 {
     Machine().Plug(desktoptest::MusicDevice("Deck"));
     MonitorSession session;
-    session.setFixedTempo(120.0);
+    session.getHand().HoldAt(120.0);
     session.Listen({});
     QCOMPARE(session.getAnalyzer()->getFixedBPM(), 120.0);
-    QVERIFY(session.getFeed().Read().isFixed);
+    QCOMPARE(session.getFeed().Read().charge, int(BeatClockCharge_Held));
     QCOMPARE(session.getFeed().Read().bpm, 120.0);
     session.Listen(Name("Deck"));
     QCOMPARE(session.getAnalyzer()->getFixedBPM(), 120.0);
-    session.setFixedTempo(0.0);
+    session.getHand().Release();
     QCOMPARE(session.getAnalyzer()->getFixedBPM(), 0.0);
-    QVERIFY(!session.getFeed().Read().isFixed);
+    QCOMPARE(session.getFeed().Read().charge, int(BeatClockCharge_Music));
 }
 
 void tst_MonitorSession::file_replacesTheDevice_andEnds()

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void init();
     void choice_isStored();
     void tracker_isRemembered();
+    void firstStart_isAsTheDesktopIs();
     void damagedConfiguration_isSaid();
     void settings_areSavedOnceTheyRest();
     void settings_thatCannotBeWritten_areSaid();
@@ -76,6 +77,35 @@ void tst_MonitorSession_settings::tracker_isRemembered()
     QVERIFY(!session.isAutomatic());
     session.setAutomatic(true);
     QVERIFY(QFile::remove(UISettings::_getDefaultPath()));
+}
+
+void tst_MonitorSession_settings::firstStart_isAsTheDesktopIs()
+{
+    QString error;
+    {
+        MonitorSession session;
+        QVERIFY(session.Load(error));
+        QVERIFY(!session.getConfiguration().getGrayMode());
+        QVERIFY(!session.getConfiguration().isTopMost());
+        // It is kept with the first change, whatever that is.
+        QVERIFY(session.getSaver().Save());
+        QVERIFY(!QFile::exists(ConfigurationStore::getPath()));
+        session.getConfiguration().setDisplaySpeakers(false);
+        session.getSaver().Touch();
+        QVERIFY(session.getSaver().Save());
+    }
+    MonitorSession session;
+    QVERIFY(session.Load(error));
+    QVERIFY(!session.getConfiguration().getGrayMode());
+    QVERIFY(!session.getConfiguration().isTopMost());
+    QVERIFY(!session.getConfiguration().getDisplaySpeakers());
+    // Whoever chose gray keeps it.
+    session.getConfiguration().setGrayMode(true);
+    session.getSaver().Touch();
+    QVERIFY(session.getSaver().Save());
+    MonitorSession gray;
+    QVERIFY(gray.Load(error));
+    QVERIFY(gray.getConfiguration().getGrayMode());
 }
 
 void tst_MonitorSession_settings::damagedConfiguration_isSaid()

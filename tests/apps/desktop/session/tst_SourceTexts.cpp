@@ -78,7 +78,7 @@ void tst_SourceTexts::state_isSaidInPlainWords_data()
     file.name = QStringLiteral("song.flac");
     file.position = 12.9;
     QTest::newRow("file of unknown length")
-        << file << QStringLiteral("Playing “song.flac”   0:12") << false;
+        << file << QStringLiteral("Playing “song.flac” without sound   0:12") << false;
     file.length = 61.0;
     QTest::newRow("file") << file << QStringLiteral("0:12 of 1:01") << false;
     file.kind = SourceState::eEnded;

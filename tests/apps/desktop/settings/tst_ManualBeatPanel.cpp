@@ -1,12 +1,70 @@
 // SPDX-License-Identifier: MIT
-#include <QLineEdit>
-#include <QVBoxLayout>
+#include <AudioAnalyzer/analysis/BeatClock.h>
+
+#include <desktop/settings/DecimalField.h>
+#include <desktop/settings/HintLabel.h>
+#include <desktop/settings/ManualBeatPanel.h>
+
+#include <QPushButton>
+#include <QSignalSpy>
 
 #include <algorithm>
-#include <apps/desktop/settings/ManualBeatFixture.h>
+#include <apps/desktop/PanelTest.h>
 #include <support/TestClass.h>
+#include <support/Text.h>
 
-/// Taps, and what is made of them.
+namespace {
+
+constexpr std::int64_t kSecond = 1000000;  // µs
+
+/// A panel on a clock of the test, with its signals in one log.
+struct HandStand
+{
+    HandStand()
+    {
+        using M = ManualBeatPanel;
+        const auto log = [this](const QString& pText) { return [=] { told.append(pText); }; };
+        QObject::connect(&panel, &M::OnTapped, log(Text("tap")));
+        QObject::connect(&panel, &M::OnRounded, log(Text("round")));
+        QObject::connect(&panel, &M::OnOneMarked, log(Text("one")));
+        QObject::connect(
+            &panel,
+            &M::OnScaled,
+            [this](int pNumerator, int pDenominator) {
+                told.append(Text("%1/%2").arg(pNumerator).arg(pDenominator));
+            });
+        QObject::connect(
+            &panel,
+            &M::OnHoldChosen,
+            [this](bool pIsHeld) { told.append(pIsHeld ? Text("hold") : Text("release")); });
+        QObject::connect(&panel, &M::OnOffsetChanged, [this](double pMs) {
+            told.append(Text("%1 ms").arg(pMs));
+        });
+    }
+
+    QPushButton& Button(const char* pName) { return PanelTest::Get<QPushButton>(panel, pName); }
+    void Click(const char* pName) { QTest::mouseClick(&Button(pName), Qt::LeftButton); }
+    QString Tempo() { return PanelTest::Get<QLabel>(panel, "tempo").text(); }
+    QString Charge() { return PanelTest::Get<QLabel>(panel, "charge").text(); }
+    QString Enabled()
+    {
+        QStringList names;
+        for (const char* pName : {"half", "double", "round", "one", "lock"})
+            if (Button(pName).isEnabled())
+                names.append(Text(pName));
+        return names.join(QLatin1Char(' '));
+    }
+    void Show() { panel.setClock(clock.getState()); }
+
+    Configuration configuration;
+    ManualBeatPanel panel{configuration};
+    BeatClock clock;
+    QStringList told;
+};
+
+}  // namespace
+
+/// What the panel shows of the clock, and what its buttons ask for.
 class tst_ManualBeatPanel : public QObject
 {
     Q_OBJECT
@@ -15,213 +73,58 @@ private Q_SLOTS:
     void initTestCase() { PanelTest::Install(); }
     void init() { PanelTest::Clear(); }
 
-    void taps_makeATempo();
-    void tap_countsWhenTheButtonGoesDown();
-    void key_taps();
-    void key_doesNotTap_whenItIsHeldOrTyped();
-    void key_doesNotTap_whenThePanelIsHidden();
-    void staleTaps_areDropped();
-    void bounce_isNoTap();
-    void half_double_round_data();
-    void half_double_round();
-    void half_beginsWithTheMeasuredTempo();
-    void buttons_tellWhatIsToBeDone_atOnce();
-    void half_beginsTapsAnew();
+    void clock_isShown();
+    void lock_looksLocked();
     void buttons_areEnabled_whereTheyCanAct_data();
     void buttons_areEnabled_whereTheyCanAct();
-    void buttons_followTheMeasurement();
-    void state_countsTaps();
+    void buttons_tellAtOnce();
+    void tap_countsWhenTheButtonGoesDown();
+    void lock_showsTheAnswer_notTheClick();
+    void offset_isToldAndShown();
     void everything_hasAName();
     void mnemonics_differ();
 };
 
-void tst_ManualBeatPanel::taps_makeATempo()
+void tst_ManualBeatPanel::clock_isShown()
 {
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    QCOMPARE(panel.Tempo(), Text("–"));
-    panel.Tap();
-    QCOMPARE(panel.Tempo(), Text("–"));
-    panel.Wait(500);
-    panel.Tap();
-    QCOMPARE(panel.Tempo(), Text("120.0 BPM"));
-    QCOMPARE(panel.panel.getTempo(), 120.0);
-    panel.Wait(600);
-    panel.Tap();
-    // The middle of 500 and 600 ms: 109.09.
-    QCOMPARE(panel.Tempo(), Text("109.1 BPM"));
-    QCOMPARE(panel.log, QStringList({Text("tap"), Text("tap"), Text("tap")}));
-    QVERIFY(!panel.configuration.isModified());
+    HandStand stand;
+    QCOMPARE(stand.Tempo(), Text("–"));
+    QCOMPARE(stand.Charge(), Text("Tap with the beat"));
+    for (int beat = 0; beat < 12; ++beat)
+        stand.clock.Hear({beat * kSecond / 2, 120.0}, beat * kSecond / 2);
+    stand.Show();
+    QCOMPARE(stand.Tempo(), Text("120.0 BPM"));
+    QCOMPARE(stand.Charge(), Text("The music leads"));
+    QVERIFY(stand.clock.Scale(1, 2, 6 * kSecond));
+    stand.Show();
+    QCOMPARE(stand.Tempo(), Text("60.0 BPM"));
+    QCOMPARE(stand.Charge(), Text("The music leads, at 1/2 of its tempo"));
+    stand.clock.Tap(7 * kSecond);
+    stand.clock.Tap(8 * kSecond);
+    stand.Show();
+    QCOMPARE(stand.Charge(), Text("The hand leads"));
+    QVERIFY(stand.clock.HoldAt(111.0, 9 * kSecond));
+    stand.Show();
+    QCOMPARE(stand.Tempo(), Text("111.0 BPM"));
+    QCOMPARE(stand.Charge(), Text("Held until released"));
 }
 
-void tst_ManualBeatPanel::tap_countsWhenTheButtonGoesDown()
+void tst_ManualBeatPanel::lock_looksLocked()
 {
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    QTest::mousePress(&panel.Button("tap"), Qt::LeftButton);
-    QCOMPARE(panel.log.size(), 1);
-    panel.Wait(500);
-    panel.Release();
-    QCOMPARE(panel.log.size(), 1);
-    panel.Button("tap").setFocus();
-    QTest::keyPress(&panel.Button("tap"), Qt::Key_Space);
-    QCOMPARE(panel.log.size(), 2);
-    QCOMPARE(panel.Tempo(), Text("120.0 BPM"));
-    QTest::keyRelease(&panel.Button("tap"), Qt::Key_Space);
-    QCOMPARE(panel.log.size(), 2);
-}
-
-void tst_ManualBeatPanel::key_taps()
-{
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    QTest::keyClick(&panel.panel, Qt::Key_T);
-    panel.Wait(400);
-    QTest::keyClick(&panel.panel, Qt::Key_T);
-    QCOMPARE(panel.Tempo(), Text("150.0 BPM"));
-    QCOMPARE(panel.log.size(), 2);
-}
-
-void tst_ManualBeatPanel::key_doesNotTap_whenItIsHeldOrTyped()
-{
-    Panel panel;
-    QWidget window;
-    auto* pLayout = new QVBoxLayout(&window);
-    auto* pEdit = new QLineEdit(&window);
-    pLayout->addWidget(pEdit);
-    pLayout->addWidget(&panel.panel);
-    QVERIFY(PanelTest::Show(window));
-    pEdit->setFocus();
-    QTest::keyClick(pEdit, Qt::Key_T);
-    QCOMPARE(pEdit->text(), Text("t"));
-    QCOMPARE(panel.log, QStringList());
-    panel.Button("lock").setFocus();
-    window.setFocus();
-    QTest::keyClick(&window, Qt::Key_T);
-    QCOMPARE(panel.log.size(), 1);
-    // What a held key sends.
-    panel.Wait(500);
-    QTest::simulateEvent(&window, true, Qt::Key_T, Qt::NoModifier, Text("t"), true);
-    QCOMPARE(panel.log.size(), 1);
-    panel.panel.setParent(nullptr);
-}
-
-void tst_ManualBeatPanel::key_doesNotTap_whenThePanelIsHidden()
-{
-    Panel panel;
-    QWidget window;
-    auto* pLayout = new QVBoxLayout(&window);
-    pLayout->addWidget(&panel.panel);
-    QVERIFY(PanelTest::Show(window));
-    panel.panel.hide();
-    QTest::keyClick(&window, Qt::Key_T);
-    QCOMPARE(panel.log, QStringList());
-    panel.panel.show();
-    QTest::keyClick(&window, Qt::Key_T);
-    QCOMPARE(panel.log.size(), 1);
-    panel.panel.setParent(nullptr);
-}
-
-void tst_ManualBeatPanel::staleTaps_areDropped()
-{
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    panel.Tap({500, 500});
-    panel.Wait(3001);
-    panel.Tap();
-    QCOMPARE(panel.State().text(), Text("1 tap(s)"));
-    // The tempo of the earlier taps stays until there is another.
-    QCOMPARE(panel.Tempo(), Text("120.0 BPM"));
-    panel.Wait(1000);
-    panel.Tap();
-    QCOMPARE(panel.Tempo(), Text("60.0 BPM"));
-}
-
-void tst_ManualBeatPanel::bounce_isNoTap()
-{
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    panel.Tap({50, 450});
-    QCOMPARE(panel.log.size(), 2);
-    QCOMPARE(panel.Tempo(), Text("120.0 BPM"));
-}
-
-void tst_ManualBeatPanel::half_double_round_data()
-{
-    QTest::addColumn<int>("interval");
-    QTest::addColumn<QByteArray>("button");
-    QTest::addColumn<QString>("tempo");
-    QTest::newRow("half") << 500 << QByteArray("half") << Text("60.0 BPM");
-    QTest::newRow("double") << 500 << QByteArray("double") << Text("240.0 BPM");
-    // 60000 / 470 = 127.66
-    QTest::newRow("round up") << 470 << QByteArray("round") << Text("128.0 BPM");
-    // 60000 / 468 = 128.21
-    QTest::newRow("round down") << 468 << QByteArray("round") << Text("128.0 BPM");
-    QTest::newRow("rounded already") << 500 << QByteArray("round") << Text("120.0 BPM");
-}
-
-void tst_ManualBeatPanel::half_double_round()
-{
-    QFETCH(const int, interval);
-    QFETCH(const QByteArray, button);
-    QFETCH(const QString, tempo);
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    panel.Tap({interval});
-    panel.Click(button.constData());
-    QCOMPARE(panel.Tempo(), tempo);
-    QVERIFY(!panel.panel.isLocked());
-    QCOMPARE(panel.State().text(), Text("Lock to impose it"));
-}
-
-void tst_ManualBeatPanel::half_beginsWithTheMeasuredTempo()
-{
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    const auto analyzer = PanelTest::MakeAnalyzer(panel.configuration);
-    panel.panel.setAnalyzer(analyzer.get());
-    Measure(*analyzer, 170.0);
-    panel.Click("half");
-    QCOMPARE(panel.Tempo(), Text("85.0 BPM"));
-    QCOMPARE(analyzer->getFixedBPM(), 0.0);
-}
-
-void tst_ManualBeatPanel::buttons_tellWhatIsToBeDone_atOnce()
-{
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    QStringList told;
-    using M = ManualBeatPanel;
-    connect(
-        &panel.panel,
-        &M::OnScaled,
-        this,
-        [&](int pNumerator, int pDenominator) {
-            told.append(QStringLiteral("%1/%2").arg(pNumerator).arg(pDenominator));
-        });
-    connect(
-        &panel.panel, &M::OnRounded, this, [&] { told.append(Text("round")); });
-    connect(&panel.panel, &M::OnOneMarked, this, [&] { told.append(Text("one")); });
-    panel.panel.setFollowedTempo(127.6);
-    QCOMPARE(panel.Enabled(), Text("half double round lock"));
-    for (const char* pButton : {"half", "double", "round", "one"})
-        panel.Click(pButton);
-    QTest::keyClick(&panel.panel, Qt::Key_1);
-    QCOMPARE(told.join(QLatin1Char(' ')), Text("1/2 2/1 round one one"));
-    // Half of it, the double of that, rounded.
-    QCOMPARE(panel.Tempo(), Text("128.0 BPM"));
-}
-
-void tst_ManualBeatPanel::half_beginsTapsAnew()
-{
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    panel.Tap({500, 500});
-    panel.Click("half");
-    panel.Wait(500);
-    panel.Tap();
-    QCOMPARE(panel.Tempo(), Text("60.0 BPM"));
-    QCOMPARE(panel.State().text(), Text("1 tap(s)"));
+    HandStand stand;
+    QVERIFY(stand.clock.HoldAt(128.0, 0));
+    stand.Show();
+    const QPushButton& lock = stand.Button("lock");
+    QVERIFY(lock.isChecked());
+    QCOMPARE(lock.text(), Text("Lo&cked (H)"));
+    QCOMPARE(lock.palette().color(QPalette::Button),
+             QApplication::palette().color(QPalette::Highlight));
+    stand.clock.Release(0);
+    stand.Show();
+    QVERIFY(!lock.isChecked());
+    QCOMPARE(lock.text(), Text("Lo&ck (H)"));
+    QCOMPARE(lock.palette().color(QPalette::Button),
+             QApplication::palette().color(QPalette::Button));
 }
 
 void tst_ManualBeatPanel::buttons_areEnabled_whereTheyCanAct_data()
@@ -229,55 +132,78 @@ void tst_ManualBeatPanel::buttons_areEnabled_whereTheyCanAct_data()
     QTest::addColumn<double>("tempo");
     QTest::addColumn<QString>("enabled");
     QTest::newRow("none") << 0.0 << QString();
-    QTest::newRow("usual") << 120.0 << Text("half double round lock");
-    QTest::newRow("fast") << 500.0 << Text("half round lock");
-    QTest::newRow("just below") << 499.9 << Text("half double round lock");
-    QTest::newRow("slow") << 1.9 << Text("double round lock");
-    QTest::newRow("fastest") << 999.9 << Text("half lock");
+    QTest::newRow("usual") << 120.0 << Text("half double round one lock");
+    QTest::newRow("fast") << 500.0 << Text("half round one lock");
+    QTest::newRow("slow") << 19.0 << Text("double round one lock");
 }
 
 void tst_ManualBeatPanel::buttons_areEnabled_whereTheyCanAct()
 {
     QFETCH(const double, tempo);
     QFETCH(const QString, enabled);
-    Panel panel;
-    panel.panel.m_tempo = tempo;
-    panel.panel.Refresh();
-    QCOMPARE(panel.Enabled(), enabled);
+    HandStand stand;
+    if (tempo > 0.0)
+        QVERIFY(stand.clock.HoldAt(tempo, 0));
+    stand.Show();
+    QCOMPARE(stand.Enabled(), enabled);
 }
 
-void tst_ManualBeatPanel::buttons_followTheMeasurement()
+void tst_ManualBeatPanel::buttons_tellAtOnce()
 {
-    Panel panel;
-    const auto analyzer = PanelTest::MakeAnalyzer(panel.configuration);
-    panel.panel.setAnalyzer(analyzer.get());
-    QCOMPARE(panel.Enabled(), QString());
-    Measure(*analyzer, 128.0);
-    QCOMPARE(panel.Enabled(), Text("half double round lock"));
-    panel.panel.setAnalyzer(nullptr);
-    QCOMPARE(panel.Enabled(), QString());
+    HandStand stand;
+    QVERIFY(stand.clock.HoldAt(128.0, 0));
+    stand.Show();
+    for (const char* pButton : {"half", "double", "round", "one", "tap", "lock"})
+        stand.Click(pButton);
+    QCOMPARE(stand.told.join(QLatin1Char(' ')), Text("1/2 2/1 round one tap release"));
+    QVERIFY(!stand.configuration.isModified());
 }
 
-void tst_ManualBeatPanel::state_countsTaps()
+void tst_ManualBeatPanel::tap_countsWhenTheButtonGoesDown()
 {
-    Panel panel;
-    QVERIFY(PanelTest::Show(panel.panel));
-    QCOMPARE(panel.State().text(), Text("Tap with the beat"));
-    panel.Tap({500, 500});
-    QCOMPARE(panel.State().text(), Text("3 tap(s)"));
+    HandStand stand;
+    QTest::mousePress(&stand.Button("tap"), Qt::LeftButton);
+    QCOMPARE(stand.told, QStringList(Text("tap")));
+    QTest::mouseRelease(&stand.Button("tap"), Qt::LeftButton);
+    QCOMPARE(stand.told, QStringList(Text("tap")));
+}
+
+void tst_ManualBeatPanel::lock_showsTheAnswer_notTheClick()
+{
+    HandStand stand;
+    QVERIFY(stand.clock.HoldAt(128.0, 0));
+    stand.clock.Release(0);
+    stand.Show();
+    // Nobody holds the clock here.
+    stand.Click("lock");
+    QCOMPARE(stand.told, QStringList(Text("hold")));
+    QVERIFY(!stand.Button("lock").isChecked());
+}
+
+void tst_ManualBeatPanel::offset_isToldAndShown()
+{
+    HandStand stand;
+    auto& field = PanelTest::Get<DecimalField>(stand.panel, "offset");
+    stand.panel.setOffset(-35.0);
+    QCOMPARE(field.text(), Text("-35 ms"));
+    QCOMPARE(stand.told, QStringList());
+    field.stepUp();
+    QCOMPARE(stand.told, QStringList(Text("-30 ms")));
+    field.setValue(1000.0);
+    QCOMPARE(field.value(), 500.0);
 }
 
 void tst_ManualBeatPanel::everything_hasAName()
 {
-    const Panel panel;
-    QCOMPARE(PanelTest::Unnamed(panel.panel), QStringList());
-    QCOMPARE(panel.panel.windowTitle(), Text("Manual beat"));
+    const HandStand stand;
+    QCOMPARE(PanelTest::Unnamed(stand.panel), QStringList());
+    QCOMPARE(stand.panel.windowTitle(), Text("Manual beat"));
 }
 
 void tst_ManualBeatPanel::mnemonics_differ()
 {
-    const Panel panel;
-    QString letters = PanelTest::Mnemonics(panel.panel);
+    const HandStand stand;
+    QString letters = PanelTest::Mnemonics(stand.panel);
     std::sort(letters.begin(), letters.end());
     QCOMPARE(letters, Text("BCLR"));
 }

@@ -184,19 +184,21 @@ void tst_Translations::plurals_areRight_data()
     QTest::addColumn<QStringList>("texts");  // of 0, 1, 2 and 11
     QTest::newRow("English")
         << Text("en")
-        << QStringList({Text("0 taps"), Text("1 tap"), Text("2 taps"), Text("11 taps")});
+        << QStringList({Text("0 inputs"), Text("1 input"), Text("2 inputs"), Text("11 inputs")});
     QTest::newRow("German") << Text("de")
-                            << QStringList({Text("0 Schläge"),
-                                            Text("1 Schlag"),
-                                            Text("2 Schläge"),
-                                            Text("11 Schläge")});
-    QTest::newRow("Spanish")
-        << Text("es")
-        << QStringList({Text("0 golpes"), Text("1 golpe"), Text("2 golpes"), Text("11 golpes")});
+                            << QStringList({Text("0 Eingänge"),
+                                            Text("1 Eingang"),
+                                            Text("2 Eingänge"),
+                                            Text("11 Eingänge")});
+    QTest::newRow("Spanish") << Text("es")
+                             << QStringList({Text("0 entradas"),
+                                             Text("1 entrada"),
+                                             Text("2 entradas"),
+                                             Text("11 entradas")});
     // Of none, French has the singular.
     QTest::newRow("French")
         << Text("fr")
-        << QStringList({Text("0 frappe"), Text("1 frappe"), Text("2 frappes"), Text("11 frappes")});
+        << QStringList({Text("0 entrée"), Text("1 entrée"), Text("2 entrées"), Text("11 entrées")});
 }
 
 void tst_Translations::plurals_areRight()
@@ -207,7 +209,7 @@ void tst_Translations::plurals_areRight()
     QVERIFY(translations.setLanguage(language));
     QStringList found;
     for (const int count : {0, 1, 2, 11})
-        found.append(ManualBeatPanel::tr("%n tap(s)", nullptr, count));
+        found.append(InputDevicesPanel::tr("%n input(s)", nullptr, count));
     QCOMPARE(found, texts);
 }
 

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QDoubleSpinBox>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -46,7 +47,8 @@ private Q_SLOTS:
     void droppedText_isRefused();
     void stopFile_isOffered_onlyForAFile();
     void chosenDevice_isRecorded();
-    void manualTempo_isImposed();
+    void hand_actsAtOnce();
+    void offset_isTheClocks_andKept();
     void closing_quits();
     void widgets_sayWhatTheyAre();
     void mnemonics_ofTheMenusDiffer();
@@ -240,15 +242,36 @@ void tst_MainWindow::chosenDevice_isRecorded()
     QCOMPARE(stand.session.getDeviceName(), QStringLiteral("Line"));
 }
 
-void tst_MainWindow::manualTempo_isImposed()
+void tst_MainWindow::hand_actsAtOnce()
 {
-    Machine().Plug(desktoptest::MusicDevice("Deck"));
     Stand stand;
-    stand.session.Listen({});
-    Q_EMIT stand.window.getSettings().getManualBeat().OnFixedTempoChanged(111.0);
-    QCOMPARE(stand.session.getAnalyzer()->getFixedBPM(), 111.0);
-    QCOMPARE(stand.window.getSettings().getManualBeat().m_pAnalyzer.data(),
-             stand.session.getAnalyzer());
+    stand.window.show();
+    stand.session.getHand().HoldAt(128.0);
+    SettingsColumn& column = stand.window.getSettings();
+    const auto tempo = [&] { return PanelTest::Get<QLabel>(column, "tempo").text(); };
+    QCOMPARE(tempo(), QStringLiteral("128.0 BPM"));
+    PanelTest::Click(column, "half");
+    QCOMPARE(tempo(), QStringLiteral("64.0 BPM"));
+    QCOMPARE(stand.session.getBeats().getClock().getState().bpm, 64.0);
+    PanelTest::Click(column, "double");
+    QCOMPARE(tempo(), QStringLiteral("128.0 BPM"));
+    PanelTest::Click(column, "lock");
+    QVERIFY(!stand.session.getHand().isHeld());
+}
+
+void tst_MainWindow::offset_isTheClocks_andKept()
+{
+    {
+        Stand stand;
+        PanelTest::Get<QDoubleSpinBox>(stand.window.getSettings(), "offset").setValue(35.0);
+        QCOMPARE(stand.session.getBeats().getClock().getOffset(), std::int64_t(35000));
+    }
+    Stand again;
+    QString error;
+    QVERIFY(again.session.Load(error));
+    QCOMPARE(again.session.getOffset(), 35.0);
+    QCOMPARE(again.session.getBeats().getClock().getOffset(), std::int64_t(35000));
+    QFile::remove(UISettings::_getDefaultPath());
 }
 
 void tst_MainWindow::closing_quits()

@@ -14,8 +14,11 @@
 #include <QListView>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollBar>
 
+#include <apps/desktop/settings/LanguageRows.h>
 #include <apps/desktop/window/WindowTest.h>
+#include <cmath>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
 
@@ -43,6 +46,12 @@ private Q_SLOTS:
     void language_isChangedWhileRunning();
     void settingsOfOthers_areShown();
     void place_movesTheWindow();
+    void window_isAsItWasLeft();
+    void column_fitsALowWindow_inEveryLanguage_data() { LanguageRows(); }
+    void column_fitsALowWindow_inEveryLanguage();
+    void tempoAndLamp_growWithTheWindow();
+    void focus_canBeSeen_inEveryLook_data();
+    void focus_canBeSeen_inEveryLook();
 };
 
 void tst_MainWindow_settings::panel_isShownByItsKey_data()
@@ -106,17 +115,18 @@ void tst_MainWindow_settings::look_followsTheDesktop()
     QFETCH(int, desktop);
     QFETCH(bool, isGray);
     QFETCH(int, look);
-    QCOMPARE(int(chooseLook(isGray, makePalette(eLook(desktop)))), look);
+    QCOMPARE(int(chooseLook(true, isGray, makePalette(eLook(desktop)))), int(eContrastLook));
+    QCOMPARE(int(chooseLook(false, isGray, makePalette(eLook(desktop)))), look);
 }
 
 void tst_MainWindow_settings::lock_comesFromTheSettings()
 {
     WindowSettings settings;
     Stand loose(settings);
-    QVERIFY(!loose.window.getSettings().getManualBeat().m_isLocking);
+    QVERIFY(!loose.session.getHand().isLocking());
     settings.isManualBeatLockingBPM = true;
     Stand locking(settings);
-    QVERIFY(locking.window.getSettings().getManualBeat().m_isLocking);
+    QVERIFY(locking.session.getHand().isLocking());
 }
 
 void tst_MainWindow_settings::language_isChangedWhileRunning()
@@ -185,6 +195,99 @@ void tst_MainWindow_settings::place_movesTheWindow()
     stand.window.Place(TopLeft);
     QCOMPARE(stand.window.frameGeometry().topLeft(),
              stand.window.screen()->availableGeometry().topLeft());
+}
+
+void tst_MainWindow_settings::window_isAsItWasLeft()
+{
+    WindowSettings left;
+    {
+        Stand stand;
+        stand.window.show();
+        stand.window.resize(stand.window.minimumSizeHint() + QSize(30, 40));
+        QVERIFY(!stand.window.CollectSettings().size.isEmpty());
+        stand.window.move(30, 20);
+        stand.window.m_actions[eSpectrumPanel]->trigger();
+        left = stand.window.CollectSettings();
+    }
+    Stand again(left);
+    again.window.Place(left.position);
+    again.window.show();
+    QVERIFY(!again.window.isPanelVisible(eSpectrumPanel));
+    QCOMPARE(again.window.pos(), QPoint(30, 20));
+    const QSize screen = again.window.screen()->availableSize();
+    QCOMPARE(again.window.size(),
+             left.size.boundedTo(screen).expandedTo(again.window.minimumSizeHint()));
+    // A place on a screen that is gone is no place.
+    left.place = QPoint(20000, 20000);
+    Stand elsewhere(left);
+    elsewhere.window.Place(left.position);
+    QVERIFY(elsewhere.window.pos() != QPoint(20000, 20000));
+}
+
+/// The letters are those of a usual desktop.
+void tst_MainWindow_settings::column_fitsALowWindow_inEveryLanguage()
+{
+    QFETCH(const QString, language);
+    Translations translations;
+    QVERIFY(translations.setLanguage(language));
+    const QFont usual = QApplication::font();
+    QApplication::setFont(QFont(usual.family(), 9));
+    Stand stand;
+    QApplication::setFont(usual);
+    stand.window.setFont(QFont(usual.family(), 9));
+    stand.window.show();
+    QCoreApplication::processEvents();
+    stand.window.resize(1150, 800);
+    QCoreApplication::processEvents();
+    QCOMPARE(stand.window.height(), 800);
+    QCOMPARE(stand.window.getSettings().verticalScrollBar()->maximum(), 0);
+}
+
+void tst_MainWindow_settings::tempoAndLamp_growWithTheWindow()
+{
+    Stand stand;
+    stand.window.resize(1100, 800);
+    stand.window.show();
+    const auto lamp = [&] { return stand.window.getBeatLed().getLed().height(); };
+    const auto digits = [&] { return stand.window.getBpm().m_pTempo->height(); };
+    const int usualLamp = lamp();
+    const int usualDigits = digits();
+    for (const ePanel panel : {eSpectrumPanel, eThresholdPanel, ePulseLEDPanel, eResetPanel})
+        stand.window.setPanelVisible(panel, false);
+    stand.window.resize(1900, 1060);
+    QCoreApplication::processEvents();
+    QVERIFY(lamp() > usualLamp * 3 / 2);
+    QVERIFY(digits() > usualDigits * 3 / 2);
+    stand.window.resize(1100, 800);
+    stand.window.setPanelVisible(eSpectrumPanel, true);
+    stand.window.setPanelVisible(eThresholdPanel, true);
+    QCoreApplication::processEvents();
+    QTRY_COMPARE(lamp(), usualLamp);
+    QCOMPARE(digits(), usualDigits);
+}
+
+void tst_MainWindow_settings::focus_canBeSeen_inEveryLook_data()
+{
+    QTest::addColumn<int>("look");
+    for (int look = 0; look < eLookCount; ++look)
+        QTest::addRow("%d", look) << look;
+}
+
+/// Three to one, as between any sign and its ground. The style rings in a darker highlight.
+void tst_MainWindow_settings::focus_canBeSeen_inEveryLook()
+{
+    QFETCH(int, look);
+    const QPalette palette = makePalette(eLook(look));
+    const auto light = [](const QColor& pColor) {
+        const auto linear = [](double pShare) {
+            return pShare <= 0.03928 ? pShare / 12.92 : std::pow((pShare + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(pColor.redF()) + 0.7152 * linear(pColor.greenF()) +
+               0.0722 * linear(pColor.blueF()) + 0.05;
+    };
+    const double ring = light(palette.color(QPalette::Highlight).darker(125));
+    const double ground = light(palette.color(QPalette::AlternateBase));
+    QVERIFY(std::max(ring / ground, ground / ring) >= 3.0);
 }
 
 AA_TEST(tst_MainWindow_settings, InVirtualTime<QApplication>)

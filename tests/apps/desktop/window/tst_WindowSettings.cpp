@@ -42,6 +42,7 @@ private Q_SLOTS:
     void position_isRead_data();
     void position_isRead();
     void otherSections_areIgnored();
+    void change_isSaved_andTheRestStays();
 
 private:
     /// The settings of a file of that text, which must be the same in both places.
@@ -151,6 +152,38 @@ void tst_WindowSettings::otherSections_areIgnored()
     const WindowSettings settings = _Load("BPM=0\n[Other]\nBPM=0\nHideOnStart=1\n");
     QVERIFY(settings.visible[eBPMPanel]);
     QVERIFY(!settings.isHiddenOnStart);
+}
+
+void tst_WindowSettings::change_isSaved_andTheRestStays()
+{
+    const QString path = UISettings::_getDefaultPath();
+    QVERIFY(WriteIniFile(path, "[MainWindow]\nReset=false\nStartingPosition=CENTER\n"));
+    const WindowSettings before = WindowSettings::Load({});
+    QVERIFY(before.size.isEmpty());
+    QVERIFY(!before.place);
+    QVERIFY(before.isFlashLimited);
+    WindowSettings after = before;
+    after.visible.flip(eSpectrumPanel);
+    after.visible.flip(eDurationsPanel);
+    after.size = QSize(900, 700);
+    after.place = QPoint(-20, 40);
+    after.isHighContrast = true;
+    after.isFlashLimited = false;
+    QVERIFY(after.Save(before));
+    const WindowSettings kept = WindowSettings::Load({});
+    QVERIFY(!kept.visible[eSpectrumPanel]);
+    QVERIFY(kept.visible[eDurationsPanel]);
+    QVERIFY(!kept.visible[eResetPanel]);
+    QCOMPARE(int(kept.position), int(Center));
+    QCOMPARE(kept.size, QSize(900, 700));
+    QCOMPARE(*kept.place, QPoint(-20, 40));
+    QVERIFY(kept.isHighContrast);
+    QVERIFY(!kept.isFlashLimited);
+    QVERIFY(!kept.isFlashSoft);
+    // What was not changed is not written.
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(!file.readAll().contains("SoftFlash"));
 }
 
 AA_TEST(tst_WindowSettings, QCoreApplication)
