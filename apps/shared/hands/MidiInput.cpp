@@ -152,8 +152,8 @@ void MidiInput::_Push(const std::uint8_t* pBytes, std::size_t pSize)
 {
     if (pSize < 1 || pSize > 3)
         return;
-    Entry entry = {static_cast<std::uint8_t>(pSize)};
-    std::copy_n(pBytes, pSize, entry.begin() + 1);
+    Entry entry = {pSize, {}};
+    std::copy_n(pBytes, pSize, entry.bytes.begin());
     m_entries.Push(entry);
     eventfd_write(m_bell, 1);
 }
@@ -164,7 +164,7 @@ void MidiInput::_Read()
     eventfd_read(m_bell, &count);
     Entry entry = {};
     while (m_entries.Take(entry)) {
-        const auto message = shared::detail::ReadMidi(entry.data() + 1, entry[0]);
+        const auto message = shared::detail::ReadMidi(entry.bytes.data(), entry.size);
         if (message)
             Q_EMIT OnMessage(*message);
     }

@@ -55,8 +55,12 @@ private:
     void _Push(const std::uint8_t* pBytes, std::size_t pSize);
     void _Read();
 
-    /// Its size, and its bytes.
-    using Entry = std::array<std::uint8_t, 4>;
+    /// A message.
+    struct Entry
+    {
+        std::size_t size;  ///< bytes
+        std::array<std::uint8_t, 3> bytes;
+    };
 
     static constexpr std::size_t kMostEntries = 256;
 

@@ -87,6 +87,7 @@ std::optional<HandMessage> ReadMessage(const QByteArray& pPacket)
                        std::clamp(value, 0.0, 1.0)};
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): a bundle holds bundles, kDeepest at most.
 void ReadPacket(const QByteArray& pPacket, int pDepth, std::vector<HandMessage>& pFound)
 {
     if (!pPacket.startsWith("#bundle")) {

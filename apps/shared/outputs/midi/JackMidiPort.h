@@ -23,7 +23,7 @@ class JackMidiPort : public MidiPort
 public:
     /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
     explicit JackMidiPort(QString pTarget) : m_target(std::move(pTarget)) {}
-    ~JackMidiPort() override { Close(); }
+    ~JackMidiPort() override { JackMidiPort::Close(); }
 
     bool Open() override;
     /// Waits until what was sent has left.

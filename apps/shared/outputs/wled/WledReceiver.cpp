@@ -27,7 +27,7 @@ WledReceiver::WledReceiver(QByteArray pHost, std::uint16_t pPort)
 
 WledReceiver::~WledReceiver()
 {
-    Close();
+    WledReceiver::Close();
 }
 
 bool WledReceiver::Open()
