@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -99,5 +100,22 @@ std::vector<Track> readCorpus(const QStringList& pFolders)
     }
     if (tracks.empty())
         throw std::runtime_error("no annotated music in the folders");
+    return tracks;
+}
+
+std::vector<Track> readNoise(const QString& pFolder)
+{
+    std::vector<Track> tracks;
+    const QDir directory(pFolder);
+    const QStringList names =
+        directory.entryList({QStringLiteral("*.flac"), QStringLiteral("*.wav")}, QDir::Files);
+    for (const QString& name : names) {
+        Track track;
+        track.name = QFileInfo(name).completeBaseName();
+        hear(directory.filePath(name), track);
+        tracks.push_back(std::move(track));
+    }
+    if (tracks.empty())
+        fail(pFolder, "no sound in it");
     return tracks;
 }

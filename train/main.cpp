@@ -22,7 +22,7 @@ constexpr char kUsage[] =
     "  FOLDER...       pieces of music: NAME.flac or .wav, NAME.beats, NAME.json\n"
     "  --tracks        also a row for each piece\n"
     "  --with FOLDER   pieces that teach a tenth of what others do, and judge nothing\n"
-    "  --noise FOLDER  sound without a beat, in the same form: what is told there, as a curve\n"
+    "  --noise FOLDER  sound without a beat: what is told there, as a curve\n"
     "  --write FILE    write the table as a source file\n";
 
 struct Arguments
@@ -108,7 +108,7 @@ void run(const Arguments& pArguments)
     detail::MeterTable table = trainTable(counts);
     calibrate(judged, table);
     if (!pArguments.noise.isEmpty())
-        printNoiseCurve(readCorpus({pArguments.noise}), tracks, table);
+        printNoiseCurve(readNoise(pArguments.noise), tracks, table);
     if (!pArguments.output.isEmpty())
         writeTable(pArguments.output, table, tracks, studies.size());
 }

@@ -74,6 +74,20 @@ bool writeAnswers(const QString& pFolder)
            write(pFolder, "bytes", bytes(QByteArray("\xff\0}\"{", 5) + on));
 }
 
+/// Packets of consoles, and messages of pedals.
+bool writeHands(const QString& pFolder)
+{
+    const QByteArray tap("/tap\0\0\0\0,f\0\0\x3f\x80\0\0", 16);
+    const QByteArray bundle = QByteArray("#bundle\0\0\0\0\0\0\0\0\1\0\0\0\x10", 20) + tap;
+    return write(pFolder, "tap", bytes(tap)) && write(pFolder, "bundle", bytes(bundle)) &&
+           write(pFolder, "bundle-cut", bytes(bundle.left(30))) &&
+           write(pFolder, "bundle-size", bytes(QByteArray(bundle).replace(16, 1, "\xff"))) &&
+           write(pFolder, "no-types", bytes(QByteArray("/a\0\0", 4))) &&
+           write(pFolder, "no-end", bytes("/abc")) &&
+           write(pFolder, "note", bytes("\x99\x24\x7f")) &&
+           write(pFolder, "program", bytes("\xcf\x7f"));
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -85,6 +99,7 @@ int main(int argc, char** argv)
     const QString folder = QString::fromLocal8Bit(argv[1]);
     const bool isDone = writeConfigs(folder + QStringLiteral("/config")) &&
                         writeProfiles(folder + QStringLiteral("/profile")) &&
-                        writeAnswers(folder + QStringLiteral("/os2l"));
+                        writeAnswers(folder + QStringLiteral("/os2l")) &&
+                        writeHands(folder + QStringLiteral("/hands"));
     return isDone ? 0 : 1;
 }

@@ -7,6 +7,7 @@
 #include <cli/Interrupt.h>
 #include <cli/detail/ProgressLine.h>
 #include <cli/live/ListenCommand.h>
+#include <cli/live/ListenHands.h>
 #include <cli/live/ListenOutputs.h>
 #include <cli/live/ListenTexts.h>
 #include <cli/live/LiveEvents.h>
@@ -137,6 +138,7 @@ void ListenCommand::_Listen(const QString& pDevice)
             m_options.format.value_or(eTextEvents), *m_session, m_beats, *m_summary);
     _Connect();
     _SetUpOutputs();
+    _SetUpHands();
     m_beats.getThread().Start();
     m_sinceStart.start();
     m_tick.start(kTickMs);
@@ -145,6 +147,7 @@ void ListenCommand::_Listen(const QString& pDevice)
     QCoreApplication::exec();
     m_tick.stop();
     m_beats.getThread().Stop();
+    m_hands.reset();
     m_outputs.reset();
     _Clear();
     _Summarize();
@@ -173,7 +176,19 @@ void ListenCommand::_SetUpOutputs()
                      [this](const QString& pName, const QString& pWords) {
                          _Say(QStringLiteral("%1: %2").arg(pName, pWords));
                      });
+    if (m_events)
+        m_events->Follow(m_outputs->getOutputs());
     for (const QString& problem : m_outputs->Begin(*m_session))
+        console::PrintError(problem);
+}
+
+void ListenCommand::_SetUpHands()
+{
+    m_hands = std::make_unique<ListenHands>(
+        m_options.hands, m_beats, m_store.getConfiguration(), [this](const QString& pWords) {
+            _Say(tr("hands: %1").arg(pWords));
+        });
+    for (const QString& problem : m_hands->Begin())
         console::PrintError(problem);
 }
 

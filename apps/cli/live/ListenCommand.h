@@ -13,6 +13,7 @@
 
 #include <memory>
 
+class ListenHands;
 class ListenOutputs;
 class LiveEvents;
 class LiveSummary;
@@ -38,6 +39,7 @@ private:
     void _Listen(const QString& pDevice);
     void _SetUpBeats();
     void _SetUpOutputs();
+    void _SetUpHands();
     void _Connect();
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnStateChanged(eCaptureState pState);
@@ -58,6 +60,7 @@ private:
     std::unique_ptr<CaptureSession> m_session;
     LiveBeats m_beats;
     std::unique_ptr<ListenOutputs> m_outputs;
+    std::unique_ptr<ListenHands> m_hands;
     std::unique_ptr<LiveSummary> m_summary;
     std::unique_ptr<LiveEvents> m_events;  ///< null with a live line
     QTimer m_tick;

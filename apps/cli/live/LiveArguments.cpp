@@ -2,6 +2,8 @@
 #include <cli/detail/ParseNumber.h>
 #include <cli/live/LiveArguments.h>
 #include <cli/settings/AnalysisOptionTable.h>
+#include <shared/hands/HandAction.h>
+#include <shared/outputs/HostPort.h>
 #include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/settings/BeatSettings.h>
 #include <shared/text/Text.h>
@@ -22,8 +24,8 @@ QString Footer()
         "printed a line, the moment it happens:\n"
         "  text    for people (default)\n"
         "  beats   seconds of each beat, when it falls due\n"
-        "  ndjson  announce when a beat falls due, the events of \"analyze\", and device, notice\n"
-        "          and lost events\n"
+        "  ndjson  announce when a beat falls due, the events of \"analyze\", and device, notice,\n"
+        "          output and lost events\n"
         "\n"
         "Beats are told by a clock that follows the music, when the sound server says that they\n"
         "sound; --offset moves them, for a slow lamp or a loudspeaker far away. A reader that\n"
@@ -127,6 +129,60 @@ QString ReadOutputs(const ListenArguments& pArguments, ListenOptions& pOptions)
     return {};
 }
 
+void AddHandOptions(shared::OptionSet& pOptions, ListenArguments& pArguments)
+{
+    pOptions.setGroup(tr("Hands"));
+    pOptions.AddValues("--hands-midi",
+                       pArguments.handsMidi,
+                       QStringLiteral("[PORT]"),
+                       tr("let pedals and controllers take the beat in hand"),
+                       true);
+    pOptions.AddValues("--hands-osc",
+                       pArguments.handsOsc,
+                       QStringLiteral("[ADDRESS:]PORT"),
+                       tr("let consoles and programs do so; from this machine alone without an "
+                          "address"));
+    pOptions.AddValue("--learn",
+                      pArguments.learned,
+                      tr("ACTION"),
+                      tr("what the next control that is touched does from now on: %1")
+                          .arg(shared::HandAction::getForms().join(QLatin1String(", "))));
+}
+
+/// "9001", or "0.0.0.0:9001"; 0 = any port.
+bool ReadOscPlace(const QString& pText, HandOptions& pHands)
+{
+    bool isPort = false;
+    const int port = pText.toUShort(&isPort);
+    const auto place = isPort ? std::nullopt : shared::HostPort::Parse(pText, 0);
+    if (place)
+        pHands.osc.push_back({place->host, static_cast<std::uint16_t>(place->port)});
+    else if (isPort)
+        pHands.osc.push_back({QString(), static_cast<std::uint16_t>(port)});
+    return isPort || place;
+}
+
+QString ReadHands(const ListenArguments& pArguments, HandOptions& pHands)
+{
+    for (const std::string& port : pArguments.handsMidi)
+        pHands.midi += QString::fromStdString(port).trimmed();
+    for (const std::string& text : pArguments.handsOsc) {
+        const QString place = QString::fromStdString(text).trimmed();
+        if (!ReadOscPlace(place, pHands))
+            return tr("--hands-osc %1: give a port, or ADDRESS:PORT").arg(place);
+    }
+    if (pArguments.learned.empty())
+        return {};
+    const QString learned = QString::fromStdString(pArguments.learned);
+    pHands.learned = shared::HandAction::Parse(learned);
+    if (!pHands.learned)
+        return tr("--learn %1: give one of %2")
+            .arg(learned, shared::HandAction::getForms().join(QLatin1String(", ")));
+    if (pHands.midi.isEmpty() && pHands.osc.empty())
+        return tr("--learn: give --hands-midi or --hands-osc as well");
+    return {};
+}
+
 }  // namespace
 
 void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments)
@@ -153,6 +209,7 @@ void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments
                     tr("tell at the end how far the announced beats were off the sound"));
     options.AddFlag("-q,--quiet", pArguments.isQuiet, tr("no notices, no summary"));
     AddOutputOptions(options, pArguments);
+    AddHandOptions(options, pArguments);
     addAnalysisOptions(options, pArguments.analysis, eStoredDefaults);
     options.setFooter(Footer());
 }
@@ -177,7 +234,8 @@ QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pO
          {ReadFormat(QString::fromStdString(pArguments.format), pOptions),
           ReadDuration(QString::fromStdString(pArguments.duration), pOptions),
           ReadOffset(QString::fromStdString(pArguments.offset), pOptions),
-          ReadOutputs(pArguments, pOptions)})
+          ReadOutputs(pArguments, pOptions),
+          ReadHands(pArguments, pOptions.hands)})
         if (!refusal.isEmpty())
             return refusal;
     return readAnalysisOptions(pArguments.analysis, pOptions.analysis);

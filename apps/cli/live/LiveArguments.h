@@ -22,6 +22,9 @@ struct ListenArguments
     std::map<std::string, std::vector<std::string>> outputs;  ///< addresses, by kind
     std::vector<std::string> outputNames;
     bool isWithoutStored = false;
+    std::vector<std::string> handsMidi;
+    std::vector<std::string> handsOsc;
+    std::string learned;
     std::map<std::string, std::string> analysis;  ///< by option name
 };
 

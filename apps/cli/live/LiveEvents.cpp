@@ -86,6 +86,21 @@ LiveEvents::~LiveEvents()
     m_beats.getThread().Remove(*this);
 }
 
+void LiveEvents::Follow(Outputs& pOutputs)
+{
+    if (m_format != eNdjsonEvents)
+        return;
+    connect(&pOutputs,
+            &Outputs::OnStateChanged,
+            this,
+            [this, &pOutputs](const QString& pName, const QString& pWords) {
+                _WriteObject("output",
+                             {{Key("name"), pName},
+                              {Key("open"), pOutputs.isOpen(pName)},
+                              {Key("state"), pWords}});
+            });
+}
+
 void LiveEvents::Finish()
 {
     m_beats.getThread().Remove(*this);

@@ -6,6 +6,7 @@
 #include <cli/output/NdjsonWriter.h>
 #include <shared/capture/CaptureSession.h>
 #include <shared/clock/LiveBeats.h>
+#include <shared/outputs/Outputs.h>
 
 #include <QObject>
 
@@ -22,6 +23,7 @@ class QJsonObject;
 ///             as monotonic and wall, in seconds of the system's clocks;
 ///   device    name and state: waiting, unusable, starting, running;
 ///   notice    what: noData, digitalSilence, tooQuiet, clipped;
+///   output    name, whether it is open, and state in words;
 ///   lost      count of events that the reader did not take in time.
 ///
 /// Threads: that of the event loop, but for what is marked.
@@ -37,6 +39,8 @@ public:
                LiveSummary& pSummary);
     ~LiveEvents() override;
 
+    /// Tells what becomes of outputs, which are not owned and have not begun.
+    void Follow(Outputs& pOutputs);
     /// Writes the last event.
     void Finish();
     /// Nothing can be written any more.

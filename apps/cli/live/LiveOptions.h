@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/hands/HandAction.h>
 #include <shared/outputs/OutputSettings.h>
 #include <shared/settings/AnalysisOptions.h>
 
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -16,6 +18,22 @@ enum eEventFormat
     eTextEvents,   ///< for people
     eBeatEvents,   ///< seconds of each beat, when it falls due
     eNdjsonEvents  ///< one JSON object a line
+};
+
+/// Which hands "listen" lets in.
+struct HandOptions
+{
+    /// Where OSC is listened to: an address of this machine, empty = the machine itself; and a
+    /// port, 0 = any.
+    struct OscPlace
+    {
+        QString address;
+        std::uint16_t port;
+    };
+
+    QStringList midi;  ///< as MidiInput takes them
+    std::vector<OscPlace> osc;
+    std::optional<shared::HandAction> learned;  ///< what the first control that is touched is to do
 };
 
 /// What "listen" was asked to do.
@@ -32,6 +50,7 @@ struct ListenOptions
     std::vector<StoredOutput> outputs;  ///< sent to as well; they have no names
     QStringList outputNames;            ///< stored ones that are sent to, enabled or not
     bool isWithoutStored = false;       ///< those that are enabled are not sent to
+    HandOptions hands;
     AnalysisOptions analysis;
 };
 

@@ -77,7 +77,7 @@ std::int64_t OutputDelivery::Step()
     if (m_isOpen && ClockThread::getTime() >= m_restTime) {
         m_restTime = ClockThread::getTime() + kRestInterval;
         if (m_receiver.Rest())
-            _Say();
+            _Say(m_receiver.getState());
         else
             _Fail();
     }
@@ -92,11 +92,10 @@ void OutputDelivery::End()
 
 void OutputDelivery::_Open()
 {
-    const bool isOpen = m_receiver.Open();
-    _Say();
-    if (!isOpen)
+    m_isOpen = m_receiver.Open();
+    _Say(m_receiver.getState());
+    if (!m_isOpen)
         return _Pause();
-    m_isOpen = true;
     m_openTime = ClockThread::getTime();
     m_restTime = m_openTime + kRestInterval;
     m_toldRunning.reset();
@@ -107,8 +106,9 @@ void OutputDelivery::_Open()
 
 void OutputDelivery::_Fail()
 {
-    _Say();
+    const QString words = m_receiver.getState();
     End();
+    _Say(words);
     // One that lets itself be opened, and fails at once, is not worth more attempts than another.
     if (ClockThread::getTime() - m_openTime >= kLongestPause)
         m_pause = kShortestPause;
@@ -121,13 +121,12 @@ void OutputDelivery::_Pause()
     m_pause = std::min(2 * m_pause, kLongestPause);
 }
 
-void OutputDelivery::_Say()
+void OutputDelivery::_Say(const QString& pWords)
 {
-    const QString words = m_receiver.getState();
-    if (words == m_said)
+    if (pWords == m_said)
         return;
-    m_said = words;
-    m_report(words);
+    m_said = pWords;
+    m_report(pWords);
 }
 
 }  // namespace shared

@@ -35,7 +35,7 @@ public:
     static constexpr std::int64_t kLongestPause = 2000000;  ///< µs; also of a good connection
     static constexpr double kLeastTempoChange = 0.005;      ///< BPM; less is the same tempo
 
-    /// Hears what there is to say of the receiver, each state once.
+    /// Hears what there is to say of the receiver, each state once; isOpen() fits it.
     using Report = std::function<void(const QString& pWords)>;
 
     /// The receiver is not owned.
@@ -61,7 +61,7 @@ private:
     bool _IsOld(std::int64_t pTime);
     void _Fail();
     void _Pause();
-    void _Say();
+    void _Say(const QString& pWords);
 
     OutputReceiver& m_receiver;  ///< not owned
     const Report m_report;

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void playing_beginsWithTheFirstSound();
     void playing_ends_whenTheEvidenceIsUsedUp();
     void evidence_hasTwoBounds();
+    void playing_beginsAgain_withMoreEvidenceThanItEnds();
     void playing_ends_inSilence_data();
     void playing_ends_inSilence();
     void doubt_outlivesAShortSilence();
@@ -65,10 +66,23 @@ void tst_MusicEvidence::evidence_hasTwoBounds()
     QCOMPARE(music.getSum(), 20.0F);
     hear(music, 10000, -0.1F, kLoud);
     QCOMPARE(music.getSum(), -6.0F);
-    hear(music, 59, 0.1F, kLoud);
+}
+
+// From -6 a tenth each frame: 1 after 70 frames, and from there 0 after 10.
+void tst_MusicEvidence::playing_beginsAgain_withMoreEvidenceThanItEnds()
+{
+    MusicEvidence music;
+    hear(music, 10000, -0.1F, kLoud);
+    hear(music, 69, 0.1F, kLoud);
     QVERIFY(!music.isPlaying());
-    hear(music, 3, 0.1F, kLoud);
+    hear(music, 2, 0.1F, kLoud);
     QVERIFY(music.isPlaying());
+    hear(music, 10, -0.1F, kLoud);
+    QVERIFY(music.isPlaying());
+    hear(music, 2, -0.1F, kLoud);
+    QVERIFY(!music.isPlaying());
+    hear(music, 10, 0.1F, kLoud);
+    QVERIFY(!music.isPlaying());
 }
 
 void tst_MusicEvidence::playing_ends_inSilence_data()

@@ -23,6 +23,7 @@ public:
     bool Open() override;
     void Close() override;
     bool Send(const MidiEvent& pEvent) override;
+    bool isThere() const override { return m_out != nullptr; }
     QString getState() const override { return m_state; }
 
     /// The ports that can be reached; none without a sequencer.

@@ -16,14 +16,6 @@ namespace {
 constexpr std::size_t kEntries = 256;
 constexpr std::int64_t kMargin = 1000;  // µs; of the thread that sends
 
-/// Null without a server. The library's own words, on standard error, are for nobody.
-jack_client_t* OpenClient()
-{
-    jack_set_error_function([](const char*) {});
-    jack_set_info_function([](const char*) {});
-    return jack_client_open("audio-analyzer", JackNoStartServer, nullptr);
-}
-
 QStringList InputsOf(jack_client_t* pClient)
 {
     QStringList names;
@@ -38,20 +30,14 @@ QStringList InputsOf(jack_client_t* pClient)
 
 QStringList JackMidiPort::ListPorts()
 {
-    jack_client_t* client = OpenClient();
-    if (!client)
-        return {};
-    QStringList names = InputsOf(client);
-    jack_client_close(client);
-    return names;
+    JackClient client;
+    return client.Open("audio-analyzer") ? InputsOf(client.get()) : QStringList();
 }
 
 bool JackMidiPort::Open()
 {
     Close();
-    m_isGone = false;
-    m_client = OpenClient();
-    if (!m_client) {
+    if (!m_client.Open("audio-analyzer")) {
         m_state = tr("no JACK server runs");
         return false;
     }
@@ -66,12 +52,11 @@ bool JackMidiPort::Open()
 bool JackMidiPort::_Register()
 {
     m_ring = jack_ringbuffer_create(kEntries * sizeof(Entry));
-    m_port = jack_port_register(m_client, "clock", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
-    jack_set_process_callback(m_client, &JackMidiPort::_Process, this);
-    jack_on_shutdown(
-        m_client, [](void* pSelf) { static_cast<JackMidiPort*>(pSelf)->m_isGone = true; }, this);
+    m_port =
+        jack_port_register(m_client.get(), "clock", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
+    jack_set_process_callback(m_client.get(), &JackMidiPort::_Process, this);
     m_state = tr("the JACK server refuses a port");
-    return m_ring && m_port && jack_activate(m_client) == 0;
+    return m_ring && m_port && jack_activate(m_client.get()) == 0;
 }
 
 bool JackMidiPort::_Connect()
@@ -81,42 +66,41 @@ bool JackMidiPort::_Connect()
         m_state = tr("JACK port %1").arg(own);
         return true;
     }
-    const QStringList found = InputsOf(m_client).filter(m_target, Qt::CaseInsensitive);
+    const QStringList found = InputsOf(m_client.get()).filter(m_target, Qt::CaseInsensitive);
     if (found.isEmpty()) {
         m_state = tr("no JACK port is named %1").arg(m_target);
         return false;
     }
     m_state = tr("JACK port %1").arg(found.first());
-    return jack_connect(m_client, qPrintable(own), found.first().toUtf8().constData()) == 0;
+    return jack_connect(m_client.get(), qPrintable(own), found.first().toUtf8().constData()) == 0;
 }
 
 void JackMidiPort::Close()
 {
     constexpr int kMostWaits = 500;  // ms; a server that hangs must not
-    for (int i = 0; m_ring && !m_isGone && i < kMostWaits; ++i) {
+    for (int i = 0; m_ring && !m_client.isGone() && i < kMostWaits; ++i) {
         if (jack_ringbuffer_read_space(m_ring) == 0)
             break;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    if (m_client)
-        jack_client_close(m_client);
+    m_client.Close();
     if (m_ring)
         jack_ringbuffer_free(m_ring);
-    m_client = nullptr;
     m_port = nullptr;
     m_ring = nullptr;
 }
 
 bool JackMidiPort::Send(const MidiEvent& pEvent)
 {
-    if (!m_client || m_isGone) {
+    if (!isThere()) {
         m_state = tr("the JACK server has gone");
         return false;
     }
     const std::int64_t late = std::max<std::int64_t>(ClockThread::getTime() - pEvent.time, 0);
-    const std::int64_t rate = jack_get_sample_rate(m_client);
-    const std::int64_t ahead = (kMargin - late) * rate / 1000000 + jack_get_buffer_size(m_client);
-    const Entry entry = {jack_frame_time(m_client) + static_cast<jack_nframes_t>(ahead),
+    const std::int64_t rate = jack_get_sample_rate(m_client.get());
+    const std::int64_t ahead =
+        (kMargin - late) * rate / 1000000 + jack_get_buffer_size(m_client.get());
+    const Entry entry = {jack_frame_time(m_client.get()) + static_cast<jack_nframes_t>(ahead),
                          pEvent.message};
     // A server that no longer takes anything hangs, and is as good as gone.
     if (jack_ringbuffer_write_space(m_ring) < sizeof(entry)) {
@@ -138,7 +122,7 @@ void JackMidiPort::_Write(jack_nframes_t pCount)
 {
     void* buffer = jack_port_get_buffer(m_port, pCount);
     jack_midi_clear_buffer(buffer);
-    const jack_nframes_t start = jack_last_frame_time(m_client);
+    const jack_nframes_t start = jack_last_frame_time(m_client.get());
     jack_nframes_t last = 0;
     Entry entry;
     while (jack_ringbuffer_peek(m_ring, reinterpret_cast<char*>(&entry), sizeof(entry)) ==

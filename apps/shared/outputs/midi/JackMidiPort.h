@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/outputs/midi/JackClient.h>
 #include <shared/outputs/midi/MidiPort.h>
 
 #include <QStringList>
 
-#include <atomic>
 #include <cstdint>
 #include <jack/jack.h>
 #include <jack/ringbuffer.h>
@@ -29,6 +29,7 @@ public:
     /// Waits until what was sent has left.
     void Close() override;
     bool Send(const MidiEvent& pEvent) override;
+    bool isThere() const override { return m_client.get() && !m_client.isGone(); }
     QString getState() const override { return m_state; }
 
     /// The ports that can be reached; none without a server.
@@ -49,10 +50,9 @@ private:
 
     QString m_target;
     QString m_state;
-    jack_client_t* m_client = nullptr;    ///< owned; null = closed
+    JackClient m_client;
     jack_port_t* m_port = nullptr;        ///< of the client
     jack_ringbuffer_t* m_ring = nullptr;  ///< owned; entries
-    std::atomic<bool> m_isGone{false};
 };
 
 }  // namespace shared

@@ -54,7 +54,7 @@ bool MidiClock::Playing(bool pIsPlaying, const BeatClockState& pState)
 
 bool MidiClock::Rest()
 {
-    return !m_standby.hasFailed();
+    return !m_standby.hasFailed() && m_port->isThere();
 }
 
 bool MidiClock::_Send(const std::vector<MidiEvent>& pEvents)

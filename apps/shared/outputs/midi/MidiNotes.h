@@ -24,6 +24,7 @@ public:
     bool Beat(const OutputMoment& pMoment) override { return Tick(pMoment); }
     bool Tick(const OutputMoment& pMoment) override;
     bool Playing(bool pIsPlaying, const BeatClockState& pState) override;
+    bool Rest() override { return m_port->isThere(); }
 
 private:
     bool _Send(const std::vector<MidiMessage>& pMessages, std::int64_t pTime);

@@ -22,6 +22,8 @@ public:
     /// The event's instant has come; what is late by less than a millisecond may still be put right
     /// by a port that has its own clock. False when the port has gone.
     virtual bool Send(const MidiEvent& pEvent) = 0;
+    /// Whether it can still send; for when there is nothing to send.
+    virtual bool isThere() const = 0;
     /// Where messages go, or what is wrong, in words for people.
     virtual QString getState() const = 0;
 };

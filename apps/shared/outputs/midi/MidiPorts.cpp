@@ -48,6 +48,7 @@ public:
             m_state = m_open->getState();
         return isSent;
     }
+    bool isThere() const override { return m_open && m_open->isThere(); }
     QString getState() const override { return m_open ? m_open->getState() : m_state; }
 
 private:

@@ -35,6 +35,7 @@ public:
 private:
     using E = OscExpression;
 
+    // NOLINTBEGIN(misc-no-recursion): OscExpression::kDeepest bounds it.
     bool _ReadSum()
     {
         if (!_ReadProduct())
@@ -123,6 +124,8 @@ private:
         }
         return _Refuse(tr("\"%1\" is not known").arg(QString::fromLatin1(pName)));
     }
+
+    // NOLINTEND(misc-no-recursion)
 
     bool _Add(OscExpression::Step pStep)
     {

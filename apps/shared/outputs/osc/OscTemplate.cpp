@@ -108,25 +108,30 @@ QString ReadRule(const QString& pItem, OscRule& pRule)
     return {};
 }
 
-/// A preset's text names no other preset.
+/// With those of a preset in the place of its name.
+QStringList ItemsOf(const QString& pText)
+{
+    QStringList items;
+    const auto given = pText.split(QLatin1Char(';'));
+    for (const QString& item : given) {
+        QString text = item.simplified();
+        for (const OscPreset& preset : OscTemplate::getPresets())
+            if (item.trimmed().compare(QLatin1String(preset.name), Qt::CaseInsensitive) == 0)
+                text = QString::fromLatin1(preset.text);
+        items += text.split(QLatin1Char(';'));
+    }
+    return items;
+}
+
+/// Returns what is refused, or an empty text.
 QString ReadItems(const QString& pText, OscTemplate& pTemplate)
 {
-    const auto items = pText.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    const QStringList items = ItemsOf(pText);
     for (const QString& item : items) {
         const QString text = item.simplified();
-        if (text.isEmpty())
-            continue;
-        if (text == QLatin1String("bundle")) {
+        if (text == QLatin1String("bundle"))
             pTemplate.isBundled = true;
-            continue;
-        }
-        bool isPreset = false;
-        for (const OscPreset& preset : OscTemplate::getPresets())
-            if (text.compare(QLatin1String(preset.name), Qt::CaseInsensitive) == 0) {
-                isPreset = true;
-                ReadItems(QString::fromLatin1(preset.text), pTemplate);
-            }
-        if (isPreset)
+        if (text.isEmpty() || text == QLatin1String("bundle"))
             continue;
         OscRule rule;
         const QString refusal = ReadRule(text, rule);

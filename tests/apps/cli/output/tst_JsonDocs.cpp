@@ -143,7 +143,11 @@ QByteArray tst_JsonDocs::_Listen(const char* pTrack, const char* pLastEvent) con
     QProcess process;
     m_stage.Start(process,
                   QStringLiteral("audio-analyzer"),
-                  {QStringLiteral("listen"), QStringLiteral("-f"), QStringLiteral("ndjson")});
+                  {QStringLiteral("listen"),
+                   QStringLiteral("-f"),
+                   QStringLiteral("ndjson"),
+                   QStringLiteral("--osc"),
+                   QStringLiteral("127.0.0.1:9")});
     const bool isTold = Stage::WaitFor(process, QProcess::StandardOutput, pLastEvent);
     process.terminate();
     const StagedRun run = Stage::Finish(process);

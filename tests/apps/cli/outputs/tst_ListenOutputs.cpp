@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QtTest>
 
+#include <apps/cli/live/ListenEvents.h>
 #include <apps/shared/outputs/osc/OscListener.h>
 #include <apps/stage/Stage.h>
 #include <support/TestClass.h>
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void outputs_getTheBeats_thatArePrinted();
     void storedOutputs_areFollowed_ifEnabledOrAskedFor_data();
     void storedOutputs_areFollowed_ifEnabledOrAskedFor();
+    void states_areEvents_forPrograms();
     void outputThatCannotBeUsed_isSaid_andTheRestGoesOn();
     void wrongUsage_isRefused_data();
     void wrongUsage_isRefused();
@@ -102,6 +104,18 @@ void tst_ListenOutputs::storedOutputs_areFollowed_ifEnabledOrAskedFor()
         if (run.errors.contains(QByteArray(pName) + ": sending OSC"))
             followed += QString::fromLatin1(pName);
     QTEST(followed.join(QLatin1Char(' ')), "followed");
+}
+
+void tst_ListenOutputs::states_areEvents_forPrograms()
+{
+    const StagedRun run = m_stage.Run("listen --device Deck --format ndjson --duration 0.4 "
+                                      "--osc 127.0.0.1:9/wled");
+    const QList<QJsonObject> told = Select(Events(run.output), "output");
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told[0][QStringLiteral("name")].toString(), QStringLiteral("osc"));
+    QCOMPARE(told[0][QStringLiteral("open")].toBool(), true);
+    QCOMPARE(told[0][QStringLiteral("state")].toString(),
+             QStringLiteral("sending OSC to 127.0.0.1:9 (UDP), wled"));
 }
 
 void tst_ListenOutputs::outputThatCannotBeUsed_isSaid_andTheRestGoesOn()

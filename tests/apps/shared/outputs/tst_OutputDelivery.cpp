@@ -48,7 +48,10 @@ struct DeliveryBench
     ReceiverLog log;
     LoggedReceiver receiver{log};
     QStringList said;
-    shared::OutputDelivery delivery{receiver, [this](const QString& pWords) { said += pWords; }};
+    shared::OutputDelivery delivery{receiver, [this](const QString& pWords) {
+                                        said += pWords + (delivery.isOpen() ? QStringLiteral("!")
+                                                                            : QString());
+                                    }};
 };
 
 }  // namespace
@@ -279,7 +282,7 @@ void tst_OutputDelivery::states_areSaidOnce()
     bench.log.works = false;
     bench.log.state = QStringLiteral("gone");
     bench.tell(1);
-    QCOMPARE(bench.said.join(QLatin1Char(' ')), QStringLiteral("away there busy gone"));
+    QCOMPARE(bench.said.join(QLatin1Char(' ')), QStringLiteral("away there! busy! gone"));
 }
 
 void tst_OutputDelivery::end_closesOnce()

@@ -40,6 +40,7 @@ public:
         m_clocks += pEvent.message.bytes[0] == 0xF8 ? 1 : 0;
         return m_port->Send(pEvent);
     }
+    bool isThere() const override { return m_port->isThere(); }
     QString getState() const override { return m_port->getState(); }
 
 private:

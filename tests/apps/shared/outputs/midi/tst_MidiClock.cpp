@@ -49,6 +49,7 @@ public:
         return _Note(midi_bench::bytes(pEvent.message) + QStringLiteral("@%1").arg(time / 1000),
                      pEvent.time);
     }
+    bool isThere() const override { return m_log.works; }
     QString getState() const override { return QStringLiteral("a port"); }
 
 private:
@@ -137,7 +138,9 @@ void tst_MidiClock::portThatHasGone_isTold()
 {
     PortLog log;
     MidiClock clock(std::make_unique<LoggedPort>(log), false);
+    QVERIFY(clock.Rest());
     log.works = false;
+    QVERIFY(!clock.Rest());
     QVERIFY(!clock.Open());
     QVERIFY(!clock.Beat(momentOf(0, ClockThread::getTime())));
     QVERIFY(!clock.Playing(false, midi_bench::state()));
@@ -196,6 +199,7 @@ void tst_StandbyClock::portThatHasGone_isNoticed()
     log.works = false;
     QTRY_VERIFY_WITH_TIMEOUT(!clock.Rest(), kMinuteMs);
     clock.Close();
+    log.works = true;
     QVERIFY(clock.Rest());
 }
 
