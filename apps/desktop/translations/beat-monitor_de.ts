@@ -184,6 +184,10 @@
         <source>Show the &amp;keys</source>
         <translation>Die &amp;Tasten zeigen</translation>
     </message>
+    <message>
+        <source>O&amp;utputs on or off</source>
+        <translation>A&amp;usgänge an oder aus</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>

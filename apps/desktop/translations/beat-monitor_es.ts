@@ -184,6 +184,10 @@
         <source>Show the &amp;keys</source>
         <translation>Mostrar las &amp;teclas</translation>
     </message>
+    <message>
+        <source>O&amp;utputs on or off</source>
+        <translation>&amp;Salidas, encender o apagar</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
