@@ -384,6 +384,11 @@
         <source>The system&apos;s default, whichever it is</source>
         <translation>Der Standard des Systems, welcher es auch ist</translation>
     </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>description, name</comment>
+        <translation>%1, %2</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
