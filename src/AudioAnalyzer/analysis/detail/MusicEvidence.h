@@ -11,8 +11,8 @@ namespace detail {
 /// levels would have: a logarithm that is above zero in the long run when there is a meter, and
 /// below when there is none. Its sum, kept between two bounds, is the evidence: the upper bound
 /// carries the beat over a break, the lower one lets music in again. Music is given the benefit of
-/// the doubt when sound begins, and ends at once in silence. It plays again
-/// with more evidence than it ended with, so that it does not come and go.
+/// the doubt when sound begins, and ends at once in silence. It plays again with more evidence than
+/// it ended with, so that it does not come and go.
 class MusicEvidence
 {
 public:
