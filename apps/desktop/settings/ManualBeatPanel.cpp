@@ -94,9 +94,10 @@ void ManualBeatPanel::_Connect()
             &ManualBeatPanel::OnOffsetChanged);
 }
 
-void ManualBeatPanel::setClock(const BeatClockState& pState)
+void ManualBeatPanel::setClock(const BeatClockState& pState, double pShownBPM)
 {
     m_state = pState;
+    m_shownBPM = pShownBPM;
     _ShowClock();
 }
 
@@ -138,7 +139,7 @@ void ManualBeatPanel::_Retranslate()
 void ManualBeatPanel::_ShowClock()
 {
     const double bpm = m_state.isRunning() ? m_state.bpm : 0.0;
-    m_pTempo->setText(bpm > 0.0 ? tr("%1 BPM").arg(QLocale().toString(bpm, 'f', 1))
+    m_pTempo->setText(bpm > 0.0 ? tr("%1 BPM").arg(QLocale().toString(m_shownBPM, 'f', 1))
                                 : QStringLiteral("–"));
     m_pCharge->setHint(_DescribeCharge());
     m_pHalf->setEnabled(IsTempo(bpm / 2.0));

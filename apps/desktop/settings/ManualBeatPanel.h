@@ -23,8 +23,8 @@ class ManualBeatPanel final : public SettingsPanel
 public:
     explicit ManualBeatPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
 
-    /// What the clock knows now.
-    void setClock(const BeatClockState& pState);
+    /// What the clock knows now. pShownBPM: its tempo as the window shows it.
+    void setClock(const BeatClockState& pState, double pShownBPM);
     /// ms; positive is later.
     void setOffset(double pMs);
     void Refresh() override {}
@@ -52,7 +52,8 @@ private:
     void _ShowLock();
     QString _DescribeCharge() const;
 
-    BeatClockState m_state;  ///< as it is shown
+    BeatClockState m_state;   ///< as it is shown
+    double m_shownBPM = 0.0;  ///< likewise
     QLabel* m_pTempo;
     HintLabel* m_pCharge;
     QPushButton* m_pTap;
