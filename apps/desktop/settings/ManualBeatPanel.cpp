@@ -32,12 +32,13 @@ ManualBeatPanel::ManualBeatPanel(Configuration& pConfiguration, QWidget* pParent
       m_pLock(new QPushButton(this)), m_pOne(new QPushButton(this)),
       m_pOffsetLabel(new QLabel(this)), m_pOffset(new DecimalField(this))
 {
+    _SetFields();
     _MakeLayout();
     _Connect();
     _Retranslate();
 }
 
-void ManualBeatPanel::_MakeLayout()
+void ManualBeatPanel::_SetFields()
 {
     m_pTempo->setObjectName(QStringLiteral("tempo"));
     m_pCharge->setObjectName(QStringLiteral("charge"));
@@ -59,6 +60,10 @@ void ManualBeatPanel::_MakeLayout()
     m_pOffset->setRange(-BeatSettings::kFarthestOffset, BeatSettings::kFarthestOffset);
     m_pOffset->setSingleStep(kOffsetStep);
     m_pOffset->setDecimals(0);
+}
+
+void ManualBeatPanel::_MakeLayout()
+{
     auto* pGrid = new QGridLayout(this);
     pGrid->addWidget(m_pTap, 0, 0, 2, 3);
     pGrid->addWidget(m_pTempo, 0, 3, 1, 3);

@@ -46,6 +46,7 @@ protected:
     void _Retranslate() override;
 
 private:
+    void _SetFields();
     void _MakeLayout();
     void _Connect();
     void _ShowClock();
