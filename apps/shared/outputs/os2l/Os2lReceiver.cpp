@@ -48,7 +48,7 @@ bool Os2lReceiver::_Look(int pMilliSeconds)
     if (m_address) {
         known = {*m_address};
     } else {
-        m_isBlind = (!m_browser.isOpen() && !m_browser.Open()) || !m_browser.Proceed(pMilliSeconds);
+        m_isBlind = !_OpenBrowser(pMilliSeconds > 0) || !m_browser.Proceed(pMilliSeconds);
         if (m_isBlind)
             return false;
         known = m_browser.getFound();
@@ -64,6 +64,18 @@ bool Os2lReceiver::_Look(int pMilliSeconds)
     for (const Os2lAddress& address : known)
         _PeerOf(address.name).address = address;
     return true;
+}
+
+/// Avahi may be away while those that it has found are there; then it is not asked all the time.
+bool Os2lReceiver::_OpenBrowser(bool pIsAtOnce)
+{
+    const std::int64_t now = ClockThread::getTime();
+    if (m_browser.isOpen())
+        return true;
+    if (!pIsAtOnce && now < m_browserTime)
+        return false;
+    m_browserTime = now + kPause;
+    return m_browser.Open();
 }
 
 /// The one of that name, or a new one.

@@ -49,6 +49,7 @@ private:
     };
 
     bool _Look(int pMilliSeconds);
+    bool _OpenBrowser(bool pIsAtOnce);
     Peer& _PeerOf(const QString& pName);
     void _Await();
     void _Reach(Peer& pPeer) const;
@@ -59,7 +60,8 @@ private:
     std::optional<Os2lAddress> m_address;
     OnAnswer m_onAnswer;
     Os2lBrowser m_browser;
-    bool m_isBlind = false;  ///< nobody is there to ask who is in the net
+    std::int64_t m_browserTime = 0;  ///< µs; when it is to be opened again
+    bool m_isBlind = false;          ///< nobody is there to ask who is in the net
     std::vector<std::unique_ptr<Peer>> m_peers;
 };
 
