@@ -69,6 +69,7 @@ int Run(const MonitorOptions& pOptions)
     QObject::connect(
         &window, &MainWindow::OnLanguageChosen, &translations, &Translations::setLanguage);
     window.ShowProblem(error);
+    window.BeginOutputs();
     Tray tray(window, window.getResetAction(), window.getQuitAction());
     Termination termination;
     QObject::connect(&termination, &Termination::OnRequested, &QCoreApplication::quit);

@@ -19,33 +19,41 @@ constexpr double kMaximalDuration = 1e7;
 
 QString Footer()
 {
-    return tr(
-        "On a terminal one line shows the music live. Else, or with --format, one event is\n"
-        "printed a line, the moment it happens:\n"
-        "  text    for people (default)\n"
-        "  beats   seconds of each beat, when it falls due\n"
-        "  ndjson  announce when a beat falls due, the events of \"analyze\", and device, notice,\n"
-        "          output and lost events\n"
-        "\n"
-        "Beats are told by a clock that follows the music, when the sound server says that they\n"
-        "sound; --offset moves them, for a slow lamp or a loudspeaker far away. A reader that\n"
-        "stalls loses the oldest events, and is told how many.\n"
-        "\n"
-        "Outputs follow the beat beside what is printed; one that is away is waited for. Those "
-        "that\n"
-        "\"audio-analyzer outputs\" keeps need no option.\n"
-        "\n"
-        "What is not given is as \"audio-analyzer config show\" has it. A device that vanishes is\n"
-        "waited for, and recorded again when it is back.\n"
-        "\n"
-        "Examples:\n"
-        "  audio-analyzer listen\n"
-        "  audio-analyzer listen --device deck.monitor --save --profile House\n"
-        "  audio-analyzer listen --osc 10.0.0.5:7000/resolume\n"
-        "  audio-analyzer listen --format ndjson | my-lights\n"
-        "\n"
-        "Exit status: 0 ended by --duration, Ctrl+C or SIGTERM, 1 the device cannot be used or\n"
-        "nothing was heard, 2 wrong usage.\n");
+    return tr("On a terminal one line shows the music live. Else, or with --format, one event is\n"
+              "printed a line, the moment it happens:\n"
+              "  text    for people (default)\n"
+              "  beats   seconds of each beat, when it falls due\n"
+              "  ndjson  announce when a beat falls due, the events of \"analyze\", and device, "
+              "notice,\n"
+              "          output and lost events\n"
+              "\n"
+              "Beats are told by a clock that follows the music, when the sound server says that "
+              "they\n"
+              "sound; --offset moves them, for a slow lamp or a loudspeaker far away. A reader "
+              "that\n"
+              "stalls loses the oldest events, and is told how many.\n"
+              "\n"
+              "Outputs follow the beat beside what is printed; one that is away is waited for. "
+              "What\n"
+              "\"audio-analyzer outputs\" keeps needs no option.\n"
+              "\n"
+              "Actions that --learn teaches:\n"
+              "  %1\n"
+              "\n"
+              "What is not given is as \"audio-analyzer config show\" has it. A device that "
+              "vanishes is\n"
+              "waited for, and recorded again when it is back.\n"
+              "\n"
+              "Examples:\n"
+              "  audio-analyzer listen\n"
+              "  audio-analyzer listen --device deck.monitor --save --profile House\n"
+              "  audio-analyzer listen --osc 10.0.0.5:7000/resolume\n"
+              "  audio-analyzer listen --format ndjson | my-lights\n"
+              "\n"
+              "Exit status: 0 ended by --duration, Ctrl+C or SIGTERM, 1 the device cannot be used "
+              "or\n"
+              "nothing was heard, 2 wrong usage.\n")
+        .arg(shared::HandAction::getForms().join(QLatin1String(", ")));
 }
 
 QString ReadFormat(const QString& pName, ListenOptions& pOptions)
@@ -140,13 +148,11 @@ void AddHandOptions(shared::OptionSet& pOptions, ListenArguments& pArguments)
     pOptions.AddValues("--hands-osc",
                        pArguments.handsOsc,
                        QStringLiteral("[ADDRESS:]PORT"),
-                       tr("let consoles and programs do so; from this machine alone without an "
-                          "address"));
+                       tr("let programs do so; of this machine alone without ADDRESS"));
     pOptions.AddValue("--learn",
                       pArguments.learned,
                       tr("ACTION"),
-                      tr("what the next control that is touched does from now on: %1")
-                          .arg(shared::HandAction::getForms().join(QLatin1String(", "))));
+                      tr("what the next control that is touched does from now on"));
 }
 
 /// "9001", or "0.0.0.0:9001"; 0 = any port.

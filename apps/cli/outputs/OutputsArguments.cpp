@@ -24,8 +24,11 @@ QString KindLines()
                      .arg(QLatin1String(kind.name), -10)
                      .arg(QLatin1String(kind.place), -18)
                      .arg(kind.describe());
-        if (kind.describePresets)
-            lines += QStringLiteral("%1%2\n").arg(QString(), 13).arg(kind.describePresets());
+        const QString margin(13, QLatin1Char(' '));
+        const QStringList presets =
+            kind.describePresets ? kind.describePresets().split(QLatin1Char('\n')) : QStringList();
+        for (const QString& line : presets)
+            lines += margin + line + QLatin1Char('\n');
     }
     return lines;
 }
@@ -76,10 +79,8 @@ void addOutputsCommand(shared::OptionParser& pParser, OutputsArguments& pArgumen
 {
     shared::OptionSet options =
         pParser.AddCommand("outputs", tr("list and edit what follows the beat"));
-    options.AddWords("ACTION",
-                     pArguments.words,
-                     tr("list, add NAME KIND [ADDRESS], edit NAME, remove NAME, enable NAME, "
-                        "disable NAME, test NAME or KIND [ADDRESS]"));
+    options.AddWords(
+        "ACTION", pArguments.words, tr("list, add, edit, remove, enable, disable or test"));
     options.AddValue("--name", pArguments.newName, tr("NAME"), tr("new name, for edit"));
     options.AddValue("--address", pArguments.place, tr("ADDRESS"), tr("new address, for edit"));
     options.AddValue("--offset",
@@ -87,7 +88,12 @@ void addOutputsCommand(shared::OptionParser& pParser, OutputsArguments& pArgumen
                      tr("MS"),
                      tr("send so many milliseconds later, -500 to 500, for add and edit"));
     options.AddFlag("--ports", pArguments.showsPorts, tr("tell what can be reached now, for list"));
-    options.setFooter(tr("Kinds, and their addresses:\n%1\n"
+    options.setFooter(tr("Actions:\n"
+                         "  list\n"
+                         "  add NAME KIND [ADDRESS]\n"
+                         "  edit NAME, remove NAME, enable NAME, disable NAME\n"
+                         "  test NAME, or test KIND [ADDRESS]\n\n"
+                         "Kinds, and their addresses:\n%1\n"
                          "\"listen\" sends to all outputs that are enabled, which * marks in the "
                          "list. test sends two\nbars at 120 BPM and tells what to see.\n\n"
                          "Examples:\n"

@@ -41,6 +41,12 @@ public:
 
     /// The values of this moment. [valid until the next call] [no allocation]
     const LiveValues& Read();
+    /// The tempo of this moment as a steady figure, BPM; 0 = unknown.
+    double getShownTempo()
+    {
+        _ReadClock();
+        return m_values.shownBPM;
+    }
     /// ms; what the times of the values refer to.
     qint64 getTime() const { return m_clock.elapsed(); }
     /// Beats that fell due since the program started.

@@ -39,6 +39,7 @@ MonitorSession::~MonitorSession()
 {
     m_feed.Follow(nullptr, 0);
     m_beats.Follow(nullptr);
+    m_outputs.Follow(nullptr);
 }
 
 bool MonitorSession::Load(QString& pError)
@@ -124,6 +125,7 @@ void MonitorSession::_Close()
     QtAudioInputDevicesManager::GetInstance()->disconnect(this);
     _SetAnalyzer(nullptr, 0);
     m_beats.Follow(nullptr);
+    m_outputs.Follow(nullptr);
     m_source.reset();
     m_endedFile.reset();
     m_notice.reset();
@@ -135,6 +137,7 @@ void MonitorSession::_TakeSource(std::unique_ptr<LiveSource> pSource)
     m_source = std::move(pSource);
     LiveSource* pNew = m_source.get();
     m_beats.Follow(pNew);
+    m_outputs.Follow(pNew);
     using S = LiveSource;
     connect(pNew, &S::OnAnalyzerCreated, this, &MonitorSession::_OnAnalyzerCreated);
     connect(pNew, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
@@ -288,6 +291,7 @@ void MonitorSession::_OnFileEnded(const QString& pError)
     state.notice.reset();
     _SetAnalyzer(nullptr, 0);
     m_beats.Follow(nullptr);
+    m_outputs.Follow(nullptr);
     m_source.reset();
     m_notice.reset();
     m_endedFile = state;

@@ -4,6 +4,7 @@
 #include <desktop/session/BeatHand.h>
 #include <desktop/session/ConfigurationSaver.h>
 #include <desktop/session/LiveFeed.h>
+#include <desktop/session/MonitorOutputs.h>
 #include <shared/capture/LiveSource.h>
 #include <shared/clock/LiveBeats.h>
 #include <shared/settings/BeatSettings.h>
@@ -62,6 +63,7 @@ public:
     bool isFilePlaying() const;
 
     BeatHand& getHand() { return m_hand; }
+    MonitorOutputs& getOutputs() { return m_outputs; }
     /// Forgets the tempo and searches anew.
     void Reset();
     /// By how much all beats come later, ms. Remembered.
@@ -105,6 +107,7 @@ private:
     LiveBeats m_beats;
     BeatHand m_hand{m_beats};
     LiveFeed m_feed{m_beats};
+    MonitorOutputs m_outputs{m_beats};
     QString m_deviceName;
     std::unique_ptr<LiveSource> m_source;  ///< null without a device, and after the end of a file
     std::optional<SourceState> m_endedFile;

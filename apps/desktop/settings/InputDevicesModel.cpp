@@ -19,7 +19,7 @@ InputDevicesModel::InputDevicesModel(QObject* pParent) : QAbstractListModel(pPar
     const QList<QtAudioInputDeviceInfo> devices = QtAudioInputDeviceInfo::Enumerate();
     for (const QtAudioInputDeviceInfo& device : devices)
         if (Find(device.getDeviceName()) < 0)
-            m_rows.push_back({{device.getDeviceName(), device.isDefault(), {}}, true});
+            m_rows.push_back(_MakeRow(device.getDeviceName(), device.isDefault(), true));
 }
 
 // ---- What is listed -----------------------------------------------------------------------------
@@ -38,8 +38,9 @@ QVariant InputDevicesModel::data(const QModelIndex& pIndex, int pRole) const
     case Qt::DisplayRole:
         return _Text(row);
     case Qt::ToolTipRole:
-        return row.device.isMonitor() ? tr("%1: records what this computer plays").arg(_Text(row))
-                                      : _Text(row);
+        return row.device.isMonitor()
+                   ? tr("%1: records what this computer plays").arg(row.device.name)
+                   : row.device.name;
     case eNameRole:
         return row.device.name;
     case eDefaultRole:
@@ -77,10 +78,30 @@ QString InputDevicesModel::_Text(const Row& pRow) const
         marks.append(tr("default"));
     if (pRow.device.isMonitor())
         marks.append(tr("monitor"));
+    const QString name = _Description(pRow);
     if (marks.isEmpty())
+        return name;
+    return tr("%1 (%2)", "device (its marks)").arg(name, marks.join(QStringLiteral(", ")));
+}
+
+InputDevicesModel::Row
+InputDevicesModel::_MakeRow(const QString& pName, bool pIsDefault, bool pIsPresent)
+{
+    return {{pName, pIsDefault, {}, findSoundSource(pName)}, pIsPresent};
+}
+
+/// As the sound server describes it, unless another one has the same words.
+QString InputDevicesModel::_Description(const Row& pRow) const
+{
+    const auto describe = [](const Row& pOther) {
+        return pOther.device.source ? pOther.device.source->description : QString();
+    };
+    const QString words = describe(pRow);
+    const auto count = std::count_if(
+        m_rows.begin(), m_rows.end(), [&](const Row& pOther) { return describe(pOther) == words; });
+    if (words.isEmpty())
         return pRow.device.name;
-    return tr("%1 (%2)", "device (its marks)")
-        .arg(pRow.device.name, marks.join(QStringLiteral(", ")));
+    return count == 1 ? words : tr("%1, %2", "description, name").arg(words, pRow.device.name);
 }
 
 int InputDevicesModel::Find(const QString& pName) const
@@ -171,7 +192,7 @@ void InputDevicesModel::_Append(const QString& pName, bool pIsDefault, bool pIsP
 {
     const int row = rowCount();
     beginInsertRows({}, row, row);
-    m_rows.push_back({{pName, pIsDefault, {}}, pIsPresent});
+    m_rows.push_back(_MakeRow(pName, pIsDefault, pIsPresent));
     endInsertRows();
 }
 

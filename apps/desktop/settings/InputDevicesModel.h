@@ -62,6 +62,8 @@ private:
     void _Remove(int pRow);
     void _UpdateDefaults();
     void _Changed(int pRow);
+    static Row _MakeRow(const QString& pName, bool pIsDefault, bool pIsPresent);
+    QString _Description(const Row& pRow) const;
     QString _Text(const Row& pRow) const;
 
     std::vector<Row> m_rows;

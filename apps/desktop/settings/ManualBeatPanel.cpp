@@ -32,12 +32,13 @@ ManualBeatPanel::ManualBeatPanel(Configuration& pConfiguration, QWidget* pParent
       m_pLock(new QPushButton(this)), m_pOne(new QPushButton(this)),
       m_pOffsetLabel(new QLabel(this)), m_pOffset(new DecimalField(this))
 {
+    _SetFields();
     _MakeLayout();
     _Connect();
     _Retranslate();
 }
 
-void ManualBeatPanel::_MakeLayout()
+void ManualBeatPanel::_SetFields()
 {
     m_pTempo->setObjectName(QStringLiteral("tempo"));
     m_pCharge->setObjectName(QStringLiteral("charge"));
@@ -59,6 +60,10 @@ void ManualBeatPanel::_MakeLayout()
     m_pOffset->setRange(-BeatSettings::kFarthestOffset, BeatSettings::kFarthestOffset);
     m_pOffset->setSingleStep(kOffsetStep);
     m_pOffset->setDecimals(0);
+}
+
+void ManualBeatPanel::_MakeLayout()
+{
     auto* pGrid = new QGridLayout(this);
     pGrid->addWidget(m_pTap, 0, 0, 2, 3);
     pGrid->addWidget(m_pTempo, 0, 3, 1, 3);
@@ -94,9 +99,10 @@ void ManualBeatPanel::_Connect()
             &ManualBeatPanel::OnOffsetChanged);
 }
 
-void ManualBeatPanel::setClock(const BeatClockState& pState)
+void ManualBeatPanel::setClock(const BeatClockState& pState, double pShownBPM)
 {
     m_state = pState;
+    m_shownBPM = pShownBPM;
     _ShowClock();
 }
 
@@ -138,7 +144,7 @@ void ManualBeatPanel::_Retranslate()
 void ManualBeatPanel::_ShowClock()
 {
     const double bpm = m_state.isRunning() ? m_state.bpm : 0.0;
-    m_pTempo->setText(bpm > 0.0 ? tr("%1 BPM").arg(QLocale().toString(bpm, 'f', 1))
+    m_pTempo->setText(bpm > 0.0 ? tr("%1 BPM").arg(QLocale().toString(m_shownBPM, 'f', 1))
                                 : QStringLiteral("–"));
     m_pCharge->setHint(_DescribeCharge());
     m_pHalf->setEnabled(IsTempo(bpm / 2.0));

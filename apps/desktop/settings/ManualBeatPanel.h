@@ -23,8 +23,8 @@ class ManualBeatPanel final : public SettingsPanel
 public:
     explicit ManualBeatPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
 
-    /// What the clock knows now.
-    void setClock(const BeatClockState& pState);
+    /// What the clock knows now. pShownBPM: its tempo as the window shows it.
+    void setClock(const BeatClockState& pState, double pShownBPM);
     /// ms; positive is later.
     void setOffset(double pMs);
     void Refresh() override {}
@@ -46,13 +46,15 @@ protected:
     void _Retranslate() override;
 
 private:
+    void _SetFields();
     void _MakeLayout();
     void _Connect();
     void _ShowClock();
     void _ShowLock();
     QString _DescribeCharge() const;
 
-    BeatClockState m_state;  ///< as it is shown
+    BeatClockState m_state;   ///< as it is shown
+    double m_shownBPM = 0.0;  ///< likewise
     QLabel* m_pTempo;
     HintLabel* m_pCharge;
     QPushButton* m_pTap;

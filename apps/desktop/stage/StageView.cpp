@@ -249,13 +249,13 @@ const QPainterPath& StageView::_Letters(const QString& pText,
     large = FitFont(large, pSample, pPlace.size());
     QPainterPath letters;
     letters.addText(0.0, 0.0, large, pText);
-    const QRectF area = letters.boundingRect();
-    const double free = pPlace.width() - area.width();
+    // By their steps: digits stay where they are when another one comes.
+    const QFontMetricsF metrics(large);
+    const double free = pPlace.width() - metrics.horizontalAdvance(pText);
     const double left = pAlignment & Qt::AlignLeft    ? 0.0
                         : pAlignment & Qt::AlignRight ? free
                                                       : free / 2.0;
-    const double high = QFontMetricsF(large).capHeight();
-    letters.translate(pPlace.left() + left - area.left(), pPlace.center().y() + high / 2.0);
+    letters.translate(pPlace.left() + left, pPlace.center().y() + metrics.capHeight() / 2.0);
     return m_letters[key] = letters;
 }
 
@@ -309,7 +309,7 @@ void StageView::_DrawConfidence(QPainter& pPainter, const QRectF& pPlace)
 /// One below the other, at the right edge; a second column to the left, and so on.
 void StageView::_DrawLamps(QPainter& pPainter, const QRectF& pPlace)
 {
-    constexpr int kRows = 3;
+    constexpr int kRows = 2;
     const double row = pPlace.height() / kRows;
     const int count = int(m_lamps.size());
     const double column = count > kRows ? pPlace.width() / 2.0 : pPlace.width();
@@ -320,7 +320,7 @@ void StageView::_DrawLamps(QPainter& pPainter, const QRectF& pPlace)
         const QRectF lamp =
             QRectF(line.right() - row, line.top(), row, row).adjusted(inset, inset, -inset, -inset);
         _DrawLamp(pPainter, m_lamps[std::size_t(i)].state, lamp);
-        const QRectF words = line.adjusted(0.0, 2.0 * inset, -1.3 * row, -2.0 * inset);
+        const QRectF words = line.adjusted(0.0, 2.0 * inset, -1.2 * row, -2.0 * inset);
         const QFontMetrics metrics(FitFont(font(), QStringLiteral("X"), words.size()));
         const QString name =
             metrics.elidedText(m_lamps[std::size_t(i)].name, Qt::ElideMiddle, int(words.width()));

@@ -184,6 +184,10 @@
         <source>Show the &amp;keys</source>
         <translation>Die &amp;Tasten zeigen</translation>
     </message>
+    <message>
+        <source>O&amp;utputs on or off</source>
+        <translation>A&amp;usgänge an oder aus</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -383,6 +387,11 @@
     <message>
         <source>The system&apos;s default, whichever it is</source>
         <translation>Der Standard des Systems, welcher es auch ist</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>description, name</comment>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>

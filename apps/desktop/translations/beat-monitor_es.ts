@@ -184,6 +184,10 @@
         <source>Show the &amp;keys</source>
         <translation>Mostrar las &amp;teclas</translation>
     </message>
+    <message>
+        <source>O&amp;utputs on or off</source>
+        <translation>&amp;Salidas, encender o apagar</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -383,6 +387,11 @@
     <message>
         <source>The system&apos;s default, whichever it is</source>
         <translation>La predeterminada del sistema, sea cual sea</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>description, name</comment>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>

@@ -150,7 +150,7 @@
     </message>
     <message>
         <source>Beats 10 ms &amp;earlier</source>
-        <translation>Beats 10 ms plus tô&amp;t</translation>
+        <translation>Beats 10 &amp;ms plus tôt</translation>
     </message>
     <message>
         <source>Beats 10 ms &amp;later</source>
@@ -183,6 +183,10 @@
     <message>
         <source>Show the &amp;keys</source>
         <translation>Montrer les &amp;touches</translation>
+    </message>
+    <message>
+        <source>O&amp;utputs on or off</source>
+        <translation>&amp;Sorties en marche ou non</translation>
     </message>
 </context>
 <context>
@@ -383,6 +387,11 @@
     <message>
         <source>The system&apos;s default, whichever it is</source>
         <translation>Celle par défaut du système, quelle qu&apos;elle soit</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>description, name</comment>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>

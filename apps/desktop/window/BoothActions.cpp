@@ -61,6 +61,7 @@ void BoothActions::_MakeActions()
             m_actions[std::size_t(i)]->setShortcut(BoothKeys::getSequence(key));
         m_actions[std::size_t(i)]->setAutoRepeat(key.isRepeated);
     }
+    m_actions[eOutputsAction]->setCheckable(true);
     for (int row = 0; row < kProfiles; ++row) {
         auto* pAction = new QAction(this);
         pAction->setShortcut(QKeySequence(Qt::Key_1 + row));
@@ -99,6 +100,7 @@ void BoothActions::FillMenu(QMenu& pMenu)
     for (int action = eTapAction; action <= eSearchAction; ++action)
         pMenu.addAction(m_actions[std::size_t(action)]);
     pMenu.addSeparator();
+    pMenu.addAction(m_actions[eOutputsAction]);
     m_pProfilesMenu = pMenu.addMenu(QString());
     m_pProfilesMenu->addAction(m_actions[eAutomaticAction]);
     for (QAction* pAction : m_profiles)

@@ -21,6 +21,7 @@ enum eBoothAction
     eSearchAction,
     eAutomaticAction,
     eProfileAction,  ///< one for each of nine digits
+    eOutputsAction,
     eStageAction,
     eKeysAction,
     eBoothActionCount

@@ -213,7 +213,8 @@ void MainWindow::_Refresh()
 
 void MainWindow::_ShowClock()
 {
-    m_pSettings->getManualBeat().setClock(m_session.getBeats().getClock().getState());
+    m_pSettings->getManualBeat().setClock(m_session.getBeats().getClock().getState(),
+                                          m_session.getFeed().getShownTempo());
 }
 
 void MainWindow::_OnFlashed()

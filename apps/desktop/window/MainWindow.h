@@ -68,6 +68,8 @@ public:
     /// Fills the screen of the window with the stage view, then the next screen, and at last none.
     void TurnStage();
     void LeaveStage();
+    /// Beats are sent to the stored outputs from now on; what cannot be used is said.
+    void BeginOutputs();
     QAction& getQuitAction() { return *m_pQuit; }
     const BpmPanel& getBpm() const { return *m_pBpm; }
     const LedPanel& getBeatLed() const { return *m_pBeatLed; }
@@ -116,6 +118,7 @@ private:
     void _MakeStage();
     void _ConnectStage();
     void _ShowLamps();
+    void _ShowProblems(const QStringList& pProblems);
     void _ShowKeys();
     void _ShowProfiles();
     void _OpenFile();

@@ -73,8 +73,10 @@ void MainWindow::_ConnectStage()
         eSearchAction, [this] { m_session.Reset(); });
     on(
         eStageAction, [this] { TurnStage(); });
-    on(
-        eKeysAction, [this] { _ShowKeys(); });
+    on(eKeysAction, [this] { _ShowKeys(); });
+    MonitorOutputs& outputs = m_session.getOutputs();
+    on(eOutputsAction, [this, &outputs] { _ShowProblems(outputs.setOn(!outputs.isOn())); });
+    connect(&outputs, &MonitorOutputs::OnChanged, this, &MainWindow::_ShowLamps);
     on(eAutomaticAction, [&profiles] { profiles.ChooseAutomatic(); });
     connect(m_pBooth, &BoothActions::OnProfileChosen, &profiles, &ProfilesPanel::ChooseProfile);
     connect(&profiles, &ProfilesPanel::OnConfigurationChanged, this, &MainWindow::_ShowProfiles);
@@ -118,7 +120,23 @@ void MainWindow::_ShowLamps()
     lamp.state = isTrouble          ? StageLamp::eTrouble
                  : source.isPlaying ? StageLamp::eWorking
                                     : StageLamp::eWaiting;
-    m_pStage->setLamps({lamp});
+    std::vector<StageLamp> lamps = {lamp};
+    for (const MonitorOutputs::State& output : m_session.getOutputs().getStates())
+        lamps.push_back(
+            {output.name, output.isReached ? StageLamp::eWorking : StageLamp::eWaiting});
+    m_pStage->setLamps(lamps);
+    m_pBooth->get(eOutputsAction).setChecked(m_session.getOutputs().isOn());
+}
+
+void MainWindow::BeginOutputs()
+{
+    _ShowProblems(m_session.getOutputs().setOn(true));
+}
+
+void MainWindow::_ShowProblems(const QStringList& pProblems)
+{
+    if (!pProblems.isEmpty())
+        ShowProblem(pProblems.join(QLatin1Char('\n')));
 }
 
 void MainWindow::_ShowKeys()

@@ -17,15 +17,6 @@ QAudioFormat FormatOf(const QtAudioInputDeviceInfo& pInfo)
     return device ? device->getPreferredInputFormat() : QAudioFormat();
 }
 
-std::optional<SoundSource> SourceOf(const QString& pName)
-{
-    if (const SoundBackEnd* pBackEnd = SoundBackEnd::get())
-        for (const SoundSource& source : pBackEnd->getSources())
-            if (source.name.trimmed() == pName)
-                return source;
-    return {};
-}
-
 /// How many letters have to be added, removed or replaced to make one text the other.
 int EditDistance(const QString& pLeft, const QString& pRight)
 {
@@ -54,6 +45,15 @@ int Distance(const QString& pWanted, const QString& pName)
 
 }  // namespace
 
+std::optional<SoundSource> findSoundSource(const QString& pName)
+{
+    if (const SoundBackEnd* pBackEnd = SoundBackEnd::get())
+        for (const SoundSource& source : pBackEnd->getSources())
+            if (source.name.trimmed() == pName)
+                return source;
+    return {};
+}
+
 bool InputDevice::isMonitor() const
 {
     if (source)
@@ -75,7 +75,7 @@ std::vector<InputDevice> listInputDevices()
             devices.push_back({info.getDeviceName(),
                                info.isDefault(),
                                FormatOf(info),
-                               SourceOf(info.getDeviceName())});
+                               findSoundSource(info.getDeviceName())});
     }
     return devices;
 }

@@ -32,6 +32,9 @@ struct InputDevice
 /// Stands for whichever device is the sound server's default one.
 inline const QString kDefaultInput = QStringLiteral("default");
 
+/// What the hosts' own back end knows of a device; nothing where Qt's plugins serve. [event loop]
+std::optional<SoundSource> findSoundSource(const QString& pName);
+
 /// The present devices in the platform's order, each name once. Asks every device. [event loop]
 std::vector<InputDevice> listInputDevices();
 

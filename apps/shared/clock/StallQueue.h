@@ -35,7 +35,8 @@ public:
     void Push(Value pValue)
     {
         const Lock lock(m_mutex);
-        std::swap(m_values[m_end % m_values.size()], pValue);
+        using std::swap;
+        swap(m_values[m_end % m_values.size()], pValue);
         ++m_end;
         if (m_end - m_begin > m_values.size()) {
             ++m_begin;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/live/BpmPanel.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/settings/InputDevicesModel.h>
 #include <desktop/window/MainWindow.h>
 #include <desktop/window/SettingsColumn.h>
 #include <desktop/window/StatusLine.h>
@@ -55,7 +56,10 @@ void tst_MonitorPulse::sink_isListedAndCaptured()
     auto& list = PanelTest::Get<QListView>(window.getSettings(), "devices");
     // Behind the entry for whichever is the default one.
     QCOMPARE(list.model()->rowCount(), 2);
-    QVERIFY(list.model()->index(1, 0).data().toString().contains(QLatin1String("deck.monitor")));
+    const QModelIndex row = list.model()->index(1, 0);
+    QCOMPARE(row.data(InputDevicesModel::eNameRole).toString(), QStringLiteral("deck.monitor"));
+    // In the words of the server.
+    QVERIFY(row.data().toString().startsWith(QLatin1String("Monitor of ")));
     QTRY_COMPARE_WITH_TIMEOUT(
         window.getStatus().getSource(), QStringLiteral("Listening to “deck.monitor”"), kTimeoutMs);
     QTRY_VERIFY_WITH_TIMEOUT(std::abs(window.getBpm().m_pTempo->text().toDouble() - 128.0) < 1.5,

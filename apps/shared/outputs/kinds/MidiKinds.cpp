@@ -94,22 +94,22 @@ OutputKind detail::midiClockKind()
 
 OutputKind detail::midiNotesKind()
 {
-    return {
-        "midi-notes",
-        "PORT[/NOTES]",
-        false,
-        OutputKind::eAtLastSlash,
-        &MakeNotes,
-        [] { return tr("play a note on each beat and bar; without PORT at a port of its own"); },
-        [] {
-            return tr("NOTES like \"beat 36, bar 38, channel 10, velocity 100, length 6\"; none "
-                      "for no note, length in 24ths of a beat");
-        },
-        [](const QString&) {
-            return tr("eight notes, half a second apart, and another one with the first and the "
-                      "fifth");
-        },
-        nullptr};
+    return {"midi-notes",
+            "PORT[/NOTES]",
+            false,
+            OutputKind::eAtLastSlash,
+            &MakeNotes,
+            [] { return tr("play notes on beats and bars; without PORT at a port of its own"); },
+            [] {
+                return tr("NOTES like \"beat 36, bar 38, channel 10, velocity 100, length 6\";\n"
+                          "none for no note, length in 24ths of a beat");
+            },
+            [](const QString&) {
+                return tr(
+                    "eight notes, half a second apart, and another one with the first and the "
+                    "fifth");
+            },
+            nullptr};
 }
 
 }  // namespace shared

@@ -38,19 +38,18 @@ QStringList FindOs2l()
 
 OutputKind detail::os2lKind()
 {
-    return {
-        "os2l",
-        "HOST:PORT",
-        false,
-        OutputKind::eAtNoSlash,
-        &MakeOs2l,
-        [] { return tr("send beats to light programs by OS2L; without HOST to all in the net"); },
-        nullptr,
-        [](const QString&) {
-            return tr("the light program gets eight beats; what it has learned from the OS2L "
-                      "beat switches on each, half a second apart");
-        },
-        &FindOs2l};
+    return {"os2l",
+            "HOST:PORT",
+            false,
+            OutputKind::eAtNoSlash,
+            &MakeOs2l,
+            [] { return tr("send beats to light programs by OS2L; to all of them without HOST"); },
+            nullptr,
+            [](const QString&) {
+                return tr("the light program gets eight beats; what it has learned from the OS2L "
+                          "beat switches on each, half a second apart");
+            },
+            &FindOs2l};
 }
 
 }  // namespace shared

@@ -23,7 +23,7 @@ QString DescribeOscPresets()
     QStringList names;
     for (const OscPreset& preset : OscTemplate::getPresets())
         names.append(QLatin1String(preset.name));
-    return tr("PRESET is one of %1, or messages of your own").arg(names.join(QLatin1String(", ")));
+    return tr("PRESET is one of %1,\nor messages of your own").arg(names.join(QLatin1String(", ")));
 }
 
 std::unique_ptr<OutputReceiver>

@@ -194,7 +194,7 @@ void tst_LiveTexts::listen_readsEveryOption()
 
 void tst_LiveTexts::help_showsEveryCommand()
 {
-    for (const char* pCommand : {"listen", "devices", "profiles", "config"}) {
+    for (const char* pCommand : {"listen", "devices", "outputs", "profiles", "config"}) {
         QVERIFY(Parse("--help").text.contains(QLatin1String(pCommand)));
         const CommandLine command = Parse((QByteArray(pCommand) + " --help").constData());
         QCOMPARE(command.action, CommandLine::eShowText);

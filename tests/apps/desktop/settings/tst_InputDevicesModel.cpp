@@ -4,6 +4,7 @@
 #include <QAbstractItemModelTester>
 
 #include <apps/desktop/PanelTest.h>
+#include <fake/FakeAudioTrack.h>
 #include <fake/Machine.h>
 #include <support/TestClass.h>
 #include <support/Text.h>
@@ -15,9 +16,11 @@ class AnsweringBackEnd : public SoundBackEnd
 {
 public:
     AnsweringBackEnd() { _Publish(); }
-    std::vector<SoundSource> getSources() const override { return {}; }
+    std::vector<SoundSource> getSources() const override { return sources; }
     bool isAnswering() const override { return true; }
     std::optional<SoundPosition> getPosition() const override { return {}; }
+
+    std::vector<SoundSource> sources;
 };
 
 /// A model under the eyes of Qt's tester.
@@ -54,6 +57,7 @@ private Q_SLOTS:
     void list_isEmpty_withoutDevices();
     void monitor_isMarked_data();
     void monitor_isMarked();
+    void device_isDescribed_whereTheServerDoes();
     void roles_tellNameAndMarks();
     void newDevice_isListed_whenTheWatcherSeesIt();
     void goneDevice_isDropped();
@@ -134,8 +138,34 @@ void tst_InputDevicesModel::monitor_isMarked()
     const QModelIndex index = watched.model.index(0);
     QCOMPARE(index.data(InputDevicesModel::eMonitorRole).toBool(), isMonitor);
     QCOMPARE(index.data().toString(), isMonitor ? name + Text(" (monitor)") : name);
-    const QString help = Text("%1 (monitor): records what this computer plays").arg(name);
+    const QString help = Text("%1: records what this computer plays").arg(name);
     QCOMPARE(index.data(Qt::ToolTipRole).toString(), isMonitor ? help : name);
+}
+
+void tst_InputDevicesModel::device_isDescribed_whereTheServerDoes()
+{
+    AnsweringBackEnd server;
+    for (const char* pName : {"alsa.usb", "alsa.line", "alsa.line.2", "nameless", "alsa.out"})
+        Machine().Plug(
+            FakeAudioTrack::FromGenerator(Text(pName), 48000, [](qint64) { return qint16(0); }));
+    PanelTest::Poll();
+    server.sources = {{Text("alsa.usb"), Text("Mixer USB"), 2, 48000, false, false},
+                      {Text("alsa.line"), Text("Line in"), 2, 48000, false, false},
+                      {Text("alsa.line.2"), Text("Line in"), 2, 48000, false, false},
+                      {Text("nameless"), QString(), 2, 48000, false, false},
+                      {Text("alsa.out"), Text("Monitor of Speakers"), 2, 48000, true, false}};
+    const WatchedDevices devices;
+    const QStringList texts = devices.Texts();
+    QVERIFY(texts.contains(Text("Line in, alsa.line")));
+    QVERIFY(texts.contains(Text("Line in, alsa.line.2")));
+    QVERIFY(texts.contains(Text("nameless")));
+    QVERIFY(texts.contains(Text("Monitor of Speakers (monitor)")));
+    // Chosen and opened by their names all the same.
+    QVERIFY(devices.model.Find(Text("alsa.usb")) >= 0);
+    QVERIFY(devices.Is("alsa.out", InputDevicesModel::eMonitorRole));
+    const QModelIndex usb = devices.model.index(devices.model.Find(Text("alsa.usb")));
+    QVERIFY(usb.data().toString().startsWith(Text("Mixer USB")));
+    QCOMPARE(usb.data(Qt::ToolTipRole).toString(), Text("alsa.usb"));
 }
 
 void tst_InputDevicesModel::roles_tellNameAndMarks()

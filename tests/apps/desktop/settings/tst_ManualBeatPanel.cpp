@@ -54,7 +54,7 @@ struct HandStand
                 names.append(Text(pName));
         return names.join(QLatin1Char(' '));
     }
-    void Show() { panel.setClock(clock.getState()); }
+    void Show() { panel.setClock(clock.getState(), clock.getState().bpm); }
 
     Configuration configuration;
     ManualBeatPanel panel{configuration};

@@ -70,6 +70,7 @@ private Q_SLOTS:
     void field_letsGo();
     void enter_pressesWhatHasTheFocus();
     void digits_chooseProfiles();
+    void outputs_areSwitched();
     void everyAction_isInAMenu();
     void everyAction_isInTheDocuments();
     void stage_comesAndGoes();
@@ -245,6 +246,21 @@ void tst_BoothActions::digits_chooseProfiles()
     // The one that was in force before.
     QTest::keyClick(&stand.window, Qt::Key_1);
     QVERIFY(!stand.session.isAutomatic());
+}
+
+void tst_BoothActions::outputs_areSwitched()
+{
+    BoothStand stand;
+    const QAction& action = stand.window.getActions().get(eOutputsAction);
+    QVERIFY(!action.isChecked());
+    stand.window.BeginOutputs();
+    QVERIFY(stand.session.getOutputs().isOn());
+    QVERIFY(action.isChecked());
+    QTest::keyClick(&stand.window, Qt::Key_O);
+    QVERIFY(!stand.session.getOutputs().isOn());
+    QVERIFY(!action.isChecked());
+    QTest::keyClick(&stand.window, Qt::Key_O);
+    QVERIFY(stand.session.getOutputs().isOn());
 }
 
 void tst_BoothActions::everyAction_isInAMenu()

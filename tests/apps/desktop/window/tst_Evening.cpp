@@ -155,6 +155,10 @@ void tst_Evening::evening_isRuledByKeys_andKept()
         evening.Press(Qt::Key_F11);
         QVERIFY(evening.window->getStage().isVisible());
         evening.Press(Qt::Key_F11);
+        evening.Press(Qt::Key_O);
+        QVERIFY(evening.session.getOutputs().isOn());
+        evening.Press(Qt::Key_O);
+        QVERIFY(!evening.session.getOutputs().isOn());
         evening.Press(Qt::Key_2);
         evening.window->m_actions[eSpectrumPanel]->trigger();
         evening.window->m_pSoftFlash->trigger();
