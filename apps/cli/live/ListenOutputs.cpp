@@ -7,6 +7,7 @@ ListenOutputs::ListenOutputs(const ListenOptions& pOptions, LiveBeats& pBeats)
           return pBeats.getConfidence(pState);
       })
 {
+    QObject::connect(&m_sound, &SoundFeed::OnSound, &m_outputs, &Outputs::Hear);
 }
 
 QString ListenOutputs::FindUnknown(const ListenOptions& pOptions)
