@@ -12,7 +12,6 @@ constexpr std::int64_t kFarthestBeat = 5000000;  ///< µs from the present
 constexpr int kTempoDoubts = 2;                  ///< beats that make another tempo believed
 constexpr double kMostSteps = 4.0;               ///< beats between two that are compared
 constexpr double kFirstSureness = 0.25;
-constexpr int kBeatsOfToldTempo = 4;
 
 double PeriodOf(double pBPM, double pOtherwise)
 {
@@ -170,15 +169,15 @@ void BeatClock::_Correct(const Beat& pBeat, double pIndex, std::int64_t pNow)
     _Steer(pNow);
 }
 
-/// A new song: the line is this beat and its tempo. One that a tracker tells counts for three other
-/// beats, since it has heard more than these.
+/// A new song: the line is this beat and its tempo. That counts for one other beat, also where a
+/// tracker tells it: at first it is a hundredth or two off, and the beats are not.
 void BeatClock::_Lock(const Beat& pBeat, double pPeriod, std::int64_t pNow)
 {
     const double index =
         m_isLocked ? std::max(std::round(m_music.getPosition(pBeat.time)), m_lastIndex + 1.0) : 0.0;
     m_music = {pBeat.time, index, pPeriod};
     m_lastIndex = index;
-    m_count = detail::IsTempo(pBeat.bpm) ? kBeatsOfToldTempo : 2;
+    m_count = 2;
     m_isLocked = true;
     m_isFresh = false;
     m_nudge = 0.0;

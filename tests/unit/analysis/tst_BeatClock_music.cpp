@@ -90,9 +90,9 @@ void tst_BeatClock_music::firstBeat_isTheOneForetold()
     QCOMPARE(bench.position(1000), 0.0);
 }
 
-// The second one, 25 ms late. The tempo that was told counts for three beats before the first, so
-// of a line through five, 3/5 of the lateness go into its phase and 1/5 into its period. The clock
-// is some 15 ms ahead of it, and makes them good at 5 % less than its tempo.
+// The second one, 25 ms late. The tempo that was told counts for one beat before the first, so of a
+// line through three, 5/6 of the lateness go into its phase and 1/2 into its period. The clock is
+// some 21 ms ahead of it, and makes them good at 5 % less than its tempo.
 void tst_BeatClock_music::beatThatIsLate_isApproachedBySlewing()
 {
     ClockBench bench;
@@ -102,9 +102,9 @@ void tst_BeatClock_music::beatThatIsLate_isApproachedBySlewing()
     QVERIFY(qAbs(bench.position(1525) - before) < 1e-6);
     const BeatClockState state = bench.state();
     QCOMPARE(state.epoch, quint32(0));
-    QCOMPARE(qint64(state.then.getTime(1.0)), qint64(1515000));
-    QCOMPARE(state.then.period, 505000.0);
-    QCOMPARE(state.bpm, 60e3 / 505.0);
+    QCOMPARE(qint64(state.then.getTime(1.0)), qint64(1520833));
+    QCOMPARE(state.then.period, 512500.0);
+    QCOMPARE(state.bpm, 60e3 / 512.5);
     const double speed = state.then.period / state.now.period;
     QVERIFY(qAbs(speed - 0.95) < 1e-4);
 }
