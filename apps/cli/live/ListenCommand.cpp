@@ -14,10 +14,7 @@
 #include <cli/live/LiveSummary.h>
 #include <cli/live/detail/LiveLine.h>
 #include <cli/settings/BandCheck.h>
-#include <shared/capture/InputDevices.h>
-#include <shared/capture/SoundBackEnd.h>
 
-#include <algorithm>
 #include <cmath>
 #include <unistd.h>
 #include <utility>
@@ -26,21 +23,6 @@ namespace {
 
 constexpr int kTickMs = 50;
 constexpr std::int64_t kBeatMark = 120000;  ///< µs
-
-QStringList NamesOf(const std::vector<InputDevice>& pDevices)
-{
-    QStringList names;
-    for (const InputDevice& device : pDevices)
-        names.append(device.name);
-    return names;
-}
-
-QString DefaultOf(const std::vector<InputDevice>& pDevices)
-{
-    const auto found = std::find_if(
-        pDevices.begin(), pDevices.end(), [](const auto& pDevice) { return pDevice.isDefault; });
-    return found != pDevices.end() ? found->name : pDevices.front().name;
-}
 
 }  // namespace
 
@@ -58,11 +40,11 @@ int ListenCommand::Run()
     const QString problem = isLoaded ? m_store.getNotice() : m_store.getError();
     if (!problem.isEmpty())
         console::PrintError(problem);
-    const QString device = _ChooseDevice();
-    if (device.isEmpty())
+    const QString input = m_options.file.isEmpty() ? _ChooseDevice() : m_options.file;
+    if (input.isEmpty())
         return eExitFailed;
     if (m_options.isSaved)
-        _Save(device);
+        _Save(input);
     QString refusal = ListenOutputs::FindUnknown(m_options);
     if (refusal.isEmpty())
         refusal = _ApplyOptions();
@@ -70,39 +52,11 @@ int ListenCommand::Run()
         console::PrintError(refusal);
         return eExitUsage;
     }
-    _Listen(device);
+    _Listen(input);
     return m_exitCode;
 }
 
 // ---- Before -------------------------------------------------------------------------------------
-
-/// The name of a device that is present; empty, and said in words, when there is none to listen to.
-QString ListenCommand::_ChooseDevice()
-{
-    const std::vector<InputDevice> devices = listInputDevices();
-    const QStringList names = NamesOf(devices);
-    m_followsDefault =
-        m_options.device == kDefaultInput && !names.isEmpty() && !names.contains(kDefaultInput);
-    if (m_followsDefault)
-        return DefaultOf(devices);
-    if (!m_options.device.isEmpty()) {
-        if (names.contains(m_options.device))
-            return m_options.device;
-        console::PrintError(listentexts::describeUnknownDevice(m_options.device, names));
-        return {};
-    }
-    if (names.isEmpty()) {
-        console::PrintError(listentexts::describeNoDevice());
-        return {};
-    }
-    const QString stored = m_store.getDeviceName();
-    if (names.contains(stored))
-        return stored;
-    const QString other = DefaultOf(devices);
-    if (!stored.isEmpty())
-        _Say(tr("the stored device \"%1\" is not there; taking \"%2\"").arg(stored, other));
-    return other;
-}
 
 void ListenCommand::_Save(const QString& pDevice)
 {
@@ -124,18 +78,14 @@ QString ListenCommand::_ApplyOptions()
 
 // ---- Meanwhile ----------------------------------------------------------------------------------
 
-void ListenCommand::_Listen(const QString& pDevice)
+void ListenCommand::_Listen(const QString& pInput)
 {
-    if (!SoundBackEnd::get())
-        _Say(listentexts::describeNoServer());
-    m_session = std::make_unique<CaptureSession>(m_store.getConfiguration());
-    if (m_followsDefault)
-        m_session->FollowDefault();
+    const std::function<void()> open = _MakeSource(pInput);
     _SetUpBeats();
-    m_summary = std::make_unique<LiveSummary>(*m_session, m_beats, m_options.measures);
+    m_summary = std::make_unique<LiveSummary>(*m_source, m_beats, m_options.measures);
     if (!m_isLine)
         m_events = std::make_unique<LiveEvents>(
-            m_options.format.value_or(eTextEvents), *m_session, m_beats, *m_summary);
+            m_options.format.value_or(eTextEvents), *m_source, m_beats, *m_summary);
     _Connect();
     _SetUpOutputs();
     _SetUpHands();
@@ -143,7 +93,7 @@ void ListenCommand::_Listen(const QString& pDevice)
     m_sinceStart.start();
     m_tick.start(kTickMs);
     // In the event loop, since it may end at once.
-    QTimer::singleShot(0, m_session.get(), [this, pDevice] { m_session->Open(pDevice); });
+    QTimer::singleShot(0, m_source.get(), open);
     QCoreApplication::exec();
     m_tick.stop();
     m_beats.getThread().Stop();
@@ -154,7 +104,8 @@ void ListenCommand::_Listen(const QString& pDevice)
     m_events.reset();
     m_summary.reset();
     m_beats.Follow(nullptr);
-    m_session.reset();
+    m_pCapture = nullptr;
+    m_source.reset();
 }
 
 void ListenCommand::_SetUpBeats()
@@ -165,7 +116,7 @@ void ListenCommand::_SetUpBeats()
     constexpr double kMicroSeconds = 1000.0;
     m_beats.getClock().setOffset(
         std::llround(kMicroSeconds * m_options.offset.value_or(m_beatSettings.offset)));
-    m_beats.Follow(m_session.get());
+    m_beats.Follow(m_source.get());
 }
 
 void ListenCommand::_SetUpOutputs()
@@ -178,7 +129,7 @@ void ListenCommand::_SetUpOutputs()
                      });
     if (m_events)
         m_events->Follow(m_outputs->getOutputs());
-    for (const QString& problem : m_outputs->Begin(*m_session))
+    for (const QString& problem : m_outputs->Begin(*m_source))
         console::PrintError(problem);
 }
 
@@ -194,20 +145,7 @@ void ListenCommand::_SetUpHands()
 
 void ListenCommand::_Connect()
 {
-    CaptureSession* pSession = m_session.get();
-    using S = CaptureSession;
-    QObject::connect(
-        pSession,
-        &S::OnAnalyzerCreated,
-        [this](AudioAnalyzer* pAnalyzer) { _OnAnalyzerCreated(pAnalyzer); });
-    QObject::connect(
-        pSession, &S::OnStateChanged, [this](eCaptureState pState) { _OnStateChanged(pState); });
-    QObject::connect(pSession, &S::OnNotice, [this](eCaptureNotice pNotice) {
-        _Say(listentexts::describeNotice(*m_session,
-                                         pNotice,
-                                         m_beats.isAutomatic(),
-                                         m_store.getConfiguration().getStopDetectionThreshold()));
-    });
+    _ConnectSource();
     // Whatever the music does from then on; its phase counts, which only it can tell.
     QObject::connect(
         &m_beats,
@@ -226,30 +164,41 @@ void ListenCommand::_Connect()
 void ListenCommand::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
 {
     m_analysis.Apply(*pAnalyzer);
-    const QString refusal = m_beats.isAutomatic()
-                                ? QString()
-                                : cli::CheckBand(m_store.getConfiguration(),
-                                                 m_session->getSampleClock().getSampleRate());
+    const QString refusal = m_beats.isAutomatic() ? QString()
+                                                  : cli::CheckBand(m_store.getConfiguration(),
+                                                                   m_source->getSampleRate());
     if (!refusal.isEmpty()) {
         console::PrintError(refusal);
         return _End(eExitFailed);
     }
+    if (!m_pCapture)
+        _Say(listentexts::describeFile(m_source->getSource()));
     if (m_options.showsFormat)
-        _Tell(listentexts::describeFormat(*m_session));
+        _Tell(m_pCapture ? listentexts::describeFormat(*m_pCapture)
+                         : listentexts::describeAnalysis(*m_source));
 }
 
 void ListenCommand::_OnStateChanged(eCaptureState pState)
 {
     if (pState == eCaptureUnusable && !m_wasRunning) {
-        console::PrintError(listentexts::describeUnusable(*m_session));
+        console::PrintError(listentexts::describeUnusable(*m_pCapture));
         return _End(eExitFailed);
     }
-    const QString name = m_session->getDeviceName();
-    _Say(listentexts::describeState(*m_session, m_heard == name));
+    const QString name = m_pCapture->getDeviceName();
+    _Say(listentexts::describeState(*m_pCapture, m_heard == name));
     if (pState == eCaptureRunning) {
         m_wasRunning = true;
         m_heard = name;
     }
+}
+
+/// Of the file.
+void ListenCommand::_OnEnded(const QString& pError)
+{
+    _Clear();
+    if (!pError.isEmpty())
+        console::PrintError(QStringLiteral("%1: %2").arg(m_options.file, pError));
+    _End(pError.isEmpty() && m_summary->hasBegun() ? eExitDone : eExitFailed);
 }
 
 void ListenCommand::_OnTick()
@@ -259,7 +208,7 @@ void ListenCommand::_OnTick()
     if (interrupt::getSignal() != 0)
         return _End(eExitDone);
     if (isOver)
-        return _End(m_session->getAnchorCount() > 0 ? eExitDone : eExitFailed);
+        return _End(m_summary->hasBegun() ? eExitDone : eExitFailed);
     if (m_events && m_events->isBroken())
         return _End(eExitFailed);
     if (m_options.showsFormat && !std::exchange(m_isPriorityTold, true))
@@ -272,15 +221,16 @@ void ListenCommand::_OnTick()
 
 void ListenCommand::_TellLostSamples()
 {
-    const quint64 lost = m_session->getLostSamples();
+    const quint64 lost = m_pCapture ? m_pCapture->getLostSamples() : 0;
     if (lost > m_toldLoss)
         _Say(listentexts::describeLostSamples(lost - std::exchange(m_toldLoss, lost)));
 }
 
 void ListenCommand::_DrawLine()
 {
-    const AudioAnalyzer* pAnalyzer = m_session->getAnalyzer();
-    const bool isRunning = m_session->getState() == eCaptureRunning;
+    const AudioAnalyzer* pAnalyzer = m_source->getAnalyzer();
+    const SourceState source = m_source->getSource();
+    const bool isRunning = source.kind == SourceState::eFile || source.capture == eCaptureRunning;
     const BeatClockState beat = m_beats.getClock().getState();
     const std::int64_t now = shared::ClockThread::getTime();
     cli::LiveValues values;
@@ -294,12 +244,12 @@ void ListenCommand::_DrawLine()
         m_beat.start(int((beat.getTickTime(number + 1) - now) / 1000) + 1);
     }
     values.threshold = pAnalyzer ? pAnalyzer->getThreshold() : 0;
-    values.peak = m_session->TakePeak();
+    values.peak = m_source->TakePeak();
     values.status = !isRunning            ? tr("waiting")
                     : m_beats.isPlaying() ? tr("playing")
                                           : tr("stopped");
     values.seconds = m_summary->getSeconds();
-    values.device = m_session->getDeviceName();
+    values.device = source.name;
     // The last column stays free: a full line would make some terminals scroll.
     const QString line = cli::LiveLine(values, console::getColumns() - 1);
     console::PrintRaw('\r' + line.toLocal8Bit() + "\033[K");
@@ -346,17 +296,17 @@ void ListenCommand::_Summarize()
         if (m_events->getLostCount() > 0)
             _Say(listentexts::describeLostEvents(m_events->getLostCount()));
     }
-    if (m_session->getAnchorCount() == 0)
+    if (!m_summary->hasBegun())
         return _Say(tr("nothing was heard"));
-    if (m_options.showsFormat)
-        _Tell(listentexts::describeDrift(*m_session));
+    if (m_options.showsFormat && m_pCapture)
+        _Tell(listentexts::describeDrift(*m_pCapture));
     if (m_options.measures) {
         _Tell(listentexts::describeAnnouncements(m_summary->getAnnounceStatistics()));
         _Tell(listentexts::describeTicks(m_summary->getTickStatistics()));
     }
     const double tempo = m_summary->getTempo();
     _Say(tr("%1: %2 long, %3, %4 beats (%5 real, %6 virtual)")
-             .arg(m_session->getDeviceName(),
+             .arg(m_source->getSource().name,
                   cli::Clock(m_summary->getSeconds()),
                   tempo > 0.0 ? tr("%1 BPM").arg(tempo, 0, 'f', 1) : tr("tempo unknown"),
                   QString::number(m_summary->getRealBeats() + m_summary->getVirtualBeats()),

@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class ListenHands;
@@ -18,7 +19,8 @@ class ListenOutputs;
 class LiveEvents;
 class LiveSummary;
 
-/// The command "listen": analyses a live input until it is told to end.
+/// The command "listen": analyses a live input until it is told to end, or a file as if it were
+/// one.
 class ListenCommand
 {
     Q_DECLARE_TR_FUNCTIONS(ListenCommand)
@@ -36,13 +38,17 @@ private:
     QString _ChooseDevice();
     void _Save(const QString& pDevice);
     QString _ApplyOptions();
-    void _Listen(const QString& pDevice);
+    void _Listen(const QString& pInput);
+    std::function<void()> _MakeSource(const QString& pInput);
+    void _MakeCapture();
     void _SetUpBeats();
     void _SetUpOutputs();
     void _SetUpHands();
     void _Connect();
+    void _ConnectSource();
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnStateChanged(eCaptureState pState);
+    void _OnEnded(const QString& pError);
     void _OnTick();
     void _TellLostSamples();
     void _DrawLine();
@@ -57,7 +63,8 @@ private:
     bool m_isLine;  ///< a live line instead of events
     ConfigurationStore m_store;
     BeatSettings m_beatSettings = BeatSettings::Load();
-    std::unique_ptr<CaptureSession> m_session;
+    std::unique_ptr<LiveSource> m_source;
+    CaptureSession* m_pCapture = nullptr;  ///< the same; null while a file is played
     LiveBeats m_beats;
     std::unique_ptr<ListenOutputs> m_outputs;
     std::unique_ptr<ListenHands> m_hands;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <cli/detail/ProgressLine.h>
 #include <cli/live/ListenTexts.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundBackEnd.h>
@@ -45,7 +46,7 @@ QString describeState(const CaptureSession& pSession, bool pWasRunning)
     return {};
 }
 
-QString describeNotice(const CaptureSession& pSession,
+QString describeNotice(const SourceState& pSource,
                        eCaptureNotice pNotice,
                        bool pIsAutomatic,
                        int pStopThreshold)
@@ -56,16 +57,18 @@ QString describeNotice(const CaptureSession& pSession,
             return tr("the sound server does not answer; still trying");
         return tr("no data comes from \"%1\", though it is there; check that nothing holds it and "
                   "that it is not suspended. Still trying")
-            .arg(pSession.getDeviceName());
+            .arg(pSource.name);
     case eDigitalSilenceNotice:
+        if (pSource.kind == SourceState::eFile)
+            return tr("digital silence: nothing but equal samples in \"%1\"").arg(pSource.name);
         return tr("digital silence: \"%1\" delivers nothing but equal samples; start the music, "
                   "unmute the input, or choose another with --device")
-            .arg(pSession.getDeviceName());
+            .arg(pSource.name);
     case eTooQuietNotice:
         if (pIsAutomatic)
             return tr("no music is heard in what \"%1\" delivers, and it is quiet; turn the input "
                       "up")
-                .arg(pSession.getDeviceName());
+                .arg(pSource.name);
         return tr("too quiet: nothing rises above the stop threshold %1 between 50 and 2000 Hz; "
                   "turn the input up, or lower --stop-threshold")
             .arg(pStopThreshold);
@@ -107,15 +110,27 @@ QString describeFormat(const QAudioFormat& pFormat)
         .arg(TypeName(pFormat.sampleType()));
 }
 
-QString describeFormat(const CaptureSession& pSession)
+QString describeAnalysis(const LiveSource& pSource)
 {
-    const int rate = pSession.getSampleClock().getSampleRate();
-    const quint64 block = pSession.getAnalyzer()->getPulseBlockSize();
-    return tr("recorded: %1; analysed: %2 Hz, mono, 16 bits signed, blocks of %3 samples (%4 ms)")
-        .arg(describeFormat(pSession.getInputFormat()))
+    const int rate = pSource.getSampleRate();
+    const quint64 block = pSource.getAnalyzer()->getPulseBlockSize();
+    return tr("analysed: %1 Hz, mono, 16 bits signed, blocks of %2 samples (%3 ms)")
         .arg(rate)
         .arg(block)
         .arg(1000.0 * double(block) / rate, 0, 'f', 1);
+}
+
+QString describeFormat(const CaptureSession& pSession)
+{
+    return tr("recorded: %1; %2")
+        .arg(describeFormat(pSession.getInputFormat()), describeAnalysis(pSession));
+}
+
+QString describeFile(const SourceState& pSource)
+{
+    return pSource.length > 0.0 ? tr("playing \"%1\" without sound, %2 long")
+                                      .arg(pSource.name, cli::Clock(pSource.length))
+                                : tr("playing \"%1\" without sound").arg(pSource.name);
 }
 
 QString describeDrift(const CaptureSession& pSession)

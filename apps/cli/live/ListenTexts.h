@@ -15,14 +15,18 @@ namespace listentexts {
 /// Empty for a state that is not worth a word.
 QString describeState(const CaptureSession& pSession, bool pWasRunning);
 /// pStopThreshold: of the engine, which means nothing to the automatic tracker.
-QString describeNotice(const CaptureSession& pSession,
+QString describeNotice(const SourceState& pSource,
                        eCaptureNotice pNotice,
                        bool pIsAutomatic,
                        int pStopThreshold);
 /// Why the device cannot be analysed, and which ones can. Asks every device.
 QString describeUnusable(const CaptureSession& pSession);
+/// What is analysed, once there is an analyzer.
+QString describeAnalysis(const LiveSource& pSource);
 /// The recorded format and what becomes of it.
 QString describeFormat(const CaptureSession& pSession);
+/// A file that is played, once its length is known.
+QString describeFile(const SourceState& pSource);
 QString describeDrift(const CaptureSession& pSession);
 QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics);
 QString describeTicks(const cli::TickStatistics& pStatistics);

@@ -8,6 +8,7 @@
 #include <shared/settings/BeatSettings.h>
 #include <shared/text/Text.h>
 
+#include <QFile>
 #include <QStringList>
 
 #include <utility>
@@ -48,11 +49,12 @@ QString Footer()
               "  audio-analyzer listen\n"
               "  audio-analyzer listen --device deck.monitor --save --profile House\n"
               "  audio-analyzer listen --osc 10.0.0.5:7000/resolume\n"
+              "  audio-analyzer listen --play song.flac --os2l\n"
               "  audio-analyzer listen --format ndjson | my-lights\n"
               "\n"
-              "Exit status: 0 ended by --duration, Ctrl+C or SIGTERM, 1 the device cannot be used "
-              "or\n"
-              "nothing was heard, 2 wrong usage.\n")
+              "Exit status: 0 ended by --duration, the file's end, Ctrl+C or SIGTERM, 1 the device "
+              "or file\n"
+              "cannot be used or nothing was heard, 2 wrong usage.\n")
         .arg(shared::HandAction::getForms().join(QLatin1String(", ")));
 }
 
@@ -95,6 +97,17 @@ QString ReadOffset(const QString& pValue, ListenOptions& pOptions)
         return {};
     return tr("--offset %1: give a number of milliseconds from %2 to %3; positive is later")
         .arg(pValue, QString::number(-kLimit), QString::number(kLimit));
+}
+
+QString ReadFile(const ListenArguments& pArguments, ListenOptions& pOptions)
+{
+    pOptions.file = QFile::decodeName(pArguments.file.c_str());
+    if (pOptions.file.isEmpty())
+        return {};
+    if (!pArguments.device.empty() || pArguments.isSaved)
+        return tr("--play: give it without %1, which is for devices")
+            .arg(pArguments.isSaved ? QStringLiteral("--save") : QStringLiteral("--device"));
+    return pOptions.file == QLatin1String("-") ? tr("--play -: give a file") : QString();
 }
 
 void AddOutputOptions(shared::OptionSet& pOptions, ListenArguments& pArguments)
@@ -199,6 +212,10 @@ void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments
                      pArguments.device,
                      tr("NAME"),
                      tr("input device, else the stored one; \"default\" follows the system's"));
+    options.AddValue("--play",
+                     pArguments.file,
+                     tr("FILE"),
+                     tr("hear this audio file, at real speed, not a device"));
     options.AddFlag("--save", pArguments.isSaved, tr("remember the device and the offset"));
     options.AddValue(
         "-f,--format", pArguments.format, tr("NAME"), tr("print events: text, beats, ndjson"));
@@ -240,6 +257,7 @@ QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pO
          {ReadFormat(QString::fromStdString(pArguments.format), pOptions),
           ReadDuration(QString::fromStdString(pArguments.duration), pOptions),
           ReadOffset(QString::fromStdString(pArguments.offset), pOptions),
+          ReadFile(pArguments, pOptions),
           ReadOutputs(pArguments, pOptions),
           ReadHands(pArguments, pOptions.hands)})
         if (!refusal.isEmpty())

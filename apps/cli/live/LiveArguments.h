@@ -12,6 +12,7 @@
 struct ListenArguments
 {
     std::string device;
+    std::string file;
     std::string format;
     std::string duration;
     std::string offset;

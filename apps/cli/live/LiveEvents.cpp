@@ -67,10 +67,10 @@ QJsonValue Seconds(std::int64_t pTime)
 }  // namespace
 
 LiveEvents::LiveEvents(eEventFormat pFormat,
-                       CaptureSession& pSession,
+                       LiveSource& pSource,
                        LiveBeats& pBeats,
                        LiveSummary& pSummary)
-    : m_format(pFormat), m_session(pSession), m_beats(pBeats), m_summary(pSummary),
+    : m_format(pFormat), m_source(pSource), m_beats(pBeats), m_summary(pSummary),
       m_writer({[this](const Announcement& pBeat) { return _FormAnnouncement(pBeat); },
                 [this](std::uint64_t pCount) { return _FormLoss(pCount); }})
 {
@@ -126,20 +126,19 @@ void LiveEvents::_FollowForText()
 void LiveEvents::_FollowForNdjson()
 {
     m_ndjson = std::make_unique<NdjsonWriter>(
-        m_summary.getRelay(),
-        QString(),
-        false,
-        [this](const QByteArray& pLine) { m_writer.Write(pLine); });
-    connect(
-        &m_session,
-        &CaptureSession::OnStateChanged,
-        this,
-        [this](eCaptureState pState) {
-            _WriteObject(
-                "device",
-                {{Key("name"), m_session.getDeviceName()}, {Key("state"), Key(NameOf(pState))}});
+        m_summary.getRelay(), QString(), false, [this](const QByteArray& pLine) {
+            m_writer.Write(pLine);
         });
-    connect(&m_session, &CaptureSession::OnNotice, this, [this](eCaptureNotice pNotice) {
+    connect(
+        &m_source,
+        &LiveSource::OnSourceChanged,
+        this,
+        [this] {
+            const SourceState source = m_source.getSource();
+            _WriteObject("device",
+                         {{Key("name"), source.name}, {Key("state"), Key(NameOf(source.capture))}});
+        });
+    connect(&m_source, &LiveSource::OnNotice, this, [this](eCaptureNotice pNotice) {
         _WriteObject("notice", {{Key("what"), Key(NameOf(pNotice))}});
     });
 }

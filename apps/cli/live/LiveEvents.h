@@ -4,7 +4,7 @@
 #include <cli/live/EventWriter.h>
 #include <cli/live/LiveOptions.h>
 #include <cli/output/NdjsonWriter.h>
-#include <shared/capture/CaptureSession.h>
+#include <shared/capture/LiveSource.h>
 #include <shared/clock/LiveBeats.h>
 #include <shared/outputs/Outputs.h>
 
@@ -21,7 +21,7 @@ class QJsonObject;
 /// Beside the events of NdjsonWriter, which tell a beat once it is known to be one, NDJSON has
 ///   announce  a beat of the clock falls due now; bpm, beat, beatInBar, confidence, and the instant
 ///             as monotonic and wall, in seconds of the system's clocks;
-///   device    name and state: waiting, unusable, starting, running;
+///   device    name and state: waiting, unusable, starting, running; none of a file;
 ///   notice    what: noData, digitalSilence, tooQuiet, clipped;
 ///   output    name, whether it is open, and state in words;
 ///   lost      count of events that the reader did not take in time.
@@ -32,11 +32,8 @@ class LiveEvents : public QObject, public shared::ClockListener
     Q_OBJECT
 
 public:
-    /// Follows a session that is not opened yet, and its beats; no argument is owned.
-    LiveEvents(eEventFormat pFormat,
-               CaptureSession& pSession,
-               LiveBeats& pBeats,
-               LiveSummary& pSummary);
+    /// Follows a source that is not opened yet, and its beats; no argument is owned.
+    LiveEvents(eEventFormat pFormat, LiveSource& pSource, LiveBeats& pBeats, LiveSummary& pSummary);
     ~LiveEvents() override;
 
     /// Tells what becomes of outputs, which are not owned and have not begun.
@@ -61,9 +58,9 @@ private:
     void _WriteObject(const char* pType, const QJsonObject& pFields);
 
     eEventFormat m_format;
-    CaptureSession& m_session;  ///< not owned
-    LiveBeats& m_beats;         ///< not owned
-    LiveSummary& m_summary;     ///< not owned
+    LiveSource& m_source;    ///< not owned
+    LiveBeats& m_beats;      ///< not owned
+    LiveSummary& m_summary;  ///< not owned
     EventWriter m_writer;
     std::unique_ptr<NdjsonWriter> m_ndjson;  ///< null for other formats
 };

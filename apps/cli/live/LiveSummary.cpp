@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cli/live/LiveSummary.h>
-#include <shared/capture/CaptureSession.h>
+#include <shared/capture/LiveSource.h>
 
 #include <algorithm>
 
@@ -11,13 +11,13 @@ constexpr std::size_t kBeatsInRow = 9;  ///< that RecordingTempo makes a tempo o
 
 }  // namespace
 
-LiveSummary::LiveSummary(CaptureSession& pSession, LiveBeats& pBeats, bool pMeasures)
-    : m_session(pSession), m_beats(pBeats), m_measures(pMeasures),
+LiveSummary::LiveSummary(LiveSource& pSource, LiveBeats& pBeats, bool pMeasures)
+    : m_source(pSource), m_beats(pBeats), m_measures(pMeasures),
       m_relay(m_follower, pBeats.isAutomatic() ? BeatRelay::eTold : BeatRelay::eFollower)
 {
-    using S = CaptureSession;
-    connect(&pSession, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
-    connect(&pSession, &S::OnAnchored, this, &LiveSummary::_OnAnchored);
+    using S = LiveSource;
+    connect(&pSource, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
+    connect(&pSource, &S::OnAnchored, this, &LiveSummary::_OnAnchored);
     connect(&pBeats, &LiveBeats::OnBeatHeard, this, &LiveSummary::_OnHeard);
     connect(&pBeats, &LiveBeats::OnPlayingChanged, this, [this](qint64 pTime, bool pIsPlaying) {
         m_errors.Interrupt();
@@ -58,7 +58,7 @@ void LiveSummary::_OnAnchored()
     if (m_beats.isAutomatic() && !m_isPlayingTold)
         _RelayPlaying(0.0, m_beats.isPlaying());
     m_follower.Restart();
-    m_relay.Restart(m_session.getSampleClock().getSampleRate(), getSeconds());
+    m_relay.Restart(m_source.getSampleRate(), getSeconds());
 }
 
 void LiveSummary::_RelayPlaying(double pTime, bool pIsPlaying)
@@ -98,7 +98,7 @@ void LiveSummary::_OnHeard(const LiveBeats::Heard& pBeat)
 void LiveSummary::_RelayHeard(const LiveBeats::Heard& pBeat, double pTime)
 {
     LoggedBeat beat = {};
-    beat.index = quint64(pTime * m_session.getSampleClock().getSampleRate());
+    beat.index = quint64(pTime * m_source.getSampleRate());
     beat.time = pTime;
     beat.bpm = pBeat.bpm;
     beat.beatInBar = pBeat.beatInBar;

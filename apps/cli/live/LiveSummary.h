@@ -17,7 +17,7 @@
 #include <cstdint>
 #include <vector>
 
-class CaptureSession;
+class LiveSource;
 
 /// What is told of a live session of any length, and said of it at its end.
 ///
@@ -29,13 +29,15 @@ class LiveSummary : public QObject, public shared::ClockListener
     Q_OBJECT
 
 public:
-    /// Follows a session, which is not owned and not opened yet, and its beats, which outlive this.
+    /// Follows a source, which is not owned and not opened yet, and its beats, which outlive this.
     /// With pMeasures the clock's beats are compared with those heard, and its ticks with their
     /// instants.
-    LiveSummary(CaptureSession& pSession, LiveBeats& pBeats, bool pMeasures);
+    LiveSummary(LiveSource& pSource, LiveBeats& pBeats, bool pMeasures);
     ~LiveSummary() override;
 
     const BeatRelay& getRelay() const { return m_relay; }
+    /// The first sample was heard.
+    bool hasBegun() const { return m_start != 0; }
     /// Seconds since the first sample; 0 before it.
     double getSeconds() const { return getSeconds(shared::ClockThread::getTime()); }
     /// The same of an instant of the clock, µs. [any thread]
@@ -73,8 +75,8 @@ private:
     void _Count(const LoggedBeat& pBeat);
     double _TempoOf(const LoggedBeat& pBeat);
 
-    CaptureSession& m_session;  ///< not owned
-    LiveBeats& m_beats;         ///< not owned
+    LiveSource& m_source;  ///< not owned
+    LiveBeats& m_beats;    ///< not owned
     bool m_measures;
     BeatFollower m_follower;
     BeatRelay m_relay;

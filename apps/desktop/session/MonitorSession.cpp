@@ -6,10 +6,10 @@
 #include <AudioAnalyzer/config/UISettings.h>
 
 #include <desktop/session/DeviceChoice.h>
-#include <desktop/session/FilePlayer.h>
 #include <desktop/session/MonitorSession.h>
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
+#include <shared/play/FilePlayer.h>
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <desktop/session/ReadAhead.h>
 #include <shared/capture/LiveSource.h>
+#include <shared/play/ReadAhead.h>
 
 #include <QString>
 #include <QTimer>

@@ -2,7 +2,7 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <desktop/session/FilePlayer.h>
+#include <shared/play/FilePlayer.h>
 
 #include <QFileInfo>
 

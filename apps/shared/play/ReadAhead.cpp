@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <desktop/session/ReadAhead.h>
+#include <shared/play/ReadAhead.h>
 
 #include <chrono>
 

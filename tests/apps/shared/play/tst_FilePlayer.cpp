@@ -1,13 +1,33 @@
 // SPDX-License-Identifier: MIT
-#include <desktop/session/FilePlayer.h>
+#include <AudioAnalyzer/config/Configuration.h>
+
+#include <shared/play/FilePlayer.h>
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QtTest>
 
-#include <apps/desktop/DesktopTest.h>
+#include <apps/shared/files/TestAudio.h>
+#include <cmath>
 #include <support/TestClass.h>
 #include <support/VirtualTime.h>
+#include <vector>
+
+namespace {
+
+constexpr int kPlayedRate = 48000;  // Hz
+
+/// Music at 128 BPM.
+std::vector<qint16> Strokes(double pSeconds)
+{
+    std::vector<qint16> samples;
+    for (const float sample : testaudio::Kicks(kPlayedRate, 128.0, pSeconds))
+        samples.push_back(qint16(std::lround(32767.0F * sample)));
+    return samples;
+}
+
+}  // namespace
 
 Q_DECLARE_METATYPE(eCaptureNotice)
 
@@ -33,7 +53,9 @@ private:
     QString _Write(const char* pName, const std::vector<qint16>& pSamples)
     {
         const QString path = m_folder.filePath(QLatin1String(pName));
-        desktoptest::WriteWav(path, pSamples);
+        if (!testaudio::WriteIntegers(
+                path, SF_FORMAT_WAV | SF_FORMAT_PCM_16, kPlayedRate, 1, pSamples))
+            qFatal("cannot write %s", qPrintable(path));
         return path;
     }
 
@@ -51,14 +73,14 @@ void tst_FilePlayer::file_isAnalysedAtRealSpeed()
     FilePlayer player(m_configuration);
     QSignalSpy created(&player, &FilePlayer::OnAnalyzerCreated);
     QSignalSpy anchored(&player, &FilePlayer::OnAnchored);
-    player.Open(_Write("four.wav", desktoptest::Strokes(4.0)), false);
+    player.Open(_Write("four.wav", Strokes(4.0)), false);
     QVERIFY(anchored.wait(5000));
     QCOMPARE(created.count(), 1);
-    QCOMPARE(player.getSampleRate(), desktoptest::kRate);
+    QCOMPARE(player.getSampleRate(), kPlayedRate);
     QElapsedTimer clock;
     clock.start();
     QTest::qWait(2000);
-    const double heard = double(player.getAnalyzer()->m_sampleIndex) / desktoptest::kRate;
+    const double heard = double(player.getAnalyzer()->m_sampleIndex) / kPlayedRate;
     // Blocks of 21 ms are analysed every 40 ms; a busy machine may be later.
     const double elapsed = double(clock.elapsed()) / 1000.0;
     QVERIFY2(heard > elapsed - 0.4 && heard <= elapsed + 0.05, qPrintable(QString::number(heard)));
@@ -70,7 +92,7 @@ void tst_FilePlayer::file_isAnalysedWhole()
     FilePlayer player(m_configuration);
     QSignalSpy ended(&player, &FilePlayer::OnEnded);
     // Not a multiple of a chunk, nor of a block.
-    const std::vector<qint16> samples = desktoptest::Strokes(1.7);
+    const std::vector<qint16> samples = Strokes(1.7);
     quint64 count = 0;
     std::vector<qint16> heard;
     connect(&player, &FilePlayer::OnAnalyzerCreated, this, [&](AudioAnalyzer* pAnalyzer) {
@@ -96,7 +118,7 @@ void tst_FilePlayer::length_andPosition_areTold()
     QCOMPARE(player.getSource().length, 0.0);
     QCOMPARE(player.getSource().position, 0.0);
     QSignalSpy anchored(&player, &FilePlayer::OnAnchored);
-    player.Open(_Write("four.wav", desktoptest::Strokes(4.0)), false);
+    player.Open(_Write("four.wav", Strokes(4.0)), false);
     QVERIFY(anchored.wait(5000));
     QCOMPARE(player.getSource().length, 4.0);
     QTRY_VERIFY(player.getSource().position > 0.3);
@@ -107,7 +129,7 @@ void tst_FilePlayer::end_stopsTheAnalysis()
 {
     FilePlayer player(m_configuration);
     QSignalSpy ended(&player, &FilePlayer::OnEnded);
-    player.Open(_Write("short.wav", desktoptest::Strokes(0.3)), false);
+    player.Open(_Write("short.wav", Strokes(0.3)), false);
     QVERIFY(ended.wait(5000));
     QCOMPARE(ended.first().first().toString(), QString());
     QVERIFY(!player.getAnalyzer()->isAnalyzing());
@@ -120,7 +142,7 @@ void tst_FilePlayer::looped_goesOn()
     FilePlayer player(m_configuration);
     QSignalSpy ended(&player, &FilePlayer::OnEnded);
     QSignalSpy anchored(&player, &FilePlayer::OnAnchored);
-    player.Open(_Write("short.wav", desktoptest::Strokes(0.3)), true);
+    player.Open(_Write("short.wav", Strokes(0.3)), true);
     QTRY_VERIFY(player.getAnalyzer() && player.getAnalyzer()->m_sampleIndex > 48000);
     QCOMPARE(ended.count(), 0);
     // Without a gap: the count of samples goes on.
@@ -150,7 +172,7 @@ void tst_FilePlayer::level_isNoticed()
 {
     FilePlayer player(m_configuration);
     QSignalSpy notices(&player, &FilePlayer::OnNotice);
-    player.Open(_Write("silent.wav", std::vector<qint16>(4 * desktoptest::kRate, 0)), false);
+    player.Open(_Write("silent.wav", std::vector<qint16>(4 * kPlayedRate, 0)), false);
     QVERIFY(notices.wait(8000));
     QCOMPARE(notices.first().first().value<eCaptureNotice>(), eDigitalSilenceNotice);
     QCOMPARE(player.TakePeak(), 0);
@@ -160,7 +182,7 @@ void tst_FilePlayer::heldUp_isAnchoredAnew()
 {
     FilePlayer player(m_configuration);
     QSignalSpy anchored(&player, &FilePlayer::OnAnchored);
-    player.Open(_Write("four.wav", desktoptest::Strokes(4.0)), false);
+    player.Open(_Write("four.wav", Strokes(4.0)), false);
     QVERIFY(anchored.wait(5000));
     const double position = player.getSource().position;
     QTest::qSleep(900);
