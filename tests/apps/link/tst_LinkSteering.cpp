@@ -117,7 +117,7 @@ void tst_LinkSteering::sureness_beginsAnew_data()
     QTest::newRow("not confident") << 128.0 << 0.49 << 0.0 << 4;
     QTest::newRow("no tempo") << 0.0 << 0.9 << 0.0 << 4;
     QTest::newRow("a tempo near") << 133.0 << 0.9 << 0.0 << 0;
-    QTest::newRow("another tempo") << 133.2 << 0.9 << 0.0 << 4;
+    QTest::newRow("another tempo") << 140.0 << 0.9 << 0.0 << 4;
     QTest::newRow("half the tempo") << 64.0 << 0.9 << 0.0 << 4;
     QTest::newRow("a bit late") << 128.0 << 0.9 << 0.4 << 0;
     QTest::newRow("one left out") << 128.0 << 0.9 << 1.0 << 3;
@@ -178,9 +178,9 @@ void tst_LinkSteering::sessionThatRounds_isTheSame_data()
     QTest::addColumn<double>("right");
     QTest::addColumn<bool>("isSame");
     QTest::newRow("equal") << 120.0 << 120.0 << true;
-    QTest::newRow("0.0003") << 60.0 << 60.0003 << true;
-    QTest::newRow("0.0004") << 60.0 << 60.0004 << true;  // 0.11 µs of 1000000
-    QTest::newRow("0.01") << 60.0 << 60.01 << false;     // 167 µs
+    // A step of 1 µs is 0.00006 BPM there.
+    QTest::newRow("0.00029") << 60.0 << 60.00029 << true;
+    QTest::newRow("0.00031") << 60.0 << 60.00031 << false;
     QTest::newRow("472441 µs") << 127.0 << 60e6 / 472441 << true;
     QTest::newRow("472443 µs") << 127.0 << 60e6 / 472443 << false;
     QTest::newRow("300300 µs") << 199.8 << 60e6 / 300300 << true;
