@@ -89,14 +89,14 @@ private:
         return m_process.waitForFinished(kLinkWaitMs) &&
                m_process.exitStatus() == QProcess::NormalExit;
     }
+    bool _HasSaid(const char* pText)
+    {
+        m_said += m_process.readAllStandardOutput();
+        return m_said.contains(pText);
+    }
     bool _WaitSaid(const char* pText)
     {
-        return QTest::qWaitFor(
-            [&] {
-                m_said += m_process.readAllStandardOutput();
-                return m_said.contains(pText);
-            },
-            kLinkWaitMs);
+        return QTest::qWaitFor([&] { return _HasSaid(pText); }, kLinkWaitMs);
     }
     /// Beats until a condition holds.
     template <typename Condition>
@@ -223,11 +223,18 @@ void tst_LinkProgram::peer_keepsItsTempo_untilBeatsAreSure_thenFollows()
     QVERIFY(std::fabs(tempo() - 91.0) < 0.001);
     QVERIFY(_PlayUntil(music, [&] { return tempo() > 170.0; }));
     QVERIFY(_WaitSaid("sure of the beat"));
-    // Into step by nudges, 0.5 beats at most; the bar stays as it is.
+    // The bar stays as it is.
     const auto isInStep = [&] {
         const double ahead = music.AheadOf(peer);
         return std::fabs(ahead - std::round(ahead)) < 0.03 && std::fabs(tempo() - 180.0) < 0.01;
     };
+    QVERIFY(_PlayUntil(music, isInStep));
+    // Somebody moves the beat, which takes a few more to be brought back.
+    const double phase = peer.Look(0.0, kLinkQuantum).phase;
+    peer.Commit({0.0, LinkChange::eForce, phase + 0.15}, 0.0, kLinkQuantum);
+    QVERIFY(_PlayUntil(
+        music, [&] { return _HasSaid("ms ahead: nudged at 17"); }));
+    QVERIFY(_PlayUntil(music, [&] { return _HasSaid("in step at 180.00 BPM"); }));
     QVERIFY(_PlayUntil(music, isInStep));
     QVERIFY(_WaitEnd());
     QCOMPARE(m_process.exitCode(), 0);
