@@ -14,6 +14,9 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_RESOURCE_FILE_README ${PROJECT_SOURCE_DIR}/README.md)
 set(CPACK_COMPONENTS_ALL library development tools python)
+if(TARGET audio-analyzer-link)
+  list(APPEND CPACK_COMPONENTS_ALL link)
+endif()
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
@@ -73,6 +76,18 @@ if(TARGET beat-monitor)
 beat-monitor shows the beat, the tempo and the spectrum of live music in a
 window.")
 endif()
+
+set(CPACK_DEBIAN_LINK_PACKAGE_NAME audioanalyzer-link)
+set(CPACK_DEBIAN_LINK_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_LINK_PACKAGE_DEPENDS "${this_library}")
+set(CPACK_DEBIAN_LINK_PACKAGE_RECOMMENDS audioanalyzer-tools)
+set(CPACK_DEBIAN_LINK_DESCRIPTION
+"bring the beat of live music into an Ableton Link session
+audio-analyzer-link reads the beats that audio-analyzer announces and lets the
+Link session of the local network follow them, politely: it changes the tempo
+when beats are sure, and nudges rather than jumps.
+.
+It contains Ableton Link, and is under the GNU General Public License.")
 
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-audioanalyzer)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)

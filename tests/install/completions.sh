@@ -63,7 +63,9 @@ expect "visuals lights" audio-analyzer outputs test ""
 expect "visuals" audio-analyzer listen --output v
 audio-analyzer outputs remove lights
 audio-analyzer outputs remove visuals
-if [ -x "$prefix/bin/beat-monitor" ]; then
-    expect "$(options_of beat-monitor)" beat-monitor --
-fi
+for program in beat-monitor audio-analyzer-link; do
+    if [ -x "$prefix/bin/$program" ]; then
+        expect "$(options_of "$program")" "$program" --
+    fi
+done
 exit $failed

@@ -42,10 +42,11 @@ readelf -d "$(readlink -f lib*/libAudioAnalyzer.so)" |
     grep -q "SONAME.*\[libAudioAnalyzer.so.${version%%.*}\]" || fail "wrong SONAME"
 
 # The components are the whole, and share nothing.
-for component in library development tools python; do
+for component in library development tools python link; do
+    mkdir -p "$work/$component"
     cmake --install "$build" --prefix "$work/$component" --component "$component" >>"$work/install.log"
 done
-diff <(files "$work/prefix") <(for c in library development tools python; do files "$work/$c"; done | sort) ||
+diff <(files "$work/prefix") <(for c in library development tools python link; do files "$work/$c"; done | sort) ||
     fail "the components are not the whole"
 [ -z "$(find "$work/library" -name '*.h')" ] || fail "headers in the component library"
 files "$work/prefix"

@@ -10,7 +10,7 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 for program in "$prefix"/bin/*; do
     [ -x "$program" ] || continue
     name=$(basename "$program")
-    [ "$(QT_QPA_PLATFORM=offscreen "$program" --version)" = "$name $version" ] || fail "$name --version"
+    [ "$(QT_QPA_PLATFORM=offscreen "$program" --version | sed -n 1p)" = "$name $version" ] || fail "$name --version"
     ldd "$program" | grep "libAudioAnalyzer.so.* => $prefix/" >/dev/null ||
         fail "$name does not find the library beside it"
 done

@@ -189,7 +189,7 @@ ParsedOptions OptionParser::Parse(int pCount, const char* const* pArguments)
         const CLI::App* pCommand = _FindParsed();
         return _ShowText(pCommand ? pCommand->help(m_pApp->get_name()) : m_pApp->help());
     } catch (const CLI::CallForVersion& version) {
-        return _ShowText(std::string(version.what()) + "\n");
+        return _ShowText(std::string(version.what()) + "\n" + Utf8(m_versionNote));
     } catch (const CLI::RequiredError&) {
         return _Refuse(m_missing[_FindParsed() ? _FindParsed() : m_pApp.get()]);
     } catch (const CLI::ParseError& error) {

@@ -102,6 +102,8 @@ public:
     OptionParser(const OptionParser&) = delete;
     OptionParser& operator=(const OptionParser&) = delete;
 
+    /// What --version says below the version.
+    void setVersionNote(const QString& pText) { m_versionNote = pText; }
     /// The program's own options.
     OptionSet getOptions() { return _MakeSet(*m_pApp); }
     OptionSet AddCommand(const char* pName, const QString& pHelp);
@@ -119,6 +121,7 @@ private:
 
     std::unique_ptr<CLI::App> m_pApp;
     std::map<const CLI::App*, QString> m_missing;  ///< what to say, by command
+    QString m_versionNote;
 };
 
 }  // namespace shared
