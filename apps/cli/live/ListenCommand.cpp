@@ -16,6 +16,7 @@
 #include <cli/settings/BandCheck.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/capture/SoundBackEnd.h>
+#include <shared/web/WebPage.h>
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,7 @@
 namespace {
 
 constexpr int kTickMs = 50;
+constexpr double kFullScale = 32768.0;
 constexpr std::int64_t kBeatMark = 120000;  ///< µs
 
 QStringList NamesOf(const std::vector<InputDevice>& pDevices)
@@ -139,6 +141,7 @@ void ListenCommand::_Listen(const QString& pDevice)
     _Connect();
     _SetUpOutputs();
     _SetUpHands();
+    _SetUpWeb();
     m_beats.getThread().Start();
     m_sinceStart.start();
     m_tick.start(kTickMs);
@@ -147,6 +150,7 @@ void ListenCommand::_Listen(const QString& pDevice)
     QCoreApplication::exec();
     m_tick.stop();
     m_beats.getThread().Stop();
+    m_web.reset();
     m_hands.reset();
     m_outputs.reset();
     _Clear();
@@ -190,6 +194,20 @@ void ListenCommand::_SetUpHands()
         });
     for (const QString& problem : m_hands->Begin())
         console::PrintError(problem);
+}
+
+void ListenCommand::_SetUpWeb()
+{
+    if (!m_options.web)
+        return;
+    m_web = std::make_unique<WebPage>(m_beats, m_hands->getHands(), m_outputs->getOutputs());
+    WebServer& server = m_web->getServer();
+    // Without the link there is no way in, however quiet it is to be.
+    if (server.Open(m_options.web->address, m_options.web->port))
+        _Tell(tr("the page: %1").arg(server.getLink()));
+    else
+        console::PrintError(
+            tr("the page at port %1: %2").arg(m_options.web->port).arg(server.getError()));
 }
 
 void ListenCommand::_Connect()
@@ -266,6 +284,9 @@ void ListenCommand::_OnTick()
         _Tell(listentexts::describePriority(m_beats.getThread().isRealTime()));
     _TellLostSamples();
     m_summary->TakeTicks();
+    m_peak = m_session->TakePeak();
+    if (m_web)
+        m_web->setLevel(m_peak / kFullScale);
     if (m_isLine)
         _DrawLine();
 }
@@ -294,7 +315,7 @@ void ListenCommand::_DrawLine()
         m_beat.start(int((beat.getTickTime(number + 1) - now) / 1000) + 1);
     }
     values.threshold = pAnalyzer ? pAnalyzer->getThreshold() : 0;
-    values.peak = m_session->TakePeak();
+    values.peak = m_peak;
     values.status = !isRunning            ? tr("waiting")
                     : m_beats.isPlaying() ? tr("playing")
                                           : tr("stopped");
