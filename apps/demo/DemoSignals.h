@@ -11,6 +11,8 @@
 namespace demo {
 
 constexpr double kTwoPi = 6.283185307179586;
+constexpr double kPeak = 0.891;  ///< -1 dBFS
+constexpr double kDrive = 1.8;   ///< into the final soft clipper
 
 /// Frequency of a MIDI note number, Hz.
 inline double getNoteFrequency(int pNote)

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr double kPeak = 0.891;        ///< -1 dBFS
-constexpr double kDrive = 1.8;         ///< into the final soft clipper
 constexpr double kFadeSeconds = 0.01;  ///< before a stop and at the end
 constexpr int kStepsPerBar = 16;
 
@@ -130,9 +128,9 @@ void DemoTrack::_Mix(float* pFrame)
     double right = center + hats;
     m_band.chords.Mix(0.15 * duck, left, right);
     m_band.lead.Mix(0.22 * duck, left, right);
-    const double gain = kPeak * _GetFade();
-    pFrame[0] = float(gain * std::tanh(kDrive * left));
-    pFrame[1] = float(gain * std::tanh(kDrive * right));
+    const double gain = demo::kPeak * _GetFade();
+    pFrame[0] = float(gain * std::tanh(demo::kDrive * left));
+    pFrame[1] = float(gain * std::tanh(demo::kDrive * right));
 }
 
 /// Pads open up through the breakdown, Hz.

@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr double kPeak = 0.891;  ///< -1 dBFS
-constexpr double kDrive = 1.8;   ///< into the final soft clipper
 constexpr double kEchoSeconds = 0.2;
 constexpr double kChordSeconds = 6.0;  ///< in which a chord fades
 constexpr demo::Chords::Notes kChord = {57, 60, 64, 69};
@@ -60,5 +58,5 @@ float ScenePlayer::_Mix()
     double right = left;
     m_chords.Mix(0.15, left, right);
     m_lead.Mix(0.22, left, right);
-    return float(kPeak * std::tanh(kDrive * 0.5 * (left + right)));
+    return float(demo::kPeak * std::tanh(demo::kDrive * 0.5 * (left + right)));
 }

@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr double kDuration = 30.0;  ///< seconds
+constexpr double kStudyDuration = 30.0;  ///< seconds
 constexpr int kStepsPerBeat = 4;
-constexpr int kBeatsPerBar = 4;
+constexpr int kStudyBar = 4;
 
 // Sixteen steps of a bar.
 struct Drums
@@ -47,7 +47,7 @@ constexpr std::array<const char*, 7> kBasses = {"",
                                                 "x...x...x...x...",
                                                 "x..x..x...x..x..",
                                                 "x.......x......."};
-constexpr std::array<const char*, 5> kChords = {
+constexpr std::array<const char*, 5> kChordRhythms = {
     "", "", "x...............", "x.......x.......", "..x...x...x...x."};
 constexpr std::array<const char*, 5> kLeads = {
     "", "", "x.x.x.x.x.x.x.x.", "x..x..x.x..x..x.", "x...x.x...x.x..."};
@@ -93,7 +93,7 @@ public:
     {
         m_scene.genre = QStringLiteral("study");
         m_scene.name = QStringLiteral("study-%1").arg(pNumber, 3, 10, QLatin1Char('0'));
-        m_scene.duration = kDuration;
+        m_scene.duration = kStudyDuration;
         m_scene.bpm = 60.0 * std::exp2(m_dice.Between(0.0, std::log2(190.0 / 60.0)));
         m_scene.deviation = m_dice.isLucky(0.25) ? m_dice.Between(0.005, 0.03) : 0.0;
     }
@@ -133,9 +133,9 @@ void Composer::_AddPart(ScenePattern& pPattern,
                         double pLevel)
 {
     constexpr std::array<int, 6> kNotes = {0, 0, 3, 5, 7, 10};
-    constexpr int kLowA = 33;
-    constexpr int kMiddleA = 69;
-    const int root = pInstrument == eSceneBass ? kLowA : kMiddleA;
+    constexpr int kBassRoot = 33;
+    constexpr int kLeadRoot = 69;
+    const int root = pInstrument == eSceneBass ? kBassRoot : kLeadRoot;
     for (std::size_t step = 0; step < pSteps.size(); ++step) {
         if (pSteps[step] != 'x')
             continue;
@@ -151,7 +151,7 @@ void Composer::_AddPart(ScenePattern& pPattern,
 // Each draw has a statement of its own, since arguments are evaluated in any order.
 ScenePattern Composer::_DrawPattern(bool pHasDrums)
 {
-    ScenePattern pattern = {kBeatsPerBar, {}};
+    ScenePattern pattern = {kStudyBar, {}};
     const Drums drums = pHasDrums ? m_dice.Pick(kDrums) : Drums{"", ""};
     _AddPart(pattern, drums.kick, eSceneKick, m_dice.Between(0.6, 1.0));
     _AddPart(pattern, drums.clap, eSceneClap, m_dice.Between(0.5, 1.2));
@@ -160,7 +160,7 @@ ScenePattern Composer::_DrawPattern(bool pHasDrums)
     _AddPart(pattern, pHats, eSceneHat, hatLevel);
     _AddPart(pattern, m_dice.Pick(kBasses), eSceneBass, 1.0);
     const double chordLevel = m_dice.Between(0.4, 1.0);
-    const char* const pChords = m_dice.Pick(kChords);
+    const char* const pChords = m_dice.Pick(kChordRhythms);
     _AddPart(pattern, pChords, eSceneChord, chordLevel);
     const bool needsLead = *drums.kick == '\0';
     _AddPart(pattern, needsLead ? kLeads.back() : m_dice.Pick(kLeads), eSceneLead, 1.0);
@@ -174,8 +174,8 @@ Scene Composer::Compose()
     const bool hasBreak = m_dice.isLucky(0.2);
     const ScenePattern bare = _DrawPattern(false);
     const std::vector<double> grid =
-        makeSceneGrid(m_dice.Between(0.1, 0.6), kDuration, m_scene.bpm, m_scene.deviation);
-    const std::size_t bar = kBeatsPerBar;
+        makeSceneGrid(m_dice.Between(0.1, 0.6), kStudyDuration, m_scene.bpm, m_scene.deviation);
+    const std::size_t bar = kStudyBar;
     for (std::size_t first = 0; first + 1 < grid.size(); first += bar) {
         const auto end = std::min(grid.size() - 1, first + bar);
         const bool isBare = hasBreak && (first / bar) % 8 == 5;

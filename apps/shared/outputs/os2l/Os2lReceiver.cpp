@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <shared/clock/ClockThread.h>
+#include <shared/outputs/HostPort.h>
 #include <shared/outputs/os2l/Os2lReceiver.h>
 #include <shared/outputs/os2l/detail/BeatText.h>
 #include <shared/text/Text.h>
-
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -19,16 +18,10 @@ Os2lReceiver::~Os2lReceiver() = default;
 
 std::optional<Os2lAddress> Os2lReceiver::AddressOf(const QString& pText)
 {
-    static const QRegularExpression kForm(
-        QStringLiteral("^(?:\\[([^\\]\\s]+)\\]|([^:\\[\\]\\s]+))(?::([0-9]{1,5}))?$"));
-    const QRegularExpressionMatch match = kForm.match(pText);
-    if (!match.hasMatch())
+    const std::optional<HostPort> place = HostPort::Parse(pText, kPort);
+    if (!place)
         return std::nullopt;
-    const int port = match.captured(3).isEmpty() ? kPort : match.captured(3).toInt();
-    if (port < 1 || port > 65535)
-        return std::nullopt;
-    const QString host = match.captured(1) + match.captured(2);
-    return Os2lAddress{pText, host.toUtf8(), static_cast<std::uint16_t>(port)};
+    return Os2lAddress{pText, place->host.toUtf8(), static_cast<std::uint16_t>(place->port)};
 }
 
 bool Os2lReceiver::Open()
