@@ -88,6 +88,22 @@ bool writeHands(const QString& pFolder)
            write(pFolder, "program", bytes("\xcf\x7f"));
 }
 
+/// What browsers send: requests, and presses of buttons.
+bool writeWeb(const QString& pFolder)
+{
+    const QByteArray first = "GET /?token=abc HTTP/1.1\r\nHost: localhost:80\r\n";
+    const QByteArray upgrade = "Origin: http://localhost:80\r\nUpgrade: websocket\r\n\r\n";
+    return write(pFolder, "page", bytes(first + "\r\n")) &&
+           write(pFolder, "websocket", bytes(first + upgrade)) &&
+           write(pFolder, "two-hosts", bytes(first + "Host: evil\r\n\r\n")) &&
+           write(pFolder, "cut", bytes(first.left(40))) &&
+           write(pFolder, "long", bytes(first + "A: " + QByteArray(5000, 'a'))) &&
+           write(pFolder, "tap", bytes("tap")) && write(pFolder, "nudge", bytes("nudge -10")) &&
+           write(pFolder, "nudge-far", bytes("nudge 1e300")) &&
+           write(pFolder, "profile", bytes("profile House")) &&
+           write(pFolder, "bytes", bytes("nudge \xff\xfe"));
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -100,6 +116,7 @@ int main(int argc, char** argv)
     const bool isDone = writeConfigs(folder + QStringLiteral("/config")) &&
                         writeProfiles(folder + QStringLiteral("/profile")) &&
                         writeAnswers(folder + QStringLiteral("/os2l")) &&
-                        writeHands(folder + QStringLiteral("/hands"));
+                        writeHands(folder + QStringLiteral("/hands")) &&
+                        writeWeb(folder + QStringLiteral("/web"));
     return isDone ? 0 : 1;
 }

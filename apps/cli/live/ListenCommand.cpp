@@ -14,6 +14,7 @@
 #include <cli/live/LiveSummary.h>
 #include <cli/live/detail/LiveLine.h>
 #include <cli/settings/BandCheck.h>
+#include <shared/web/WebPage.h>
 
 #include <cmath>
 #include <unistd.h>
@@ -22,6 +23,7 @@
 namespace {
 
 constexpr int kTickMs = 50;
+constexpr double kFullScale = 32768.0;
 constexpr std::int64_t kBeatMark = 120000;  ///< µs
 
 }  // namespace
@@ -89,6 +91,7 @@ void ListenCommand::_Listen(const QString& pInput)
     _Connect();
     _SetUpOutputs();
     _SetUpHands();
+    _SetUpWeb();
     m_beats.getThread().Start();
     m_sinceStart.start();
     m_tick.start(kTickMs);
@@ -97,6 +100,7 @@ void ListenCommand::_Listen(const QString& pInput)
     QCoreApplication::exec();
     m_tick.stop();
     m_beats.getThread().Stop();
+    m_web.reset();
     m_hands.reset();
     m_outputs.reset();
     _Clear();
@@ -141,6 +145,20 @@ void ListenCommand::_SetUpHands()
         });
     for (const QString& problem : m_hands->Begin())
         console::PrintError(problem);
+}
+
+void ListenCommand::_SetUpWeb()
+{
+    if (!m_options.web)
+        return;
+    m_web = std::make_unique<WebPage>(m_beats, m_hands->getHands(), m_outputs->getOutputs());
+    WebServer& server = m_web->getServer();
+    // Without the link there is no way in, however quiet it is to be.
+    if (server.Open(m_options.web->address, m_options.web->port))
+        _Tell(tr("the page: %1").arg(server.getLink()));
+    else
+        console::PrintError(
+            tr("the page at port %1: %2").arg(m_options.web->port).arg(server.getError()));
 }
 
 void ListenCommand::_Connect()
@@ -215,6 +233,9 @@ void ListenCommand::_OnTick()
         _Tell(listentexts::describePriority(m_beats.getThread().isRealTime()));
     _TellLostSamples();
     m_summary->TakeTicks();
+    m_peak = m_source->TakePeak();
+    if (m_web)
+        m_web->setLevel(m_peak / kFullScale);
     if (m_isLine)
         _DrawLine();
 }
@@ -244,7 +265,7 @@ void ListenCommand::_DrawLine()
         m_beat.start(int((beat.getTickTime(number + 1) - now) / 1000) + 1);
     }
     values.threshold = pAnalyzer ? pAnalyzer->getThreshold() : 0;
-    values.peak = m_source->TakePeak();
+    values.peak = m_peak;
     values.status = !isRunning            ? tr("waiting")
                     : m_beats.isPlaying() ? tr("playing")
                                           : tr("stopped");

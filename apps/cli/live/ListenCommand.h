@@ -18,6 +18,7 @@ class ListenHands;
 class ListenOutputs;
 class LiveEvents;
 class LiveSummary;
+class WebPage;
 
 /// The command "listen": analyses a live input until it is told to end, or a file as if it were
 /// one.
@@ -44,6 +45,7 @@ private:
     void _SetUpBeats();
     void _SetUpOutputs();
     void _SetUpHands();
+    void _SetUpWeb();
     void _Connect();
     void _ConnectSource();
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
@@ -68,8 +70,10 @@ private:
     LiveBeats m_beats;
     std::unique_ptr<ListenOutputs> m_outputs;
     std::unique_ptr<ListenHands> m_hands;
+    std::unique_ptr<WebPage> m_web;  ///< null unless it was asked for
     std::unique_ptr<LiveSummary> m_summary;
     std::unique_ptr<LiveEvents> m_events;  ///< null with a live line
+    int m_peak = 0;                        ///< of the last tick, 0 to 32768
     QTimer m_tick;
     QElapsedTimer m_sinceStart;
     QTimer m_beat;  ///< of the live line

@@ -31,7 +31,7 @@ QStringList ListenHands::Begin()
     problems += m_hands.getMap().getProblems();
     for (const QString& target : m_options.midi)
         _OpenMidi(target);
-    for (const HandOptions::OscPlace& place : m_options.osc)
+    for (const ListeningPlace& place : m_options.osc)
         problems += _OpenOsc(place);
     problems.removeAll(QString());
     m_hands.setLearning(m_options.learned.has_value());
@@ -51,7 +51,7 @@ void ListenHands::_OpenMidi(const QString& pTarget)
     input.Open(pTarget);
 }
 
-QString ListenHands::_OpenOsc(const HandOptions::OscPlace& pPlace)
+QString ListenHands::_OpenOsc(const ListeningPlace& pPlace)
 {
     m_osc.push_back(std::make_unique<OscInput>());
     OscInput& input = *m_osc.back();

@@ -32,10 +32,12 @@ public:
     /// Opens what was asked for, and nothing else. Returns what cannot be used, in words; the rest
     /// goes on all the same.
     QStringList Begin();
+    /// For other hands.
+    Hands& getHands() { return m_hands; }
 
 private:
     void _OpenMidi(const QString& pTarget);
-    QString _OpenOsc(const HandOptions::OscPlace& pPlace);
+    QString _OpenOsc(const ListeningPlace& pPlace);
     void _Learn(const QString& pControl);
     void _MoveOffset(double pMilliSeconds);
     void _SelectProfile(const QString& pName);

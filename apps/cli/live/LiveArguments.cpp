@@ -166,19 +166,32 @@ void AddHandOptions(shared::OptionSet& pOptions, ListenArguments& pArguments)
                       pArguments.learned,
                       tr("ACTION"),
                       tr("what the next control that is touched does from now on"));
+    pOptions.AddValue("--web",
+                      pArguments.web,
+                      QStringLiteral("[ADDRESS:]PORT"),
+                      tr("show the beat and its buttons on a page for a phone, likewise"));
 }
 
 /// "9001", or "0.0.0.0:9001"; 0 = any port.
-bool ReadOscPlace(const QString& pText, HandOptions& pHands)
+std::optional<ListeningPlace> ReadPlace(const QString& pText)
 {
     bool isPort = false;
-    const int port = pText.toUShort(&isPort);
-    const auto place = isPort ? std::nullopt : shared::HostPort::Parse(pText, 0);
-    if (place)
-        pHands.osc.push_back({place->host, static_cast<std::uint16_t>(place->port)});
-    else if (isPort)
-        pHands.osc.push_back({QString(), static_cast<std::uint16_t>(port)});
-    return isPort || place;
+    const std::uint16_t port = pText.toUShort(&isPort);
+    if (isPort)
+        return ListeningPlace{QString(), port};
+    const auto place = shared::HostPort::Parse(pText, 0);
+    if (!place)
+        return std::nullopt;
+    return ListeningPlace{place->host, static_cast<std::uint16_t>(place->port)};
+}
+
+QString ReadWeb(const std::string& pText, ListenOptions& pOptions)
+{
+    if (pText.empty())
+        return {};
+    const QString place = QString::fromStdString(pText).trimmed();
+    pOptions.web = ReadPlace(place);
+    return pOptions.web ? QString() : tr("--web %1: give a port, or ADDRESS:PORT").arg(place);
 }
 
 QString ReadHands(const ListenArguments& pArguments, HandOptions& pHands)
@@ -186,9 +199,11 @@ QString ReadHands(const ListenArguments& pArguments, HandOptions& pHands)
     for (const std::string& port : pArguments.handsMidi)
         pHands.midi += QString::fromStdString(port).trimmed();
     for (const std::string& text : pArguments.handsOsc) {
-        const QString place = QString::fromStdString(text).trimmed();
-        if (!ReadOscPlace(place, pHands))
-            return tr("--hands-osc %1: give a port, or ADDRESS:PORT").arg(place);
+        const QString given = QString::fromStdString(text).trimmed();
+        const auto place = ReadPlace(given);
+        if (!place)
+            return tr("--hands-osc %1: give a port, or ADDRESS:PORT").arg(given);
+        pHands.osc.push_back(*place);
     }
     if (pArguments.learned.empty())
         return {};
@@ -259,7 +274,8 @@ QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pO
           ReadOffset(QString::fromStdString(pArguments.offset), pOptions),
           ReadFile(pArguments, pOptions),
           ReadOutputs(pArguments, pOptions),
-          ReadHands(pArguments, pOptions.hands)})
+          ReadHands(pArguments, pOptions.hands),
+          ReadWeb(pArguments.web, pOptions)})
         if (!refusal.isEmpty())
             return refusal;
     return readAnalysisOptions(pArguments.analysis, pOptions.analysis);

@@ -26,6 +26,7 @@ struct ListenArguments
     std::vector<std::string> handsMidi;
     std::vector<std::string> handsOsc;
     std::string learned;
+    std::string web;
     std::map<std::string, std::string> analysis;  ///< by option name
 };
 

@@ -20,19 +20,19 @@ enum eEventFormat
     eNdjsonEvents  ///< one JSON object a line
 };
 
+/// Where others are let in: an address of this machine, empty = the machine itself; and a port, 0 =
+/// any.
+struct ListeningPlace
+{
+    QString address;
+    std::uint16_t port;
+};
+
 /// Which hands "listen" lets in.
 struct HandOptions
 {
-    /// Where OSC is listened to: an address of this machine, empty = the machine itself; and a
-    /// port, 0 = any.
-    struct OscPlace
-    {
-        QString address;
-        std::uint16_t port;
-    };
-
     QStringList midi;  ///< as MidiInput takes them
-    std::vector<OscPlace> osc;
+    std::vector<ListeningPlace> osc;
     std::optional<shared::HandAction> learned;  ///< what the first control that is touched is to do
 };
 
@@ -52,6 +52,7 @@ struct ListenOptions
     QStringList outputNames;            ///< stored ones that are sent to, enabled or not
     bool isWithoutStored = false;       ///< those that are enabled are not sent to
     HandOptions hands;
+    std::optional<ListeningPlace> web;  ///< of the page
     AnalysisOptions analysis;
 };
 

@@ -20,14 +20,18 @@ void Hands::Take(const shared::HandMessage& pMessage)
         return;
     }
     const std::optional<shared::HandCommand> command = m_map.Feel(pMessage);
-    if (!command)
-        return;
-    _Do(*command);
-    if (command->isPressed)
-        Q_EMIT OnDone(command->action.getText());
+    if (command)
+        Do(*command);
 }
 
-void Hands::_Do(const shared::HandCommand& pCommand)
+void Hands::Do(const shared::HandCommand& pCommand)
+{
+    _Carry(pCommand);
+    if (pCommand.isPressed)
+        Q_EMIT OnDone(pCommand.action.getText());
+}
+
+void Hands::_Carry(const shared::HandCommand& pCommand)
 {
     constexpr double kMicroSeconds = 1000.0;  // a millisecond
     constexpr double kPercent = 100.0;

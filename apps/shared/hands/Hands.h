@@ -22,6 +22,8 @@ public:
     void setLearning(bool pIsLearning) { m_isLearning = pIsLearning; }
 
     void Take(const shared::HandMessage& pMessage);
+    /// Also while it learns.
+    void Do(const shared::HandCommand& pCommand);
 
 Q_SIGNALS:
     /// A control that was touched; while it learns.
@@ -33,7 +35,7 @@ Q_SIGNALS:
     void OnProfileWanted(const QString& pName);
 
 private:
-    void _Do(const shared::HandCommand& pCommand);
+    void _Carry(const shared::HandCommand& pCommand);
 
     LiveBeats& m_beats;  ///< not owned
     shared::HandMap m_map;

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void listen_fails_whenNothingIsHeard();
     void listen_endsWell_onASignal_data();
     void listen_endsWell_onASignal();
+    void listen_tellsTheLinkOfItsPage_howeverQuiet();
     void listen_ends_whenItsReaderLeaves();
     void listen_refusesWrongUsage_data();
     void listen_refusesWrongUsage();
@@ -198,6 +199,21 @@ void tst_ListenProgram::listen_endsWell_onASignal()
     QVERIFY(run.errors.contains("Deck: 0:0"));
 }
 
+void tst_ListenProgram::listen_tellsTheLinkOfItsPage_howeverQuiet()
+{
+    QProcess process;
+    m_stage.Start(process,
+                  QStringLiteral("audio-analyzer"),
+                  {QStringLiteral("listen"), QStringLiteral("--quiet"), QStringLiteral("--web=0")});
+    QVERIFY(Stage::WaitFor(process, QProcess::StandardError, "/\n"));
+    ::kill(pid_t(process.processId()), SIGTERM);
+    const StagedRun run = Stage::Finish(process);
+    QCOMPARE(run.exitCode, 0);
+    const QRegularExpression link(
+        QStringLiteral("the page: http://127\\.0\\.0\\.1:[1-9][0-9]*/\n"));
+    QVERIFY2(link.match(QString::fromUtf8(run.errors)).hasMatch(), run.errors.constData());
+}
+
 void tst_ListenProgram::listen_ends_whenItsReaderLeaves()
 {
     const QString pipe =
@@ -218,6 +234,7 @@ void tst_ListenProgram::listen_refusesWrongUsage_data()
     QTest::newRow("duration") << "listen --duration 0" << QByteArray("number of seconds");
     QTest::newRow("text") << "listen --duration soon" << QByteArray("number of seconds");
     QTest::newRow("offset") << "listen --offset 501" << QByteArray("number of milliseconds");
+    QTest::newRow("web") << "listen --web nowhere" << QByteArray("ADDRESS:PORT");
     QTest::newRow("profile") << "listen --profile Polka" << QByteArray("Electro, Hardcore, Slow");
     QTest::newRow("bpm") << "listen --bpm 200:100" << QByteArray("MIN:MAX");
     QTest::newRow("fixed") << "listen --fixed-bpm 400" << QByteArray("outside the profile's range");

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <shared/clock/ClockThread.h>
+#include <shared/web/WebPage.h>
+#include <shared/web/detail/WebMessages.h>
+
+#include <cstdlib>
+
+WebPage::WebPage(LiveBeats& pBeats, Hands& pHands, const Outputs& pOutputs, QObject* pParent)
+    : QObject(pParent), m_beats(pBeats), m_hands(pHands), m_outputs(pOutputs)
+{
+    WebClients& clients = m_server.getClients();
+    connect(&clients, &WebClients::OnJoined, this, &WebPage::_TellAnew);
+    connect(&clients, &WebClients::OnAction, this, [this](const shared::HandAction& pAction) {
+        m_hands.Do({pAction, true});
+        _Tell();
+    });
+    connect(&m_timer, &QTimer::timeout, this, &WebPage::_Tell);
+    m_timer.start(kIntervalMs);
+}
+
+void WebPage::_Tell()
+{
+    if (m_server.getClients().getCount() == 0)
+        return;
+    const BeatClockState state = m_beats.getClock().getState();
+    _TellState(state);
+    if (state.isRunning())
+        _TellBeat(state);
+}
+
+/// Each beat once, and again when it has moved.
+void WebPage::_TellBeat(const BeatClockState& pState)
+{
+    constexpr std::int64_t kLeastMove = 3000;  // µs
+    constexpr double kLeastChange = 0.005;     // BPM
+    const std::int64_t now = shared::ClockThread::getTime();
+    const std::int64_t time = pState.getTickTime(pState.getNextTick(now));
+    if (std::abs(time - m_toldTime) < kLeastMove && std::abs(pState.bpm - m_toldBPM) < kLeastChange)
+        return;
+    m_toldTime = time;
+    m_toldBPM = pState.bpm;
+    m_server.getClients().Say(
+        shared::detail::describeWebBeat(pState, m_beats.getConfidence(pState), now));
+}
+
+void WebPage::_TellState(const BeatClockState& pState)
+{
+    QVector<shared::detail::WebOutput> outputs;
+    const QStringList names = m_outputs.getNames();
+    for (const QString& name : names)
+        outputs.append({name, m_outputs.getState(name), m_outputs.isOpen(name)});
+    const QByteArray told =
+        shared::detail::describeWebState(pState, m_beats.isPlaying(), m_level, outputs);
+    if (told == m_toldState)
+        return;
+    m_toldState = told;
+    m_server.getClients().Say(told);
+}
+
+void WebPage::_TellAnew()
+{
+    m_toldTime = 0;
+    m_toldState.clear();
+    _Tell();
+}
+
+#include "moc_WebPage.cpp"

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <shared/hands/Hands.h>
+#include <shared/outputs/Outputs.h>
+#include <shared/web/WebServer.h>
+
+#include <QObject>
+#include <QTimer>
+
+/// The page with the beat on it and the hand at it: tells its browsers each beat before it falls
+/// due, so that their flash is in time however long the way is, and does what they ask for.
+///
+/// Threads: one event-loop thread.
+class WebPage : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int kIntervalMs = 50;
+
+    /// Nothing of it is owned.
+    WebPage(LiveBeats& pBeats, Hands& pHands, const Outputs& pOutputs, QObject* pParent = nullptr);
+
+    WebServer& getServer() { return m_server; }
+    /// Of the newest sound, 0 to 1 of full scale.
+    void setLevel(double pLevel) { m_level = pLevel; }
+
+private:
+    void _Tell();
+    void _TellBeat(const BeatClockState& pState);
+    void _TellState(const BeatClockState& pState);
+    void _TellAnew();
+
+    LiveBeats& m_beats;        ///< not owned
+    Hands& m_hands;            ///< not owned
+    const Outputs& m_outputs;  ///< not owned
+    WebServer m_server;
+    double m_level = 0.0;
+    std::int64_t m_toldTime = 0;  ///< µs; of the beat that was told last, 0 = none
+    double m_toldBPM = 0.0;
+    QByteArray m_toldState;
+    QTimer m_timer;
+};
