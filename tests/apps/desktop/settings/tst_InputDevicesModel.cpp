@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "InputDevicesTest.h"
 #include <desktop/settings/InputDevicesModel.h>
 
 #include <QAbstractItemModelTester>
@@ -8,41 +9,6 @@
 #include <fake/Machine.h>
 #include <support/TestClass.h>
 #include <support/Text.h>
-
-namespace {
-
-/// Says that there is a sound server.
-class AnsweringBackEnd : public SoundBackEnd
-{
-public:
-    AnsweringBackEnd() { _Publish(); }
-    std::vector<SoundSource> getSources() const override { return sources; }
-    bool isAnswering() const override { return true; }
-    std::optional<SoundPosition> getPosition() const override { return {}; }
-
-    std::vector<SoundSource> sources;
-};
-
-/// A model under the eyes of Qt's tester.
-struct WatchedDevices
-{
-    InputDevicesModel model;
-    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
-
-    QStringList Texts() const
-    {
-        QStringList texts;
-        for (int row = 0; row < model.rowCount(); ++row)
-            texts.append(model.index(row).data().toString());
-        return texts;
-    }
-    bool Is(const char* pName, InputDevicesModel::eRole pRole) const
-    {
-        return model.index(model.Find(Text(pName))).data(pRole).toBool();
-    }
-};
-
-}  // namespace
 
 class tst_InputDevicesModel : public QObject
 {
@@ -63,14 +29,6 @@ private Q_SLOTS:
     void goneDevice_isDropped();
     void goneDefault_leavesItsMarkToAnother();
     void defaultMark_isTheWatchers();
-    void chosenDevice_staysListed_whenItVanishes();
-    void chosenDevice_isPresentAgain_whenItReturns();
-    void absentDevice_isListed_whenItIsChosen();
-    void absentDevice_isDropped_whenAnotherIsChosen();
-    void choice_isByTheExactName();
-    void choice_tellsBothRows();
-    void chosenPresent_followsTheRecorder();
-    void noChoice_hasNoPresence();
     void list_takesAManyChanges();
     void data_isEmpty_whereThereIsNone();
     void retranslate_tellsEveryRow();
@@ -237,111 +195,6 @@ void tst_InputDevicesModel::defaultMark_isTheWatchers()
     Machine().Plug(Text("Line"));
     PanelTest::Poll();
     QCOMPARE(watched.Texts(), QStringList({Text("Mixer"), Text("Deck (default)"), Text("Line")}));
-}
-
-void tst_InputDevicesModel::chosenDevice_staysListed_whenItVanishes()
-{
-    const QByteArray deck = Machine().Plug(Text("Deck"));
-    Machine().Plug(Text("Mixer"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("Deck"));
-    Machine().Unplug(deck);
-    PanelTest::Poll();
-    QCOMPARE(watched.Texts(), QStringList({Text("Deck (absent)"), Text("Mixer (default)")}));
-    QVERIFY(!watched.Is("Deck", InputDevicesModel::ePresentRole));
-    QVERIFY(watched.Is("Deck", InputDevicesModel::eChosenRole));
-    QCOMPARE(watched.model.getPresentCount(), 1);
-}
-
-void tst_InputDevicesModel::chosenDevice_isPresentAgain_whenItReturns()
-{
-    const QByteArray deck = Machine().Plug(Text("Deck"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("Deck"));
-    Machine().Unplug(deck);
-    PanelTest::Poll();
-    QSignalSpy inserted(&watched.model, &QAbstractItemModel::rowsInserted);
-    Machine().Plug(Text("Deck"));
-    PanelTest::Poll();
-    QCOMPARE(inserted.count(), 0);
-    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
-    QVERIFY(watched.Is("Deck", InputDevicesModel::ePresentRole));
-}
-
-void tst_InputDevicesModel::absentDevice_isListed_whenItIsChosen()
-{
-    Machine().Plug(Text("Mixer"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("Gone"));
-    QCOMPARE(watched.Texts(), QStringList({Text("Mixer (default)"), Text("Gone (absent)")}));
-    QCOMPARE(watched.model.getChosen(), Text("Gone"));
-    QCOMPARE(watched.model.getPresentCount(), 1);
-}
-
-void tst_InputDevicesModel::absentDevice_isDropped_whenAnotherIsChosen()
-{
-    Machine().Plug(Text("Mixer"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("Gone"));
-    watched.model.setChosen(Text("Mixer"));
-    QCOMPARE(watched.Texts(), QStringList(Text("Mixer (default)")));
-    watched.model.setChosen(QString());
-    QCOMPARE(watched.Texts(), QStringList(Text("Mixer (default)")));
-    QVERIFY(!watched.Is("Mixer", InputDevicesModel::eChosenRole));
-}
-
-void tst_InputDevicesModel::choice_isByTheExactName()
-{
-    Machine().Plug(Text("Deck"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("deck"));
-    QCOMPARE(watched.Texts(), QStringList({Text("Deck (default)"), Text("deck (absent)")}));
-    QVERIFY(!watched.Is("Deck", InputDevicesModel::eChosenRole));
-}
-
-void tst_InputDevicesModel::choice_tellsBothRows()
-{
-    Machine().Plug(Text("Mixer"));
-    Machine().Plug(Text("Deck"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("Mixer"));
-    QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
-    watched.model.setChosen(Text("Deck"));
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(changed.at(0).at(0).toModelIndex().row(), 0);
-    QCOMPARE(changed.at(1).at(0).toModelIndex().row(), 1);
-    watched.model.setChosen(Text("Deck"));
-    QCOMPARE(changed.count(), 2);
-}
-
-void tst_InputDevicesModel::chosenPresent_followsTheRecorder()
-{
-    Machine().Plug(Text("Deck"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosen(Text("Deck"));
-    QSignalSpy changed(&watched.model, &QAbstractItemModel::dataChanged);
-    watched.model.setChosenPresent(false);
-    QCOMPARE(watched.Texts(), QStringList(Text("Deck (absent, default)")));
-    watched.model.setChosenPresent(false);
-    watched.model.setChosenPresent(true);
-    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
-    QCOMPARE(changed.count(), 2);
-}
-
-void tst_InputDevicesModel::noChoice_hasNoPresence()
-{
-    Machine().Plug(Text("Deck"));
-    PanelTest::Poll();
-    WatchedDevices watched;
-    watched.model.setChosenPresent(false);
-    QCOMPARE(watched.Texts(), QStringList(Text("Deck (default)")));
 }
 
 void tst_InputDevicesModel::list_takesAManyChanges()
