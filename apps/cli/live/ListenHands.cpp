@@ -90,6 +90,7 @@ void ListenHands::_SelectProfile(const QString& pName)
         if (profile.getName().compare(pName, Qt::CaseInsensitive) != 0)
             continue;
         m_configuration.setSelectedProfile(profile);
+        m_beats.setAutomatic(false);
         return m_say(tr("profile %1").arg(profile.getName()));
     }
     m_say(tr("there is no profile %1").arg(pName));

@@ -12,8 +12,8 @@ constexpr std::size_t kBeatsInRow = 9;  ///< that RecordingTempo makes a tempo o
 }  // namespace
 
 LiveSummary::LiveSummary(LiveSource& pSource, LiveBeats& pBeats, bool pMeasures)
-    : m_source(pSource), m_beats(pBeats), m_measures(pMeasures),
-      m_relay(m_follower, pBeats.isAutomatic() ? BeatRelay::eTold : BeatRelay::eFollower)
+    : m_source(pSource), m_beats(pBeats), m_measures(pMeasures), m_isTold(pBeats.isAutomatic()),
+      m_relay(m_follower, m_isTold ? BeatRelay::eTold : BeatRelay::eFollower)
 {
     using S = LiveSource;
     connect(&pSource, &S::OnAnalyzerCreated, this, &LiveSummary::_OnAnalyzerCreated);
@@ -21,7 +21,7 @@ LiveSummary::LiveSummary(LiveSource& pSource, LiveBeats& pBeats, bool pMeasures)
     connect(&pBeats, &LiveBeats::OnBeatHeard, this, &LiveSummary::_OnHeard);
     connect(&pBeats, &LiveBeats::OnPlayingChanged, this, [this](qint64 pTime, bool pIsPlaying) {
         m_errors.Interrupt();
-        if (m_beats.isAutomatic())
+        if (m_isTold)
             _RelayPlaying(getSeconds(pTime), pIsPlaying);
     });
     connect(&m_relay, &BeatRelay::OnBeat, this, &LiveSummary::_Count);
@@ -55,7 +55,7 @@ void LiveSummary::_OnAnchored()
 {
     if (m_start == 0)
         m_start = shared::ClockThread::getTime();
-    if (m_beats.isAutomatic() && !m_isPlayingTold)
+    if (m_isTold && !m_isPlayingTold)
         _RelayPlaying(0.0, m_beats.isPlaying());
     m_follower.Restart();
     m_relay.Restart(m_source.getSampleRate(), getSeconds());
@@ -87,7 +87,7 @@ void LiveSummary::TakeTicks()
 
 void LiveSummary::_OnHeard(const LiveBeats::Heard& pBeat)
 {
-    if (m_beats.isAutomatic())
+    if (m_isTold)
         _RelayHeard(pBeat, getSeconds(pBeat.time));
     if (!m_measures || pBeat.isVirtual)
         return;
@@ -100,6 +100,7 @@ void LiveSummary::_RelayHeard(const LiveBeats::Heard& pBeat, double pTime)
     LoggedBeat beat = {};
     beat.index = quint64(pTime * m_source.getSampleRate());
     beat.time = pTime;
+    beat.isVirtual = pBeat.isVirtual;
     beat.bpm = pBeat.bpm;
     beat.beatInBar = pBeat.beatInBar;
     beat.confidence = pBeat.confidence;
@@ -118,7 +119,7 @@ void LiveSummary::_Count(const LoggedBeat& pBeat)
 /// Automatic beats lie more exactly than their tempo is told.
 double LiveSummary::_TempoOf(const LoggedBeat& pBeat)
 {
-    if (!m_beats.isAutomatic())
+    if (pBeat.beatInBar == 0)
         return pBeat.bpm;
     if (m_row.size() == kBeatsInRow)
         m_row.erase(m_row.begin());

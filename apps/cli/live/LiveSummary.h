@@ -78,6 +78,7 @@ private:
     LiveSource& m_source;  ///< not owned
     LiveBeats& m_beats;    ///< not owned
     bool m_measures;
+    const bool m_isTold;  ///< it began with the automatic tracker: beats come as they are heard
     BeatFollower m_follower;
     BeatRelay m_relay;
     bool m_isPlayingTold = false;

@@ -114,6 +114,7 @@ void tst_ListenHands::offsetAndProfile_areMoved()
     QTRY_COMPARE_WITH_TIMEOUT(bench.said.last(), QStringLiteral("profile Hardcore"), kHandMs);
     QCOMPARE(bench.beats.getClock().getState().offset, std::int64_t(300000));
     QCOMPARE(bench.configuration.getSelectedProfile().getName(), QStringLiteral("Hardcore"));
+    QVERIFY(!bench.beats.isAutomatic());
     bench.touch("/no");
     QTRY_COMPARE_WITH_TIMEOUT(
         bench.said.last(), QStringLiteral("there is no profile Polka"), kHandMs);

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void initTestCase();
     void summary_countsBeatsAndTempo();
     void tempo_comesFromTheTimesOfAutomaticBeats();
+    void beats_areCounted_whenAProfileTakesOver();
     void seconds_beginWithTheFirstSample();
     void beats_goOnInTime_afterAnAnchor();
     void relay_countsFromTheTimeOfItsRestart();
@@ -108,6 +109,25 @@ void tst_LiveSummary::tempo_comesFromTheTimesOfAutomaticBeats()
         Q_EMIT beats.OnBeatHeard({start + beat * 500000, 120.3, 0.9, 1, 0.5, false});
     QCOMPARE(summary.getRealBeats(), quint64(60));
     QVERIFY(std::fabs(summary.getTempo() - 120.0) < 0.01);
+}
+
+// By hand, in the middle of a session: the engine's beats come the way of the tracker's.
+void tst_LiveSummary::beats_areCounted_whenAProfileTakesOver()
+{
+    FakeAudioState::Get().Clear();
+    FakeAudioState::Get().Plug(SessionLog::Device());
+    SessionLog log;
+    LiveBeats beats;
+    LiveSummary summary(log.session, beats, false);
+    log.Open();
+    SessionLog::Push({1, 2, 3});
+    const std::int64_t start = shared::ClockThread::getTime();
+    Q_EMIT beats.OnBeatHeard({start, 120.0, 0.9, 1, 0.5, false});
+    beats.setAutomatic(false);
+    Q_EMIT beats.OnBeatHeard({start + 500000, 120.0, 0.9, 0, 0.0, false});
+    Q_EMIT beats.OnBeatHeard({start + 1000000, 120.0, 0.9, 0, 0.0, true});
+    QCOMPARE(summary.getRealBeats(), quint64(2));
+    QCOMPARE(summary.getVirtualBeats(), quint64(1));
 }
 
 void tst_LiveSummary::seconds_beginWithTheFirstSample()
