@@ -2,6 +2,7 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <cli/live/ListenHands.h>
+#include <shared/settings/ChoicesTurn.h>
 
 #include <cmath>
 #include <utility>
@@ -64,10 +65,14 @@ QString ListenHands::_OpenOsc(const ListeningPlace& pPlace)
 
 void ListenHands::_Learn(const QString& pControl)
 {
+    shared::ChoicesTurn turn;
+    const bool isMyTurn = turn.Take();
+    // Others may have learned meanwhile.
+    m_hands.getMap() = shared::HandMap::Load();
     if (!m_hands.getMap().Learn(pControl, *m_options.learned))
         return m_say(tr("%1 cannot be learned: there are too many").arg(pControl));
     m_hands.setLearning(false);
-    if (m_hands.getMap().Save())
+    if (isMyTurn && m_hands.getMap().Save())
         m_say(tr("%1 does \"%2\" from now on").arg(pControl, m_options.learned->getText()));
     else
         m_say(tr("%1 does \"%2\" for now; it cannot be stored")

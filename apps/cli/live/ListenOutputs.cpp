@@ -28,26 +28,16 @@ QStringList ListenOutputs::Begin(LiveSource& pSource)
     for (const StoredOutput& output : settings.getOutputs()) {
         const bool isAsked = m_options.outputNames.contains(output.name, Qt::CaseInsensitive);
         if (isAsked || (output.isEnabled && !m_options.isWithoutStored))
-            problems += _Add(output);
+            problems += shared::addOutput(m_outputs, output);
     }
     for (StoredOutput output : m_options.outputs) {
         output.name = _FreeName(output.kind);
-        problems += _Add(output);
+        problems += shared::addOutput(m_outputs, output);
     }
     if (m_outputs.hearsSound())
         m_sound.Follow(pSource);
     problems.removeAll(QString());
     return problems;
-}
-
-QString ListenOutputs::_Add(const StoredOutput& pOutput)
-{
-    QString reason;
-    auto pReceiver = shared::makeReceiver(pOutput.kind, pOutput.address, pOutput.preset, reason);
-    if (!pReceiver)
-        return QStringLiteral("%1: %2").arg(pOutput.name, reason);
-    m_outputs.Add(pOutput.name, std::move(pReceiver), pOutput.offset);
-    return {};
 }
 
 /// "osc", or "osc 2" when that one is taken.

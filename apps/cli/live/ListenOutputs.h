@@ -30,7 +30,6 @@ public:
     static QString FindUnknown(const ListenOptions& pOptions);
 
 private:
-    QString _Add(const StoredOutput& pOutput);
     QString _FreeName(const QString& pKind) const;
 
     const ListenOptions& m_options;  ///< not owned

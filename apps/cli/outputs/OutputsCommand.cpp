@@ -7,6 +7,7 @@
 #include <cli/outputs/OutputsCommand.h>
 #include <cli/outputs/OutputsTest.h>
 #include <shared/outputs/kinds/OutputKinds.h>
+#include <shared/settings/ChoicesTurn.h>
 
 #include <algorithm>
 
@@ -26,19 +27,41 @@ OutputsCommand::OutputsCommand(const OutputsOptions& pOptions) : m_options(pOpti
 
 int OutputsCommand::Run()
 {
+    if (m_options.action == OutputsOptions::eList) {
+        _Load();
+        return m_options.showsPorts ? _ListPorts() : _List();
+    }
+    if (m_options.action == OutputsOptions::eTest) {
+        _Load();
+        return _Test();
+    }
+    return _Change();
+}
+
+void OutputsCommand::_Load()
+{
+    m_settings = OutputSettings::Load();
     for (const QString& problem : m_settings.getProblems())
         console::PrintError(problem);
-    if (m_options.action == OutputsOptions::eList)
-        return m_options.showsPorts ? _ListPorts() : _List();
-    if (m_options.action == OutputsOptions::eTest)
-        return _Test();
-    const QString refusal = _Change();
+}
+
+int OutputsCommand::_Change()
+{
+    shared::ChoicesTurn turn;
+    if (!turn.Take())
+        return _Fail(turn.getError());
+    _Load();
+    const QString refusal = _Edit();
     if (!refusal.isEmpty())
         return _Refuse(refusal);
-    if (m_settings.Save())
-        return eExitDone;
-    console::PrintError(
-        tr("the outputs cannot be stored in %1").arg(UISettings::_getDefaultPath()));
+    if (!m_settings.Save())
+        return _Fail(tr("the outputs cannot be stored in %1").arg(UISettings::_getDefaultPath()));
+    return eExitDone;
+}
+
+int OutputsCommand::_Fail(const QString& pReason) const
+{
+    console::PrintError(pReason);
     return eExitFailed;
 }
 
@@ -117,14 +140,14 @@ int OutputsCommand::_Test() const
 }
 
 /// Returns what is refused, or an empty text.
-QString OutputsCommand::_Change()
+QString OutputsCommand::_Edit()
 {
     if (m_options.action == OutputsOptions::eAdd)
         return _Add();
     if (!m_settings.Find(m_options.name))
         return _DescribeUnknown();
     if (m_options.action == OutputsOptions::eEdit)
-        return _Edit();
+        return _Replace();
     if (m_options.action == OutputsOptions::eRemove)
         m_settings.Remove(m_options.name);
     else
@@ -143,7 +166,7 @@ QString OutputsCommand::_Add()
     return fault.isEmpty() ? m_settings.Add(output) : fault;
 }
 
-QString OutputsCommand::_Edit()
+QString OutputsCommand::_Replace()
 {
     if (m_options.newName.isEmpty() && !m_options.place && !m_options.offset)
         return tr("outputs edit: give what to change: --name, --address or --offset");

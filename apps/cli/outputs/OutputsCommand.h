@@ -23,12 +23,15 @@ private:
     int _List() const;
     int _ListPorts() const;
     int _Test() const;
+    int _Change();
     int _Refuse(const QString& pReason) const;
-    QString _Change();
-    QString _Add();
+    int _Fail(const QString& pReason) const;
+    void _Load();
     QString _Edit();
+    QString _Add();
+    QString _Replace();
     QString _DescribeUnknown() const;
 
     const OutputsOptions& m_options;  ///< not owned
-    OutputSettings m_settings = OutputSettings::Load();
+    OutputSettings m_settings;
 };

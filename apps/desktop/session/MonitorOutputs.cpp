@@ -25,17 +25,10 @@ QStringList MonitorOutputs::setOn(bool pIsOn)
     if (pIsOn) {
         const OutputSettings settings = OutputSettings::Load();
         problems = settings.getProblems();
-        for (const StoredOutput& output : settings.getOutputs()) {
-            QString reason;
-            auto pReceiver =
-                output.isEnabled
-                    ? shared::makeReceiver(output.kind, output.address, output.preset, reason)
-                    : nullptr;
-            if (pReceiver)
-                m_outputs.Add(output.name, std::move(pReceiver), output.offset);
-            else if (output.isEnabled)
-                problems.append(QStringLiteral("%1: %2").arg(output.name, reason));
-        }
+        for (const StoredOutput& output : settings.getOutputs())
+            if (output.isEnabled)
+                problems += shared::addOutput(m_outputs, output);
+        problems.removeAll(QString());
         m_names = m_outputs.getNames();
         if (!m_names.isEmpty())
             m_beats.getThread().Start();

@@ -2,6 +2,7 @@
 #include <AudioAnalyzer/config/UISettings.h>
 
 #include <shared/hands/HandMap.h>
+#include <shared/settings/ChoicesTurn.h>
 #include <shared/text/Text.h>
 
 #include <QDir>
@@ -26,12 +27,6 @@ bool IsControl(const QString& pText)
            pText.size() <= kLongestControl;
 }
 
-/// A comma that somebody wrote by hand makes a list.
-QString HandText(const QSettings& pFile, const QString& pKey)
-{
-    return pFile.value(pKey).toStringList().join(QLatin1Char(',')).trimmed();
-}
-
 }  // namespace
 
 HandMap HandMap::Load()
@@ -44,13 +39,13 @@ HandMap HandMap::Load()
     const int count = file.beginReadArray(kHandGroup);
     for (int i = 0; i < std::min(count, kMost); ++i) {
         file.setArrayIndex(i);
-        const auto action = HandAction::Parse(HandText(file, kAction));
-        if (!action || !map.Learn(HandText(file, kControl), *action))
+        const auto action = HandAction::Parse(choiceText(file, kAction));
+        if (!action || !map.Learn(choiceText(file, kControl), *action))
             map.m_problems += tr("%1: control %2 is left out: \"%3\" to \"%4\" is not understood")
                                   .arg(path,
                                        QString::number(i + 1),
-                                       HandText(file, kControl),
-                                       HandText(file, kAction));
+                                       choiceText(file, kControl),
+                                       choiceText(file, kAction));
     }
     return map;
 }

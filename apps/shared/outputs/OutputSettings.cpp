@@ -2,6 +2,7 @@
 #include <AudioAnalyzer/config/UISettings.h>
 
 #include <shared/outputs/OutputSettings.h>
+#include <shared/settings/ChoicesTurn.h>
 #include <shared/text/Text.h>
 
 #include <QDir>
@@ -22,12 +23,6 @@ const QString kPreset = QStringLiteral("Preset");
 const QString kOffset = QStringLiteral("OffsetMs");
 const QString kEnabled = QStringLiteral("Enabled");
 
-/// A comma that somebody wrote by hand makes a list.
-QString TextOf(const QSettings& pFile, const QString& pKey)
-{
-    return pFile.value(pKey).toStringList().join(QStringLiteral(", ")).trimmed();
-}
-
 bool IsPrintable(const QString& pText)
 {
     return std::all_of(
@@ -37,10 +32,10 @@ bool IsPrintable(const QString& pText)
 StoredOutput Read(const QSettings& pFile)
 {
     StoredOutput output;
-    output.name = TextOf(pFile, kName);
-    output.kind = TextOf(pFile, kKind);
-    output.address = TextOf(pFile, kAddress);
-    output.preset = TextOf(pFile, kPreset);
+    output.name = shared::choiceText(pFile, kName);
+    output.kind = shared::choiceText(pFile, kKind);
+    output.address = shared::choiceText(pFile, kAddress);
+    output.preset = shared::choiceText(pFile, kPreset);
     bool isNumber = false;
     output.offset = pFile.value(kOffset, 0.0).toDouble(&isNumber);
     if (!isNumber)

@@ -49,6 +49,16 @@ std::unique_ptr<OutputReceiver> makeReceiver(const QString& pKind,
     return nullptr;
 }
 
+QString addOutput(Outputs& pOutputs, const StoredOutput& pOutput)
+{
+    QString reason;
+    auto pReceiver = makeReceiver(pOutput.kind, pOutput.address, pOutput.preset, reason);
+    if (!pReceiver)
+        return QStringLiteral("%1: %2").arg(pOutput.name, reason);
+    pOutputs.Add(pOutput.name, std::move(pReceiver), pOutput.offset);
+    return {};
+}
+
 void readOutputPlace(const QString& pText, StoredOutput& pOutput)
 {
     const OutputKind* pKind = findOutputKind(pOutput.kind);

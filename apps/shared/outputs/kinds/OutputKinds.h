@@ -3,6 +3,7 @@
 
 #include <shared/outputs/OutputReceiver.h>
 #include <shared/outputs/OutputSettings.h>
+#include <shared/outputs/Outputs.h>
 
 #include <QString>
 #include <QStringList>
@@ -48,6 +49,9 @@ std::unique_ptr<OutputReceiver> makeReceiver(const QString& pKind,
                                              const QString& pAddress,
                                              const QString& pPreset,
                                              QString& pReason);
+/// Begins to send to a stored output. Returns why it cannot be used, in words for people, or an
+/// empty text.
+QString addOutput(Outputs& pOutputs, const StoredOutput& pOutput);
 /// Divides "ADDRESS/PRESET" for kinds that have presets; fills address and preset of pOutput, whose
 /// kind is there.
 void readOutputPlace(const QString& pText, StoredOutput& pOutput);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <shared/settings/FileLock.h>
+
 #include <QtTest>
 
 #include <apps/shared/outputs/osc/OscListener.h>
@@ -15,6 +17,8 @@ class tst_OutputsProgram : public QObject
 private Q_SLOTS:
     void init();
     void outputs_areAdded_andListed();
+    void outputsAddedAtOnce_areAllKept();
+    void turnThatAnotherKeeps_isSaid();
     void outputs_areEdited();
     void outputs_areEnabled_andRemoved();
     void malformedEntries_areSaid();
@@ -58,6 +62,37 @@ void tst_OutputsProgram::outputs_areAdded_andListed()
     QCOMPARE(list(),
              QByteArray("* vis      osc        10.0.0.5/resolume  -20 ms later\n"
                         "* my desk  osc        tcp:desk:1/beat /a/b f bpm / 2\n"));
+}
+
+void tst_OutputsProgram::outputsAddedAtOnce_areAllKept()
+{
+    constexpr int kPrograms = 8;
+    QProcess programs[kPrograms];
+    for (int i = 0; i < kPrograms; ++i)
+        m_stage.Start(programs[i],
+                      Text("audio-analyzer"),
+                      QStringLiteral("outputs add desk%1 wled").arg(i).split(QLatin1Char(' ')));
+    for (QProcess& program : programs) {
+        const StagedRun run = Stage::Finish(program);
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.exitCode, 0);
+    }
+    const QByteArray listed = list();
+    for (int i = 0; i < kPrograms; ++i)
+        QVERIFY2(listed.contains("* desk" + QByteArray::number(i) + ' '), listed.constData());
+    const QDir folder = QFileInfo(settingsPath()).dir();
+    QCOMPARE(folder.entryList({Text("*.turn*")}, QDir::AllEntries | QDir::Hidden), QStringList());
+}
+
+void tst_OutputsProgram::turnThatAnotherKeeps_isSaid()
+{
+    FileLock other;
+    QCOMPARE(other.Take(settingsPath() + Text(".turn"), 0), FileLock::eTaken);
+    const StagedRun run = m_stage.Run("outputs add desk wled");
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.errors.contains("is being changed by another program"), run.errors.constData());
+    other.LetGo();
+    QCOMPARE(list(), QByteArray());
 }
 
 void tst_OutputsProgram::outputs_areEdited()
