@@ -12,6 +12,21 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+namespace {
+
+/// The number of the port whose name has this in it; negative when there is none.
+int FindPort(RtMidiIn& pInput, const QString& pName)
+{
+    const auto count = int(pInput.getPortCount());
+    for (int i = 0; i < count; ++i)
+        if (QString::fromStdString(pInput.getPortName(unsigned(i)))
+                .contains(pName, Qt::CaseInsensitive))
+            return i;
+    return -1;
+}
+
+}  // namespace
+
 /// The client of a JACK server, and what it does in the server's thread.
 struct MidiInput::JackEnd
 {
@@ -65,7 +80,9 @@ void MidiInput::Close()
 
 void MidiInput::_Try()
 {
-    if (m_jack && m_jack->client.isGone())
+    if (m_alsa && !_HearsAlsa())
+        m_alsa.reset();
+    if (m_jack && !_HearsJack())
         m_jack.reset();
     if (!isOpen())
         _Reach();
@@ -77,13 +94,22 @@ void MidiInput::_Try()
 
 void MidiInput::_Reach()
 {
-    const QString name = m_target.section(QLatin1Char(':'), 1);
-    if (m_target.startsWith(QLatin1String("alsa:")))
-        _OpenAlsa(name);
-    else if (m_target.startsWith(QLatin1String("jack:")))
-        _OpenJack(name);
-    else if (!_OpenAlsa(m_target))
-        _OpenJack(m_target);
+    const bool isAlsa = m_target.startsWith(QLatin1String("alsa:"));
+    const bool isJack = m_target.startsWith(QLatin1String("jack:"));
+    m_name = isAlsa || isJack ? m_target.section(QLatin1Char(':'), 1) : m_target;
+    if ((isJack || !_OpenAlsa(m_name)) && !isAlsa)
+        _OpenJack(m_name);
+}
+
+/// A device that is unplugged takes its port with it, and brings another one when it returns.
+bool MidiInput::_HearsAlsa() const
+{
+    return m_name.isEmpty() || FindPort(*m_alsa, m_name) >= 0;
+}
+
+bool MidiInput::_HearsJack() const
+{
+    return !m_jack->client.isGone() && !m_jack->client.isCut();
 }
 
 bool MidiInput::_OpenAlsa(const QString& pTarget)
@@ -100,15 +126,12 @@ bool MidiInput::_OpenAlsa(const QString& pTarget)
                 static_cast<MidiInput*>(pSelf)->_Push(pBytes->data(), pBytes->size());
             },
             this);
-        unsigned int port = 0;
-        while (port < input->getPortCount() && !QString::fromStdString(input->getPortName(port))
-                                                    .contains(pTarget, Qt::CaseInsensitive))
-            ++port;
+        const int port = pTarget.isEmpty() ? -1 : FindPort(*input, pTarget);
         m_state = tr("no MIDI port is named %1").arg(pTarget);
         if (pTarget.isEmpty())
             input->openVirtualPort("hands");
-        else if (port < input->getPortCount())
-            input->openPort(port, "hands");
+        else if (port >= 0)
+            input->openPort(unsigned(port), "hands");
         else
             return false;
         m_alsa = std::move(input);
@@ -129,6 +152,8 @@ bool MidiInput::_OpenJack(const QString& pTarget)
     jack_client_t* client = m_jack->client.get();
     m_jack->port = jack_port_register(client, "hands", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0);
     jack_set_process_callback(client, &JackEnd::Process, m_jack.get());
+    if (!pTarget.isEmpty())
+        m_jack->client.Watch(m_jack->port);
     bool isHeard = m_jack->port && jack_activate(client) == 0;
     m_state = tr("MIDI port audio-analyzer-hands:hands");
     if (isHeard && !pTarget.isEmpty()) {

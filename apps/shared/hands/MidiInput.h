@@ -50,6 +50,8 @@ private:
 
     void _Try();
     void _Reach();
+    bool _HearsAlsa() const;
+    bool _HearsJack() const;
     bool _OpenAlsa(const QString& pTarget);
     bool _OpenJack(const QString& pTarget);
     void _Push(const std::uint8_t* pBytes, std::size_t pSize);
@@ -65,6 +67,7 @@ private:
     static constexpr std::size_t kMostEntries = 256;
 
     QString m_target;
+    QString m_name;  ///< of the port to hear; empty = others connect to this one's
     QString m_state;
     QString m_said;  ///< the state that was told last
     shared::StallQueue<Entry> m_entries{kMostEntries};

@@ -56,16 +56,31 @@ bool AlsaMidiPort::_Connect()
         m_state = tr("ALSA port audio-analyzer:clock");
         return true;
     }
-    for (unsigned int i = 0; i < m_out->getPortCount(); ++i) {
-        const QString name = QString::fromStdString(m_out->getPortName(i));
-        if (!name.contains(m_target, Qt::CaseInsensitive))
-            continue;
-        m_out->openPort(i, "clock");
-        m_state = tr("ALSA port %1").arg(name);
-        return m_out->isPortOpen();
+    const int port = _Find();
+    if (port < 0) {
+        m_state = tr("no ALSA port is named %1").arg(m_target);
+        return false;
     }
-    m_state = tr("no ALSA port is named %1").arg(m_target);
-    return false;
+    m_state = tr("ALSA port %1").arg(QString::fromStdString(m_out->getPortName(unsigned(port))));
+    m_out->openPort(unsigned(port), "clock");
+    return m_out->isPortOpen();
+}
+
+/// The named port's number; negative when it is not there, or no longer.
+int AlsaMidiPort::_Find() const
+{
+    const auto count = int(m_out->getPortCount());
+    for (int i = 0; i < count; ++i)
+        if (QString::fromStdString(m_out->getPortName(unsigned(i)))
+                .contains(m_target, Qt::CaseInsensitive))
+            return i;
+    return -1;
+}
+
+/// A device that is unplugged takes its port with it, and brings another one when it returns.
+bool AlsaMidiPort::isThere() const
+{
+    return m_out && (m_target.isEmpty() || _Find() >= 0);
 }
 
 void AlsaMidiPort::Close()

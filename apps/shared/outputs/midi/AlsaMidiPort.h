@@ -23,7 +23,7 @@ public:
     bool Open() override;
     void Close() override;
     bool Send(const MidiEvent& pEvent) override;
-    bool isThere() const override { return m_out != nullptr; }
+    bool isThere() const override;
     QString getState() const override { return m_state; }
 
     /// The ports that can be reached; none without a sequencer.
@@ -31,6 +31,7 @@ public:
 
 private:
     bool _Connect();
+    int _Find() const;
 
     QString m_target;
     QString m_state;

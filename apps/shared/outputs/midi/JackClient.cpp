@@ -38,6 +38,22 @@ bool JackClient::Open(const char* pName)
     return true;
 }
 
+void JackClient::Watch(jack_port_t* pPort)
+{
+    m_watched = pPort;
+    m_isCut = false;
+    jack_set_port_connect_callback(m_client, &JackClient::_OnConnection, this);
+}
+
+/// In a thread of the server's library.
+void JackClient::_OnConnection(jack_port_id_t pOne, jack_port_id_t pOther, int pIsMade, void* pSelf)
+{
+    auto& self = *static_cast<JackClient*>(pSelf);
+    if (!pIsMade && (jack_port_by_id(self.m_client, pOne) == self.m_watched ||
+                     jack_port_by_id(self.m_client, pOther) == self.m_watched))
+        self.m_isCut = true;
+}
+
 void JackClient::Close()
 {
     if (!m_client)
@@ -45,6 +61,7 @@ void JackClient::Close()
     const std::lock_guard<std::mutex> lock(JackMutex());
     jack_client_close(m_client);
     m_client = nullptr;
+    m_isCut = false;
     if (m_isGone.exchange(false))
         --m_goneCount;
 }

@@ -26,6 +26,16 @@ QStringList InputsOf(jack_client_t* pClient)
     return names;
 }
 
+/// False when a condition does not come true soon: a server that hangs keeps nobody.
+template <typename Condition>
+bool Await(const Condition& pCondition)
+{
+    constexpr int kMostWaits = 500;
+    for (int i = 0; i < kMostWaits && !pCondition(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return pCondition();
+}
+
 }  // namespace
 
 QStringList JackMidiPort::ListPorts()
@@ -55,6 +65,8 @@ bool JackMidiPort::_Register()
     m_port =
         jack_port_register(m_client.get(), "clock", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
     jack_set_process_callback(m_client.get(), &JackMidiPort::_Process, this);
+    if (!m_target.isEmpty())
+        m_client.Watch(m_port);
     m_state = tr("the JACK server refuses a port");
     return m_ring && m_port && jack_activate(m_client.get()) == 0;
 }
@@ -72,17 +84,30 @@ bool JackMidiPort::_Connect()
         return false;
     }
     m_state = tr("JACK port %1").arg(found.first());
-    return jack_connect(m_client.get(), qPrintable(own), found.first().toUtf8().constData()) == 0;
+    return jack_connect(m_client.get(), qPrintable(own), found.first().toUtf8().constData()) == 0 &&
+           _AwaitConnection();
+}
+
+/// It comes into force with one of the server's next cycles; what is sent before is lost.
+bool JackMidiPort::_AwaitConnection() const
+{
+    return Await([this] { return m_client.isGone() || jack_port_connected(m_port) > 0; }) &&
+           isThere();
+}
+
+/// Behind the cycle that takes the last one, since the others read it in that cycle.
+void JackMidiPort::_AwaitDeparture() const
+{
+    if (!m_ring || !isThere())
+        return;
+    Await([this] { return m_client.isGone() || jack_ringbuffer_read_space(m_ring) == 0; });
+    const unsigned cycle = m_cycle;
+    Await([this, cycle] { return m_client.isGone() || m_cycle - cycle > 1; });
 }
 
 void JackMidiPort::Close()
 {
-    constexpr int kMostWaits = 500;  // ms; a server that hangs must not
-    for (int i = 0; m_ring && !m_client.isGone() && i < kMostWaits; ++i) {
-        if (jack_ringbuffer_read_space(m_ring) == 0)
-            break;
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
+    _AwaitDeparture();
     m_client.Close();
     if (m_ring)
         jack_ringbuffer_free(m_ring);
@@ -93,7 +118,9 @@ void JackMidiPort::Close()
 bool JackMidiPort::Send(const MidiEvent& pEvent)
 {
     if (!isThere()) {
-        m_state = tr("the JACK server has gone");
+        m_state = m_client.isCut() && !m_client.isGone()
+                      ? tr("the JACK port %1 has gone").arg(m_target)
+                      : tr("the JACK server has gone");
         return false;
     }
     const std::int64_t late = std::max<std::int64_t>(ClockThread::getTime() - pEvent.time, 0);
@@ -120,6 +147,7 @@ int JackMidiPort::_Process(jack_nframes_t pCount, void* pSelf)
 /// In the server's thread. Frames are counted in 32 bits, and begin anew.
 void JackMidiPort::_Write(jack_nframes_t pCount)
 {
+    ++m_cycle;
     void* buffer = jack_port_get_buffer(m_port, pCount);
     jack_midi_clear_buffer(buffer);
     const jack_nframes_t start = jack_last_frame_time(m_client.get());

@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <atomic>
 #include <cstdint>
 #include <jack/jack.h>
 #include <jack/ringbuffer.h>
@@ -29,7 +30,10 @@ public:
     /// Waits until what was sent has left.
     void Close() override;
     bool Send(const MidiEvent& pEvent) override;
-    bool isThere() const override { return m_client.get() && !m_client.isGone(); }
+    bool isThere() const override
+    {
+        return m_client.get() && !m_client.isGone() && !m_client.isCut();
+    }
     QString getState() const override { return m_state; }
 
     /// The ports that can be reached; none without a server.
@@ -45,6 +49,8 @@ private:
 
     bool _Register();
     bool _Connect();
+    bool _AwaitConnection() const;
+    void _AwaitDeparture() const;
     static int _Process(jack_nframes_t pCount, void* pSelf);
     void _Write(jack_nframes_t pCount);
 
@@ -53,6 +59,7 @@ private:
     JackClient m_client;
     jack_port_t* m_port = nullptr;        ///< of the client
     jack_ringbuffer_t* m_ring = nullptr;  ///< owned; entries
+    std::atomic<unsigned> m_cycle{0};     ///< of the server, counted
 };
 
 }  // namespace shared

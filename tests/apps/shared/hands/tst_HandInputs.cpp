@@ -61,6 +61,7 @@ public:
         jack_set_process_callback(m_client, &PedalBoard::_Process, this);
         return jack_activate(m_client) == 0;
     }
+    bool isConnected() const { return jack_port_connected(m_port) > 0; }
     void Send(const QByteArray& pThreeBytes)
     {
         jack_ringbuffer_write(m_ring, pThreeBytes.constData(), 3);
@@ -150,12 +151,24 @@ void tst_HandInputs::midi_isHeard_whenItsServerComes()
         QTest::qWait(5);
     QTRY_VERIFY_WITH_TIMEOUT(input.isOpen(), kPatienceMs);
     QCOMPARE(input.getState(), QStringLiteral("MIDI port pedals:out"));
+    QTRY_VERIFY_WITH_TIMEOUT(pedals->isConnected(), kPatienceMs);
     pedals->Send(QByteArray::fromHex("99247f"));
     pedals->Send(QByteArray::fromHex("f80000"));
     pedals->Send(QByteArray::fromHex("b04000"));
     QTRY_COMPARE_WITH_TIMEOUT(heard.join(QLatin1Char(' ')),
                               QStringLiteral("midi:note/10/36=1 midi:cc/1/64=0"),
                               kPatienceMs);
+    pedals.reset();
+    QTRY_VERIFY_WITH_TIMEOUT(!input.isOpen(), kPatienceMs);
+    QCOMPARE(input.getState(), QStringLiteral("no MIDI port is named pedals"));
+    pedals = std::make_unique<PedalBoard>();
+    QVERIFY(pedals->Open());
+    QTRY_VERIFY_WITH_TIMEOUT(input.isOpen(), kPatienceMs);
+    QTRY_VERIFY_WITH_TIMEOUT(pedals->isConnected(), kPatienceMs);
+    heard.clear();
+    pedals->Send(QByteArray::fromHex("b0407f"));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        heard.join(QLatin1Char(' ')), QStringLiteral("midi:cc/1/64=1"), kPatienceMs);
     pedals.reset();
     server.End();
     QTRY_VERIFY_WITH_TIMEOUT(!input.isOpen(), kPatienceMs);

@@ -21,8 +21,13 @@ public:
         qputenv("JACK_DEFAULT_SERVER", name.toUtf8());
         qputenv("JACK_NO_AUDIO_RESERVATION", "1");
         m_process.setProcessChannelMode(QProcess::MergedChannels);
+        // It waits for its clients in each cycle, however busy the machine is: else what they send
+        // and take then is lost.
         m_arguments = QStringList{QStringLiteral("-n"),
                                   name,
+                                  QStringLiteral("--sync"),
+                                  QStringLiteral("--timeout"),
+                                  QString::number(kTimeoutMs),
                                   pIsRealTime ? QStringLiteral("--realtime")
                                               : QStringLiteral("--no-realtime"),
                                   QStringLiteral("-d"),

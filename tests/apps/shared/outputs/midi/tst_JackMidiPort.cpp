@@ -46,6 +46,7 @@ private Q_SLOTS:
     void initTestCase();
     void messages_arriveInOrder_asManyAsWereSent();
     void portThatIsNotThere_isNamed();
+    void portThatGoes_isMissed();
     void clock_startsBeforeItsFirstTick();
     void server_mayGoAndComeBack();
 
@@ -100,6 +101,25 @@ void tst_JackMidiPort::portThatIsNotThere_isNamed()
     JackMidiPort port(QStringLiteral("Drums"));
     QVERIFY(!port.Open());
     QCOMPARE(port.getState(), QStringLiteral("no JACK port is named Drums"));
+}
+
+void tst_JackMidiPort::portThatGoes_isMissed()
+{
+    auto monitor = std::make_unique<JackMonitor>();
+    QVERIFY(monitor->Open());
+    JackMidiPort port(QStringLiteral("monitor"));
+    QVERIFY(port.Open());
+    QVERIFY(port.isThere());
+    monitor.reset();
+    QTRY_VERIFY_WITH_TIMEOUT(!port.isThere(), kLongestMs);
+    QVERIFY(!port.Send({shared::ClockThread::getTime(), MidiMessage::Clock()}));
+    QCOMPARE(port.getState(), QStringLiteral("the JACK port monitor has gone"));
+    QVERIFY(!port.Open());
+    monitor = std::make_unique<JackMonitor>();
+    QVERIFY(monitor->Open());
+    QVERIFY(port.Open());
+    QVERIFY(port.Send({shared::ClockThread::getTime(), MidiMessage::Clock()}));
+    QCOMPARE(received(*monitor, 1), QStringList(QStringLiteral("f8")));
 }
 
 void tst_JackMidiPort::clock_startsBeforeItsFirstTick()
