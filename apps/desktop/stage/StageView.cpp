@@ -312,7 +312,7 @@ void StageView::_DrawLamps(QPainter& pPainter, const QRectF& pPlace)
     constexpr int kRows = 2;
     const double row = pPlace.height() / kRows;
     const int count = int(m_lamps.size());
-    const double column = count > kRows ? pPlace.width() / 2.0 : pPlace.width();
+    const double column = pPlace.width() / std::max(1, (count + kRows - 1) / kRows);
     for (int i = 0; i < count; ++i) {
         const QRectF line(
             pPlace.right() - (i / kRows + 1) * column, pPlace.top() + i % kRows * row, column, row);

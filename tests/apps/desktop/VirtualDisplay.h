@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QApplication>
 #include <QByteArray>
 #include <QProcess>
 #include <QString>
@@ -40,6 +41,15 @@ public:
 
 private:
     QProcess m_server;
+};
+
+/// The display comes first: the application looks for one.
+struct DisplayedApplication
+{
+    DisplayedApplication(int& pCount, char** pArguments) : application(pCount, pArguments) {}
+
+    VirtualDisplay display;
+    QApplication application;
 };
 
 /// A window manager on that server, for as long as it lives.

@@ -217,14 +217,5 @@ void tst_MonitorDisplay::program_playsAFile_andEndsWell()
     QCOMPARE(program.exitCode(), 0);
 }
 
-/// The display comes first: the application looks for one.
-struct DisplayedApplication
-{
-    DisplayedApplication(int& pCount, char** pArguments) : application(pCount, pArguments) {}
-
-    VirtualDisplay display;
-    QApplication application;
-};
-
 AA_TEST(tst_MonitorDisplay, DisplayedApplication)
 #include "tst_MonitorDisplay.moc"

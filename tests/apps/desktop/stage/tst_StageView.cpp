@@ -42,6 +42,7 @@ private Q_SLOTS:
     void sameValues_arePaintedOnce();
     void doubleClick_leaves();
     void lamps_areTold();
+    void manyLamps_leaveTheConfidenceFree();
     void keys_areShownAndGo();
 };
 
@@ -185,6 +186,16 @@ void tst_StageView::lamps_areTold()
     QVERIFY(lit(working, color) > 2 * lit(waiting, color));
     QVERIFY(lit(stage.grab().toImage(), color) == 0);
     QVERIFY(lit(stage.grab().toImage(), getColors(eDarkLook).virtualBeat) > 0);
+}
+
+void tst_StageView::manyLamps_leaveTheConfidenceFree()
+{
+    StageView stage;
+    stage.resize(1280, 720);
+    const QRect left(0, 0, 640, 100);
+    const QImage none = stage.grab(left).toImage();
+    stage.setLamps(std::vector<StageLamp>(9, {QStringLiteral("A light"), StageLamp::eWorking}));
+    QCOMPARE(stage.grab(left).toImage(), none);
 }
 
 void tst_StageView::keys_areShownAndGo()
