@@ -101,7 +101,33 @@ bool writeWeb(const QString& pFolder)
            write(pFolder, "tap", bytes("tap")) && write(pFolder, "nudge", bytes("nudge -10")) &&
            write(pFolder, "nudge-far", bytes("nudge 1e300")) &&
            write(pFolder, "profile", bytes("profile House")) &&
+           write(pFolder, "automatic", bytes("profile ")) &&
+           write(pFolder, "input", bytes("input alsa_output.pci.analog-stereo.monitor")) &&
+           write(pFolder, "input-utf-8", bytes("input \"K\xc3\xbc\\\n che\"")) &&
+           write(pFolder, "input-bytes", bytes("input \xff\xed\xa0\x80")) &&
            write(pFolder, "bytes", bytes("nudge \xff\xfe"));
+}
+
+/// What audio-analyzer writes, and what it never would.
+bool writeLink(const QString& pFolder)
+{
+    const auto beat = [](const char* pTime, const char* pBar, const char* pTempo) {
+        return QByteArray(R"({"beat":7,"beatInBar":)") + pBar + R"(,"bpm":)" + pTempo +
+               R"(,"confidence":0.9,"monotonic":)" + pTime + R"(,"type":"announce"})" + '\n';
+    };
+    const QByteArray steady = beat("100", "1", "120") + beat("100.5", "2", "120.1") +
+                              beat("101", "3", "119.9") + beat("101.5", "4", "null");
+    return write(pFolder, "steady", bytes(steady)) &&
+           write(pFolder, "other", bytes("{\"time\":1,\"type\":\"play\"}\n" + steady)) &&
+           write(pFolder,
+                 "leap",
+                 bytes(steady + beat("102", "1", "999") + beat("102.06", "2", "999"))) &&
+           write(pFolder, "bar", bytes(beat("1", "64", "1") + beat("61", "65", "1"))) &&
+           write(
+               pFolder, "huge", bytes(beat("1e999", "1e300", "1e308") + beat("1", "1", "1e300"))) &&
+           write(pFolder, "cut", bytes(steady.left(40))) &&
+           write(pFolder, "text", bytes("0:01.50  beat 1\n\n[1]\n")) &&
+           write(pFolder, "bytes", bytes(QByteArray("{\"type\":\"\xff\0\"}\n", 15) + steady));
 }
 
 }  // namespace
@@ -117,6 +143,7 @@ int main(int argc, char** argv)
                         writeProfiles(folder + QStringLiteral("/profile")) &&
                         writeAnswers(folder + QStringLiteral("/os2l")) &&
                         writeHands(folder + QStringLiteral("/hands")) &&
-                        writeWeb(folder + QStringLiteral("/web"));
+                        writeWeb(folder + QStringLiteral("/web")) &&
+                        writeLink(folder + QStringLiteral("/link"));
     return isDone ? 0 : 1;
 }

@@ -10,11 +10,11 @@
 #include <cli/live/ListenHands.h>
 #include <cli/live/ListenOutputs.h>
 #include <cli/live/ListenTexts.h>
+#include <cli/live/ListenWeb.h>
 #include <cli/live/LiveEvents.h>
 #include <cli/live/LiveSummary.h>
 #include <cli/live/detail/LiveLine.h>
 #include <cli/settings/BandCheck.h>
-#include <shared/web/WebPage.h>
 
 #include <cmath>
 #include <unistd.h>
@@ -147,20 +147,6 @@ void ListenCommand::_SetUpHands()
         console::PrintError(problem);
 }
 
-void ListenCommand::_SetUpWeb()
-{
-    if (!m_options.web)
-        return;
-    m_web = std::make_unique<WebPage>(m_beats, m_hands->getHands(), m_outputs->getOutputs());
-    WebServer& server = m_web->getServer();
-    // Without the link there is no way in, however quiet it is to be.
-    if (server.Open(m_options.web->address, m_options.web->port))
-        _Tell(tr("the page: %1").arg(server.getLink()));
-    else
-        console::PrintError(
-            tr("the page at port %1: %2").arg(m_options.web->port).arg(server.getError()));
-}
-
 void ListenCommand::_Connect()
 {
     _ConnectSource();
@@ -198,7 +184,7 @@ void ListenCommand::_OnAnalyzerCreated(AudioAnalyzer* pAnalyzer)
 
 void ListenCommand::_OnStateChanged(eCaptureState pState)
 {
-    if (pState == eCaptureUnusable && !m_wasRunning) {
+    if (pState == eCaptureUnusable && !m_wasRunning && !m_isChanged) {
         console::PrintError(listentexts::describeUnusable(*m_pCapture));
         return _End(eExitFailed);
     }
@@ -235,7 +221,7 @@ void ListenCommand::_OnTick()
     m_summary->TakeTicks();
     m_peak = m_source->TakePeak();
     if (m_web)
-        m_web->setLevel(m_peak / kFullScale);
+        m_web->getPage().setLevel(m_peak / kFullScale);
     if (m_isLine)
         _DrawLine();
 }

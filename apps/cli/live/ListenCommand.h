@@ -16,9 +16,9 @@
 
 class ListenHands;
 class ListenOutputs;
+class ListenWeb;
 class LiveEvents;
 class LiveSummary;
-class WebPage;
 
 /// The command "listen": analyses a live input until it is told to end, or a file as if it were
 /// one.
@@ -42,6 +42,7 @@ private:
     void _Listen(const QString& pInput);
     std::function<void()> _MakeSource(const QString& pInput);
     void _MakeCapture();
+    void _ChangeInput(const QString& pName);
     void _SetUpBeats();
     void _SetUpOutputs();
     void _SetUpHands();
@@ -70,7 +71,7 @@ private:
     LiveBeats m_beats;
     std::unique_ptr<ListenOutputs> m_outputs;
     std::unique_ptr<ListenHands> m_hands;
-    std::unique_ptr<WebPage> m_web;  ///< null unless it was asked for
+    std::unique_ptr<ListenWeb> m_web;  ///< null unless it was asked for
     std::unique_ptr<LiveSummary> m_summary;
     std::unique_ptr<LiveEvents> m_events;  ///< null with a live line
     int m_peak = 0;                        ///< of the last tick, 0 to 32768
@@ -82,6 +83,7 @@ private:
     bool m_wasRunning = false;
     QString m_heard;                ///< the device that ran last
     bool m_followsDefault = false;  ///< the user asked for the default device, whichever it is
+    bool m_isChanged = false;       ///< the device, meanwhile; it may be again
     bool m_isLineDrawn = false;
     int m_exitCode = 0;
 };

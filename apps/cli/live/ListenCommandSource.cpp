@@ -94,6 +94,18 @@ void ListenCommand::_MakeCapture()
     m_source = std::move(capture);
 }
 
+/// What was asked for at the start is not the user's wish any more.
+void ListenCommand::_ChangeInput(const QString& pName)
+{
+    const std::vector<InputDevice> devices = listInputNames();
+    if (devices.empty())
+        return;
+    m_isChanged = true;
+    m_followsDefault = pName == kDefaultInput && !NamesOf(devices).contains(kDefaultInput);
+    m_pCapture->FollowDefault(m_followsDefault);
+    m_pCapture->Switch(m_followsDefault ? DefaultOf(devices) : pName);
+}
+
 void ListenCommand::_ConnectSource()
 {
     LiveSource* pSource = m_source.get();

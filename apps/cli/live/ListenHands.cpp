@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <AudioAnalyzer/config/Configuration.h>
-
 #include <cli/live/ListenHands.h>
 #include <shared/settings/ChoicesTurn.h>
 
@@ -11,8 +9,8 @@ ListenHands::ListenHands(const HandOptions& pOptions,
                          LiveBeats& pBeats,
                          Configuration& pConfiguration,
                          Say pSay)
-    : m_options(pOptions), m_beats(pBeats), m_configuration(pConfiguration), m_say(std::move(pSay)),
-      m_hands(pBeats, shared::HandMap::Load())
+    : m_options(pOptions), m_beats(pBeats), m_profiles(pConfiguration, pBeats),
+      m_say(std::move(pSay)), m_hands(pBeats, shared::HandMap::Load())
 {
     QObject::connect(
         &m_hands, &Hands::OnTouched, [this](const QString& pControl) { _Learn(pControl); });
@@ -91,12 +89,6 @@ void ListenHands::_MoveOffset(double pMilliSeconds)
 
 void ListenHands::_SelectProfile(const QString& pName)
 {
-    for (const Profile& profile : m_configuration.getProfiles()) {
-        if (profile.getName().compare(pName, Qt::CaseInsensitive) != 0)
-            continue;
-        m_configuration.setSelectedProfile(profile);
-        m_beats.setAutomatic(false);
-        return m_say(tr("profile %1").arg(profile.getName()));
-    }
-    m_say(tr("there is no profile %1").arg(pName));
+    m_say(m_profiles.Choose(pName) ? tr("profile %1").arg(m_profiles.getName())
+                                   : tr("there is no profile %1").arg(pName));
 }

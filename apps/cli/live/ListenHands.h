@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/live/LiveOptions.h>
+#include <cli/live/ProfileChoice.h>
 #include <shared/hands/Hands.h>
 #include <shared/hands/MidiInput.h>
 #include <shared/hands/OscInput.h>
@@ -42,9 +43,9 @@ private:
     void _MoveOffset(double pMilliSeconds);
     void _SelectProfile(const QString& pName);
 
-    const HandOptions& m_options;    ///< not owned
-    LiveBeats& m_beats;              ///< not owned
-    Configuration& m_configuration;  ///< not owned
+    const HandOptions& m_options;  ///< not owned
+    LiveBeats& m_beats;            ///< not owned
+    ProfileChoice m_profiles;
     Say m_say;
     Hands m_hands;
     std::vector<std::unique_ptr<MidiInput>> m_midi;

@@ -21,6 +21,7 @@ LiveSummary::LiveSummary(LiveSource& pSource, LiveBeats& pBeats, bool pMeasures)
     connect(&pBeats, &LiveBeats::OnBeatHeard, this, &LiveSummary::_OnHeard);
     connect(&pBeats, &LiveBeats::OnPlayingChanged, this, [this](qint64 pTime, bool pIsPlaying) {
         m_errors.Interrupt();
+        _WatchTracker();
         if (m_isTold)
             _RelayPlaying(getSeconds(pTime), pIsPlaying);
     });
@@ -61,6 +62,15 @@ void LiveSummary::_OnAnchored()
     m_relay.Restart(m_source.getSampleRate(), getSeconds());
 }
 
+/// A hand may turn from a profile to the automatic tracker.
+void LiveSummary::_WatchTracker()
+{
+    if (m_isTold || !m_beats.isAutomatic())
+        return;
+    m_isTold = m_isPlayingTold = true;
+    m_relay.LeaveFollower();
+}
+
 void LiveSummary::_RelayPlaying(double pTime, bool pIsPlaying)
 {
     m_isPlayingTold = true;
@@ -87,6 +97,7 @@ void LiveSummary::TakeTicks()
 
 void LiveSummary::_OnHeard(const LiveBeats::Heard& pBeat)
 {
+    _WatchTracker();
     if (m_isTold)
         _RelayHeard(pBeat, getSeconds(pBeat.time));
     if (!m_measures || pBeat.isVirtual)

@@ -69,6 +69,7 @@ private:
 
     void _OnAnalyzerCreated(AudioAnalyzer* pAnalyzer);
     void _OnAnchored();
+    void _WatchTracker();
     void _RelayPlaying(double pTime, bool pIsPlaying);
     void _OnHeard(const LiveBeats::Heard& pBeat);
     void _RelayHeard(const LiveBeats::Heard& pBeat, double pTime);
@@ -78,7 +79,7 @@ private:
     LiveSource& m_source;  ///< not owned
     LiveBeats& m_beats;    ///< not owned
     bool m_measures;
-    const bool m_isTold;  ///< it began with the automatic tracker: beats come as they are heard
+    bool m_isTold;  ///< the automatic tracker has had the beat: beats come as they are heard
     BeatFollower m_follower;
     BeatRelay m_relay;
     bool m_isPlayingTold = false;

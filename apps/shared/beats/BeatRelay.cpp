@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-BeatRelay::BeatRelay(const BeatFollower& pFollower, eSource pSource)
+BeatRelay::BeatRelay(const BeatFollower& pFollower, eSource pSource) : m_follower(pFollower)
 {
     _FollowPulses(pFollower);
     if (pSource == eTold)
@@ -13,6 +13,7 @@ BeatRelay::BeatRelay(const BeatFollower& pFollower, eSource pSource)
 }
 
 BeatRelay::BeatRelay(const BeatFollower& pFollower, const MeterFollower& pMeter)
+    : m_follower(pFollower)
 {
     connect(&pMeter, &MeterFollower::OnBeatFound, this, &BeatRelay::_TellMeterBeat);
     _FollowPulses(pFollower);
@@ -46,6 +47,12 @@ void BeatRelay::Restart(int pSampleRate, double pTime)
 {
     m_sampleRate = pSampleRate;
     m_start = pTime;
+}
+
+void BeatRelay::LeaveFollower()
+{
+    m_follower.disconnect(this);
+    _FollowPulses(m_follower);
 }
 
 void BeatRelay::Tell(const LoggedBeat& pBeat)

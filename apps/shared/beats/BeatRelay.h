@@ -38,6 +38,8 @@ public:
 
     int getSampleRate() const { return m_sampleRate; }  ///< Hz; 0 before Restart()
 
+    /// From now on beats, tempos and whether it plays are those of Tell() and TellPlaying() alone.
+    void LeaveFollower();
     /// A beat in its time, and the tempo if it is another by a thousandth or more.
     void Tell(const LoggedBeat& pBeat);
     /// From pTime seconds on.
@@ -63,7 +65,8 @@ private:
     void _TellMeterBeat(const MeterTracker::Beat& pBeat);
     double _TimeOf(quint64 pIndex) const;
 
-    int m_sampleRate = 0;    ///< Hz
-    double m_toldBPM = 0.0;  ///< of the last tempo that Tell() brought
-    double m_start = 0.0;    ///< time of position 0, seconds
+    const BeatFollower& m_follower;  ///< not owned
+    int m_sampleRate = 0;            ///< Hz
+    double m_toldBPM = 0.0;          ///< of the last tempo that Tell() brought
+    double m_start = 0.0;            ///< time of position 0, seconds
 };

@@ -53,6 +53,17 @@ void CaptureSession::Open(const QString& pName)
     _TryToRecord();
 }
 
+void CaptureSession::Switch(const QString& pName)
+{
+    if (pName == m_name)
+        return;
+    if (m_pDevice)
+        _Release();
+    m_name = pName;
+    _RestWatcher(false);
+    _TryToRecord();
+}
+
 SourceState CaptureSession::getSource() const
 {
     SourceState state;
@@ -165,12 +176,8 @@ void CaptureSession::_FollowDefault()
     const SoundBackEnd* pBackEnd = SoundBackEnd::get();
     const std::vector<SoundSource> sources =
         pBackEnd ? pBackEnd->getSources() : std::vector<SoundSource>();
-    if (sources.empty() || !sources.front().isDefault || sources.front().name == m_name)
-        return;
-    if (m_pDevice)
-        _Release();
-    m_name = sources.front().name;
-    _TryToRecord();
+    if (!sources.empty() && sources.front().isDefault)
+        Switch(sources.front().name);
 }
 
 void CaptureSession::_OnConnected(const QtAudioInputDeviceInfo& pDevice)

@@ -57,9 +57,12 @@ public:
     void setLimits(const Limits& pLimits) { m_limits = pLimits; }
     /// Records the device of exactly that name, now or when it is there. To be called once.
     void Open(const QString& pName);
+    /// Records another device from now on, in the same way; the analysis goes on with it. To be
+    /// called once it is opened.
+    void Switch(const QString& pName);
     /// Goes on with another device when that becomes the sound server's default one, which the
     /// device of the given name is by now. Only the hosts' own back end tells.
-    void FollowDefault() { m_followsDefault = true; }
+    void FollowDefault(bool pFollows = true) { m_followsDefault = pFollows; }
 
     SourceState getSource() const override;
     eCaptureState getState() const { return m_state; }

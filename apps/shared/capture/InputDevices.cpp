@@ -64,6 +64,14 @@ bool InputDevice::isMonitor() const
 
 std::vector<InputDevice> listInputDevices()
 {
+    std::vector<InputDevice> devices = listInputNames();
+    for (InputDevice& device : devices)
+        device.format = FormatOf(QtAudioInputDeviceInfo(device.name, device.isDefault));
+    return devices;
+}
+
+std::vector<InputDevice> listInputNames()
+{
     std::vector<InputDevice> devices;
     const QList<QtAudioInputDeviceInfo> infos = QtAudioInputDeviceInfo::Enumerate();
     for (const QtAudioInputDeviceInfo& info : infos) {
@@ -74,7 +82,7 @@ std::vector<InputDevice> listInputDevices()
         if (!isKnown)
             devices.push_back({info.getDeviceName(),
                                info.isDefault(),
-                               FormatOf(info),
+                               QAudioFormat(),
                                findSoundSource(info.getDeviceName())});
     }
     return devices;

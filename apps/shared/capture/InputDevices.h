@@ -37,6 +37,8 @@ std::optional<SoundSource> findSoundSource(const QString& pName);
 
 /// The present devices in the platform's order, each name once. Asks every device. [event loop]
 std::vector<InputDevice> listInputDevices();
+/// The same without their formats: asks none of them. [event loop]
+std::vector<InputDevice> listInputNames();
 
 /// The names most like pName, the best first: three at most, none when none is near.
 QStringList findSimilarNames(const QString& pName, const QStringList& pNames);

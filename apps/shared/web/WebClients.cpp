@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <shared/web/WebClients.h>
-#include <shared/web/detail/WebMessages.h>
 
 #include <QHostAddress>
 #include <QTcpSocket>
@@ -101,9 +100,9 @@ void WebClients::_Own(QWebSocket* pClient)
 
 void WebClients::_Hear(QWebSocket* pClient, const QString& pMessage)
 {
-    const auto action = shared::detail::ReadWebMessage(pMessage);
-    if (action)
-        Q_EMIT OnAction(*action);
+    const auto wish = shared::detail::ReadWebMessage(pMessage);
+    if (wish)
+        Q_EMIT OnWish(*wish);
     else
         pClient->close(QWebSocketProtocol::CloseCodePolicyViolated);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <shared/hands/HandAction.h>
+#include <shared/web/detail/WebMessages.h>
 
 #include <QObject>
 #include <QPointer>
@@ -12,8 +12,8 @@ class QTcpSocket;
 class QWebSocket;
 class QWebSocketServer;
 
-/// The browsers that look at the page: what is said goes to all of them, what they say is an action
-/// or their end.
+/// The browsers that look at the page: what is said goes to all of them, what they say is a wish or
+/// their end.
 ///
 /// Threads: one event-loop thread.
 class WebClients : public QObject
@@ -41,7 +41,7 @@ public:
 
 Q_SIGNALS:
     void OnJoined();
-    void OnAction(const shared::HandAction& pAction);
+    void OnWish(const shared::detail::WebWish& pWish);
 
 private:
     struct Client

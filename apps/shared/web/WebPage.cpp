@@ -3,19 +3,49 @@
 #include <shared/web/WebPage.h>
 #include <shared/web/detail/WebMessages.h>
 
+#include <algorithm>
 #include <cstdlib>
+
+using shared::detail::WebWish;
 
 WebPage::WebPage(LiveBeats& pBeats, Hands& pHands, const Outputs& pOutputs, QObject* pParent)
     : QObject(pParent), m_beats(pBeats), m_hands(pHands), m_outputs(pOutputs)
 {
     WebClients& clients = m_server.getClients();
     connect(&clients, &WebClients::OnJoined, this, &WebPage::_TellAnew);
-    connect(&clients, &WebClients::OnAction, this, [this](const shared::HandAction& pAction) {
-        m_hands.Do({pAction, true});
-        _Tell();
-    });
+    connect(&clients, &WebClients::OnWish, this, &WebPage::_Take);
     connect(&m_timer, &QTimer::timeout, this, &WebPage::_Tell);
     m_timer.start(kIntervalMs);
+}
+
+void WebPage::setChoices(const shared::WebChoices& pChoices)
+{
+    m_choices = pChoices;
+    _TellChoices();
+}
+
+void WebPage::_Take(const WebWish& pWish)
+{
+    if (pWish.kind == WebWish::eAction) {
+        m_hands.Do({pWish.action, true});
+        return _Tell();
+    }
+    if (_IsOffered(pWish) && pWish.kind == WebWish::eProfile)
+        Q_EMIT OnProfileWanted(pWish.name);
+    else if (_IsOffered(pWish))
+        Q_EMIT OnInputWanted(pWish.name);
+    // Also where that changed nothing, since the browser shows what it wanted.
+    m_toldChoices.clear();
+    _TellChoices();
+}
+
+bool WebPage::_IsOffered(const WebWish& pWish) const
+{
+    if (pWish.kind == WebWish::eProfile)
+        return pWish.name.isEmpty() || m_choices.profiles.contains(pWish.name);
+    return std::any_of(m_choices.inputs.begin(), m_choices.inputs.end(), [&](const auto& pInput) {
+        return pInput.name == pWish.name;
+    });
 }
 
 void WebPage::_Tell()
@@ -57,10 +87,21 @@ void WebPage::_TellState(const BeatClockState& pState)
     m_server.getClients().Say(told);
 }
 
+void WebPage::_TellChoices()
+{
+    const QByteArray told = shared::detail::describeWebChoices(m_choices);
+    if (m_server.getClients().getCount() == 0 || told == m_toldChoices)
+        return;
+    m_toldChoices = told;
+    m_server.getClients().Say(told);
+}
+
 void WebPage::_TellAnew()
 {
     m_toldTime = 0;
     m_toldState.clear();
+    m_toldChoices.clear();
+    _TellChoices();
     _Tell();
 }
 

@@ -3,6 +3,7 @@
 
 #include <shared/hands/Hands.h>
 #include <shared/outputs/Outputs.h>
+#include <shared/web/WebChoices.h>
 #include <shared/web/WebServer.h>
 
 #include <QObject>
@@ -25,8 +26,18 @@ public:
     WebServer& getServer() { return m_server; }
     /// Of the newest sound, 0 to 1 of full scale.
     void setLevel(double pLevel) { m_level = pLevel; }
+    /// Tells all who look, if it is anything new.
+    void setChoices(const shared::WebChoices& pChoices);
+
+Q_SIGNALS:
+    /// One of what can be chosen; pName empty = the automatic tracker.
+    void OnProfileWanted(const QString& pName);
+    void OnInputWanted(const QString& pName);
 
 private:
+    void _Take(const shared::detail::WebWish& pWish);
+    bool _IsOffered(const shared::detail::WebWish& pWish) const;
+    void _TellChoices();
     void _Tell();
     void _TellBeat(const BeatClockState& pState);
     void _TellState(const BeatClockState& pState);
@@ -40,5 +51,7 @@ private:
     std::int64_t m_toldTime = 0;  ///< µs; of the beat that was told last, 0 = none
     double m_toldBPM = 0.0;
     QByteArray m_toldState;
+    shared::WebChoices m_choices;
+    QByteArray m_toldChoices;
     QTimer m_timer;
 };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <shared/web/WebServer.h>
+#include <shared/web/detail/WebDocument.h>
 #include <shared/web/detail/WebRequest.h>
 
-#include <QFile>
 #include <QHostAddress>
 #include <QNetworkInterface>
 #include <QRandomGenerator>
@@ -11,14 +11,6 @@
 #include <QTimer>
 
 #include <array>
-
-/// Outside of any namespace, as the macro demands.
-static QByteArray readPage()
-{
-    Q_INIT_RESOURCE(page);
-    QFile file(QStringLiteral(":/web/page.html"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 namespace {
 
@@ -172,7 +164,7 @@ void WebServer::_Answer(QTcpSocket* pSocket, int pStatus, const QByteArray& pHos
 {
     const bool isPage = pStatus == 200;
     const QByteArray reason = QByteArray::number(pStatus) + ' ' + ReasonOf(pStatus);
-    const QByteArray body = isPage ? readPage() : reason + '\n';
+    const QByteArray body = isPage ? shared::detail::readWebDocument() : reason + '\n';
     QByteArray answer =
         "HTTP/1.1 " + reason + "\r\nConnection: close\r\nCache-Control: no-store\r\n";
     answer += "X-Content-Type-Options: nosniff\r\nReferrer-Policy: no-referrer\r\n";

@@ -67,6 +67,13 @@ void tst_HeardLine::line_isOfAKind_data()
     row("no tempo", without("\"bpm\":120,", ""), HeardLine::eUnreadable);
     row("tempo 0", without("120", "0"), HeardLine::eUnreadable);
     row("tempo below 0", without("120", "-120"), HeardLine::eUnreadable);
+    row("tempo 1000", without("120", "1000"), HeardLine::eUnreadable);
+    row("confidence above 1",
+        without("\"confidence\":1", "\"confidence\":1.1"),
+        HeardLine::eUnreadable);
+    row("confidence below 0",
+        without("\"confidence\":1", "\"confidence\":-0.1"),
+        HeardLine::eUnreadable);
     row("tempo is text", without("120", "\"fast\""), HeardLine::eUnreadable);
     row("beat 0", without("\"beatInBar\":4", "\"beatInBar\":0"), HeardLine::eUnreadable);
     row("beat 1e300", without("\"beatInBar\":4", "\"beatInBar\":1e300"), HeardLine::eUnreadable);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/Version.h>
 
-#include "PrivateNet.h"
-
 #include <QtTest>
 
 #include <algorithm>
@@ -10,6 +8,7 @@
 #include <cmath>
 #include <csignal>
 #include <link/LinkSession.h>
+#include <support/PrivateNet.h>
 #include <support/ProcessStatus.h>
 #include <support/TestClass.h>
 

@@ -6,6 +6,7 @@
 #include <QJsonObject>
 
 #include <cmath>
+#include <utility>
 
 namespace shared::detail {
 
@@ -21,14 +22,9 @@ QByteArray Line(const QJsonObject& pObject)
     return QJsonDocument(pObject).toJson(QJsonDocument::Compact);
 }
 
-}  // namespace
-
-std::optional<HandAction> ReadWebMessage(const QString& pText)
+bool HasButton(HandAction::eKind pKind)
 {
-    const std::optional<HandAction> action = HandAction::Parse(pText);
-    if (!action)
-        return std::nullopt;
-    switch (action->kind) {
+    switch (pKind) {
     case HandAction::eTap:
     case HandAction::eOne:
     case HandAction::eHalf:
@@ -36,13 +32,28 @@ std::optional<HandAction> ReadWebMessage(const QString& pText)
     case HandAction::eHold:
     case HandAction::eReset:
     case HandAction::eNudge:
-        return action;
+        return true;
     case HandAction::eBend:
     case HandAction::eOffset:
     case HandAction::eProfile:
-        return std::nullopt;
+        break;
     }
-    return std::nullopt;
+    return false;
+}
+
+}  // namespace
+
+std::optional<WebWish> ReadWebMessage(const QString& pText)
+{
+    // A name is taken as it stands.
+    for (const auto& [word, kind] :
+         {std::pair("profile ", WebWish::eProfile), std::pair("input ", WebWish::eInput)})
+        if (pText.startsWith(QLatin1String(word)))
+            return WebWish{kind, {}, pText.mid(int(qstrlen(word)))};
+    const std::optional<HandAction> action = HandAction::Parse(pText);
+    if (!action || !HasButton(action->kind))
+        return std::nullopt;
+    return WebWish{WebWish::eAction, *action};
 }
 
 QByteArray describeWebBeat(const BeatClockState& pState, double pConfidence, std::int64_t pNow)
@@ -84,6 +95,25 @@ QByteArray describeWebState(const BeatClockState& pState,
     object[QStringLiteral("beatsPerBar")] = pState.beatsPerBar;
     object[QStringLiteral("level")] = Rounded(pLevel, 100.0);
     object[QStringLiteral("outputs")] = outputs;
+    return Line(object);
+}
+
+QByteArray describeWebChoices(const WebChoices& pChoices)
+{
+    QJsonArray inputs;
+    for (const WebInput& input : pChoices.inputs) {
+        QJsonObject object;
+        object[QStringLiteral("name")] = input.name;
+        object[QStringLiteral("description")] = input.description;
+        object[QStringLiteral("isMonitor")] = input.isMonitor;
+        inputs.append(object);
+    }
+    QJsonObject object;
+    object[QStringLiteral("type")] = QStringLiteral("choices");
+    object[QStringLiteral("profile")] = pChoices.profile;
+    object[QStringLiteral("profiles")] = QJsonArray::fromStringList(pChoices.profiles);
+    object[QStringLiteral("input")] = pChoices.input;
+    object[QStringLiteral("inputs")] = inputs;
     return Line(object);
 }
 

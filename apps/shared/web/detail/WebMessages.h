@@ -4,6 +4,7 @@
 #include <AudioAnalyzer/analysis/BeatClockState.h>
 
 #include <shared/hands/HandAction.h>
+#include <shared/web/WebChoices.h>
 
 #include <QByteArray>
 #include <QString>
@@ -16,10 +17,25 @@ namespace shared::detail {
 
 constexpr int kLongestMessage = 4096;  ///< bytes, of a browser's
 
-/// What a browser wants: "tap", "nudge -5", one of what the page has a button for. None for all
-/// else, also for actions that last until they are let go, which a browser that vanishes never
+/// What a browser wants.
+struct WebWish
+{
+    enum eKind
+    {
+        eAction,
+        eProfile,  ///< the one called name; empty = the automatic tracker
+        eInput     ///< likewise; there may be none of that name
+    };
+
+    eKind kind;
+    HandAction action;
+    QString name = {};
+};
+
+/// "tap", "nudge -5", one of what the page has a button for; "profile NAME", "input NAME". None for
+/// all else, also for actions that last until they are let go, which a browser that vanishes never
 /// does.
-std::optional<HandAction> ReadWebMessage(const QString& pText);
+std::optional<WebWish> ReadWebMessage(const QString& pText);
 
 /// {"type":"beat"}: the beat that comes next, and in how many ms from pNow, in µs. For a clock that
 /// runs.
@@ -38,5 +54,8 @@ QByteArray describeWebState(const BeatClockState& pState,
                             bool pIsPlaying,
                             double pLevel,
                             const QVector<WebOutput>& pOutputs);
+
+/// {"type":"choices"}
+QByteArray describeWebChoices(const WebChoices& pChoices);
 
 }  // namespace shared::detail

@@ -2,7 +2,6 @@
 #include "ListenEvents.h"
 
 #include <QJsonDocument>
-#include <QRegularExpression>
 #include <QtTest>
 
 #include <apps/stage/Stage.h>
@@ -28,7 +27,6 @@ private Q_SLOTS:
     void listen_fails_whenNothingIsHeard();
     void listen_endsWell_onASignal_data();
     void listen_endsWell_onASignal();
-    void listen_tellsTheLinkOfItsPage_howeverQuiet();
     void listen_ends_whenItsReaderLeaves();
     void listen_refusesWrongUsage_data();
     void listen_refusesWrongUsage();
@@ -197,21 +195,6 @@ void tst_ListenProgram::listen_endsWell_onASignal()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(Select(Events(run.output), "end").size(), 1);
     QVERIFY(run.errors.contains("Deck: 0:0"));
-}
-
-void tst_ListenProgram::listen_tellsTheLinkOfItsPage_howeverQuiet()
-{
-    QProcess process;
-    m_stage.Start(process,
-                  QStringLiteral("audio-analyzer"),
-                  {QStringLiteral("listen"), QStringLiteral("--quiet"), QStringLiteral("--web=0")});
-    QVERIFY(Stage::WaitFor(process, QProcess::StandardError, "/\n"));
-    ::kill(pid_t(process.processId()), SIGTERM);
-    const StagedRun run = Stage::Finish(process);
-    QCOMPARE(run.exitCode, 0);
-    const QRegularExpression link(
-        QStringLiteral("the page: http://127\\.0\\.0\\.1:[1-9][0-9]*/\n"));
-    QVERIFY2(link.match(QString::fromUtf8(run.errors)).hasMatch(), run.errors.constData());
 }
 
 void tst_ListenProgram::listen_ends_whenItsReaderLeaves()

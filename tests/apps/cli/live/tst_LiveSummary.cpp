@@ -70,6 +70,7 @@ private Q_SLOTS:
     void summary_countsBeatsAndTempo();
     void tempo_comesFromTheTimesOfAutomaticBeats();
     void beats_areCounted_whenAProfileTakesOver();
+    void beats_areToldOnce_whenTheAutomaticTrackerTakesOver();
     void seconds_beginWithTheFirstSample();
     void beats_goOnInTime_afterAnAnchor();
     void relay_countsFromTheTimeOfItsRestart();
@@ -109,6 +110,24 @@ void tst_LiveSummary::tempo_comesFromTheTimesOfAutomaticBeats()
         Q_EMIT beats.OnBeatHeard({start + beat * 500000, 120.3, 0.9, 1, 0.5, false});
     QCOMPARE(summary.getRealBeats(), quint64(60));
     QVERIFY(std::fabs(summary.getTempo() - 120.0) < 0.01);
+}
+
+// By hand: what the engine goes on finding is not told beside the tracker's.
+void tst_LiveSummary::beats_areToldOnce_whenTheAutomaticTrackerTakesOver()
+{
+    Live live;
+    live.Play(15.0);
+    const quint64 before = live.summary.getRealBeats();
+    QVERIFY(before > 0);
+    live.beats.setAutomatic(true);
+    quint64 told = 0;
+    QObject::connect(&live.summary.getRelay(), &BeatRelay::OnBeat, [&] { ++told; });
+    quint64 heard = 0;
+    QObject::connect(&live.beats, &LiveBeats::OnBeatHeard, [&] { ++heard; });
+    live.Play(15.0);
+    QVERIFY2(heard >= 20, QByteArray::number(heard).constData());
+    QCOMPARE(told, heard);
+    QCOMPARE(live.summary.getRealBeats(), before + heard);
 }
 
 // By hand, in the middle of a session: the engine's beats come the way of the tracker's.

@@ -55,6 +55,9 @@ private Q_SLOTS:
     void peak_isThatOfTheSamples();
     void watcher_rests_whereEnumerationIsSlow();
     void watcher_works_whereEnumerationIsFast();
+    void switching_recordsTheOtherDevice_atOnce();
+    void switching_waits_whereTheOtherDeviceIsAway();
+    void switching_watchesAgain_whereEnumerationIsSlow();
     void end_releasesTheDevice();
 };
 
@@ -371,6 +374,58 @@ void tst_CaptureSession::watcher_works_whereEnumerationIsFast()
     SessionLog log;
     log.Run();
     QVERIFY(QtAudioInputDevicesManager::GetInstance()->m_pTimer);
+}
+
+void tst_CaptureSession::switching_recordsTheOtherDevice_atOnce()
+{
+    Machine().Plug(SessionLog::Device());
+    Machine().Plug(SessionLog::Device("Line"));
+    SessionLog log;
+    log.Run();
+    const AudioAnalyzer* pAnalyzer = log.session.getAnalyzer();
+    const QPointer<FakeAudioInput> before(Machine().LastInput());
+    log.session.Switch(QStringLiteral("Line"));
+    QCOMPARE(log.Take(), Text("starting"));
+    QCOMPARE(log.session.getSource().name, QStringLiteral("Line"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!before);
+    SessionLog::Push({1, 2, 3});
+    QCOMPARE(log.Take(), Text("running anchored"));
+    QCOMPARE(log.session.getAnalyzer(), pAnalyzer);
+    // To itself is no change.
+    const int inputs = Machine().createdInputs();
+    log.session.Switch(QStringLiteral("Line"));
+    QCOMPARE(Machine().createdInputs(), inputs);
+    QCOMPARE(log.Take(), QString());
+}
+
+void tst_CaptureSession::switching_waits_whereTheOtherDeviceIsAway()
+{
+    const QByteArray handle = Machine().Plug(SessionLog::Device());
+    SessionLog log;
+    log.Run();
+    log.session.Switch(QStringLiteral("Line"));
+    QCOMPARE(log.Take(), Text("waiting"));
+    // What becomes of the one before is nobody's business any more.
+    Machine().Unplug(handle);
+    SessionLog::Poll();
+    QCOMPARE(log.Take(), QString());
+    Machine().Plug(SessionLog::Device("Line"));
+    QTRY_COMPARE(log.Peek(), Text("starting"));
+    SessionLog::Push({1, 2, 3});
+    QCOMPARE(log.session.getState(), eCaptureRunning);
+}
+
+void tst_CaptureSession::switching_watchesAgain_whereEnumerationIsSlow()
+{
+    Machine().Plug(SessionLog::Device());
+    SessionLog log;
+    log.session.m_limits.slowEnumerationMs = 0;
+    log.Run();
+    const auto* pWatcher = QtAudioInputDevicesManager::GetInstance();
+    QVERIFY(!pWatcher->m_pTimer);
+    log.session.Switch(QStringLiteral("Line"));
+    QVERIFY(pWatcher->m_pTimer);
 }
 
 void tst_CaptureSession::end_releasesTheDevice()

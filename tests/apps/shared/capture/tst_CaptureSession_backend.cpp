@@ -55,6 +55,7 @@ private Q_SLOTS:
     void default_isFollowed_whenAskedFor();
     void default_isLeftAlone_otherwise();
     void default_isKept_whileThereIsNone();
+    void default_isLeft_forAnotherDevice();
 };
 
 void tst_CaptureSession_backend::initTestCase()
@@ -205,6 +206,19 @@ void tst_CaptureSession_backend::default_isKept_whileThereIsNone()
     backEnd.sources = {Source("Line", false)};
     log.session._Tick();
     QCOMPARE(log.session.getDeviceName(), QStringLiteral("Deck"));
+}
+
+void tst_CaptureSession_backend::default_isLeft_forAnotherDevice()
+{
+    ToldBackEnd backEnd;
+    backEnd.sources = {Source("Deck", true), Source("Line", false)};
+    SessionLog log;
+    log.session.FollowDefault();
+    log.Open();
+    log.session.FollowDefault(false);
+    log.session.Switch(QStringLiteral("Line"));
+    log.session._Tick();
+    QCOMPARE(log.session.getDeviceName(), QStringLiteral("Line"));
 }
 
 AA_TEST(tst_CaptureSession_backend, QCoreApplication)

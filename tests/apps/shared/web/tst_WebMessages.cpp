@@ -31,10 +31,13 @@ class tst_WebMessages : public QObject
 private Q_SLOTS:
     void buttons_areUnderstood_data();
     void buttons_areUnderstood();
+    void choice_isItsName_data();
+    void choice_isItsName();
     void else_isRefused_data();
     void else_isRefused();
     void beat_isTheNextOne();
     void state_hasItsOutputs();
+    void choices_areTold();
 };
 
 void tst_WebMessages::buttons_areUnderstood_data()
@@ -48,16 +51,54 @@ void tst_WebMessages::buttons_areUnderstood_data()
 void tst_WebMessages::buttons_areUnderstood()
 {
     QFETCH(QString, text);
-    const auto action = ReadWebMessage(text);
-    QVERIFY(action);
-    QCOMPARE(action->getText(), text);
+    const auto wish = ReadWebMessage(text);
+    QVERIFY(wish);
+    QCOMPARE(int(wish->kind), int(WebWish::eAction));
+    QCOMPARE(wish->action.getText(), text);
+}
+
+void tst_WebMessages::choice_isItsName_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("name");
+    const auto add = [](const char* pText, WebWish::eKind pKind, const char* pName) {
+        QTest::newRow(pText) << QString::fromUtf8(pText) << int(pKind) << QString::fromUtf8(pName);
+    };
+    add("profile House", WebWish::eProfile, "House");
+    add("profile ", WebWish::eProfile, "");
+    // Names are what they are.
+    add("profile  My  H\u00f6use ", WebWish::eProfile, " My  H\u00f6use ");
+    add("input default", WebWish::eInput, "default");
+    add("input profile x", WebWish::eInput, "profile x");
+    add("input ", WebWish::eInput, "");
+}
+
+void tst_WebMessages::choice_isItsName()
+{
+    QFETCH(QString, text);
+    QFETCH(int, kind);
+    QFETCH(QString, name);
+    const auto wish = ReadWebMessage(text);
+    QVERIFY(wish);
+    QCOMPARE(int(wish->kind), kind);
+    QCOMPARE(wish->name, name);
 }
 
 void tst_WebMessages::else_isRefused_data()
 {
     QTest::addColumn<QString>("text");
-    for (const char* text :
-         {"", "bend 2", "offset 10", "profile House", "nudge", "nudge 501", "nudge nan", "{}"})
+    for (const char* text : {"",
+                             "bend 2",
+                             "offset 10",
+                             "nudge",
+                             "nudge 501",
+                             "nudge nan",
+                             "{}",
+                             "profile",
+                             " profile House",
+                             "Profile House",
+                             "input"})
         QTest::newRow(text) << QString::fromLatin1(text);
 }
 
@@ -91,6 +132,22 @@ void tst_WebMessages::state_hasItsOutputs()
                       R"("beatsPerBar":4,"level":0.25,"outputs":[)"
                       R"({"name":"desk","state":"it is \"away\"","isOpen":false},)"
                       R"({"name":"lamp","state":"","isOpen":true}]})"));
+}
+
+void tst_WebMessages::choices_areTold()
+{
+    const shared::WebChoices choices = {
+        {QStringLiteral("House"), QStringLiteral("\"Slow\"")},
+        QStringLiteral("House"),
+        {{QStringLiteral("default"), QString(), false},
+         {QStringLiteral("deck.monitor"), QStringLiteral("Monitor of Deck"), true}},
+        QStringLiteral("default")};
+    QCOMPARE(readJson(describeWebChoices(choices)),
+             readJson(R"({"type":"choices","profile":"House","profiles":["House","\"Slow\""],)"
+                      R"("input":"default","inputs":[)"
+                      R"({"name":"default","description":"","isMonitor":false},)"
+                      R"({"name":"deck.monitor","description":"Monitor of Deck",)"
+                      R"("isMonitor":true}]})"));
 }
 
 AA_TEST(tst_WebMessages, NoApplication)

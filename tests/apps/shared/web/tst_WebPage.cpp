@@ -37,7 +37,10 @@ struct PageBench
         QObject::connect(
             browser.get(), &QWebSocket::textMessageReceived, [this](const QString& pText) {
                 const QJsonObject message = QJsonDocument::fromJson(pText.toUtf8()).object();
-                (message[QStringLiteral("type")] == QLatin1String("beat") ? told : states)
+                const QString type = message[QStringLiteral("type")].toString();
+                (type == QLatin1String("beat")      ? told
+                 : type == QLatin1String("choices") ? choices
+                                                    : states)
                     .push_back(message);
             });
         browser->open(QUrl(QStringLiteral("ws") + place));
@@ -58,7 +61,16 @@ struct PageBench
     std::unique_ptr<QWebSocket> browser;
     std::vector<QJsonObject> told;
     std::vector<QJsonObject> states;
+    std::vector<QJsonObject> choices;
 };
+
+shared::WebChoices twoProfilesAndInputs()
+{
+    return {{QStringLiteral("House"), QStringLiteral("Slow")},
+            QString(),
+            {{QStringLiteral("default")}, {QStringLiteral("Deck"), QStringLiteral("The deck")}},
+            QStringLiteral("default")};
+}
 
 }  // namespace
 
@@ -73,6 +85,11 @@ private Q_SLOTS:
     void lateComer_isToldAll();
     void output_isShown();
     void level_isShown();
+    void choices_areTold_andFollow();
+    void choice_isWanted_data();
+    void choice_isWanted();
+    void unknownName_isRefused_withoutEffect_data();
+    void unknownName_isRefused_withoutEffect();
 };
 
 void tst_WebPage::beats_areForetold()
@@ -150,6 +167,80 @@ void tst_WebPage::level_isShown()
     bench.page.setLevel(0.5);
     QVERIFY(bench.isTold("level", 0.5));
     QVERIFY(bench.told.empty());
+}
+
+void tst_WebPage::choices_areTold_andFollow()
+{
+    PageBench bench;
+    bench.page.setChoices(twoProfilesAndInputs());
+    QVERIFY(bench.look());
+    // Before all else.
+    QVERIFY(!bench.choices.empty());
+    QCOMPARE(bench.choices.back()[QStringLiteral("profiles")].toArray().size(), 2);
+    shared::WebChoices choices = twoProfilesAndInputs();
+    choices.profile = QStringLiteral("Slow");
+    choices.inputs.pop_back();
+    bench.page.setChoices(choices);
+    QVERIFY(QTest::qWaitFor([&] { return bench.choices.size() == 2; }, kPageMs));
+    QCOMPARE(bench.choices.back()[QStringLiteral("profile")].toString(), QStringLiteral("Slow"));
+    QCOMPARE(bench.choices.back()[QStringLiteral("inputs")].toArray().size(), 1);
+    // What is the same is not told again: the next one is the third.
+    bench.page.setChoices(choices);
+    bench.page.setChoices(twoProfilesAndInputs());
+    QVERIFY(QTest::qWaitFor([&] { return bench.choices.size() == 3; }, kPageMs));
+    QCOMPARE(bench.choices.back()[QStringLiteral("profile")].toString(), QString());
+}
+
+void tst_WebPage::choice_isWanted_data()
+{
+    QTest::addColumn<QString>("message");
+    for (const char* message : {"profile Slow", "profile ", "input default", "input Deck"})
+        QTest::newRow(message) << QString::fromLatin1(message);
+}
+
+void tst_WebPage::choice_isWanted()
+{
+    QFETCH(QString, message);
+    PageBench bench;
+    bench.page.setChoices(twoProfilesAndInputs());
+    QVERIFY(bench.look());
+    QString wanted;
+    connect(
+        &bench.page,
+        &WebPage::OnProfileWanted,
+        [&](const QString& pName) { wanted = QStringLiteral("profile ") + pName; });
+    connect(&bench.page, &WebPage::OnInputWanted, [&](const QString& pName) {
+        wanted = QStringLiteral("input ") + pName;
+    });
+    bench.browser->sendTextMessage(message);
+    QTRY_COMPARE_WITH_TIMEOUT(wanted, message, kPageMs);
+}
+
+void tst_WebPage::unknownName_isRefused_withoutEffect_data()
+{
+    QTest::addColumn<QString>("message");
+    for (const char* message :
+         {"profile house", "profile Deck", "input House", "input ", "input *"})
+        QTest::newRow(message) << QString::fromLatin1(message);
+}
+
+void tst_WebPage::unknownName_isRefused_withoutEffect()
+{
+    QFETCH(QString, message);
+    PageBench bench;
+    bench.page.setChoices(twoProfilesAndInputs());
+    QVERIFY(bench.look());
+    int wanted = 0;
+    connect(
+        &bench.page, &WebPage::OnProfileWanted, [&] { ++wanted; });
+    connect(&bench.page, &WebPage::OnInputWanted, [&] { ++wanted; });
+    bench.browser->sendTextMessage(message);
+    // The browser is told what holds, and is not sent away: the list may have changed just now.
+    QVERIFY(QTest::qWaitFor([&] { return bench.choices.size() == 2; }, kPageMs));
+    QVERIFY(bench.choices[0] == bench.choices[1]);
+    QCOMPARE(wanted, 0);
+    QCOMPARE(bench.page.getServer().getClients().getCount(), 1);
+    QCOMPARE(bench.browser->state(), QAbstractSocket::ConnectedState);
 }
 
 AA_TEST(tst_WebPage, QCoreApplication)

@@ -76,7 +76,6 @@ private Q_SLOTS:
     void init();
     void cleanup() { m_server.reset(); }
     void page_isServed();
-    void page_needsNothingElse();
     void otherHost_isRefused();
     void otherOrigin_isRefused();
     void garbage_isRefused();
@@ -116,23 +115,6 @@ void tst_WebServer::page_isServed()
         QVERIFY(answer.contains("Content-Length: " + QByteArray::number(answer.size() - body)));
         QVERIFY(answer.endsWith("</html>\n"));
     }
-}
-
-void tst_WebServer::page_needsNothingElse()
-{
-    const QByteArray page =
-        getPage(*m_server, "127.0.0.1:" + QByteArray::number(m_server->getPort()));
-    const QByteArray body = page.mid(page.indexOf("\r\n\r\n"));
-    for (const char* outside : {"http://", "https://", "src=", "url(", "@import"})
-        QVERIFY2(!body.contains(outside), outside);
-    // Its buttons are understood.
-    int buttons = 0;
-    for (int at = body.indexOf("data-do=\""); at >= 0; at = body.indexOf("data-do=\"", at + 1)) {
-        const QByteArray action = body.mid(at + 9, body.indexOf('"', at + 9) - at - 9);
-        QVERIFY2(shared::detail::ReadWebMessage(QString::fromLatin1(action)), action.constData());
-        ++buttons;
-    }
-    QCOMPARE(buttons, 8);
 }
 
 void tst_WebServer::otherHost_isRefused()
@@ -215,8 +197,8 @@ void tst_WebServer::wrongAddress_isSaid()
 void tst_WebServer::action_arrives()
 {
     std::vector<QString> actions;
-    connect(&_Clients(), &WebClients::OnAction, [&](const shared::HandAction& pAction) {
-        actions.push_back(pAction.getText());
+    connect(&_Clients(), &WebClients::OnWish, [&](const shared::detail::WebWish& pWish) {
+        actions.push_back(pWish.action.getText());
     });
     Browser browser(m_server->getLink());
     QVERIFY(browser.isIn());
@@ -233,7 +215,7 @@ void tst_WebServer::wrongMessage_endsIt_data()
     QTest::addColumn<QByteArray>("message");
     QTest::addColumn<bool>("isText");
     QTest::addColumn<int>("code");
-    QTest::newRow("other action") << QByteArray("profile House") << true << 1008;
+    QTest::newRow("other action") << QByteArray("bend 2") << true << 1008;
     QTest::newRow("bytes") << QByteArray("tap") << false << 1008;
     QTest::newRow("too long") << QByteArray(4097, ' ') << true << 1009;
 }
@@ -244,7 +226,7 @@ void tst_WebServer::wrongMessage_endsIt()
     QFETCH(bool, isText);
     QFETCH(int, code);
     int actions = 0;
-    connect(&_Clients(), &WebClients::OnAction, [&] { ++actions; });
+    connect(&_Clients(), &WebClients::OnWish, [&] { ++actions; });
     Browser browser(m_server->getLink());
     QVERIFY(browser.isIn());
     if (isText)
