@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+class FilePlayer;
 class ListenHands;
 class ListenOutputs;
 class ListenWeb;
@@ -41,6 +42,7 @@ private:
     QString _ApplyOptions();
     void _Listen(const QString& pInput);
     std::function<void()> _MakeSource(const QString& pInput);
+    void _MakeHeard(FilePlayer& pPlayer);
     void _MakeCapture();
     void _ChangeInput(const QString& pName);
     void _SetUpBeats();

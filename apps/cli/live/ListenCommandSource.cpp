@@ -76,8 +76,18 @@ std::function<void()> ListenCommand::_MakeSource(const QString& pInput)
     }
     auto player = std::make_unique<FilePlayer>(m_store.getConfiguration());
     FilePlayer* pPlayer = player.get();
+    if (m_options.isHeard)
+        _MakeHeard(*pPlayer);
     m_source = std::move(player);
     return [pPlayer, pInput] { pPlayer->Open(pInput, false); };
+}
+
+void ListenCommand::_MakeHeard(FilePlayer& pPlayer)
+{
+    pPlayer.WantSound();
+    QObject::connect(&pPlayer, &LiveSource::OnSourceChanged, [this] {
+        _Say(listentexts::describeSound(m_source->getSource()));
+    });
 }
 
 void ListenCommand::_MakeCapture()

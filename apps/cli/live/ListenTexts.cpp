@@ -128,9 +128,28 @@ QString describeFormat(const CaptureSession& pSession)
 
 QString describeFile(const SourceState& pSource)
 {
-    return pSource.length > 0.0 ? tr("playing \"%1\" without sound, %2 long")
-                                      .arg(pSource.name, cli::Clock(pSource.length))
-                                : tr("playing \"%1\" without sound").arg(pSource.name);
+    const QString what = pSource.sound == eFileSilent
+                             ? tr("playing \"%1\" without sound").arg(pSource.name)
+                             : tr("playing \"%1\"").arg(pSource.name);
+    return pSource.length > 0.0 ? tr("%1, %2 long").arg(what, cli::Clock(pSource.length)) : what;
+}
+
+QString describeSound(const SourceState& pSource)
+{
+    switch (pSource.sound) {
+    case eFileHeard:
+        return tr("it is heard on the default output");
+    case eFileNoServer:
+        return tr("it is not heard: no sound server answers");
+    case eFileNoOutput:
+        return tr("it is not heard: the sound server has no output");
+    case eFileStuck:
+        return tr("it is not heard: the output takes no sound");
+    case eFileMuted:
+    case eFileSilent:
+        break;
+    }
+    return {};
 }
 
 QString describeDrift(const CaptureSession& pSession)

@@ -27,6 +27,8 @@ QString describeAnalysis(const LiveSource& pSource);
 QString describeFormat(const CaptureSession& pSession);
 /// A file that is played, once its length is known.
 QString describeFile(const SourceState& pSource);
+/// Whether a file that is to be heard is.
+QString describeSound(const SourceState& pSource);
 QString describeDrift(const CaptureSession& pSession);
 QString describeAnnouncements(const cli::AnnounceStatistics& pStatistics);
 QString describeTicks(const cli::TickStatistics& pStatistics);

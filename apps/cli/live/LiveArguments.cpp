@@ -231,6 +231,8 @@ void addListenCommand(shared::OptionParser& pParser, ListenArguments& pArguments
                      pArguments.file,
                      tr("FILE"),
                      tr("hear this audio file, at real speed, not a device"));
+    options.AddFlag(
+        "--sound", pArguments.isHeard, tr("play the file on the default output, too"), "--play");
     options.AddFlag("--save", pArguments.isSaved, tr("remember the device and the offset"));
     options.AddValue(
         "-f,--format", pArguments.format, tr("NAME"), tr("print events: text, beats, ndjson"));
@@ -264,6 +266,7 @@ void addDevicesCommand(shared::OptionParser& pParser, DevicesOptions& pOptions)
 QString readListenArguments(const ListenArguments& pArguments, ListenOptions& pOptions)
 {
     pOptions.device = QString::fromStdString(pArguments.device);
+    pOptions.isHeard = pArguments.isHeard;
     pOptions.isSaved = pArguments.isSaved;
     pOptions.showsFormat = pArguments.showsFormat;
     pOptions.measures = pArguments.measures;

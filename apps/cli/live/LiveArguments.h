@@ -16,6 +16,7 @@ struct ListenArguments
     std::string format;
     std::string duration;
     std::string offset;
+    bool isHeard = false;
     bool isSaved = false;
     bool showsFormat = false;
     bool measures = false;

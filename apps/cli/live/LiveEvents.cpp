@@ -135,8 +135,10 @@ void LiveEvents::_FollowForNdjson()
         this,
         [this] {
             const SourceState source = m_source.getSource();
-            _WriteObject("device",
-                         {{Key("name"), source.name}, {Key("state"), Key(NameOf(source.capture))}});
+            if (source.kind == SourceState::eDevice)
+                _WriteObject(
+                    "device",
+                    {{Key("name"), source.name}, {Key("state"), Key(NameOf(source.capture))}});
         });
     connect(&m_source, &LiveSource::OnNotice, this, [this](eCaptureNotice pNotice) {
         _WriteObject("notice", {{Key("what"), Key(NameOf(pNotice))}});

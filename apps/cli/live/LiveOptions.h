@@ -41,6 +41,7 @@ struct ListenOptions
 {
     QString device;                      ///< empty = the stored one, else the default
     QString file;                        ///< played instead of a device; empty = none
+    bool isHeard = false;                ///< the file is, on the default output
     bool isSaved = false;                ///< remembers the device
     std::optional<eEventFormat> format;  ///< none = a live line on a terminal, else text
     double duration = 0.0;               ///< seconds; 0 = until it is ended

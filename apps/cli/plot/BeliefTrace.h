@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/beats/BeliefColumn.h>
+
 #include <cstddef>
 #include <vector>
 
@@ -15,11 +17,9 @@ class BeliefTrace
 public:
     static constexpr std::size_t kMaximalColumns = 512;
 
-    struct Column
+    struct Column : BeliefColumn
     {
-        double time;                 ///< seconds, start of the column
-        std::vector<float> beliefs;  ///< share of each tempo, 0 to 1; in the order of getTempi()
-        float confidence;            ///< that the next beat is right, 0 to 1; 0 while none is told
+        double time = 0.0;  ///< seconds, start of the column
     };
 
     /// One block that starts at pTime seconds, as the tracker stands then.
@@ -29,11 +29,9 @@ public:
     const std::vector<double>& getTempi() const { return m_tempi; }
 
 private:
-    void _AddToLast(const MeterTracker& pTracker);
     void _Merge();
 
     std::vector<double> m_tempi;
     std::vector<Column> m_columns;
     std::size_t m_blocksPerColumn = 1;
-    std::size_t m_lastColumnBlocks = 0;  ///< blocks merged into the last column so far
 };

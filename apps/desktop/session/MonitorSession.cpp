@@ -108,9 +108,19 @@ void MonitorSession::PlayFile(const QString& pPath, bool pIsLooped)
 {
     _Close();
     auto player = std::make_unique<FilePlayer>(m_store.getConfiguration());
-    FilePlayer* pPlayer = player.get();
+    m_pPlayer = player.get();
     _TakeSource(std::move(player));
-    pPlayer->Open(pPath, pIsLooped);
+    m_pPlayer->WantSound();
+    m_pPlayer->setMuted(m_isMuted);
+    m_pPlayer->Open(pPath, pIsLooped);
+    Q_EMIT OnSourceChanged();
+}
+
+void MonitorSession::setMuted(bool pIsMuted)
+{
+    m_isMuted = pIsMuted;
+    if (m_pPlayer)
+        m_pPlayer->setMuted(pIsMuted);
     Q_EMIT OnSourceChanged();
 }
 
@@ -127,6 +137,7 @@ void MonitorSession::_Close()
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
     m_source.reset();
+    m_pPlayer = nullptr;
     m_endedFile.reset();
     m_notice.reset();
     m_peak = 0;
@@ -277,7 +288,8 @@ void MonitorSession::_OnNotice(eCaptureNotice pNotice)
 
 void MonitorSession::_OnSourceChanged()
 {
-    if (m_source->getSource().capture != eCaptureRunning)
+    const SourceState source = m_source->getSource();
+    if (source.kind == SourceState::eDevice && source.capture != eCaptureRunning)
         m_notice.reset();
     Q_EMIT OnDeviceChanged(m_deviceName, isDevicePresent());
     Q_EMIT OnSourceChanged();
@@ -293,6 +305,7 @@ void MonitorSession::_OnFileEnded(const QString& pError)
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
     m_source.reset();
+    m_pPlayer = nullptr;
     m_notice.reset();
     m_endedFile = state;
     Q_EMIT OnSourceChanged();

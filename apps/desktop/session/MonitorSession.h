@@ -18,6 +18,8 @@
 #include <memory>
 #include <optional>
 
+class FilePlayer;
+
 /// Everything behind the window: the configuration, the source of sound, and what it gives.
 ///
 /// There is one source at a time, a device or a file. A device is recorded by its name and waited
@@ -61,6 +63,9 @@ public:
     /// Listens again.
     void StopFile();
     bool isFilePlaying() const;
+    /// Whether files are played without sound; by default they are heard.
+    void setMuted(bool pIsMuted);
+    bool isMuted() const { return m_isMuted; }
 
     BeatHand& getHand() { return m_hand; }
     MonitorOutputs& getOutputs() { return m_outputs; }
@@ -110,10 +115,12 @@ private:
     MonitorOutputs m_outputs{m_beats};
     QString m_deviceName;
     std::unique_ptr<LiveSource> m_source;  ///< null without a device, and after the end of a file
+    FilePlayer* m_pPlayer = nullptr;       ///< the same; null unless a file is played
     std::optional<SourceState> m_endedFile;
     std::optional<eCaptureNotice> m_notice;
     QElapsedTimer m_sinceClipped;
     bool m_isFallback = false;
+    bool m_isMuted = false;
     int m_peak = 0;  ///< since TakePeak()
     QTimer m_tick;
 };

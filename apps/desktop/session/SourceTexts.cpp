@@ -58,11 +58,33 @@ SourceTexts::Text SourceTexts::_DescribeFile(const SourceState& pState)
 {
     if (pState.notice)
         return _DescribeNotice(pState);
+    const QString reason = _DescribeSilence(pState.sound);
+    const QString what = reason.isEmpty()
+                             ? tr("Playing “%1”").arg(pState.name)
+                             : tr("Playing “%1” without sound: %2").arg(pState.name, reason);
     const QString position = DescribeTime(pState.position);
-    return {pState.length > 0.0 ? tr("Playing “%1” without sound   %2 of %3")
-                                      .arg(pState.name, position, DescribeTime(pState.length))
-                                : tr("Playing “%1” without sound   %2").arg(pState.name, position),
-            false};
+    const QString place =
+        pState.length > 0.0 ? tr("%1 of %2").arg(position, DescribeTime(pState.length)) : position;
+    return {what + QStringLiteral("   ") + place, false};
+}
+
+/// Empty when it is heard.
+QString SourceTexts::_DescribeSilence(eFileSound pSound)
+{
+    switch (pSound) {
+    case eFileHeard:
+        return {};
+    case eFileNoOutput:
+        return tr("there is no output");
+    case eFileStuck:
+        return tr("the output takes no sound");
+    case eFileNoServer:
+        return tr("no sound server answers");
+    case eFileMuted:
+    case eFileSilent:
+        break;
+    }
+    return tr("muted");
 }
 
 SourceTexts::Text SourceTexts::Describe(const SourceState& pState)

@@ -27,4 +27,5 @@ private:
     static Text _DescribeUnusable(const SourceState& pState);
     static Text _DescribeDevice(const SourceState& pState);
     static Text _DescribeFile(const SourceState& pState);
+    static QString _DescribeSilence(eFileSound pSound);
 };

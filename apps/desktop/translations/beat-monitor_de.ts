@@ -188,6 +188,10 @@
         <source>O&amp;utputs on or off</source>
         <translation>A&amp;usgänge an oder aus</translation>
     </message>
+    <message>
+        <source>&amp;Mute the file that is played, or not</source>
+        <translation>Abgespielte Datei stu&amp;mm schalten oder nicht</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -1078,12 +1082,32 @@
         <translation>„%1“: %2</translation>
     </message>
     <message>
-        <source>Playing “%1” without sound   %2 of %3</source>
-        <translation>„%1“ wird ohne Ton abgespielt   %2 von %3</translation>
+        <source>Playing “%1”</source>
+        <translation>„%1“ wird abgespielt</translation>
     </message>
     <message>
-        <source>Playing “%1” without sound   %2</source>
-        <translation>„%1“ wird ohne Ton abgespielt   %2</translation>
+        <source>Playing “%1” without sound: %2</source>
+        <translation>„%1“ wird ohne Ton abgespielt: %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>there is no output</source>
+        <translation>es gibt keinen Ausgang</translation>
+    </message>
+    <message>
+        <source>the output takes no sound</source>
+        <translation>der Ausgang nimmt keinen Ton an</translation>
+    </message>
+    <message>
+        <source>no sound server answers</source>
+        <translation>kein Soundserver antwortet</translation>
+    </message>
+    <message>
+        <source>muted</source>
+        <translation>stumm geschaltet</translation>
     </message>
 </context>
 <context>

@@ -188,6 +188,10 @@
         <source>O&amp;utputs on or off</source>
         <translation>&amp;Salidas, encender o apagar</translation>
     </message>
+    <message>
+        <source>&amp;Mute the file that is played, or not</source>
+        <translation>Silenciar o no el archi&amp;vo que se reproduce</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -1078,12 +1082,32 @@
         <translation>«%1»: %2</translation>
     </message>
     <message>
-        <source>Playing “%1” without sound   %2 of %3</source>
-        <translation>Reproduciendo «%1» sin sonido   %2 de %3</translation>
+        <source>Playing “%1”</source>
+        <translation>Reproduciendo «%1»</translation>
     </message>
     <message>
-        <source>Playing “%1” without sound   %2</source>
-        <translation>Reproduciendo «%1» sin sonido   %2</translation>
+        <source>Playing “%1” without sound: %2</source>
+        <translation>Reproduciendo «%1» sin sonido: %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>there is no output</source>
+        <translation>no hay ninguna salida</translation>
+    </message>
+    <message>
+        <source>the output takes no sound</source>
+        <translation>la salida no acepta sonido</translation>
+    </message>
+    <message>
+        <source>no sound server answers</source>
+        <translation>ningún servidor de sonido responde</translation>
+    </message>
+    <message>
+        <source>muted</source>
+        <translation>silenciado</translation>
     </message>
 </context>
 <context>

@@ -188,6 +188,10 @@
         <source>O&amp;utputs on or off</source>
         <translation>&amp;Sorties en marche ou non</translation>
     </message>
+    <message>
+        <source>&amp;Mute the file that is played, or not</source>
+        <translation>&amp;Muet ou non, le fichier lu</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -1078,12 +1082,32 @@
         <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
     <message>
-        <source>Playing “%1” without sound   %2 of %3</source>
-        <translation>Lecture de « %1 » sans son   %2 sur %3</translation>
+        <source>Playing “%1”</source>
+        <translation>Lecture de « %1 »</translation>
     </message>
     <message>
-        <source>Playing “%1” without sound   %2</source>
-        <translation>Lecture de « %1 » sans son   %2</translation>
+        <source>Playing “%1” without sound: %2</source>
+        <translation>Lecture de « %1 » sans son : %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>there is no output</source>
+        <translation>il n’y a pas de sortie</translation>
+    </message>
+    <message>
+        <source>the output takes no sound</source>
+        <translation>la sortie ne prend pas de son</translation>
+    </message>
+    <message>
+        <source>no sound server answers</source>
+        <translation>aucun serveur de son ne répond</translation>
+    </message>
+    <message>
+        <source>muted</source>
+        <translation>muet</translation>
     </message>
 </context>
 <context>

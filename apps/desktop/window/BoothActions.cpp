@@ -62,6 +62,7 @@ void BoothActions::_MakeActions()
         m_actions[std::size_t(i)]->setAutoRepeat(key.isRepeated);
     }
     m_actions[eOutputsAction]->setCheckable(true);
+    m_actions[eMuteAction]->setCheckable(true);
     for (int row = 0; row < kProfiles; ++row) {
         auto* pAction = new QAction(this);
         pAction->setShortcut(QKeySequence(Qt::Key_1 + row));

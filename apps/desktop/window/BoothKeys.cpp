@@ -16,6 +16,7 @@ const std::array<BoothKeys::Key, eBoothActionCount>& BoothKeys::getTable()
         {"0", "0", QT_TR_NOOP("&Automatic tracking"), false},
         {"1", "1 – 9", QT_TR_NOOP("The profile of that place in the &list"), false},
         {"O", "O", QT_TR_NOOP("O&utputs on or off"), false},
+        {"M", "M", QT_TR_NOOP("&Mute the file that is played, or not"), false},
         {"F11", "F11", QT_TR_NOOP("Stage &view, on the next screen, and back"), false},
         {"?", "?", QT_TR_NOOP("Show the &keys"), false},
     }};

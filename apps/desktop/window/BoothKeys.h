@@ -22,6 +22,7 @@ enum eBoothAction
     eAutomaticAction,
     eProfileAction,  ///< one for each of nine digits
     eOutputsAction,
+    eMuteAction,
     eStageAction,
     eKeysAction,
     eBoothActionCount

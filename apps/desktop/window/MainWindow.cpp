@@ -46,6 +46,7 @@ MainWindow::MainWindow(MonitorSession& pSession,
     : QMainWindow(pParent), m_session(pSession), m_windowSettings(pSettings), m_desktop(pDesktop)
 {
     setAcceptDrops(true);
+    m_session.setMuted(pSettings.isMuted);
     _MakePanels();
     _MakeStage();
     _MakeActions();
@@ -338,6 +339,7 @@ void MainWindow::_ApplyTopMost()
 WindowSettings MainWindow::CollectSettings() const
 {
     WindowSettings settings = m_windowSettings;
+    settings.isMuted = m_session.isMuted();
     for (int panel = 0; panel < ePanelCount; ++panel)
         settings.visible[std::size_t(panel)] = m_actions[std::size_t(panel)]->isChecked();
     // One that fills the screen has no size of its own.

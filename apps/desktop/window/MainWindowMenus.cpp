@@ -19,6 +19,7 @@ void MainWindow::_MakeActions()
     m_pOpen = m_pFileMenu->addAction(QString(), this, &MainWindow::_OpenFile);
     m_pOpen->setShortcut(QKeySequence::Open);
     m_pStop = m_pFileMenu->addAction(QString(), this, [this] { m_session.StopFile(); });
+    m_pFileMenu->addAction(&m_pBooth->get(eMuteAction));
     m_pFileMenu->addSeparator();
     m_pQuit = m_pFileMenu->addAction(QString(), this, &QWidget::close);
     m_pQuit->setShortcut(Qt::CTRL + Qt::Key_Q);

@@ -77,6 +77,8 @@ void MainWindow::_ConnectStage()
     MonitorOutputs& outputs = m_session.getOutputs();
     on(eOutputsAction, [this, &outputs] { _ShowProblems(outputs.setOn(!outputs.isOn())); });
     connect(&outputs, &MonitorOutputs::OnChanged, this, &MainWindow::_ShowLamps);
+    on(eMuteAction, [this] { m_session.setMuted(m_pBooth->get(eMuteAction).isChecked()); });
+    m_pBooth->get(eMuteAction).setChecked(m_session.isMuted());
     on(eAutomaticAction, [&profiles] { profiles.ChooseAutomatic(); });
     connect(m_pBooth, &BoothActions::OnProfileChosen, &profiles, &ProfilesPanel::ChooseProfile);
     connect(&profiles, &ProfilesPanel::OnConfigurationChanged, this, &MainWindow::_ShowProfiles);

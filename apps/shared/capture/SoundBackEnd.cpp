@@ -18,6 +18,11 @@ SoundBackEnd* SoundBackEnd::get()
     return s_pBackEnd;
 }
 
+std::unique_ptr<SoundPlayback> SoundBackEnd::Play(int)
+{
+    return nullptr;
+}
+
 void SoundBackEnd::_Publish()
 {
     s_pBackEnd = this;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <shared/capture/SoundPlayback.h>
+
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -45,6 +48,8 @@ public:
     /// Of the samples that were read last, from any recording; nothing before the server has told.
     /// [valid until OnAudioSamplesRecorded() returns]
     virtual std::optional<SoundPosition> getPosition() const = 0;
+    /// Samples of that rate, Hz, for the default output; null without a server that answers.
+    virtual std::unique_ptr<SoundPlayback> Play(int pSampleRate);
 
 protected:
     /// Makes it the process's; it is so until it is destroyed.

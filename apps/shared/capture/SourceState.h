@@ -16,6 +16,17 @@ enum eCaptureState
     eCaptureRunning    ///< samples arrive
 };
 
+/// What is heard of a file.
+enum eFileSound
+{
+    eFileSilent,    ///< nothing, and nobody wants it
+    eFileHeard,     ///< all of it, on the default output
+    eFileMuted,     ///< nothing, as the user wishes
+    eFileNoServer,  ///< nothing: no sound server answers
+    eFileNoOutput,  ///< nothing: the sound server has no output
+    eFileStuck      ///< nothing: the output takes no sound
+};
+
 /// Where the sound comes from, and how it is.
 struct SourceState
 {
@@ -35,5 +46,6 @@ struct SourceState
     std::optional<eCaptureNotice> notice;    ///< what is wrong now
     double position = 0.0;                   ///< seconds into a file
     double length = 0.0;                     ///< seconds; 0 = unknown
+    eFileSound sound = eFileSilent;          ///< of a file
     QString error;                           ///< why a file ended early
 };

@@ -68,6 +68,9 @@ public:
     shared::ClockThread& getThread() { return m_thread; }
     /// Whether the music plays, as the tracker hears it.
     bool isPlaying() const { return m_isPlaying; }
+    /// The automatic one, which hears every source; null without one. [valid until control returns
+    /// to the event loop]
+    const MeterTracker* getTracker() const { return m_tracker.get(); }
     /// When the newest sample sounds or sounded, µs; 0 before the first.
     std::int64_t getSoundTime() const { return m_end; }
     /// The probability that the next beat is right, 0 to 1: the automatic tracker's, else how well

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
+#include <AudioAnalyzer/analysis/HighResolutionTimerOverride.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <shared/play/FilePlayer.h>
@@ -7,12 +8,14 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
 constexpr int kTickMs = 50;  ///< about as often as live sound arrives
 constexpr double kLevelSeconds = 3.0;
-constexpr double kLateSeconds = 0.5;  ///< behind the clock, or before it: to be anchored anew
+constexpr double kLateSeconds = 0.5;  ///< behind the clock, or before it: the pace begins anew
+constexpr qint64 kDrift = 50000;      ///< µs; of the samples against their sound: anchored anew
 
 QAudioFormat FormatOf(int pSampleRate)
 {
@@ -51,6 +54,7 @@ SourceState FilePlayer::getSource() const
     state.isPlaying = isPlaying();
     state.position = _Seconds(m_frameCount > 0 ? m_position % m_frameCount : m_position);
     state.length = _Seconds(m_frameCount);
+    state.sound = m_sound.getState();
     return state;
 }
 
@@ -59,72 +63,139 @@ double FilePlayer::_Seconds(quint64 pFrames) const
     return getSampleRate() > 0 ? double(pFrames) / getSampleRate() : 0.0;
 }
 
+quint64 FilePlayer::_MicroSeconds(quint64 pFrames) const
+{
+    const auto rate = quint64(getSampleRate());
+    return pFrames / rate * 1000000 + pFrames % rate * 1000000 / rate;
+}
+
 void FilePlayer::_Tick()
 {
-    const bool isChunkThere = m_chunkFill < m_chunk.samples.size() || _TakeChunk();
-    if (!m_tick.isActive() || !isChunkThere)
+    if (!_Read())
         return;
-    if (!getAnalyzer()->isAnalyzing())
-        return _Anchor();
-    const quint64 due = _CountDue();
-    if (due > quint64(kLateSeconds * getSampleRate()))
-        getAnalyzer()->Stop();
-    else
-        _Feed(due);
+    const quint64 now = HighResolutionTimer::getTime();
+    _ChoosePace(now);
+    _WriteSound();
+    if (const std::optional<quint64> due = _CountDue(now))
+        _AnalyzeDue(*due, now);
 }
 
 /// False when there is nothing to be analysed yet, or no more.
-bool FilePlayer::_TakeChunk()
+bool FilePlayer::_Read()
 {
-    if (m_chunk.isLast) {
+    const auto ahead = std::size_t(getSampleRate());
+    while (!m_isWholeRead && _getWaiting() <= ahead && m_source->isReady())
+        _TakeChunk();
+    if (m_isWholeRead && _getWaiting() == 0)
         _End();
-        return false;
-    }
-    if (!m_source->isReady())
-        return false;
-    m_chunk = m_source->Take();
-    m_chunkFill = 0;
-    if (m_chunk.sampleRate > 0 && !getAnalyzer()) {
-        m_frameCount = m_chunk.frameCount;
-        _Prepare(FormatOf(m_chunk.sampleRate), kLevelSeconds);
-    }
-    return !m_chunk.samples.empty();
+    return getAnalyzer() && m_tick.isActive();
 }
 
-void FilePlayer::_Anchor()
+void FilePlayer::_TakeChunk()
 {
-    m_anchor = HighResolutionTimer::getTime();
+    const ReadAhead::Chunk chunk = m_source->Take();
+    m_samples.erase(m_samples.begin(), m_samples.begin() + std::ptrdiff_t(m_analyzed));
+    m_analyzed = 0;
+    m_samples.insert(m_samples.end(), chunk.samples.begin(), chunk.samples.end());
+    m_isWholeRead = chunk.isLast;
+    m_error = chunk.error;
+    if (chunk.sampleRate > 0 && !getAnalyzer()) {
+        m_frameCount = chunk.frameCount;
+        _Prepare(FormatOf(chunk.sampleRate), kLevelSeconds);
+    }
+}
+
+// ---- The pace -----------------------------------------------------------------------------------
+
+void FilePlayer::_ChoosePace(quint64 pNow)
+{
+    m_sound.Look(getSampleRate());
+    const bool isBySound = m_sound.get() != nullptr;
+    if (isBySound != m_isBySound || m_paceTime == 0)
+        _PaceAnew(pNow);
+    m_isBySound = isBySound;
+    if (m_toldSound == m_sound.getState())
+        return;
+    m_toldSound = m_sound.getState();
+    Q_EMIT OnSourceChanged();
+}
+
+/// The first sample that is not analysed yet is the next to sound.
+void FilePlayer::_PaceAnew(quint64 pNow)
+{
+    m_paceTime = pNow;
+    m_paced = 0;
+    m_written = 0;
+}
+
+void FilePlayer::_WriteSound()
+{
+    if (!m_isBySound)
+        return;
+    const std::size_t count = std::min(m_sound.get()->getRoom(), _getWaiting() - m_written);
+    m_sound.get()->Write(m_samples.data() + m_analyzed + m_written, count);
+    m_written += count;
+}
+
+/// Samples that sounded since the last were analysed; nothing while none has, as far as is known.
+std::optional<quint64> FilePlayer::_CountDue(quint64 pNow) const
+{
+    if (!m_isBySound)
+        return _CountElapsed(pNow) - m_paced;
+    const std::optional<quint64> heard = m_sound.get()->getHeard(pNow);
+    if (!heard || *heard <= m_paced)
+        return {};
+    return *heard - m_paced;
+}
+
+quint64 FilePlayer::_CountElapsed(quint64 pNow) const
+{
+    const quint64 elapsed = pNow - m_paceTime;
+    const auto rate = quint64(getSampleRate());
+    return elapsed / 1000000 * rate + elapsed % 1000000 * rate / 1000000;
+}
+
+// ---- The analysis -------------------------------------------------------------------------------
+
+/// By the clock, it may have been set back, which makes very many due samples.
+void FilePlayer::_AnalyzeDue(quint64 pDue, quint64 pNow)
+{
+    if (!m_isBySound && pDue > quint64(kLateSeconds * getSampleRate())) {
+        _PaceAnew(pNow);
+        pDue = 0;
+    }
+    const quint64 instant =
+        m_isBySound ? m_sound.get()->getInstant(m_paced) : m_paceTime + _MicroSeconds(m_paced);
+    const auto drift = qint64(instant - m_anchor - _MicroSeconds(m_sinceAnchor));
+    if (!getAnalyzer()->isAnalyzing() || std::abs(drift) > kDrift)
+        _Anchor(instant);
+    const auto due = std::size_t(std::min<quint64>(pDue, _getWaiting()));
+    if (due > 0)
+        _Analyze(due, instant + _MicroSeconds(due));
+}
+
+/// The next sample sounds at that instant, µs since the epoch.
+void FilePlayer::_Anchor(quint64 pInstant)
+{
+    m_anchor = pInstant;
     m_sinceAnchor = 0;
-    getAnalyzer()->Start();
+    getAnalyzer()->Stop();
+    {
+        const HighResolutionTimerOverride clock(pInstant);
+        getAnalyzer()->Start();
+    }
     Q_EMIT OnAnchored();
 }
 
-/// Samples that sounded since the last were analysed. A clock that was set back makes very many.
-quint64 FilePlayer::_CountDue() const
+void FilePlayer::_Analyze(std::size_t pCount, quint64 pEnd)
 {
-    const quint64 elapsed = HighResolutionTimer::getTime() - m_anchor;
-    const auto rate = quint64(getSampleRate());
-    return elapsed / 1000000 * rate + elapsed % 1000000 * rate / 1000000 - m_sinceAnchor;
-}
-
-void FilePlayer::_Feed(quint64 pCount)
-{
-    while (pCount > 0 && (m_chunkFill < m_chunk.samples.size() || _TakeChunk())) {
-        const auto count =
-            std::size_t(std::min<quint64>(pCount, quint64(m_chunk.samples.size() - m_chunkFill)));
-        _Analyze(count);
-        pCount -= count;
-    }
-}
-
-void FilePlayer::_Analyze(std::size_t pCount)
-{
-    qint16* pSamples = m_chunk.samples.data() + m_chunkFill;
-    m_chunkFill += pCount;
+    qint16* pSamples = m_samples.data() + m_analyzed;
+    m_analyzed += pCount;
+    m_written -= std::min(m_written, pCount);
     m_sinceAnchor += pCount;
+    m_paced += pCount;
     m_position += pCount;
-    const auto sounded = quint64(_Seconds(m_sinceAnchor) * 1e6);
-    Q_EMIT OnSamples(pSamples, pCount, m_anchor + sounded);
+    Q_EMIT OnSamples(pSamples, pCount, pEnd);
     getAnalyzer()->Analyze(pSamples, pCount);
     _WatchLevel(pSamples, pCount);
 }
@@ -134,7 +205,7 @@ void FilePlayer::_End()
     m_tick.stop();
     if (getAnalyzer())
         getAnalyzer()->Stop();
-    Q_EMIT OnEnded(m_chunk.error);
+    Q_EMIT OnEnded(m_error);
 }
 
 #include "moc_FilePlayer.cpp"

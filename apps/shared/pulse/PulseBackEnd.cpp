@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <shared/pulse/PulseBackEnd.h>
+#include <shared/pulse/PulsePlayback.h>
 #include <shared/pulse/PulsePlugin.h>
 
 #include <QAudioDeviceInfo>
@@ -76,4 +77,12 @@ bool PulseBackEnd::isAnswering() const
 std::optional<SoundPosition> PulseBackEnd::getPosition() const
 {
     return m_position;
+}
+
+std::unique_ptr<SoundPlayback> PulseBackEnd::Play(int pSampleRate)
+{
+    auto playback = std::make_unique<PulsePlayback>(m_connection, pSampleRate);
+    if (!isAnswering() || !playback->Open())
+        return nullptr;
+    return playback;
 }

@@ -26,6 +26,7 @@ public:
     std::vector<SoundSource> getSources() const override;
     bool isAnswering() const override;
     std::optional<SoundPosition> getPosition() const override;
+    std::unique_ptr<SoundPlayback> Play(int pSampleRate) override;
 
     std::shared_ptr<PulseConnection> getConnection() const { return m_connection; }
     void setPosition(const std::optional<SoundPosition>& pPosition) { m_position = pPosition; }

@@ -12,7 +12,7 @@ class PulsePlugin : public QAudioSystemPlugin
 public:
     QList<QByteArray> availableDevices(QAudio::Mode pMode) const override;
     QAbstractAudioInput* createInput(const QByteArray& pSource) override;
-    /// Null: nothing is played.
+    /// Null: what is played goes through SoundBackEnd::Play().
     QAbstractAudioOutput* createOutput(const QByteArray& pSink) override;
     QAbstractAudioDeviceInfo* createDeviceInfo(const QByteArray& pSource,
                                                QAudio::Mode pMode) override;

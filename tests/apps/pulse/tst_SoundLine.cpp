@@ -40,6 +40,11 @@ void tst_SoundLine::oneAnswer_givesEveryInstant()
     QCOMPARE(line.getInstant(9600), kStart + 100000);
     // Also of samples before, though the index is unsigned.
     QCOMPARE(line.getInstant(0), kStart - 100000);
+    // And the other way round.
+    QCOMPARE(line.getIndex(kStart), quint64(4800));
+    QCOMPARE(line.getIndex(kStart + 50000), quint64(7200));
+    QCOMPARE(line.getIndex(kStart - 100000), quint64(0));
+    QCOMPARE(line.getIndex(kStart - 900000), quint64(0));
 }
 
 void tst_SoundLine::answers_areAveraged()

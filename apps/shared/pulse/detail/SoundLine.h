@@ -8,7 +8,7 @@
 
 namespace pulse {
 
-/// The instants at which a recording's samples sound, as a straight line through what the server
+/// The instants at which the samples of a stream sound, as a straight line through what the server
 /// tells now and then. Each single answer is off by a little, to either side.
 class SoundLine
 {
@@ -39,6 +39,13 @@ public:
     quint64 getInstant(quint64 pIndex) const
     {
         return m_origin + quint64(qint64(std::llround(_At(pIndex))));
+    }
+    /// How many samples have sounded by pInstant, µs; only while it is known.
+    quint64 getIndex(quint64 pInstant) const
+    {
+        const double elapsed = double(qint64(pInstant - m_origin)) - m_offset;
+        const auto index = qint64(m_index) + qint64(std::floor(elapsed * m_rate / 1e6));
+        return quint64(std::max<qint64>(index, 0));
     }
 
 private:

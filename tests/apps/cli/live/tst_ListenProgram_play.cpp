@@ -18,6 +18,7 @@ class tst_ListenProgram_play : public QObject
 private Q_SLOTS:
     void initTestCase();
     void file_isHeard_asIfItWereLive();
+    void missingSound_isSaid();
     void outputs_getTheBeatsOfAFile();
     void duration_endsTheFileEarly();
     void format_isThatOfTheFile();
@@ -74,6 +75,22 @@ void tst_ListenProgram_play::file_isHeard_asIfItWereLive()
     QCOMPARE(events.last()[QStringLiteral("type")].toString(), QStringLiteral("end"));
     const double end = events.last()[QStringLiteral("time")].toDouble();
     QVERIFY2(end >= 8.0 && end < 8.2, QByteArray::number(end).constData());
+}
+
+void tst_ListenProgram_play::missingSound_isSaid()
+{
+    const StagedRun run = _Play(QStringLiteral("eight.wav"),
+                                {QStringLiteral("--sound"),
+                                 QStringLiteral("--duration"),
+                                 QStringLiteral("2"),
+                                 QStringLiteral("--format"),
+                                 QStringLiteral("ndjson")});
+    QCOMPARE(run.exitCode, 0);
+    const QStringList lines = Lines(run.errors);
+    QVERIFY2(lines.contains(QStringLiteral("playing \"eight.wav\", 0:08 long")),
+             run.errors.constData());
+    QCOMPARE(lines.count(QStringLiteral("it is not heard: no sound server answers")), 1);
+    QCOMPARE(Select(Events(run.output), "device").size(), 0);
 }
 
 void tst_ListenProgram_play::outputs_getTheBeatsOfAFile()

@@ -190,6 +190,9 @@ void tst_LiveTexts::listen_readsEveryOption()
     QCOMPARE(options.analysis.profile, QStringLiteral("slow"));
     QCOMPARE(options.analysis.bpm->maximal, 120.0);
     QCOMPARE(options.analysis.settings.at(SettingOf("threshold")), 77.0);
+    QVERIFY(!options.isHeard);
+    QVERIFY(Parse("listen --play song.flac --sound").listen.isHeard);
+    QCOMPARE(Parse("listen --sound").action, CommandLine::eRefuse);
 }
 
 void tst_LiveTexts::help_showsEveryCommand()

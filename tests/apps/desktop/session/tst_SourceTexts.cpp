@@ -77,8 +77,25 @@ void tst_SourceTexts::state_isSaidInPlainWords_data()
     file.kind = SourceState::eFile;
     file.name = QStringLiteral("song.flac");
     file.position = 12.9;
+    file.sound = eFileHeard;
     QTest::newRow("file of unknown length")
-        << file << QStringLiteral("Playing “song.flac” without sound   0:12") << false;
+        << file << QStringLiteral("Playing “song.flac”   0:12") << false;
+    file.sound = eFileMuted;
+    QTest::newRow("muted file") << file
+                                << QStringLiteral("Playing “song.flac” without sound: muted   0:12")
+                                << false;
+    file.sound = eFileNoServer;
+    QTest::newRow("no server") << file
+                               << QStringLiteral("without sound: no sound server answers   0:12")
+                               << false;
+    file.sound = eFileNoOutput;
+    QTest::newRow("no output") << file << QStringLiteral("without sound: there is no output   0:12")
+                               << false;
+    file.sound = eFileStuck;
+    QTest::newRow("stuck output") << file
+                                  << QStringLiteral(
+                                         "without sound: the output takes no sound   0:12")
+                                  << false;
     file.length = 61.0;
     QTest::newRow("file") << file << QStringLiteral("0:12 of 1:01") << false;
     file.kind = SourceState::eEnded;
