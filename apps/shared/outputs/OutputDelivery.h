@@ -30,7 +30,7 @@ class OutputDelivery
 {
 public:
     static constexpr std::int64_t kOldest = 100000;         ///< µs; what is older is not told
-    static constexpr std::int64_t kRestInterval = 50000;    ///< µs
+    static constexpr std::int64_t kRestInterval = 100000;   ///< µs
     static constexpr std::int64_t kShortestPause = 250000;  ///< µs, between two attempts to open
     static constexpr std::int64_t kLongestPause = 2000000;  ///< µs; also of a good connection
     static constexpr double kLeastTempoChange = 0.005;      ///< BPM; less is the same tempo

@@ -65,7 +65,7 @@ public:
     /// The clock begins, before its first beat, or stands still. Told once behind Open(), too.
     virtual bool Playing(bool, const BeatClockState&) { return true; }
     virtual bool Sound(const OutputSound&) { return true; }
-    /// Some twenty times a second, between what is told: to read what the receiver answers, and to
+    /// Some ten times a second, between what is told: to read what the receiver answers, and to
     /// notice that it has gone.
     virtual bool Rest() { return true; }
 };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 using shared::detail::WebWish;
 
@@ -14,8 +15,13 @@ WebPage::WebPage(LiveBeats& pBeats, Hands& pHands, const Outputs& pOutputs, QObj
     WebClients& clients = m_server.getClients();
     connect(&clients, &WebClients::OnJoined, this, &WebPage::_TellAnew);
     connect(&clients, &WebClients::OnWish, this, &WebPage::_Take);
-    connect(&m_timer, &QTimer::timeout, this, &WebPage::_Tell);
+    connect(&m_timer, &QTimer::timeout, this, &WebPage::_Tick);
     m_timer.start(kIntervalMs);
+}
+
+void WebPage::setLevel(double pLevel)
+{
+    m_level = std::max(pLevel, std::exchange(m_levelBefore, pLevel));
 }
 
 void WebPage::setChoices(const shared::WebChoices& pChoices)
@@ -52,35 +58,47 @@ void WebPage::_Tell()
 {
     if (m_server.getClients().getCount() == 0)
         return;
-    const BeatClockState state = m_beats.getClock().getState();
-    _TellState(state);
-    if (state.isRunning())
-        _TellBeat(state);
+    _TellState();
+    _TellBeat();
+}
+
+void WebPage::_Tick()
+{
+    if (m_server.getClients().getCount() == 0)
+        return;
+    m_isStateDue = !m_isStateDue;
+    if (m_isStateDue)
+        _TellState();
+    _TellBeat();
 }
 
 /// Each beat once, and again when it has moved.
-void WebPage::_TellBeat(const BeatClockState& pState)
+void WebPage::_TellBeat()
 {
+    const BeatClockState state = m_beats.getClock().getState();
+    if (!state.isRunning())
+        return;
     constexpr std::int64_t kLeastMove = 3000;  // µs
     constexpr double kLeastChange = 0.005;     // BPM
     const std::int64_t now = shared::ClockThread::getTime();
-    const std::int64_t time = pState.getTickTime(pState.getNextTick(now));
-    if (std::abs(time - m_toldTime) < kLeastMove && std::abs(pState.bpm - m_toldBPM) < kLeastChange)
+    const std::int64_t time = state.getTickTime(state.getNextTick(now));
+    if (std::abs(time - m_toldTime) < kLeastMove && std::abs(state.bpm - m_toldBPM) < kLeastChange)
         return;
     m_toldTime = time;
-    m_toldBPM = pState.bpm;
+    m_toldBPM = state.bpm;
     m_server.getClients().Say(
-        shared::detail::describeWebBeat(pState, m_beats.getConfidence(pState), now));
+        shared::detail::describeWebBeat(state, m_beats.getConfidence(state), now));
 }
 
-void WebPage::_TellState(const BeatClockState& pState)
+void WebPage::_TellState()
 {
+    const BeatClockState state = m_beats.getClock().getState();
     QVector<shared::detail::WebOutput> outputs;
     const QStringList names = m_outputs.getNames();
     for (const QString& name : names)
         outputs.append({name, m_outputs.getState(name), m_outputs.isOpen(name)});
     const QByteArray told =
-        shared::detail::describeWebState(pState, m_beats.isPlaying(), m_level, outputs);
+        shared::detail::describeWebState(state, m_beats.isPlaying(), m_level, outputs);
     if (told == m_toldState)
         return;
     m_toldState = told;

@@ -18,14 +18,14 @@ class WebPage : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int kIntervalMs = 50;
+    static constexpr int kIntervalMs = 50;  ///< for beats; what else there is comes half as often
 
     /// Nothing of it is owned.
     WebPage(LiveBeats& pBeats, Hands& pHands, const Outputs& pOutputs, QObject* pParent = nullptr);
 
     WebServer& getServer() { return m_server; }
-    /// Of the newest sound, 0 to 1 of full scale.
-    void setLevel(double pLevel) { m_level = pLevel; }
+    /// Of the newest sound, 0 to 1 of full scale; it and the one before are shown as one.
+    void setLevel(double pLevel);
     /// Tells all who look, if it is anything new.
     void setChoices(const shared::WebChoices& pChoices);
 
@@ -38,9 +38,10 @@ private:
     void _Take(const shared::detail::WebWish& pWish);
     bool _IsOffered(const shared::detail::WebWish& pWish) const;
     void _TellChoices();
+    void _Tick();
     void _Tell();
-    void _TellBeat(const BeatClockState& pState);
-    void _TellState(const BeatClockState& pState);
+    void _TellBeat();
+    void _TellState();
     void _TellAnew();
 
     LiveBeats& m_beats;        ///< not owned
@@ -48,6 +49,8 @@ private:
     const Outputs& m_outputs;  ///< not owned
     WebServer m_server;
     double m_level = 0.0;
+    double m_levelBefore = 0.0;
+    bool m_isStateDue = false;
     std::int64_t m_toldTime = 0;  ///< µs; of the beat that was told last, 0 = none
     double m_toldBPM = 0.0;
     QByteArray m_toldState;

@@ -67,7 +67,7 @@ MakeNotes(const QString& pAddress, const QString& pPreset, QString& pReason)
 {
     MidiNoteSettings settings;
     if (ReadNotes(pPreset, settings))
-        return std::make_unique<MidiNotes>(MakeMidiPort(pAddress), settings);
+        return std::make_unique<MidiNotes>(MakeMidiPort(pAddress, kMidiNotesPort), settings);
     pReason =
         tr("\"%1\": give some of beat 0 to 127 or none, bar 0 to 127 or none, channel 1 to 16, "
            "velocity 1 to 127, length 1 to 24, with commas between them")

@@ -10,12 +10,12 @@ namespace shared {
 namespace {
 
 /// Null without a sequencer, about which the system's library would otherwise complain aloud.
-std::unique_ptr<RtMidiOut> OpenSequencer()
+std::unique_ptr<RtMidiOut> OpenSequencer(const char* pClient)
 {
     if (access("/dev/snd/seq", R_OK | W_OK) != 0)
         return nullptr;
     try {
-        auto out = std::make_unique<RtMidiOut>(RtMidi::LINUX_ALSA, "audio-analyzer");
+        auto out = std::make_unique<RtMidiOut>(RtMidi::LINUX_ALSA, pClient);
         out->setErrorCallback([](RtMidiError::Type, const std::string&, void*) {}, nullptr);
         return out;
     } catch (const RtMidiError&) {
@@ -25,14 +25,17 @@ std::unique_ptr<RtMidiOut> OpenSequencer()
 
 }  // namespace
 
-AlsaMidiPort::AlsaMidiPort(QString pTarget) : m_target(std::move(pTarget)) {}
+AlsaMidiPort::AlsaMidiPort(QString pTarget, const MidiPortName& pName)
+    : m_target(std::move(pTarget)), m_name(pName)
+{
+}
 
 AlsaMidiPort::~AlsaMidiPort() = default;
 
 QStringList AlsaMidiPort::ListPorts()
 {
     QStringList names;
-    const std::unique_ptr<RtMidiOut> out = OpenSequencer();
+    const std::unique_ptr<RtMidiOut> out = OpenSequencer(kMidiClockPort.client);
     for (unsigned int i = 0; out && i < out->getPortCount(); ++i)
         names << QString::fromStdString(out->getPortName(i));
     return names;
@@ -41,7 +44,7 @@ QStringList AlsaMidiPort::ListPorts()
 bool AlsaMidiPort::Open()
 {
     Close();
-    m_out = OpenSequencer();
+    m_out = OpenSequencer(m_name.client);
     m_state = tr("there is no ALSA sequencer: is the module snd-seq loaded?");
     if (m_out && _Connect())
         return true;
@@ -52,8 +55,10 @@ bool AlsaMidiPort::Open()
 bool AlsaMidiPort::_Connect()
 {
     if (m_target.isEmpty()) {
-        m_out->openVirtualPort("clock");
-        m_state = tr("ALSA port audio-analyzer:clock");
+        m_out->openVirtualPort(m_name.port);
+        m_state = tr("ALSA port %1")
+                      .arg(QStringLiteral("%1:%2").arg(QLatin1String(m_name.client),
+                                                       QLatin1String(m_name.port)));
         return true;
     }
     const int port = _Find();
@@ -62,7 +67,7 @@ bool AlsaMidiPort::_Connect()
         return false;
     }
     m_state = tr("ALSA port %1").arg(QString::fromStdString(m_out->getPortName(unsigned(port))));
-    m_out->openPort(unsigned(port), "clock");
+    m_out->openPort(unsigned(port), m_name.port);
     return m_out->isPortOpen();
 }
 

@@ -17,7 +17,7 @@ class AlsaMidiPort : public MidiPort
 {
 public:
     /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
-    explicit AlsaMidiPort(QString pTarget);
+    explicit AlsaMidiPort(QString pTarget, const MidiPortName& pName = kMidiClockPort);
     ~AlsaMidiPort() override;
 
     bool Open() override;
@@ -34,6 +34,7 @@ private:
     int _Find() const;
 
     QString m_target;
+    MidiPortName m_name;
     QString m_state;
     std::unique_ptr<RtMidiOut> m_out;  ///< null = closed
 };

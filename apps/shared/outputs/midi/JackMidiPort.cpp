@@ -47,7 +47,7 @@ QStringList JackMidiPort::ListPorts()
 bool JackMidiPort::Open()
 {
     Close();
-    if (!m_client.Open("audio-analyzer")) {
+    if (!m_client.Open(m_name.client)) {
         m_state = tr("no JACK server runs");
         return false;
     }
@@ -62,8 +62,8 @@ bool JackMidiPort::Open()
 bool JackMidiPort::_Register()
 {
     m_ring = jack_ringbuffer_create(kEntries * sizeof(Entry));
-    m_port =
-        jack_port_register(m_client.get(), "clock", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
+    m_port = jack_port_register(
+        m_client.get(), m_name.port, JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
     jack_set_process_callback(m_client.get(), &JackMidiPort::_Process, this);
     if (!m_target.isEmpty())
         m_client.Watch(m_port);

@@ -23,7 +23,10 @@ class JackMidiPort : public MidiPort
 {
 public:
     /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
-    explicit JackMidiPort(QString pTarget) : m_target(std::move(pTarget)) {}
+    explicit JackMidiPort(QString pTarget, const MidiPortName& pName = kMidiClockPort)
+        : m_target(std::move(pTarget)), m_name(pName)
+    {
+    }
     ~JackMidiPort() override { JackMidiPort::Close(); }
 
     bool Open() override;
@@ -55,6 +58,7 @@ private:
     void _Write(jack_nframes_t pCount);
 
     QString m_target;
+    MidiPortName m_name;
     QString m_state;
     JackClient m_client;
     jack_port_t* m_port = nullptr;        ///< of the client

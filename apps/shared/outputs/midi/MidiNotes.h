@@ -17,7 +17,7 @@ public:
     ~MidiNotes() override;
 
     /// For the ends of notes.
-    std::int32_t getDivision() const override { return 24; }
+    std::int32_t getDivision() const override { return m_plan.getDivision(); }
     bool Open() override;
     void Close() override;
     QString getState() const override;

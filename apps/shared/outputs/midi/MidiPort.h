@@ -7,6 +7,17 @@
 
 namespace shared {
 
+/// What a port is called by others: the client of the system that has it, and the port itself.
+/// Outputs that differ bear different names, so that a patch bay finds each again.
+struct MidiPortName
+{
+    const char* client;
+    const char* port;
+};
+
+constexpr MidiPortName kMidiClockPort = {"audio-analyzer", "clock"};
+constexpr MidiPortName kMidiNotesPort = {"audio-analyzer-notes", "notes"};
+
 /// Where messages leave. One thread at a time.
 class MidiPort
 {

@@ -16,8 +16,9 @@ const QLatin1String kJack("jack:");
 class EitherMidiPort : public MidiPort
 {
 public:
-    explicit EitherMidiPort(const QString& pTarget)
-        : m_ports{std::make_unique<AlsaMidiPort>(pTarget), std::make_unique<JackMidiPort>(pTarget)}
+    EitherMidiPort(const QString& pTarget, const MidiPortName& pName)
+        : m_ports{std::make_unique<AlsaMidiPort>(pTarget, pName),
+                  std::make_unique<JackMidiPort>(pTarget, pName)}
     {
     }
 
@@ -59,13 +60,13 @@ private:
 
 }  // namespace
 
-std::unique_ptr<MidiPort> MakeMidiPort(const QString& pText)
+std::unique_ptr<MidiPort> MakeMidiPort(const QString& pText, const MidiPortName& pName)
 {
     if (pText.startsWith(kAlsa))
-        return std::make_unique<AlsaMidiPort>(pText.mid(kAlsa.size()));
+        return std::make_unique<AlsaMidiPort>(pText.mid(kAlsa.size()), pName);
     if (pText.startsWith(kJack))
-        return std::make_unique<JackMidiPort>(pText.mid(kJack.size()));
-    return std::make_unique<EitherMidiPort>(pText);
+        return std::make_unique<JackMidiPort>(pText.mid(kJack.size()), pName);
+    return std::make_unique<EitherMidiPort>(pText, pName);
 }
 
 QStringList ListMidiPorts()

@@ -10,7 +10,7 @@ const std::vector<MidiMessage>& NotePlan::Tick(const ClockTick& pTick)
     if (isBeat || pTick.number >= m_end)
         _Release();
     if (isBeat) {
-        m_end = pTick.number + m_settings.length;
+        m_end = pTick.number + m_settings.length / _Step();
         _Play(m_settings.beatNote);
         if (pTick.beatInBar == 0 && m_settings.barNote != m_settings.beatNote)
             _Play(m_settings.barNote);

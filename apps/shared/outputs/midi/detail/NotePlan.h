@@ -5,6 +5,7 @@
 #include <shared/outputs/midi/MidiMessage.h>
 
 #include <cstdint>
+#include <numeric>
 #include <vector>
 
 namespace shared {
@@ -30,13 +31,18 @@ class NotePlan
 public:
     explicit NotePlan(const MidiNoteSettings& pSettings) : m_settings(pSettings) {}
 
-    /// A tick of division 24. In the order in which they are to be sent. [valid until the next
+    /// Ticks a beat: as few as have one where the notes end.
+    std::int32_t getDivision() const { return kParts / _Step(); }
+    /// A tick of that division. In the order in which they are to be sent. [valid until the next
     /// call]
     const std::vector<MidiMessage>& Tick(const ClockTick& pTick);
     /// All that sounds ends.
     const std::vector<MidiMessage>& End();
 
 private:
+    static constexpr int kParts = 24;  ///< of a beat, which a length counts
+
+    int _Step() const { return std::gcd(kParts, m_settings.length); }
     void _Play(int pNote);
     void _Release();
 

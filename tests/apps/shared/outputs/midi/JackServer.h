@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <csignal>
 #include <jack/jack.h>
 #include <jack/midiport.h>
 #include <jack/ringbuffer.h>
@@ -46,6 +47,12 @@ public:
         m_process.start(QStringLiteral("jackd"), m_arguments);
         m_process.waitForStarted(kTimeoutMs);
     }
+    void Kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished(kTimeoutMs);
+    }
+    void Signal(int pSignal) { ::kill(pid_t(m_process.processId()), pSignal); }
     void End()
     {
         m_process.terminate();

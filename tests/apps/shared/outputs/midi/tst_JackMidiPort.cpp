@@ -3,6 +3,7 @@
 
 #include <shared/clock/ClockThread.h>
 #include <shared/outputs/Outputs.h>
+#include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/outputs/midi/JackMidiPort.h>
 #include <shared/outputs/midi/MidiClock.h>
 #include <shared/outputs/midi/MidiPorts.h>
@@ -10,6 +11,7 @@
 #include <QtTest>
 
 #include <apps/shared/outputs/midi/JackServer.h>
+#include <apps/shared/outputs/midi/MidiBench.h>
 #include <support/TestClass.h>
 
 using shared::JackMidiPort;
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void messages_arriveInOrder_asManyAsWereSent();
     void portThatIsNotThere_isNamed();
     void portThatGoes_isMissed();
+    void outputs_areToldApart_byTheirNames();
     void clock_startsBeforeItsFirstTick();
     void server_mayGoAndComeBack();
 
@@ -120,6 +123,37 @@ void tst_JackMidiPort::portThatGoes_isMissed()
     QVERIFY(port.Open());
     QVERIFY(port.Send({shared::ClockThread::getTime(), MidiMessage::Clock()}));
     QCOMPARE(received(*monitor, 1), QStringList(QStringLiteral("f8")));
+}
+
+void tst_JackMidiPort::outputs_areToldApart_byTheirNames()
+{
+    JackMonitor monitor;
+    QVERIFY(monitor.Open());
+    const auto open = [](const char* pKind, const char* pAddress = "") {
+        QString reason;
+        auto receiver = shared::makeReceiver(
+            QString::fromLatin1(pKind), QString::fromLatin1(pAddress), {}, reason);
+        return receiver->Open() ? std::move(receiver) : nullptr;
+    };
+    // Notes first: whoever comes first does not get another one's name.
+    const auto notes = open("midi-notes");
+    const auto clock = open("midi-clock");
+    const auto second = open("midi-clock", "jack:monitor");
+    QVERIFY(notes && clock && second);
+    QCOMPARE(notes->getState(), QStringLiteral("JACK port audio-analyzer-notes:notes"));
+    QCOMPARE(clock->getState(), QStringLiteral("JACK port audio-analyzer:clock"));
+    QCOMPARE(second->getState(), QStringLiteral("JACK port monitor:in"));
+    // A second clock is another client, since the name is taken.
+    const char** connected =
+        jack_port_get_connections(jack_port_by_name(monitor.getClient(), "monitor:in"));
+    QVERIFY(connected);
+    QCOMPARE(QByteArray(connected[0]), QByteArray("audio-analyzer-01:clock"));
+    jack_free(connected);
+    // What one sends arrives while the others are there.
+    QVERIFY(second->Playing(true, midi_bench::state()));
+    const std::int64_t now = shared::ClockThread::getTime();
+    QVERIFY(second->Beat({midi_bench::tick(0, 0, now), midi_bench::state(), 1.0, false}));
+    QCOMPARE(received(monitor, 2), QStringList({QStringLiteral("fa"), QStringLiteral("f8")}));
 }
 
 void tst_JackMidiPort::clock_startsBeforeItsFirstTick()

@@ -149,16 +149,18 @@ void tst_MidiClock::portThatHasGone_isTold()
 void tst_MidiClock::notes_areSentAndEnded()
 {
     PortLog log;
-    shared::MidiNotes notes(std::make_unique<LoggedPort>(log), {});
+    shared::MidiNoteSettings settings;
+    settings.length = 5;
+    shared::MidiNotes notes(std::make_unique<LoggedPort>(log), settings);
     QCOMPARE(notes.getDivision(), 24);
     QVERIFY(notes.Open());
     log.origin = ClockThread::getTime();
     QVERIFY(notes.Beat(momentOf(24, log.origin)));
-    QVERIFY(notes.Tick(momentOf(30, log.origin + 120000)));
+    QVERIFY(notes.Tick(momentOf(29, log.origin + 100000)));
     QVERIFY(notes.Beat(momentOf(48, log.origin + 480000)));
     QVERIFY(notes.Playing(false, midi_bench::state()));
     notes.Close();
-    QCOMPARE(log.take(), QStringLiteral("open 992464@0 892400@120 992464@480 892400@0 close"));
+    QCOMPARE(log.take(), QStringLiteral("open 992464@0 892400@100 992464@480 892400@0 close"));
 }
 
 /// The thread of its own, on the machine's clock. Nothing here depends on how late it wakes.

@@ -19,10 +19,17 @@ QString notesOf(const std::vector<shared::MidiMessage>& pMessages)
     return texts.join(QLatin1Char(' '));
 }
 
-/// Channel 10 is 9 on the wire; notes 36 = 24h, 38 = 26h; velocity 100 = 64h.
-QString notesAt(NotePlan& pPlan, qint64 pTick)
+/// Channel 10 is 9 on the wire; notes 36 = 24h, 38 = 26h; velocity 100 = 64h. pPart: a 24th of a
+/// beat, of which the plan is told those that it wants.
+QString notesAt(NotePlan& pPlan, qint64 pPart)
 {
-    return notesOf(pPlan.Tick(midi_bench::tick(pTick)));
+    const int step = 24 / pPlan.getDivision();
+    if (pPart % step != 0)
+        return {};
+    shared::ClockTick tick = midi_bench::tick(pPart);
+    tick.number /= step;
+    tick.place /= step;
+    return notesOf(pPlan.Tick(tick));
 }
 
 }  // namespace
@@ -32,6 +39,8 @@ class tst_NotePlan : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void ticks_areAsFewAsTheLengthNeeds_data();
+    void ticks_areAsFewAsTheLengthNeeds();
     void beatAndBar_areNotes_ofTheirLength();
     void noteThatWasNotWanted_isNotPlayed();
     void note_endsBeforeTheNextOne_whateverIsLost();
@@ -39,6 +48,29 @@ private Q_SLOTS:
     void bytes_areThoseOfTheSettings_data();
     void bytes_areThoseOfTheSettings();
 };
+
+void tst_NotePlan::ticks_areAsFewAsTheLengthNeeds_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("division");
+    for (const auto& [length, division] :
+         {std::pair(1, 24), {5, 24}, {6, 4}, {8, 3}, {9, 8}, {24, 1}})
+        QTest::addRow("%d", length) << length << division;
+}
+
+void tst_NotePlan::ticks_areAsFewAsTheLengthNeeds()
+{
+    QFETCH(const int, length);
+    QFETCH(const int, division);
+    MidiNoteSettings settings;
+    settings.length = length;
+    NotePlan plan(settings);
+    QCOMPARE(plan.getDivision(), division);
+    QCOMPARE(notesAt(plan, 24), QStringLiteral("992464"));
+    for (int part = 25; part < 24 + length; ++part)
+        QCOMPARE(notesAt(plan, part), QString());
+    QVERIFY(notesAt(plan, 24 + length).startsWith(QLatin1String("892400")));
+}
 
 void tst_NotePlan::beatAndBar_areNotes_ofTheirLength()
 {
