@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>Abgespielte Datei stu&amp;mm schalten oder nicht</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Letzte zwei Minuten anhalten oder f&amp;ortsetzen</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>W&amp;eniger Zeit davon zeigen</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>&amp;Mehr Zeit davon zeigen</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -679,6 +691,14 @@
         <source>No input</source>
         <translation>Kein Eingang</translation>
     </message>
+    <message>
+        <source>&amp;Last two minutes</source>
+        <translation>&amp;Letzte zwei Minuten</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Letzte zwei Minuten</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -1157,6 +1177,60 @@
     <message>
         <source>No beat</source>
         <translation>Kein Beat</translation>
+    </message>
+</context>
+<context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Die letzten zwei Minuten</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>vor %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>jetzt</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Pegel %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Keine Musik</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Hält das Bild an (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Näher</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Zeigt weniger Zeit (+ oder das Mausrad)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Zeigt mehr Zeit (− oder das Mausrad)</translation>
     </message>
 </context>
 <context>

@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>Silenciar o no el archi&amp;vo que se reproduce</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Pausar los dos últimos minutos, o se&amp;guir</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>Mostrar men&amp;os tiempo de ellos</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>Mostrar más tiempo de ellos (&amp;x)</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -679,6 +691,14 @@
         <source>No input</source>
         <translation>Sin entrada</translation>
     </message>
+    <message>
+        <source>&amp;Last two minutes</source>
+        <translation>Ú&amp;ltimos dos minutos</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Últimos dos minutos</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -1157,6 +1177,60 @@
     <message>
         <source>No beat</source>
         <translation>Sin beat</translation>
+    </message>
+</context>
+<context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Los dos últimos minutos</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>hace %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>ahora</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Nivel %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Sin música</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Detiene la imagen (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Más cerca</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Muestra menos tiempo (+ o la rueda del ratón)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Más lejos</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Muestra más tiempo (− o la rueda del ratón)</translation>
     </message>
 </context>
 <context>

@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>&amp;Muet ou non, le fichier lu</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Fi&amp;ger les deux dernières minutes, ou reprendre</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>En montrer moins de temps (&amp;x)</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>En mo&amp;ntrer plus de temps</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -679,6 +691,14 @@
         <source>No input</source>
         <translation>Pas d’entrée</translation>
     </message>
+    <message>
+        <source>&amp;Last two minutes</source>
+        <translation>&amp;Les deux dernières minutes</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Deux dernières minutes</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -1157,6 +1177,60 @@
     <message>
         <source>No beat</source>
         <translation>Pas de beat</translation>
+    </message>
+</context>
+<context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Les deux dernières minutes</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>il y a %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>maintenant</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Niveau %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Pas de musique</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Fige l’image (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Plus près</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Montre moins de temps (+ ou la molette)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Plus loin</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Montre plus de temps (− ou la molette)</translation>
     </message>
 </context>
 <context>

@@ -28,6 +28,7 @@ class SpeakersPanel;
 class SpectrumPanel;
 class StageView;
 class StatusLine;
+class StripPanel;
 
 /// The window: live panels on the left, settings on the right, what is heard at the bottom.
 ///
@@ -76,6 +77,7 @@ public:
     const LedPanel& getPulseLed() const { return *m_pPulseLed; }
     const SpectrumPanel& getSpectrum() const { return *m_pSpectrum; }
     const LevelPanel& getLevels() const { return *m_pLevels; }
+    StripPanel& getStrip() { return *m_pStrip; }
     const StatusLine& getStatus() const { return *m_pStatus; }
     SettingsColumn& getSettings() { return *m_pSettings; }
     bool isRefreshing() const { return m_refresh.isActive(); }
@@ -117,6 +119,7 @@ private:
     void _ApplyTopMost();
     void _MakeStage();
     void _ConnectStage();
+    void _ConnectStrip();
     void _ShowLamps();
     void _ShowProblems(const QStringList& pProblems);
     void _ShowKeys();
@@ -136,11 +139,13 @@ private:
     SpeakersPanel* m_pSpeakers;
     SpectrumPanel* m_pSpectrum;
     LevelPanel* m_pLevels;
+    StripPanel* m_pStrip;
     QPushButton* m_pResetButton;
     GrowingRow* m_pGrowing;
     Card* m_pLiveCard;
     Card* m_pSpectrumCard;
     Card* m_pLevelCard;
+    Card* m_pStripCard;
     SettingsColumn* m_pSettings;
     StatusLine* m_pStatus;
     QMenu* m_pFileMenu;

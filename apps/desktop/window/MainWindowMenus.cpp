@@ -36,7 +36,8 @@ void MainWindow::_MakeActions()
         m_actions[std::size_t(panel)] = pAction;
     }
     m_pViewMenu->addSeparator();
-    m_pViewMenu->addAction(&m_pBooth->get(eStageAction));
+    for (const eBoothAction action : {ePauseAction, eNearerAction, eFartherAction, eStageAction})
+        m_pViewMenu->addAction(&m_pBooth->get(action));
     const auto addFlag = [this](bool pIsChecked) {
         QAction* pAction = m_pViewMenu->addAction(QString());
         pAction->setCheckable(true);
@@ -73,6 +74,7 @@ void MainWindow::_Retranslate()
     m_actions[eDurationsPanel]->setText(tr("&Durations"));
     m_actions[eAdvancedSettingsPanel]->setText(tr("&Advanced settings"));
     m_actions[eResetPanel]->setText(tr("R&eset button"));
+    m_actions[eStripPanel]->setText(tr("&Last two minutes"));
     m_pSoftFlash->setText(tr("S&oft flash"));
     m_pSoftFlash->setToolTip(tr("The stage view only glows with the beat."));
     m_pLimitFlash->setText(tr("At most three &flashes a second"));
@@ -81,6 +83,7 @@ void MainWindow::_Retranslate()
     m_pAbout->setText(tr("&About beat-monitor"));
     m_pSpectrumCard->setTitle(tr("Spectrum"));
     m_pLevelCard->setTitle(tr("Volume and threshold"));
+    m_pStripCard->setTitle(tr("Last two minutes"));
     m_pResetButton->setText(tr("Reset (R)"));
     m_pResetButton->setToolTip(tr("Forgets the tempo and starts to search again."));
 }
