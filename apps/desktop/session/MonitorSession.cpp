@@ -43,6 +43,7 @@ MonitorSession::~MonitorSession()
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
     m_strip.Follow(nullptr);
+    m_sound.Follow(nullptr);
 }
 
 bool MonitorSession::Load(QString& pError)
@@ -140,6 +141,7 @@ void MonitorSession::_Close()
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
     m_strip.Follow(nullptr);
+    m_sound.Follow(nullptr);
     m_source.reset();
     m_pPlayer = nullptr;
     m_endedFile.reset();
@@ -154,6 +156,7 @@ void MonitorSession::_TakeSource(std::unique_ptr<LiveSource> pSource)
     m_beats.Follow(pNew);
     m_outputs.Follow(pNew);
     m_strip.Follow(pNew);
+    m_sound.Follow(pNew);
     using S = LiveSource;
     connect(pNew, &S::OnAnalyzerCreated, this, &MonitorSession::_OnAnalyzerCreated);
     connect(pNew, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
@@ -310,6 +313,7 @@ void MonitorSession::_OnFileEnded(const QString& pError)
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
     m_strip.Follow(nullptr);
+    m_sound.Follow(nullptr);
     m_source.reset();
     m_pPlayer = nullptr;
     m_notice.reset();

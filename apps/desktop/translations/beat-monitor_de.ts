@@ -699,6 +699,18 @@
         <source>Last two minutes</source>
         <translation>Letzte zwei Minuten</translation>
     </message>
+    <message>
+        <source>&amp;Save what happened…</source>
+        <translation>&amp;Speichern, was geschah …</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Speichern, was geschah</translation>
+    </message>
+    <message>
+        <source>Zip files (*.zip);;All files (*)</source>
+        <translation>ZIP-Dateien (*.zip);;Alle Dateien (*)</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -801,6 +813,37 @@
     <message>
         <source>Shift of the beats</source>
         <translation>Verschiebung der Beats</translation>
+    </message>
+</context>
+<context>
+    <name>MomentFile</name>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>sound.flac        the sound, as it was kept
+</source>
+        <translation>sound.flac        der Ton, soweit er aufgehoben war
+</translation>
+    </message>
+    <message>
+        <source>What beat-monitor %1 saw in the last two minutes.
+
+strip.png         the strip: what was said, beats, level, tempo
+strip.json        the same as numbers; times are seconds before it was saved
+log.txt           what was said, with the time of day
+settings.json     the settings of the analysis
+AudioAnalyzer.ini the window and the outputs, without secrets
+%2</source>
+        <translation>Was beat-monitor %1 in den letzten zwei Minuten sah.
+
+strip.png         der Streifen: was gemeldet wurde, Beats, Pegel, Tempo
+strip.json        dasselbe als Zahlen; Zeiten sind Sekunden vor dem Speichern
+log.txt           was gemeldet wurde, mit der Uhrzeit
+settings.json     die Einstellungen der Analyse
+AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
+%2</translation>
     </message>
 </context>
 <context>
@@ -1048,6 +1091,33 @@
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>with &amp;sound</source>
+        <translation>mit &amp;Ton</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Speichern, was geschah</translation>
+    </message>
+    <message>
+        <source>One zip file with the last two minutes as a picture and as numbers, what was said, and the settings.</source>
+        <translation>Eine ZIP-Datei mit den letzten zwei Minuten als Bild und als Zahlen, dem, was gemeldet wurde, und den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve…</source>
+        <translation>Spei&amp;chern …</translation>
+    </message>
+    <message>
+        <source>%1 s of sound are kept by now, in memory alone; two minutes at most, until this is switched off.</source>
+        <translation>%1 s Ton sind bisher aufgehoben, nur im Speicher; höchstens zwei Minuten, bis dies abgeschaltet wird.</translation>
+    </message>
+    <message>
+        <source>No sound is kept. Tick it, and from then on the last two minutes are.</source>
+        <translation>Kein Ton wird aufgehoben. Ist dies angekreuzt, werden es von da an die letzten zwei Minuten.</translation>
+    </message>
+</context>
+<context>
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
@@ -1242,6 +1312,13 @@
     <message>
         <source>&amp;Show window</source>
         <translation>Fenster &amp;zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ZipWriter</name>
+    <message>
+        <source>it cannot be written</source>
+        <translation>sie kann nicht geschrieben werden</translation>
     </message>
 </context>
 </TS>

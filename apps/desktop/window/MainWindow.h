@@ -69,6 +69,8 @@ public:
     /// Fills the screen of the window with the stage view, then the next screen, and at last none.
     void TurnStage();
     void LeaveStage();
+    /// Writes the last two minutes into a zip file; what fails is said.
+    bool SaveMoment(const QString& pPath);
     /// Beats are sent to the stored outputs from now on; what cannot be used is said.
     void BeginOutputs();
     QAction& getQuitAction() { return *m_pQuit; }
@@ -125,6 +127,7 @@ private:
     void _ShowKeys();
     void _ShowProfiles();
     void _OpenFile();
+    void _AskToSave();
     void _About();
 
     MonitorSession& m_session;  ///< not owned
@@ -158,6 +161,7 @@ private:
     KeysPage* m_pStageKeys;
     QAction* m_pOpen;
     QAction* m_pStop;
+    QAction* m_pSave;
     QAction* m_pQuit;
     QAction* m_pContrast;
     QAction* m_pSoftFlash;

@@ -20,6 +20,8 @@ void MainWindow::_MakeActions()
     m_pOpen->setShortcut(QKeySequence::Open);
     m_pStop = m_pFileMenu->addAction(QString(), this, [this] { m_session.StopFile(); });
     m_pFileMenu->addAction(&m_pBooth->get(eMuteAction));
+    m_pSave = m_pFileMenu->addAction(QString(), this, &MainWindow::_AskToSave);
+    m_pSave->setShortcut(QKeySequence::Save);
     m_pFileMenu->addSeparator();
     m_pQuit = m_pFileMenu->addAction(QString(), this, &QWidget::close);
     m_pQuit->setShortcut(Qt::CTRL + Qt::Key_Q);
@@ -59,6 +61,7 @@ void MainWindow::_Retranslate()
     m_pFileMenu->setTitle(tr("&File"));
     m_pOpen->setText(tr("&Open audio file…"));
     m_pStop->setText(tr("&Listen to the input again"));
+    m_pSave->setText(tr("&Save what happened…"));
     m_pQuit->setText(tr("&Quit"));
     m_pBeatMenu->setTitle(tr("&Beat"));
     m_pBooth->Retranslate();
