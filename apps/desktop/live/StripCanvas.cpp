@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int kTempi[] = {60, 90, 120, 160};  // BPM
-constexpr int kTicks = 4;                     // on the axis of time
+constexpr int kTicks = 3;                     // on the axis of time
 constexpr int kReach = 6;                     // pixels by which the mouse may miss
 constexpr int kNotch = 120;                   // eighths of a degree
 

@@ -154,7 +154,7 @@ void StripImage::_Draw(const StripData& pData, std::int64_t pPixel)
         _Fill(x, kLevel, 1.0, m_colors.trough.rgb());
     if (moment.level > 0) {
         const double share = 1.0 - desktop::ToDecibels(moment.level) / desktop::kLeastDecibels;
-        _Fill(x, kTempo - (kTempo - kLevel) * 0.95 * share, kTempo - 0.01, m_colors.average.rgb());
+        _Fill(x, kTempo - (kTempo - kLevel) * 0.95 * share, kTempo - 0.01, m_colors.spectrum.rgb());
     }
     if (moment.isPlaying)
         _DrawBelief(*moment.pLast, x);

@@ -46,7 +46,6 @@ void StripLog::Advance()
 /// A block may lie in several columns.
 void StripLog::_OnSamples(const qint16* pSamples, std::size_t pCount, quint64 pEnd)
 {
-    Advance();
     const double length = 1e6 / m_pSource->getSampleRate();  // µs a sample
     const std::int64_t end =
         ClockThread::getTime() + std::int64_t(pEnd - HighResolutionTimer::getTime());
@@ -62,6 +61,7 @@ void StripLog::_OnSamples(const qint16* pSamples, std::size_t pCount, quint64 pE
         if (pColumn)
             _Ask(*pColumn);
     }
+    Advance();
 }
 
 /// Once a column.
@@ -74,6 +74,7 @@ void StripLog::_Ask(StripData::Column& pColumn)
         m_data.setTempi(BeliefColumn::GetTempi(*pTracker));
     BeliefColumn column;
     column.Add(*pTracker);
+    pColumn.beliefs.reserve(column.beliefs.size());
     for (const float belief : column.beliefs)
         pColumn.beliefs.push_back(quint8(std::lround(255.0F * belief)));
 }

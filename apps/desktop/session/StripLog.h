@@ -18,7 +18,7 @@ class StripLog : public QObject
     Q_OBJECT
 
 public:
-    static constexpr std::int64_t kLag = 150000;  ///< µs; sound that comes later is not kept
+    static constexpr std::int64_t kLag = 300000;  ///< µs; sound that comes later is not kept
 
     /// pBeats is not owned; what it follows is to be followed after it.
     explicit StripLog(const LiveBeats& pBeats, QObject* pParent = nullptr);

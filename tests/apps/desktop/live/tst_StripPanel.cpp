@@ -76,7 +76,7 @@ void tst_StripPanel::level_tempoAndBelief_areDrawn()
 {
     const QImage picture = Picture(Music());
     const double loud = StripImage::kTempo - 0.1;
-    QCOMPARE(At(picture, 50, loud), Colors().average);
+    QCOMPARE(At(picture, 50, loud), Colors().spectrum);
     // The faster tempo has the upper half of its lane, and 120 BPM lies where the logarithm says.
     QCOMPARE(At(picture, 50, StripImage::kTempo + 0.05), Colors().spectrum);
     QCOMPARE(At(picture, 50, 0.95), QColor(Qt::white));
