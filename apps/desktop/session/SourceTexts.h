@@ -19,6 +19,8 @@ public:
     };
 
     static Text Describe(const SourceState& pState);
+    /// The same without what passes.
+    static QString DescribeBriefly(const SourceState& pState);
     /// m:ss, or h:mm:ss from an hour on.
     static QString DescribeTime(double pSeconds);
 
@@ -27,5 +29,6 @@ private:
     static Text _DescribeUnusable(const SourceState& pState);
     static Text _DescribeDevice(const SourceState& pState);
     static Text _DescribeFile(const SourceState& pState);
+    static QString _DescribeWhat(const SourceState& pState);
     static QString _DescribeSilence(eFileSound pSound);
 };

@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>Silenciar o no el archi&amp;vo que se reproduce</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Pausar los dos últimos minutos, o se&amp;guir</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>Mostrar men&amp;os tiempo de ellos</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>Mostrar más tiempo de ellos (&amp;x)</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -679,6 +691,26 @@
         <source>No input</source>
         <translation>Sin entrada</translation>
     </message>
+    <message>
+        <source>&amp;Last two minutes</source>
+        <translation>Ú&amp;ltimos dos minutos</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Últimos dos minutos</translation>
+    </message>
+    <message>
+        <source>&amp;Save what happened…</source>
+        <translation>&amp;Guardar lo ocurrido…</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Guardar lo ocurrido</translation>
+    </message>
+    <message>
+        <source>Zip files (*.zip);;All files (*)</source>
+        <translation>Archivos zip (*.zip);;Todos los archivos (*)</translation>
+    </message>
 </context>
 <context>
     <name>ManualBeatPanel</name>
@@ -781,6 +813,37 @@
     <message>
         <source>Shift of the beats</source>
         <translation>Desplazamiento de los beats</translation>
+    </message>
+</context>
+<context>
+    <name>MomentFile</name>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>No se puede escribir «%1»: %2</translation>
+    </message>
+    <message>
+        <source>sound.flac        the sound, as it was kept
+</source>
+        <translation>sound.flac        el sonido, lo que se conservó
+</translation>
+    </message>
+    <message>
+        <source>What beat-monitor %1 saw in the last two minutes.
+
+strip.png         the strip: what was said, beats, level, tempo
+strip.json        the same as numbers; times are seconds before it was saved
+log.txt           what was said, with the time of day
+settings.json     the settings of the analysis
+AudioAnalyzer.ini the window and the outputs, without secrets
+%2</source>
+        <translation>Lo que beat-monitor %1 vio en los dos últimos minutos.
+
+strip.png         la tira: lo que se dijo, beats, nivel, tempo
+strip.json        lo mismo en números; los tiempos son segundos antes de guardar
+log.txt           lo que se dijo, con la hora
+settings.json     los ajustes del análisis
+AudioAnalyzer.ini la ventana y las salidas, sin secretos
+%2</translation>
     </message>
 </context>
 <context>
@@ -1028,6 +1091,33 @@
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>with &amp;sound</source>
+        <translation>con &amp;sonido</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Guardar lo ocurrido</translation>
+    </message>
+    <message>
+        <source>One zip file with the last two minutes as a picture and as numbers, what was said, and the settings.</source>
+        <translation>Un archivo zip con los dos últimos minutos como imagen y en números, lo que se dijo y los ajustes.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve…</source>
+        <translation>&amp;Guardar…</translation>
+    </message>
+    <message>
+        <source>%1 s of sound are kept by now, in memory alone; two minutes at most, until this is switched off.</source>
+        <translation>Se conservan ya %1 s de sonido, solo en memoria; dos minutos como máximo, hasta que se desactive.</translation>
+    </message>
+    <message>
+        <source>No sound is kept. Tick it, and from then on the last two minutes are.</source>
+        <translation>No se conserva ningún sonido. Al marcarlo, desde entonces se conservan los dos últimos minutos.</translation>
+    </message>
+</context>
+<context>
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
@@ -1160,6 +1250,60 @@
     </message>
 </context>
 <context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Los dos últimos minutos</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>hace %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>ahora</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Nivel %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Sin música</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Detiene la imagen (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Más cerca</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Muestra menos tiempo (+ o la rueda del ratón)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Más lejos</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Muestra más tiempo (− o la rueda del ratón)</translation>
+    </message>
+</context>
+<context>
     <name>Tray</name>
     <message>
         <source>&amp;Hide window</source>
@@ -1168,6 +1312,13 @@
     <message>
         <source>&amp;Show window</source>
         <translation>&amp;Mostrar la ventana</translation>
+    </message>
+</context>
+<context>
+    <name>ZipWriter</name>
+    <message>
+        <source>it cannot be written</source>
+        <translation>no se puede escribir</translation>
     </message>
 </context>
 </TS>

@@ -24,6 +24,7 @@ enum ePanel
     eDurationsPanel,
     eAdvancedSettingsPanel,
     eResetPanel,
+    eStripPanel,
     ePanelCount
 };
 

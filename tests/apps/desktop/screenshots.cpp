@@ -3,6 +3,7 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include <demo/DemoTrack.h>
+#include <desktop/live/StripPanel.h>
 #include <desktop/look/Look.h>
 #include <desktop/look/Style.h>
 #include <desktop/session/MonitorSession.h>
@@ -11,6 +12,7 @@
 #include <desktop/stage/StageView.h>
 #include <desktop/window/BoothActions.h>
 #include <desktop/window/MainWindow.h>
+#include <desktop/window/SaveDialog.h>
 #include <desktop/window/SettingsColumn.h>
 
 #include <QAction>
@@ -252,6 +254,32 @@ void ShootStop(Scene& pScene)
     pScene.Save("stopped");
 }
 
+/// What happened in the scenes before, with music and the hand on it at the end.
+void ShootStrip(Scene& pScene)
+{
+    MainWindow& window = *pScene.window;
+    Plug(Deck("Deck B"));
+    pScene.session.Listen(QStringLiteral("Deck B"));
+    Wait(kSettleMs);
+    pScene.session.getHand().Hold();
+    Wait(6000);
+    pScene.session.getHand().Release();
+    Wait(6000);
+    window.setPanelVisible(eStripPanel, true);
+    window._SetSize();
+    Wait(500);
+    pScene.SaveOnBeat("strip");
+    window.getStrip().Zoom(2);
+    pScene.setLook(eDarkLook);
+    pScene.SaveOnBeat("strip-near");
+    pScene.setLook(eLightLook);
+    SaveDialog dialog(pScene.session.getSound(), &window);
+    dialog.show();
+    Wait(300);
+    pScene.Save("save", dialog);
+    window.setPanelVisible(eStripPanel, false);
+}
+
 void Shoot(const QDir& pFolder)
 {
     Scene scene(pFolder);
@@ -269,6 +297,7 @@ void Shoot(const QDir& pFolder)
     ShootPanels(scene);
     ShootTroubles(scene, deck);
     ShootStop(scene);
+    ShootStrip(scene);
 }
 
 }  // namespace
