@@ -82,7 +82,7 @@ void MainWindow::_MakePanels()
     m_pLiveCard = new Card(_MakeLiveRow());
     m_pSpectrumCard = new Card(m_pSpectrum);
     m_pLevelCard = new Card(m_pLevels);
-    m_pSettings = new SettingsColumn(configuration);
+    m_pSettings = new SettingsColumn(configuration, m_session.getOutputs());
     m_pStatus = new StatusLine;
     for (int panel = 0; panel < ePanelCount; ++panel)
         m_panels[std::size_t(panel)] = m_pSettings->getPanel(ePanel(panel));

@@ -17,6 +17,7 @@ constexpr std::pair<const char*, ePanel> kPanelKeys[] = {
     {"BPM", eBPMPanel},
     {"Durations", eDurationsPanel},
     {"ManualBeat", eManualBeatPanel},
+    {"Outputs", eOutputsPanel},
     {"Profiles", eProfilesPanel},
     {"PulseLED", ePulseLEDPanel},
     {"Reset", eResetPanel},
@@ -63,6 +64,7 @@ void ReadLeft(const QSettings& pFile, WindowSettings& pSettings)
 {
     for (const auto& [key, flag] : kFlagKeys)
         pSettings.*flag = ReadFlag(pFile, key, pSettings.*flag);
+    pSettings.visible[eOutputsPanel] = ReadFlag(pFile, "Outputs", pSettings.visible[eOutputsPanel]);
     pSettings.size = pFile.value(kSize).toSize();
     const QVariant place = pFile.value(kPlace);
     if (place.canConvert<QPoint>())
@@ -84,6 +86,7 @@ WindowSettings::WindowSettings(const UISettings& pSettings)
     visible[eDevicesPanel] = pSettings.isAudioInputDevicesVisible();
     visible[eProfilesPanel] = pSettings.isProfilesVisible();
     visible[eManualBeatPanel] = pSettings.isManualBeatVisible();
+    visible[eOutputsPanel] = true;
     visible[eDurationsPanel] = pSettings.isDurationsSettingsPanelVisible();
     visible[eAdvancedSettingsPanel] = pSettings.isAdvancedSettingsVisible();
     visible[eResetPanel] = pSettings.isResetVisible();

@@ -18,6 +18,7 @@ constexpr std::pair<const char*, ePanel> kPanels[] = {
     {"BPM", eBPMPanel},
     {"Durations", eDurationsPanel},
     {"ManualBeat", eManualBeatPanel},
+    {"Outputs", eOutputsPanel},
     {"Profiles", eProfilesPanel},
     {"PulseLED", ePulseLEDPanel},
     {"Reset", eResetPanel},
