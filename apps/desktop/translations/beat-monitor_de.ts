@@ -397,6 +397,11 @@
         <comment>description, name</comment>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>%1, level %2 dB</source>
+        <comment>device</comment>
+        <translation>%1, Pegel %2 dB</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
