@@ -1568,10 +1568,6 @@ oder eigene Nachrichten</translation>
         <translation>es gibt keinen ALSA-Sequencer: Ist das Modul snd-seq geladen?</translation>
     </message>
     <message>
-        <source>ALSA port audio-analyzer:clock</source>
-        <translation>ALSA-Anschluss audio-analyzer:clock</translation>
-    </message>
-    <message>
         <source>ALSA port %1</source>
         <translation>ALSA-Anschluss %1</translation>
     </message>

@@ -1568,10 +1568,6 @@ o mensajes propios</translation>
         <translation>no hay secuenciador ALSA: ¿está cargado el módulo snd-seq?</translation>
     </message>
     <message>
-        <source>ALSA port audio-analyzer:clock</source>
-        <translation>puerto ALSA audio-analyzer:clock</translation>
-    </message>
-    <message>
         <source>ALSA port %1</source>
         <translation>puerto ALSA %1</translation>
     </message>

@@ -1568,10 +1568,6 @@ ou vos propres messages</translation>
         <translation>il n’y a pas de séquenceur ALSA : le module snd-seq est-il chargé ?</translation>
     </message>
     <message>
-        <source>ALSA port audio-analyzer:clock</source>
-        <translation>port ALSA audio-analyzer:clock</translation>
-    </message>
-    <message>
         <source>ALSA port %1</source>
         <translation>port ALSA %1</translation>
     </message>
