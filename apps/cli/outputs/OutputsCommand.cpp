@@ -3,25 +3,17 @@
 
 #include <cli/Console.h>
 #include <cli/ExitCode.h>
+#include <cli/Interrupt.h>
 #include <cli/output/OutputFile.h>
 #include <cli/outputs/OutputsCommand.h>
-#include <cli/outputs/OutputsTest.h>
+#include <shared/outputs/OutputTrial.h>
 #include <shared/outputs/kinds/OutputKinds.h>
 #include <shared/settings/ChoicesTurn.h>
 
+#include <QTimer>
+
 #include <algorithm>
-
-namespace {
-
-/// Why no receiver can be made of an output; empty when one can.
-QString FindFault(const StoredOutput& pOutput)
-{
-    QString reason;
-    shared::makeReceiver(pOutput.kind, pOutput.address, pOutput.preset, reason);
-    return reason;
-}
-
-}  // namespace
+#include <utility>
 
 OutputsCommand::OutputsCommand(const OutputsOptions& pOptions) : m_options(pOptions) {}
 
@@ -89,7 +81,7 @@ int OutputsCommand::_List() const
             line.prepend(QStringLiteral("  "));
         if (output.offset != 0.0)
             line += tr("  %1 ms later").arg(output.offset);
-        const QString fault = FindFault(output);
+        const QString fault = shared::findOutputFault(output);
         if (!fault.isEmpty())
             line += tr("; cannot be used: %1").arg(fault);
         file.Write(line.toUtf8() + '\n');
@@ -136,7 +128,32 @@ int OutputsCommand::_Test() const
         return _Refuse(reason);
     console::PrintLine(tr("two bars at 120 BPM: %1")
                            .arg(shared::findOutputKind(output.kind)->describeTest(output.preset)));
-    return OutputsTest(output.name, output.offset).Run(std::move(pReceiver));
+    return _Try(output, std::move(pReceiver));
+}
+
+int OutputsCommand::_Try(const StoredOutput& pOutput,
+                         std::unique_ptr<shared::OutputReceiver> pReceiver) const
+{
+    constexpr int kInterruptMs = 20;
+    const auto say = [&pOutput](const QString& pWords) {
+        console::PrintLine(QStringLiteral("%1: %2").arg(pOutput.name, pWords));
+    };
+    int exitCode = eExitFailed;
+    OutputTrial trial(std::move(pReceiver), pOutput.offset);
+    QObject::connect(&trial, &OutputTrial::OnStateChanged, say);
+    QObject::connect(&trial, &OutputTrial::OnEnded, [&](bool pIsDone, const QString& pWords) {
+        say(pWords);
+        exitCode = pIsDone ? eExitDone : eExitFailed;
+        QCoreApplication::quit();
+    });
+    QTimer interrupts;
+    QObject::connect(&interrupts, &QTimer::timeout, [] {
+        if (interrupt::getSignal() != 0)
+            QCoreApplication::quit();
+    });
+    interrupts.start(kInterruptMs);
+    QCoreApplication::exec();
+    return exitCode;
 }
 
 /// Returns what is refused, or an empty text.
@@ -162,7 +179,7 @@ QString OutputsCommand::_Add()
     output.kind = m_options.kind.toLower();
     output.offset = m_options.offset.value_or(0.0);
     shared::readOutputPlace(m_options.place.value_or(QString()), output);
-    const QString fault = FindFault(output);
+    const QString fault = shared::findOutputFault(output);
     return fault.isEmpty() ? m_settings.Add(output) : fault;
 }
 
@@ -176,7 +193,7 @@ QString OutputsCommand::_Replace()
     if (m_options.place)
         shared::readOutputPlace(*m_options.place, output);
     output.offset = m_options.offset.value_or(output.offset);
-    const QString fault = FindFault(output);
+    const QString fault = shared::findOutputFault(output);
     return fault.isEmpty() ? m_settings.Replace(m_options.name, output) : fault;
 }
 

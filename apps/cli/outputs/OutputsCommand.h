@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cli/outputs/OutputsOptions.h>
+#include <shared/outputs/OutputReceiver.h>
 #include <shared/outputs/OutputSettings.h>
 
 #include <QCoreApplication>
 #include <QString>
+
+#include <memory>
 
 /// The command "outputs": lists, edits and tries what follows the beat.
 class OutputsCommand
@@ -23,6 +26,7 @@ private:
     int _List() const;
     int _ListPorts() const;
     int _Test() const;
+    int _Try(const StoredOutput& pOutput, std::unique_ptr<shared::OutputReceiver> pReceiver) const;
     int _Change();
     int _Refuse(const QString& pReason) const;
     int _Fail(const QString& pReason) const;

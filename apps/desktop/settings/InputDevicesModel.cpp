@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
 
 InputDevicesModel::InputDevicesModel(QObject* pParent) : QAbstractListModel(pParent)
 {
@@ -51,6 +52,10 @@ QVariant InputDevicesModel::data(const QModelIndex& pIndex, int pRole) const
         return row.isPresent;
     case eChosenRole:
         return !m_chosen.isEmpty() && row.device.name == m_chosen;
+    case Qt::AccessibleTextRole:
+        return _AccessibleText(row);
+    case eLevelRole:
+        return row.level ? QVariant(*row.level) : QVariant();
     default:
         return {};
     }
@@ -64,6 +69,7 @@ QHash<int, QByteArray> InputDevicesModel::roleNames() const
     names.insert(eMonitorRole, "isMonitor");
     names.insert(ePresentRole, "isPresent");
     names.insert(eChosenRole, "isChosen");
+    names.insert(eLevelRole, "level");
     return names;
 }
 
@@ -82,6 +88,12 @@ QString InputDevicesModel::_Text(const Row& pRow) const
     if (marks.isEmpty())
         return name;
     return tr("%1 (%2)", "device (its marks)").arg(name, marks.join(QStringLiteral(", ")));
+}
+
+QString InputDevicesModel::_AccessibleText(const Row& pRow) const
+{
+    return pRow.level ? tr("%1, level %2 dB", "device").arg(_Text(pRow)).arg(*pRow.level)
+                      : _Text(pRow);
 }
 
 InputDevicesModel::Row
@@ -118,6 +130,37 @@ int InputDevicesModel::getPresentCount() const
         m_rows.begin(),
         m_rows.end(),
         [](const Row& pRow) { return pRow.isPresent && pRow.device.name != kDefaultInput; }));
+}
+
+// ---- The levels ---------------------------------------------------------------------------------
+
+/// A row is told anew only when its level is another one.
+void InputDevicesModel::setLevels(const std::map<QString, double>& pPeaks)
+{
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        const std::optional<int> level = _LevelOf(m_rows[i], pPeaks);
+        if (level == m_rows[i].level)
+            continue;
+        m_rows[i].level = level;
+        Q_EMIT dataChanged(index(int(i)), index(int(i)), {eLevelRole});
+    }
+}
+
+/// It rises at once and falls slowly.
+std::optional<int> InputDevicesModel::_LevelOf(const Row& pRow,
+                                               const std::map<QString, double>& pPeaks) const
+{
+    const auto isMeant = [&pRow](const Row& pOther) {
+        return pRow.device.name == kDefaultInput ? pOther.device.isDefault
+                                                 : pOther.device.name == pRow.device.name;
+    };
+    const auto meant = std::find_if(m_rows.begin(), m_rows.end(), isMeant);
+    const auto peak = meant == m_rows.end() ? pPeaks.end() : pPeaks.find(meant->device.name);
+    if (peak == pPeaks.end())
+        return {};
+    const double decibels = 20.0 * std::log10(std::max(peak->second, 1e-9));
+    const int level = int(std::lround(std::clamp(decibels, double(kLeastLevel), 0.0)));
+    return pRow.level ? std::max(level, *pRow.level - kFall) : level;
 }
 
 // ---- The choice ---------------------------------------------------------------------------------

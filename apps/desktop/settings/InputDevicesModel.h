@@ -6,6 +6,8 @@
 #include <QAbstractListModel>
 #include <QString>
 
+#include <map>
+#include <optional>
 #include <vector>
 
 class QtAudioInputDeviceInfo;
@@ -28,8 +30,12 @@ public:
         eDefaultRole,              ///< bool, the default input of the system
         eMonitorRole,              ///< bool, records what the machine plays
         ePresentRole,              ///< bool
-        eChosenRole                ///< bool
+        eChosenRole,               ///< bool
+        eLevelRole                 ///< int, dBFS from kLeastLevel to 0; invalid = unknown
     };
+
+    static constexpr int kLeastLevel = -60;  ///< dBFS; whatever is quieter is shown there
+    static constexpr int kFall = 6;          ///< dB by which a level may fall from one to the next
 
     explicit InputDevicesModel(QObject* pParent = nullptr);
 
@@ -46,6 +52,8 @@ public:
     /// The chosen device answers, or it does not, whatever the watcher says.
     void setChosenPresent(bool pIsPresent);
     int getPresentCount() const;
+    /// How loud the devices are, 0 to 1, by their names; nothing is known of others.
+    void setLevels(const std::map<QString, double>& pPeaks);
     /// The language has changed.
     void Retranslate();
 
@@ -54,6 +62,7 @@ private:
     {
         InputDevice device;  ///< its format is not asked for
         bool isPresent;
+        std::optional<int> level = {};  ///< dBFS; none = unknown
     };
 
     void _OnConnected(const QtAudioInputDeviceInfo& pDevice);
@@ -65,6 +74,8 @@ private:
     static Row _MakeRow(const QString& pName, bool pIsDefault, bool pIsPresent);
     QString _Description(const Row& pRow) const;
     QString _Text(const Row& pRow) const;
+    QString _AccessibleText(const Row& pRow) const;
+    std::optional<int> _LevelOf(const Row& pRow, const std::map<QString, double>& pPeaks) const;
 
     std::vector<Row> m_rows;
     QString m_chosen;

@@ -3,16 +3,19 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 #include <AudioAnalyzer/config/Configuration.h>
 
-#include <desktop/settings/ChoiceDelegate.h>
 #include <desktop/settings/HintLabel.h>
 #include <desktop/settings/InputDevicesModel.h>
 #include <desktop/settings/InputDevicesPanel.h>
+#include <desktop/settings/LevelDelegate.h>
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QWindow>
+
+#include <map>
 
 InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pParent)
     : SettingsPanel(pConfiguration, pParent), m_pModel(new InputDevicesModel(this)),
@@ -21,7 +24,7 @@ InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pPa
 {
     m_pList->setObjectName(QStringLiteral("devices"));
     m_pList->setModel(m_pModel);
-    m_pList->setItemDelegate(new ChoiceDelegate(InputDevicesModel::eChosenRole, m_pList));
+    m_pList->setItemDelegate(new LevelDelegate(m_pList));
     m_pList->setUniformItemSizes(true);
     m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pList->setMinimumHeight(m_pList->fontMetrics().lineSpacing() * 3);
@@ -33,7 +36,14 @@ InputDevicesPanel::InputDevicesPanel(Configuration& pConfiguration, QWidget* pPa
     using Model = InputDevicesModel;
     connect(m_pModel, &Model::rowsInserted, this, &InputDevicesPanel::_ShowStatus);
     connect(m_pModel, &Model::rowsRemoved, this, &InputDevicesPanel::_ShowStatus);
-    connect(m_pModel, &Model::dataChanged, this, &InputDevicesPanel::_ShowStatus);
+    connect(m_pModel,
+            &Model::dataChanged,
+            this,
+            [this](const QModelIndex&, const QModelIndex&, const QVector<int>& pRoles) {
+                if (pRoles != QVector<int>{Model::eLevelRole})
+                    _ShowStatus();
+            });
+    connect(&m_levelTimer, &QTimer::timeout, this, &InputDevicesPanel::_ShowLevels);
 
     auto* pLine = new QHBoxLayout;
     pLine->addWidget(m_pStatus, 1);
@@ -95,6 +105,42 @@ bool InputDevicesPanel::eventFilter(QObject* pObject, QEvent* pEvent)
     }
     return SettingsPanel::eventFilter(pObject, pEvent);
 }
+
+// ---- The levels ---------------------------------------------------------------------------------
+
+void InputDevicesPanel::showEvent(QShowEvent* pEvent)
+{
+    SettingsPanel::showEvent(pEvent);
+    m_levelTimer.start(kLevelMs);
+}
+
+void InputDevicesPanel::hideEvent(QHideEvent* pEvent)
+{
+    SettingsPanel::hideEvent(pEvent);
+    m_levelTimer.stop();
+    m_levels.reset();
+    m_pModel->setLevels({});
+}
+
+/// A window that is minimised, covered or scrolled away is shown still.
+bool InputDevicesPanel::_IsSeen() const
+{
+    const QWindow* pWindow = window()->windowHandle();
+    return pWindow && pWindow->isExposed() && !window()->isMinimized() &&
+           !m_pList->visibleRegion().isEmpty();
+}
+
+void InputDevicesPanel::_ShowLevels()
+{
+    SoundBackEnd* pBackEnd = SoundBackEnd::get();
+    if (!pBackEnd || !_IsSeen())
+        m_levels.reset();
+    else if (!m_levels)
+        m_levels = pBackEnd->HearLevels();
+    m_pModel->setLevels(m_levels ? m_levels->TakePeaks() : std::map<QString, double>());
+}
+
+// ---- What is shown ------------------------------------------------------------------------------
 
 void InputDevicesPanel::_LookAgain()
 {

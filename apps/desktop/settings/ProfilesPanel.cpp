@@ -130,6 +130,7 @@ QStringList ProfilesPanel::getNames() const
 void ProfilesPanel::_ShowChoice()
 {
     m_pAutomatic->setChecked(m_isAutomatic);
+    m_pSummary->setVisible(!m_isAutomatic);
     const QSignalBlocker blocker(m_pList->selectionModel());
     if (m_isAutomatic)
         m_pList->clearSelection();

@@ -409,6 +409,11 @@
         <comment>description, name</comment>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>%1, level %2 dB</source>
+        <comment>device</comment>
+        <translation>%1, Pegel %2 dB</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
@@ -672,10 +677,6 @@
         <translation>&amp;Beat</translation>
     </message>
     <message>
-        <source>S&amp;oft flash</source>
-        <translation>Sanfter &amp;Blitz</translation>
-    </message>
-    <message>
         <source>The stage view only glows with the beat.</source>
         <translation>Die Bühnenansicht glimmt nur mit dem Beat.</translation>
     </message>
@@ -692,7 +693,7 @@
         <translation>Kein Eingang</translation>
     </message>
     <message>
-        <source>&amp;Last two minutes</source>
+        <source>Last two mi&amp;nutes</source>
         <translation>&amp;Letzte zwei Minuten</translation>
     </message>
     <message>
@@ -710,6 +711,14 @@
     <message>
         <source>Zip files (*.zip);;All files (*)</source>
         <translation>ZIP-Dateien (*.zip);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Outputs</source>
+        <translation>Aus&amp;gänge</translation>
+    </message>
+    <message>
+        <source>Soft f&amp;lash</source>
+        <translation>Sanfter &amp;Blitz</translation>
     </message>
 </context>
 <context>
@@ -851,6 +860,253 @@ AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
     <message>
         <source>The choice of the beats cannot be stored in %1.</source>
         <translation>Die Wahl der Beats lässt sich nicht in %1 speichern.</translation>
+    </message>
+</context>
+<context>
+    <name>OscExpressionParser</name>
+    <message>
+        <source>it is too long</source>
+        <translation>es ist zu lang</translation>
+    </message>
+    <message>
+        <source>unexpected &quot;%1&quot;</source>
+        <translation>„%1“ ist hier nicht erwartet</translation>
+    </message>
+    <message>
+        <source>it is nested too deep</source>
+        <translation>es ist zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>it ends too early</source>
+        <translation>es endet zu früh</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not known</source>
+        <translation>„%1“ ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing</source>
+        <translation>„%1“ fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>OutputEditor</name>
+    <message>
+        <source>May stay empty.</source>
+        <translation>Darf leer bleiben.</translation>
+    </message>
+    <message>
+        <source>This kind has none.</source>
+        <translation>Diese Art hat keine.</translation>
+    </message>
+    <message>
+        <source>New output</source>
+        <translation>Neuer Ausgang</translation>
+    </message>
+    <message>
+        <source>Output “%1”</source>
+        <translation>Ausgang „%1“</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>A&amp;rt:</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>A&amp;dresse:</translation>
+    </message>
+    <message>
+        <source>&amp;Preset:</source>
+        <translation>&amp;Vorlage:</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;bbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>OutputSettings</name>
+    <message>
+        <source>%1: output %2 is left out: %3</source>
+        <translation>%1: Ausgang %2 wird ausgelassen: %3</translation>
+    </message>
+    <message>
+        <source>%1: only the first %2 outputs count</source>
+        <translation>%1: Nur die ersten %2 Ausgänge zählen</translation>
+    </message>
+    <message>
+        <source>there are %1 outputs already</source>
+        <translation>es gibt schon %1 Ausgänge</translation>
+    </message>
+    <message>
+        <source>there is no output &quot;%1&quot;</source>
+        <translation>es gibt keinen Ausgang „%1“</translation>
+    </message>
+    <message>
+        <source>its name must have 1 to %1 letters</source>
+        <translation>der Name muss 1 bis %1 Buchstaben haben</translation>
+    </message>
+    <message>
+        <source>there is an output &quot;%1&quot; already</source>
+        <translation>es gibt schon einen Ausgang „%1“</translation>
+    </message>
+    <message>
+        <source>it has no kind</source>
+        <translation>er hat keine Art</translation>
+    </message>
+    <message>
+        <source>its kind, address or preset is too long, or no text</source>
+        <translation>Art, Adresse oder Vorlage ist zu lang oder kein Text</translation>
+    </message>
+    <message>
+        <source>its offset must be %1 to %2 ms</source>
+        <translation>der Versatz muss %1 bis %2 ms sein</translation>
+    </message>
+</context>
+<context>
+    <name>OutputStore</name>
+    <message>
+        <source>The outputs cannot be stored in %1.</source>
+        <translation>Die Ausgänge können nicht in %1 gespeichert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>OutputTrial</name>
+    <message>
+        <source>it was lost</source>
+        <translation>er ging verloren</translation>
+    </message>
+    <message>
+        <source>%1 beats were sent</source>
+        <translation>%1 Beats wurden gesendet</translation>
+    </message>
+    <message>
+        <source>it was not reached</source>
+        <translation>er wurde nicht erreicht</translation>
+    </message>
+</context>
+<context>
+    <name>OutputsModel</name>
+    <message>
+        <source>reached</source>
+        <translation>erreicht</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>nicht da</translation>
+    </message>
+    <message>
+        <source>cannot be used</source>
+        <translation>nicht nutzbar</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>output: its state</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>output with its state, what there is to say of it</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>OutputsPanel</name>
+    <message>
+        <source>It is being looked for.</source>
+        <translation>Er wird gesucht.</translation>
+    </message>
+    <message>
+        <source>All outputs are off: the key O switches them on.</source>
+        <translation>Alle Ausgänge sind aus: Die Taste O schaltet sie ein.</translation>
+    </message>
+    <message>
+        <source>Not enabled: nothing is sent to it.</source>
+        <translation>Nicht angekreuzt: Es wird nichts dorthin gesendet.</translation>
+    </message>
+    <message>
+        <source>Two bars at 120 BPM: %1.</source>
+        <translation>Zwei Takte mit 120 BPM: %1.</translation>
+    </message>
+    <message>
+        <source>The test has failed: %1.</source>
+        <translation>Der Test ist gescheitert: %1.</translation>
+    </message>
+    <message>
+        <source>The test is over, %1: %2.</source>
+        <translation>Der Test ist vorbei, %1: %2.</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgänge</translation>
+    </message>
+    <message>
+        <source>What is checked gets the beats. Enter checks, Ins adds, F2 changes, Del removes.</source>
+        <translation>Was angekreuzt ist, bekommt die Beats. Eingabe kreuzt an, Einfg fügt hinzu, F2 ändert, Entf entfernt.</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>Hinz&amp;ufügen…</translation>
+    </message>
+    <message>
+        <source>C&amp;hange…</source>
+        <translation>Än&amp;dern…</translation>
+    </message>
+    <message>
+        <source>Change name, kind, address and preset.</source>
+        <translation>Name, Art, Adresse und Vorlage ändern.</translation>
+    </message>
+    <message>
+        <source>Remo&amp;ve</source>
+        <translation>Ent&amp;fernen</translation>
+    </message>
+    <message>
+        <source>Send nothing to it any more, and forget it.</source>
+        <translation>Nichts mehr dorthin senden und ihn vergessen.</translation>
+    </message>
+    <message>
+        <source>Test no&amp;w</source>
+        <translation>&amp;Jetzt testen</translation>
+    </message>
+    <message>
+        <source>Sends two bars at 120 BPM, without any music.</source>
+        <translation>Sendet zwei Takte mit 120 BPM, ganz ohne Musik.</translation>
+    </message>
+    <message>
+        <source>O&amp;ffset:</source>
+        <translation>Vers&amp;atz:</translation>
+    </message>
+    <message>
+        <source>By how much its beats come later, or earlier to the left. At once.</source>
+        <translation>Um wie viel seine Beats später kommen, nach links früher. Sofort.</translation>
+    </message>
+    <message>
+        <source>Offset of the output</source>
+        <translation>Versatz des Ausgangs</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>None yet.</source>
+        <translation>Noch keine.</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Licht, Bilder oder ein Instrument, die dem Beat folgen.</translation>
     </message>
 </context>
 <context>
@@ -1319,6 +1575,293 @@ AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
     <message>
         <source>it cannot be written</source>
         <translation>sie kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>shared</name>
+    <message>
+        <source>&quot;%1&quot;: give %2, or nothing</source>
+        <translation>„%1“: Geben Sie %2 an, oder nichts</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give some of beat 0 to 127 or none, bar 0 to 127 or none, channel 1 to 16, velocity 1 to 127, length 1 to 24, with commas between them</source>
+        <translation>„%1“: Geben Sie einiges von beat 0 bis 127 oder none, bar 0 bis 127 oder none, channel 1 bis 16, velocity 1 bis 127, length 1 bis 24 an, mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>send MIDI clock; without PORT at a port of its own</source>
+        <translation>sendet MIDI-Clock; ohne PORT an einem eigenen Anschluss</translation>
+    </message>
+    <message>
+        <source>with always the clock also ticks while the music stands</source>
+        <translation>mit always läuft die Clock auch, während die Musik steht</translation>
+    </message>
+    <message>
+        <source>the instrument starts, plays two bars, shows 120 BPM and stops</source>
+        <translation>das Instrument startet, spielt zwei Takte, zeigt 120 BPM und hält an</translation>
+    </message>
+    <message>
+        <source>play notes on beats and bars; without PORT at a port of its own</source>
+        <translation>spielt Noten auf Beats und Takte; ohne PORT an einem eigenen Anschluss</translation>
+    </message>
+    <message>
+        <source>NOTES like &quot;beat 36, bar 38, channel 10, velocity 100, length 6&quot;;
+none for no note, length in 24ths of a beat</source>
+        <translation>NOTES wie „beat 36, bar 38, channel 10, velocity 100, length 6“;
+none für keine Note, length in 24steln eines Beats</translation>
+    </message>
+    <message>
+        <source>eight notes, half a second apart, and another one with the first and the fifth</source>
+        <translation>acht Noten im Abstand einer halben Sekunde, und eine andere mit der ersten und der fünften</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give HOST or HOST:PORT, or nothing for all in the net</source>
+        <translation>„%1“: Geben Sie HOST oder HOST:PORT an, oder nichts für alle im Netz</translation>
+    </message>
+    <message>
+        <source>send beats to light programs by OS2L; to all of them without HOST</source>
+        <translation>sendet Beats über OS2L an Lichtprogramme; ohne HOST an alle</translation>
+    </message>
+    <message>
+        <source>the light program gets eight beats; what it has learned from the OS2L beat switches on each, half a second apart</source>
+        <translation>das Lichtprogramm bekommt acht Beats; was es vom OS2L-Beat gelernt hat, schaltet bei jedem, im Abstand einer halben Sekunde</translation>
+    </message>
+    <message>
+        <source>send beats as Open Sound Control</source>
+        <translation>sendet Beats als Open Sound Control</translation>
+    </message>
+    <message>
+        <source>PRESET is one of %1,
+or messages of your own</source>
+        <translation>Die Vorlage ist eine von %1
+oder eigene Nachrichten</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give HOST:PORT[/PRESET], or tcp:HOST:PORT[/PRESET]</source>
+        <translation>„%1“: Geben Sie HOST:PORT[/PRESET] an, oder tcp:HOST:PORT[/PRESET]</translation>
+    </message>
+    <message>
+        <source>messages of your own</source>
+        <translation>eigene Nachrichten</translation>
+    </message>
+    <message>
+        <source>Resolume&apos;s tempo goes to 120 BPM, and its beat to the one twice</source>
+        <translation>Resolumes Tempo geht auf 120 BPM und sein Beat zweimal auf die Eins</translation>
+    </message>
+    <message>
+        <source>Chromatik&apos;s tempo goes to 120 BPM, and its beat counts 1 2 3 4 twice</source>
+        <translation>Chromatiks Tempo geht auf 120 BPM, und sein Beat zählt zweimal 1 2 3 4</translation>
+    </message>
+    <message>
+        <source>the fader of executor 201 goes to 70.7 %, which is 120 BPM</source>
+        <translation>der Regler von Executor 201 geht auf 70.7 %, das sind 120 BPM</translation>
+    </message>
+    <message>
+        <source>the tempo shown goes to 120 BPM</source>
+        <translation>das angezeigte Tempo geht auf 120 BPM</translation>
+    </message>
+    <message>
+        <source>an OSC In CHOP gets the channels bpm, beat, count, bar, confidence, phase and playing</source>
+        <translation>ein OSC In CHOP bekommt die Kanäle bpm, beat, count, bar, confidence, phase und playing</translation>
+    </message>
+    <message>
+        <source>the OSC signal blinks in QLC+&apos;s input tab, and a button that learned /beat goes on and off eight times</source>
+        <translation>im Eingangsreiter von QLC+ blinkt das OSC-Signal, und ein Knopf, der /beat gelernt hat, geht achtmal an und aus</translation>
+    </message>
+    <message>
+        <source>the receiver gets /playing 1, eight times /beat, twice /tempo and /bar, and /playing 0</source>
+        <translation>der Empfänger bekommt /playing 1, achtmal /beat, zweimal /tempo und /bar, und /playing 0</translation>
+    </message>
+    <message>
+        <source>the receiver gets your messages for eight beats and two bars</source>
+        <translation>der Empfänger bekommt Ihre Nachrichten für acht Beats und zwei Takte</translation>
+    </message>
+    <message>
+        <source>%1: give its address</source>
+        <translation>%1: Geben Sie die Adresse an</translation>
+    </message>
+    <message>
+        <source>there is no kind of output &quot;%1&quot;; there are: %2</source>
+        <translation>es gibt keine Art von Ausgang „%1“; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>send sound and beats to WLED; without HOST to all in the net</source>
+        <translation>sendet Klang und Beats an WLED; ohne HOST an alle im Netz</translation>
+    </message>
+    <message>
+        <source>with an effect that shows peaks, Ripple Peak for one, the LEDs answer eight times; there is no sound in the test</source>
+        <translation>mit einem Effekt, der Spitzen zeigt, etwa Ripple Peak, antworten die LEDs achtmal; im Test ist kein Klang</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give a preset, or begin with beat, bar, tempo, playing or tickN</source>
+        <translation>„%1“: Geben Sie eine Vorlage an, oder beginnen Sie mit beat, bar, tempo, playing oder tickN</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: the address must begin with / and have no blanks or # * , ? [ ] { }</source>
+        <translation>„%1“: Die Adresse muss mit / beginnen und darf weder Leerzeichen noch # * , ? [ ] { } enthalten</translation>
+    </message>
+    <message>
+        <source>%1: give a type for each value, at most %2 of i, f, d and h</source>
+        <translation>%1: Geben Sie für jeden Wert einen Typ an, höchstens %2 aus i, f, d und h</translation>
+    </message>
+    <message>
+        <source>%1: give as many values as types, with commas between them</source>
+        <translation>%1: Geben Sie so viele Werte wie Typen an, mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot;: %3</source>
+        <translation>%1: „%2“: %3</translation>
+    </message>
+</context>
+<context>
+    <name>shared::AlsaMidiPort</name>
+    <message>
+        <source>there is no ALSA sequencer: is the module snd-seq loaded?</source>
+        <translation>es gibt keinen ALSA-Sequencer: Ist das Modul snd-seq geladen?</translation>
+    </message>
+    <message>
+        <source>ALSA port %1</source>
+        <translation>ALSA-Anschluss %1</translation>
+    </message>
+    <message>
+        <source>no ALSA port is named %1</source>
+        <translation>kein ALSA-Anschluss heißt %1</translation>
+    </message>
+</context>
+<context>
+    <name>shared::ChoicesTurn</name>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>%1 wird von einem anderen Programm geändert, das nicht fertig wird; beenden Sie es und versuchen Sie es noch einmal</translation>
+    </message>
+</context>
+<context>
+    <name>shared::JackMidiPort</name>
+    <message>
+        <source>no JACK server runs</source>
+        <translation>es läuft kein JACK-Server</translation>
+    </message>
+    <message>
+        <source>the JACK server refuses a port</source>
+        <translation>der JACK-Server verweigert einen Anschluss</translation>
+    </message>
+    <message>
+        <source>JACK port %1</source>
+        <translation>JACK-Anschluss %1</translation>
+    </message>
+    <message>
+        <source>no JACK port is named %1</source>
+        <translation>kein JACK-Anschluss heißt %1</translation>
+    </message>
+    <message>
+        <source>the JACK server has gone</source>
+        <translation>der JACK-Server ist verschwunden</translation>
+    </message>
+    <message>
+        <source>the JACK server hangs</source>
+        <translation>der JACK-Server hängt</translation>
+    </message>
+    <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>der JACK-Anschluss %1 ist verschwunden</translation>
+    </message>
+</context>
+<context>
+    <name>shared::Os2lReceiver</name>
+    <message>
+        <source>light program %1</source>
+        <translation>Lichtprogramm %1</translation>
+    </message>
+    <message>
+        <source>no light program at %1: is OS2L on there, and the port right?</source>
+        <translation>kein Lichtprogramm unter %1: Ist OS2L dort an, und stimmt der Anschluss?</translation>
+    </message>
+    <message>
+        <source>cannot look for light programs: start avahi-daemon, or give HOST:PORT</source>
+        <translation>Lichtprogramme können nicht gesucht werden: Starten Sie avahi-daemon, oder geben Sie HOST:PORT an</translation>
+    </message>
+    <message>
+        <source>no light program makes itself known in the net, as _os2l._tcp</source>
+        <translation>kein Lichtprogramm gibt sich im Netz als _os2l._tcp bekannt</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscReceiver</name>
+    <message>
+        <source>OSC to %1 (%2)</source>
+        <translation>OSC an %1 (%2)</translation>
+    </message>
+    <message>
+        <source>OSC to %1 (%2): %3; trying again</source>
+        <translation>OSC an %1 (%2): %3; wird wieder versucht</translation>
+    </message>
+    <message>
+        <source>OSC to %1 (%2): nothing listens there; going on</source>
+        <translation>OSC an %1 (%2): dort hört niemand zu; es geht weiter</translation>
+    </message>
+    <message>
+        <source>sending OSC to %1 (%2), %3</source>
+        <translation>sendet OSC an %1 (%2), %3</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscSocket</name>
+    <message>
+        <source>there is no host &quot;%1&quot;</source>
+        <translation>es gibt keinen Rechner „%1“</translation>
+    </message>
+    <message>
+        <source>the host&apos;s name cannot be resolved</source>
+        <translation>der Name des Rechners lässt sich nicht auflösen</translation>
+    </message>
+    <message>
+        <source>nothing listens there</source>
+        <translation>dort hört niemand zu</translation>
+    </message>
+    <message>
+        <source>nobody answers</source>
+        <translation>niemand antwortet</translation>
+    </message>
+    <message>
+        <source>the connection is lost</source>
+        <translation>die Verbindung ist verloren</translation>
+    </message>
+    <message>
+        <source>it takes nothing</source>
+        <translation>es nimmt nichts an</translation>
+    </message>
+    <message>
+        <source>the connection is closed</source>
+        <translation>die Verbindung ist geschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscTemplate</name>
+    <message>
+        <source>the messages are too long</source>
+        <translation>die Nachrichten sind zu lang</translation>
+    </message>
+    <message>
+        <source>give 1 to %1 messages</source>
+        <translation>geben Sie 1 bis %1 Nachrichten an</translation>
+    </message>
+    <message>
+        <source>the numbers of ticks a beat have no common multiple up to %1</source>
+        <translation>die Zahlen der Ticks pro Beat haben kein gemeinsames Vielfaches bis %1</translation>
+    </message>
+</context>
+<context>
+    <name>shared::WledReceiver</name>
+    <message>
+        <source>%1 is no address that this machine can reach</source>
+        <translation>%1 ist keine Adresse, die dieser Rechner erreicht</translation>
+    </message>
+    <message>
+        <source>WLED at %1</source>
+        <translation>WLED unter %1</translation>
+    </message>
+    <message>
+        <source>WLED cannot be reached: %1</source>
+        <translation>WLED ist nicht zu erreichen: %1</translation>
     </message>
 </context>
 </TS>

@@ -409,6 +409,11 @@
         <comment>description, name</comment>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>%1, level %2 dB</source>
+        <comment>device</comment>
+        <translation>%1, nivel %2 dB</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
@@ -672,10 +677,6 @@
         <translation>&amp;Beat</translation>
     </message>
     <message>
-        <source>S&amp;oft flash</source>
-        <translation>Destello s&amp;uave</translation>
-    </message>
-    <message>
         <source>The stage view only glows with the beat.</source>
         <translation>La vista de escenario solo resplandece con el beat.</translation>
     </message>
@@ -692,7 +693,7 @@
         <translation>Sin entrada</translation>
     </message>
     <message>
-        <source>&amp;Last two minutes</source>
+        <source>Last two mi&amp;nutes</source>
         <translation>Ú&amp;ltimos dos minutos</translation>
     </message>
     <message>
@@ -710,6 +711,14 @@
     <message>
         <source>Zip files (*.zip);;All files (*)</source>
         <translation>Archivos zip (*.zip);;Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Outputs</source>
+        <translation>Sa&amp;lidas</translation>
+    </message>
+    <message>
+        <source>Soft f&amp;lash</source>
+        <translation>Destello s&amp;uave</translation>
     </message>
 </context>
 <context>
@@ -851,6 +860,253 @@ AudioAnalyzer.ini la ventana y las salidas, sin secretos
     <message>
         <source>The choice of the beats cannot be stored in %1.</source>
         <translation>La elección de los beats no se puede guardar en %1.</translation>
+    </message>
+</context>
+<context>
+    <name>OscExpressionParser</name>
+    <message>
+        <source>it is too long</source>
+        <translation>es demasiado largo</translation>
+    </message>
+    <message>
+        <source>unexpected &quot;%1&quot;</source>
+        <translation>«%1» inesperado</translation>
+    </message>
+    <message>
+        <source>it is nested too deep</source>
+        <translation>está demasiado anidado</translation>
+    </message>
+    <message>
+        <source>it ends too early</source>
+        <translation>termina demasiado pronto</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not known</source>
+        <translation>«%1» no se conoce</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing</source>
+        <translation>falta «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>OutputEditor</name>
+    <message>
+        <source>May stay empty.</source>
+        <translation>Puede quedar vacía.</translation>
+    </message>
+    <message>
+        <source>This kind has none.</source>
+        <translation>Este tipo no tiene.</translation>
+    </message>
+    <message>
+        <source>New output</source>
+        <translation>Salida nueva</translation>
+    </message>
+    <message>
+        <source>Output “%1”</source>
+        <translation>Salida «%1»</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nombre:</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>&amp;Tipo:</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Dirección:</translation>
+    </message>
+    <message>
+        <source>&amp;Preset:</source>
+        <translation>&amp;Plantilla:</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;Aceptar</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>OutputSettings</name>
+    <message>
+        <source>%1: output %2 is left out: %3</source>
+        <translation>%1: se omite la salida %2: %3</translation>
+    </message>
+    <message>
+        <source>%1: only the first %2 outputs count</source>
+        <translation>%1: solo cuentan las primeras %2 salidas</translation>
+    </message>
+    <message>
+        <source>there are %1 outputs already</source>
+        <translation>ya hay %1 salidas</translation>
+    </message>
+    <message>
+        <source>there is no output &quot;%1&quot;</source>
+        <translation>no hay ninguna salida «%1»</translation>
+    </message>
+    <message>
+        <source>its name must have 1 to %1 letters</source>
+        <translation>su nombre debe tener de 1 a %1 letras</translation>
+    </message>
+    <message>
+        <source>there is an output &quot;%1&quot; already</source>
+        <translation>ya hay una salida «%1»</translation>
+    </message>
+    <message>
+        <source>it has no kind</source>
+        <translation>no tiene tipo</translation>
+    </message>
+    <message>
+        <source>its kind, address or preset is too long, or no text</source>
+        <translation>su tipo, dirección o plantilla es demasiado largo o no es texto</translation>
+    </message>
+    <message>
+        <source>its offset must be %1 to %2 ms</source>
+        <translation>su desplazamiento debe ser de %1 a %2 ms</translation>
+    </message>
+</context>
+<context>
+    <name>OutputStore</name>
+    <message>
+        <source>The outputs cannot be stored in %1.</source>
+        <translation>Las salidas no se pueden guardar en %1.</translation>
+    </message>
+</context>
+<context>
+    <name>OutputTrial</name>
+    <message>
+        <source>it was lost</source>
+        <translation>se perdió</translation>
+    </message>
+    <message>
+        <source>%1 beats were sent</source>
+        <translation>se enviaron %1 beats</translation>
+    </message>
+    <message>
+        <source>it was not reached</source>
+        <translation>no se alcanzó</translation>
+    </message>
+</context>
+<context>
+    <name>OutputsModel</name>
+    <message>
+        <source>reached</source>
+        <translation>alcanzada</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>ausente</translation>
+    </message>
+    <message>
+        <source>cannot be used</source>
+        <translation>inservible</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>apagada</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>output: its state</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>output with its state, what there is to say of it</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>OutputsPanel</name>
+    <message>
+        <source>It is being looked for.</source>
+        <translation>Se está buscando.</translation>
+    </message>
+    <message>
+        <source>All outputs are off: the key O switches them on.</source>
+        <translation>Todas las salidas están apagadas: la tecla O las enciende.</translation>
+    </message>
+    <message>
+        <source>Not enabled: nothing is sent to it.</source>
+        <translation>Sin marcar: no se le envía nada.</translation>
+    </message>
+    <message>
+        <source>Two bars at 120 BPM: %1.</source>
+        <translation>Dos compases a 120 BPM: %1.</translation>
+    </message>
+    <message>
+        <source>The test has failed: %1.</source>
+        <translation>La prueba ha fallado: %1.</translation>
+    </message>
+    <message>
+        <source>The test is over, %1: %2.</source>
+        <translation>La prueba ha terminado, %1: %2.</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Salidas</translation>
+    </message>
+    <message>
+        <source>What is checked gets the beats. Enter checks, Ins adds, F2 changes, Del removes.</source>
+        <translation>Lo marcado recibe los beats. Intro marca, Ins añade, F2 cambia, Supr quita.</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Añadir…</translation>
+    </message>
+    <message>
+        <source>C&amp;hange…</source>
+        <translation>A&amp;justar…</translation>
+    </message>
+    <message>
+        <source>Change name, kind, address and preset.</source>
+        <translation>Cambiar nombre, tipo, dirección y plantilla.</translation>
+    </message>
+    <message>
+        <source>Remo&amp;ve</source>
+        <translation>Q&amp;uitar</translation>
+    </message>
+    <message>
+        <source>Send nothing to it any more, and forget it.</source>
+        <translation>No enviarle nada más y olvidarla.</translation>
+    </message>
+    <message>
+        <source>Test no&amp;w</source>
+        <translation>Probar a&amp;hora</translation>
+    </message>
+    <message>
+        <source>Sends two bars at 120 BPM, without any music.</source>
+        <translation>Envía dos compases a 120 BPM, sin música.</translation>
+    </message>
+    <message>
+        <source>O&amp;ffset:</source>
+        <translation>Despla&amp;zamiento:</translation>
+    </message>
+    <message>
+        <source>By how much its beats come later, or earlier to the left. At once.</source>
+        <translation>Cuánto más tarde llegan sus beats, o antes hacia la izquierda. Al instante.</translation>
+    </message>
+    <message>
+        <source>Offset of the output</source>
+        <translation>Desplazamiento de la salida</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>None yet.</source>
+        <translation>Ninguna aún.</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Luces, imágenes o un instrumento que siguen el beat.</translation>
     </message>
 </context>
 <context>
@@ -1319,6 +1575,293 @@ AudioAnalyzer.ini la ventana y las salidas, sin secretos
     <message>
         <source>it cannot be written</source>
         <translation>no se puede escribir</translation>
+    </message>
+</context>
+<context>
+    <name>shared</name>
+    <message>
+        <source>&quot;%1&quot;: give %2, or nothing</source>
+        <translation>«%1»: indique %2, o nada</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give some of beat 0 to 127 or none, bar 0 to 127 or none, channel 1 to 16, velocity 1 to 127, length 1 to 24, with commas between them</source>
+        <translation>«%1»: indique algo de beat 0 a 127 o none, bar 0 a 127 o none, channel 1 a 16, velocity 1 a 127, length 1 a 24, separados por comas</translation>
+    </message>
+    <message>
+        <source>send MIDI clock; without PORT at a port of its own</source>
+        <translation>envía reloj MIDI; sin PORT, en un puerto propio</translation>
+    </message>
+    <message>
+        <source>with always the clock also ticks while the music stands</source>
+        <translation>con always el reloj también late mientras la música está parada</translation>
+    </message>
+    <message>
+        <source>the instrument starts, plays two bars, shows 120 BPM and stops</source>
+        <translation>el instrumento arranca, toca dos compases, muestra 120 BPM y se para</translation>
+    </message>
+    <message>
+        <source>play notes on beats and bars; without PORT at a port of its own</source>
+        <translation>toca notas en beats y compases; sin PORT, en un puerto propio</translation>
+    </message>
+    <message>
+        <source>NOTES like &quot;beat 36, bar 38, channel 10, velocity 100, length 6&quot;;
+none for no note, length in 24ths of a beat</source>
+        <translation>NOTES como «beat 36, bar 38, channel 10, velocity 100, length 6»;
+none para ninguna nota, length en 24avos de beat</translation>
+    </message>
+    <message>
+        <source>eight notes, half a second apart, and another one with the first and the fifth</source>
+        <translation>ocho notas separadas medio segundo, y otra con la primera y la quinta</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give HOST or HOST:PORT, or nothing for all in the net</source>
+        <translation>«%1»: indique HOST o HOST:PORT, o nada para todos los de la red</translation>
+    </message>
+    <message>
+        <source>send beats to light programs by OS2L; to all of them without HOST</source>
+        <translation>envía beats por OS2L a programas de luces; sin HOST, a todos</translation>
+    </message>
+    <message>
+        <source>the light program gets eight beats; what it has learned from the OS2L beat switches on each, half a second apart</source>
+        <translation>el programa de luces recibe ocho beats; lo que aprendió del beat OS2L cambia con cada uno, cada medio segundo</translation>
+    </message>
+    <message>
+        <source>send beats as Open Sound Control</source>
+        <translation>envía beats como Open Sound Control</translation>
+    </message>
+    <message>
+        <source>PRESET is one of %1,
+or messages of your own</source>
+        <translation>La plantilla es una de %1,
+o mensajes propios</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give HOST:PORT[/PRESET], or tcp:HOST:PORT[/PRESET]</source>
+        <translation>«%1»: indique HOST:PORT[/PRESET], o tcp:HOST:PORT[/PRESET]</translation>
+    </message>
+    <message>
+        <source>messages of your own</source>
+        <translation>mensajes propios</translation>
+    </message>
+    <message>
+        <source>Resolume&apos;s tempo goes to 120 BPM, and its beat to the one twice</source>
+        <translation>el tempo de Resolume pasa a 120 BPM, y su beat dos veces al uno</translation>
+    </message>
+    <message>
+        <source>Chromatik&apos;s tempo goes to 120 BPM, and its beat counts 1 2 3 4 twice</source>
+        <translation>el tempo de Chromatik pasa a 120 BPM, y su beat cuenta dos veces 1 2 3 4</translation>
+    </message>
+    <message>
+        <source>the fader of executor 201 goes to 70.7 %, which is 120 BPM</source>
+        <translation>el fader del executor 201 pasa al 70.7 %, que son 120 BPM</translation>
+    </message>
+    <message>
+        <source>the tempo shown goes to 120 BPM</source>
+        <translation>el tempo mostrado pasa a 120 BPM</translation>
+    </message>
+    <message>
+        <source>an OSC In CHOP gets the channels bpm, beat, count, bar, confidence, phase and playing</source>
+        <translation>un OSC In CHOP recibe los canales bpm, beat, count, bar, confidence, phase y playing</translation>
+    </message>
+    <message>
+        <source>the OSC signal blinks in QLC+&apos;s input tab, and a button that learned /beat goes on and off eight times</source>
+        <translation>la señal OSC parpadea en la pestaña de entradas de QLC+, y un botón que aprendió /beat se enciende y apaga ocho veces</translation>
+    </message>
+    <message>
+        <source>the receiver gets /playing 1, eight times /beat, twice /tempo and /bar, and /playing 0</source>
+        <translation>el receptor recibe /playing 1, ocho veces /beat, dos veces /tempo y /bar, y /playing 0</translation>
+    </message>
+    <message>
+        <source>the receiver gets your messages for eight beats and two bars</source>
+        <translation>el receptor recibe sus mensajes para ocho beats y dos compases</translation>
+    </message>
+    <message>
+        <source>%1: give its address</source>
+        <translation>%1: indique su dirección</translation>
+    </message>
+    <message>
+        <source>there is no kind of output &quot;%1&quot;; there are: %2</source>
+        <translation>no hay ningún tipo de salida «%1»; hay: %2</translation>
+    </message>
+    <message>
+        <source>send sound and beats to WLED; without HOST to all in the net</source>
+        <translation>envía sonido y beats a WLED; sin HOST, a todos los de la red</translation>
+    </message>
+    <message>
+        <source>with an effect that shows peaks, Ripple Peak for one, the LEDs answer eight times; there is no sound in the test</source>
+        <translation>con un efecto que muestra picos, como Ripple Peak, los LED responden ocho veces; en la prueba no hay sonido</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give a preset, or begin with beat, bar, tempo, playing or tickN</source>
+        <translation>«%1»: indique una plantilla, o empiece por beat, bar, tempo, playing o tickN</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: the address must begin with / and have no blanks or # * , ? [ ] { }</source>
+        <translation>«%1»: la dirección debe empezar por / y no tener espacios ni # * , ? [ ] { }</translation>
+    </message>
+    <message>
+        <source>%1: give a type for each value, at most %2 of i, f, d and h</source>
+        <translation>%1: indique un tipo para cada valor, como mucho %2 de i, f, d y h</translation>
+    </message>
+    <message>
+        <source>%1: give as many values as types, with commas between them</source>
+        <translation>%1: indique tantos valores como tipos, separados por comas</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot;: %3</source>
+        <translation>%1: «%2»: %3</translation>
+    </message>
+</context>
+<context>
+    <name>shared::AlsaMidiPort</name>
+    <message>
+        <source>there is no ALSA sequencer: is the module snd-seq loaded?</source>
+        <translation>no hay secuenciador ALSA: ¿está cargado el módulo snd-seq?</translation>
+    </message>
+    <message>
+        <source>ALSA port %1</source>
+        <translation>puerto ALSA %1</translation>
+    </message>
+    <message>
+        <source>no ALSA port is named %1</source>
+        <translation>ningún puerto ALSA se llama %1</translation>
+    </message>
+</context>
+<context>
+    <name>shared::ChoicesTurn</name>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>otro programa está cambiando %1 y no termina; ciérrelo e inténtelo de nuevo</translation>
+    </message>
+</context>
+<context>
+    <name>shared::JackMidiPort</name>
+    <message>
+        <source>no JACK server runs</source>
+        <translation>no hay ningún servidor JACK en marcha</translation>
+    </message>
+    <message>
+        <source>the JACK server refuses a port</source>
+        <translation>el servidor JACK rechaza un puerto</translation>
+    </message>
+    <message>
+        <source>JACK port %1</source>
+        <translation>puerto JACK %1</translation>
+    </message>
+    <message>
+        <source>no JACK port is named %1</source>
+        <translation>ningún puerto JACK se llama %1</translation>
+    </message>
+    <message>
+        <source>the JACK server has gone</source>
+        <translation>el servidor JACK ha desaparecido</translation>
+    </message>
+    <message>
+        <source>the JACK server hangs</source>
+        <translation>el servidor JACK no responde</translation>
+    </message>
+    <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>el puerto JACK %1 ha desaparecido</translation>
+    </message>
+</context>
+<context>
+    <name>shared::Os2lReceiver</name>
+    <message>
+        <source>light program %1</source>
+        <translation>programa de luces %1</translation>
+    </message>
+    <message>
+        <source>no light program at %1: is OS2L on there, and the port right?</source>
+        <translation>ningún programa de luces en %1: ¿está OS2L activado allí y es correcto el puerto?</translation>
+    </message>
+    <message>
+        <source>cannot look for light programs: start avahi-daemon, or give HOST:PORT</source>
+        <translation>no se pueden buscar programas de luces: inicie avahi-daemon o indique HOST:PORT</translation>
+    </message>
+    <message>
+        <source>no light program makes itself known in the net, as _os2l._tcp</source>
+        <translation>ningún programa de luces se anuncia en la red como _os2l._tcp</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscReceiver</name>
+    <message>
+        <source>OSC to %1 (%2)</source>
+        <translation>OSC a %1 (%2)</translation>
+    </message>
+    <message>
+        <source>OSC to %1 (%2): %3; trying again</source>
+        <translation>OSC a %1 (%2): %3; se intenta de nuevo</translation>
+    </message>
+    <message>
+        <source>OSC to %1 (%2): nothing listens there; going on</source>
+        <translation>OSC a %1 (%2): allí no escucha nadie; se sigue enviando</translation>
+    </message>
+    <message>
+        <source>sending OSC to %1 (%2), %3</source>
+        <translation>enviando OSC a %1 (%2), %3</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscSocket</name>
+    <message>
+        <source>there is no host &quot;%1&quot;</source>
+        <translation>no hay ningún equipo «%1»</translation>
+    </message>
+    <message>
+        <source>the host&apos;s name cannot be resolved</source>
+        <translation>no se puede resolver el nombre del equipo</translation>
+    </message>
+    <message>
+        <source>nothing listens there</source>
+        <translation>allí no escucha nadie</translation>
+    </message>
+    <message>
+        <source>nobody answers</source>
+        <translation>nadie responde</translation>
+    </message>
+    <message>
+        <source>the connection is lost</source>
+        <translation>se ha perdido la conexión</translation>
+    </message>
+    <message>
+        <source>it takes nothing</source>
+        <translation>no acepta nada</translation>
+    </message>
+    <message>
+        <source>the connection is closed</source>
+        <translation>la conexión está cerrada</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscTemplate</name>
+    <message>
+        <source>the messages are too long</source>
+        <translation>los mensajes son demasiado largos</translation>
+    </message>
+    <message>
+        <source>give 1 to %1 messages</source>
+        <translation>indique de 1 a %1 mensajes</translation>
+    </message>
+    <message>
+        <source>the numbers of ticks a beat have no common multiple up to %1</source>
+        <translation>los números de ticks por beat no tienen múltiplo común hasta %1</translation>
+    </message>
+</context>
+<context>
+    <name>shared::WledReceiver</name>
+    <message>
+        <source>%1 is no address that this machine can reach</source>
+        <translation>%1 no es una dirección que este equipo pueda alcanzar</translation>
+    </message>
+    <message>
+        <source>WLED at %1</source>
+        <translation>WLED en %1</translation>
+    </message>
+    <message>
+        <source>WLED cannot be reached: %1</source>
+        <translation>no se puede alcanzar WLED: %1</translation>
     </message>
 </context>
 </TS>

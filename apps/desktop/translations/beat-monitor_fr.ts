@@ -409,6 +409,11 @@
         <comment>description, name</comment>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>%1, level %2 dB</source>
+        <comment>device</comment>
+        <translation>%1, niveau %2 dB</translation>
+    </message>
 </context>
 <context>
     <name>InputDevicesPanel</name>
@@ -672,10 +677,6 @@
         <translation>&amp;Beat</translation>
     </message>
     <message>
-        <source>S&amp;oft flash</source>
-        <translation>Flash d&amp;oux</translation>
-    </message>
-    <message>
         <source>The stage view only glows with the beat.</source>
         <translation>La vue de scène ne fait que luire avec le beat.</translation>
     </message>
@@ -692,7 +693,7 @@
         <translation>Pas d’entrée</translation>
     </message>
     <message>
-        <source>&amp;Last two minutes</source>
+        <source>Last two mi&amp;nutes</source>
         <translation>&amp;Les deux dernières minutes</translation>
     </message>
     <message>
@@ -710,6 +711,14 @@
     <message>
         <source>Zip files (*.zip);;All files (*)</source>
         <translation>Fichiers zip (*.zip);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Outputs</source>
+        <translation>S&amp;orties</translation>
+    </message>
+    <message>
+        <source>Soft f&amp;lash</source>
+        <translation>F&amp;lash doux</translation>
     </message>
 </context>
 <context>
@@ -851,6 +860,253 @@ AudioAnalyzer.ini la fenêtre et les sorties, sans secrets
     <message>
         <source>The choice of the beats cannot be stored in %1.</source>
         <translation>Le choix des beats ne peut pas être enregistré dans %1.</translation>
+    </message>
+</context>
+<context>
+    <name>OscExpressionParser</name>
+    <message>
+        <source>it is too long</source>
+        <translation>c’est trop long</translation>
+    </message>
+    <message>
+        <source>unexpected &quot;%1&quot;</source>
+        <translation>« %1 » inattendu</translation>
+    </message>
+    <message>
+        <source>it is nested too deep</source>
+        <translation>l’imbrication est trop profonde</translation>
+    </message>
+    <message>
+        <source>it ends too early</source>
+        <translation>cela finit trop tôt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not known</source>
+        <translation>« %1 » est inconnu</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing</source>
+        <translation>« %1 » manque</translation>
+    </message>
+</context>
+<context>
+    <name>OutputEditor</name>
+    <message>
+        <source>May stay empty.</source>
+        <translation>Peut rester vide.</translation>
+    </message>
+    <message>
+        <source>This kind has none.</source>
+        <translation>Ce type n’en a pas.</translation>
+    </message>
+    <message>
+        <source>New output</source>
+        <translation>Nouvelle sortie</translation>
+    </message>
+    <message>
+        <source>Output “%1”</source>
+        <translation>Sortie « %1 »</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nom :</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>&amp;Type :</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Adresse :</translation>
+    </message>
+    <message>
+        <source>&amp;Preset:</source>
+        <translation>&amp;Préréglage :</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>Annu&amp;ler</translation>
+    </message>
+</context>
+<context>
+    <name>OutputSettings</name>
+    <message>
+        <source>%1: output %2 is left out: %3</source>
+        <translation>%1 : la sortie %2 est omise : %3</translation>
+    </message>
+    <message>
+        <source>%1: only the first %2 outputs count</source>
+        <translation>%1 : seules les %2 premières sorties comptent</translation>
+    </message>
+    <message>
+        <source>there are %1 outputs already</source>
+        <translation>il y a déjà %1 sorties</translation>
+    </message>
+    <message>
+        <source>there is no output &quot;%1&quot;</source>
+        <translation>il n’y a pas de sortie « %1 »</translation>
+    </message>
+    <message>
+        <source>its name must have 1 to %1 letters</source>
+        <translation>son nom doit avoir de 1 à %1 lettres</translation>
+    </message>
+    <message>
+        <source>there is an output &quot;%1&quot; already</source>
+        <translation>il y a déjà une sortie « %1 »</translation>
+    </message>
+    <message>
+        <source>it has no kind</source>
+        <translation>elle n’a pas de type</translation>
+    </message>
+    <message>
+        <source>its kind, address or preset is too long, or no text</source>
+        <translation>son type, son adresse ou son préréglage est trop long, ou n’est pas du texte</translation>
+    </message>
+    <message>
+        <source>its offset must be %1 to %2 ms</source>
+        <translation>son décalage doit être de %1 à %2 ms</translation>
+    </message>
+</context>
+<context>
+    <name>OutputStore</name>
+    <message>
+        <source>The outputs cannot be stored in %1.</source>
+        <translation>Les sorties ne peuvent pas être enregistrées dans %1.</translation>
+    </message>
+</context>
+<context>
+    <name>OutputTrial</name>
+    <message>
+        <source>it was lost</source>
+        <translation>elle a été perdue</translation>
+    </message>
+    <message>
+        <source>%1 beats were sent</source>
+        <translation>%1 beats ont été envoyés</translation>
+    </message>
+    <message>
+        <source>it was not reached</source>
+        <translation>elle n’a pas été atteinte</translation>
+    </message>
+</context>
+<context>
+    <name>OutputsModel</name>
+    <message>
+        <source>reached</source>
+        <translation>atteinte</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>absente</translation>
+    </message>
+    <message>
+        <source>cannot be used</source>
+        <translation>inutilisable</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>coupée</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>output: its state</comment>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>output with its state, what there is to say of it</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>OutputsPanel</name>
+    <message>
+        <source>It is being looked for.</source>
+        <translation>On la cherche.</translation>
+    </message>
+    <message>
+        <source>All outputs are off: the key O switches them on.</source>
+        <translation>Toutes les sorties sont coupées : la touche O les active.</translation>
+    </message>
+    <message>
+        <source>Not enabled: nothing is sent to it.</source>
+        <translation>Pas cochée : rien ne lui est envoyé.</translation>
+    </message>
+    <message>
+        <source>Two bars at 120 BPM: %1.</source>
+        <translation>Deux mesures à 120 BPM : %1.</translation>
+    </message>
+    <message>
+        <source>The test has failed: %1.</source>
+        <translation>L’essai a échoué : %1.</translation>
+    </message>
+    <message>
+        <source>The test is over, %1: %2.</source>
+        <translation>L’essai est terminé, %1 : %2.</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Sorties</translation>
+    </message>
+    <message>
+        <source>What is checked gets the beats. Enter checks, Ins adds, F2 changes, Del removes.</source>
+        <translation>Ce qui est coché reçoit les beats. Entrée coche, Inser ajoute, F2 modifie, Suppr supprime.</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Ajouter…</translation>
+    </message>
+    <message>
+        <source>C&amp;hange…</source>
+        <translation>Modi&amp;fier…</translation>
+    </message>
+    <message>
+        <source>Change name, kind, address and preset.</source>
+        <translation>Modifier le nom, le type, l’adresse et le préréglage.</translation>
+    </message>
+    <message>
+        <source>Remo&amp;ve</source>
+        <translation>S&amp;upprimer</translation>
+    </message>
+    <message>
+        <source>Send nothing to it any more, and forget it.</source>
+        <translation>Ne plus rien lui envoyer et l’oublier.</translation>
+    </message>
+    <message>
+        <source>Test no&amp;w</source>
+        <translation>Essa&amp;yer</translation>
+    </message>
+    <message>
+        <source>Sends two bars at 120 BPM, without any music.</source>
+        <translation>Envoie deux mesures à 120 BPM, sans musique.</translation>
+    </message>
+    <message>
+        <source>O&amp;ffset:</source>
+        <translation>Décalag&amp;e :</translation>
+    </message>
+    <message>
+        <source>By how much its beats come later, or earlier to the left. At once.</source>
+        <translation>De combien ses beats arrivent plus tard, ou plus tôt vers la gauche. Aussitôt.</translation>
+    </message>
+    <message>
+        <source>Offset of the output</source>
+        <translation>Décalage de la sortie</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>None yet.</source>
+        <translation>Aucune encore.</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Lumières, images ou un instrument qui suivent le beat.</translation>
     </message>
 </context>
 <context>
@@ -1319,6 +1575,293 @@ AudioAnalyzer.ini la fenêtre et les sorties, sans secrets
     <message>
         <source>it cannot be written</source>
         <translation>il ne peut pas être écrit</translation>
+    </message>
+</context>
+<context>
+    <name>shared</name>
+    <message>
+        <source>&quot;%1&quot;: give %2, or nothing</source>
+        <translation>« %1 » : indiquez %2, ou rien</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give some of beat 0 to 127 or none, bar 0 to 127 or none, channel 1 to 16, velocity 1 to 127, length 1 to 24, with commas between them</source>
+        <translation>« %1 » : indiquez parmi beat 0 à 127 ou none, bar 0 à 127 ou none, channel 1 à 16, velocity 1 à 127, length 1 à 24, séparés par des virgules</translation>
+    </message>
+    <message>
+        <source>send MIDI clock; without PORT at a port of its own</source>
+        <translation>envoie l’horloge MIDI ; sans PORT, sur un port à elle</translation>
+    </message>
+    <message>
+        <source>with always the clock also ticks while the music stands</source>
+        <translation>avec always, l’horloge bat aussi quand la musique est arrêtée</translation>
+    </message>
+    <message>
+        <source>the instrument starts, plays two bars, shows 120 BPM and stops</source>
+        <translation>l’instrument démarre, joue deux mesures, affiche 120 BPM et s’arrête</translation>
+    </message>
+    <message>
+        <source>play notes on beats and bars; without PORT at a port of its own</source>
+        <translation>joue des notes sur les beats et les mesures ; sans PORT, sur un port à elle</translation>
+    </message>
+    <message>
+        <source>NOTES like &quot;beat 36, bar 38, channel 10, velocity 100, length 6&quot;;
+none for no note, length in 24ths of a beat</source>
+        <translation>NOTES comme « beat 36, bar 38, channel 10, velocity 100, length 6 » ;
+none pour aucune note, length en 24es de beat</translation>
+    </message>
+    <message>
+        <source>eight notes, half a second apart, and another one with the first and the fifth</source>
+        <translation>huit notes espacées d’une demi-seconde, et une autre avec la première et la cinquième</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give HOST or HOST:PORT, or nothing for all in the net</source>
+        <translation>« %1 » : indiquez HOST ou HOST:PORT, ou rien pour tous ceux du réseau</translation>
+    </message>
+    <message>
+        <source>send beats to light programs by OS2L; to all of them without HOST</source>
+        <translation>envoie les beats par OS2L aux programmes de lumière ; sans HOST, à tous</translation>
+    </message>
+    <message>
+        <source>the light program gets eight beats; what it has learned from the OS2L beat switches on each, half a second apart</source>
+        <translation>le programme de lumière reçoit huit beats ; ce qu’il a appris du beat OS2L change à chacun, toutes les demi-secondes</translation>
+    </message>
+    <message>
+        <source>send beats as Open Sound Control</source>
+        <translation>envoie les beats en Open Sound Control</translation>
+    </message>
+    <message>
+        <source>PRESET is one of %1,
+or messages of your own</source>
+        <translation>Le préréglage est l’un de %1,
+ou vos propres messages</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give HOST:PORT[/PRESET], or tcp:HOST:PORT[/PRESET]</source>
+        <translation>« %1 » : indiquez HOST:PORT[/PRESET], ou tcp:HOST:PORT[/PRESET]</translation>
+    </message>
+    <message>
+        <source>messages of your own</source>
+        <translation>vos propres messages</translation>
+    </message>
+    <message>
+        <source>Resolume&apos;s tempo goes to 120 BPM, and its beat to the one twice</source>
+        <translation>le tempo de Resolume passe à 120 BPM, et son beat deux fois sur le un</translation>
+    </message>
+    <message>
+        <source>Chromatik&apos;s tempo goes to 120 BPM, and its beat counts 1 2 3 4 twice</source>
+        <translation>le tempo de Chromatik passe à 120 BPM, et son beat compte deux fois 1 2 3 4</translation>
+    </message>
+    <message>
+        <source>the fader of executor 201 goes to 70.7 %, which is 120 BPM</source>
+        <translation>le fader de l’executor 201 passe à 70.7 %, soit 120 BPM</translation>
+    </message>
+    <message>
+        <source>the tempo shown goes to 120 BPM</source>
+        <translation>le tempo affiché passe à 120 BPM</translation>
+    </message>
+    <message>
+        <source>an OSC In CHOP gets the channels bpm, beat, count, bar, confidence, phase and playing</source>
+        <translation>un OSC In CHOP reçoit les canaux bpm, beat, count, bar, confidence, phase et playing</translation>
+    </message>
+    <message>
+        <source>the OSC signal blinks in QLC+&apos;s input tab, and a button that learned /beat goes on and off eight times</source>
+        <translation>le signal OSC clignote dans l’onglet des entrées de QLC+, et un bouton qui a appris /beat s’allume et s’éteint huit fois</translation>
+    </message>
+    <message>
+        <source>the receiver gets /playing 1, eight times /beat, twice /tempo and /bar, and /playing 0</source>
+        <translation>le récepteur reçoit /playing 1, huit fois /beat, deux fois /tempo et /bar, et /playing 0</translation>
+    </message>
+    <message>
+        <source>the receiver gets your messages for eight beats and two bars</source>
+        <translation>le récepteur reçoit vos messages pour huit beats et deux mesures</translation>
+    </message>
+    <message>
+        <source>%1: give its address</source>
+        <translation>%1 : indiquez son adresse</translation>
+    </message>
+    <message>
+        <source>there is no kind of output &quot;%1&quot;; there are: %2</source>
+        <translation>il n’y a pas de type de sortie « %1 » ; il y a : %2</translation>
+    </message>
+    <message>
+        <source>send sound and beats to WLED; without HOST to all in the net</source>
+        <translation>envoie le son et les beats à WLED ; sans HOST, à tous ceux du réseau</translation>
+    </message>
+    <message>
+        <source>with an effect that shows peaks, Ripple Peak for one, the LEDs answer eight times; there is no sound in the test</source>
+        <translation>avec un effet qui montre les crêtes, comme Ripple Peak, les LED répondent huit fois ; l’essai est sans son</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: give a preset, or begin with beat, bar, tempo, playing or tickN</source>
+        <translation>« %1 » : indiquez un préréglage, ou commencez par beat, bar, tempo, playing ou tickN</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: the address must begin with / and have no blanks or # * , ? [ ] { }</source>
+        <translation>« %1 » : l’adresse doit commencer par / et n’avoir ni espaces ni # * , ? [ ] { }</translation>
+    </message>
+    <message>
+        <source>%1: give a type for each value, at most %2 of i, f, d and h</source>
+        <translation>%1 : indiquez un type pour chaque valeur, au plus %2 parmi i, f, d et h</translation>
+    </message>
+    <message>
+        <source>%1: give as many values as types, with commas between them</source>
+        <translation>%1 : indiquez autant de valeurs que de types, séparées par des virgules</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot;: %3</source>
+        <translation>%1 : « %2 » : %3</translation>
+    </message>
+</context>
+<context>
+    <name>shared::AlsaMidiPort</name>
+    <message>
+        <source>there is no ALSA sequencer: is the module snd-seq loaded?</source>
+        <translation>il n’y a pas de séquenceur ALSA : le module snd-seq est-il chargé ?</translation>
+    </message>
+    <message>
+        <source>ALSA port %1</source>
+        <translation>port ALSA %1</translation>
+    </message>
+    <message>
+        <source>no ALSA port is named %1</source>
+        <translation>aucun port ALSA ne s’appelle %1</translation>
+    </message>
+</context>
+<context>
+    <name>shared::ChoicesTurn</name>
+    <message>
+        <source>%1 is being changed by another program, which does not finish; end that program and try again</source>
+        <translation>un autre programme modifie %1 et n’en finit pas ; fermez-le et réessayez</translation>
+    </message>
+</context>
+<context>
+    <name>shared::JackMidiPort</name>
+    <message>
+        <source>no JACK server runs</source>
+        <translation>aucun serveur JACK ne tourne</translation>
+    </message>
+    <message>
+        <source>the JACK server refuses a port</source>
+        <translation>le serveur JACK refuse un port</translation>
+    </message>
+    <message>
+        <source>JACK port %1</source>
+        <translation>port JACK %1</translation>
+    </message>
+    <message>
+        <source>no JACK port is named %1</source>
+        <translation>aucun port JACK ne s’appelle %1</translation>
+    </message>
+    <message>
+        <source>the JACK server has gone</source>
+        <translation>le serveur JACK a disparu</translation>
+    </message>
+    <message>
+        <source>the JACK server hangs</source>
+        <translation>le serveur JACK est bloqué</translation>
+    </message>
+    <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>le port JACK %1 a disparu</translation>
+    </message>
+</context>
+<context>
+    <name>shared::Os2lReceiver</name>
+    <message>
+        <source>light program %1</source>
+        <translation>programme de lumière %1</translation>
+    </message>
+    <message>
+        <source>no light program at %1: is OS2L on there, and the port right?</source>
+        <translation>aucun programme de lumière à %1 : OS2L y est-il activé, et le port est-il juste ?</translation>
+    </message>
+    <message>
+        <source>cannot look for light programs: start avahi-daemon, or give HOST:PORT</source>
+        <translation>impossible de chercher des programmes de lumière : démarrez avahi-daemon, ou indiquez HOST:PORT</translation>
+    </message>
+    <message>
+        <source>no light program makes itself known in the net, as _os2l._tcp</source>
+        <translation>aucun programme de lumière ne s’annonce sur le réseau comme _os2l._tcp</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscReceiver</name>
+    <message>
+        <source>OSC to %1 (%2)</source>
+        <translation>OSC vers %1 (%2)</translation>
+    </message>
+    <message>
+        <source>OSC to %1 (%2): %3; trying again</source>
+        <translation>OSC vers %1 (%2) : %3 ; nouvel essai</translation>
+    </message>
+    <message>
+        <source>OSC to %1 (%2): nothing listens there; going on</source>
+        <translation>OSC vers %1 (%2) : rien n’écoute là-bas ; l’envoi continue</translation>
+    </message>
+    <message>
+        <source>sending OSC to %1 (%2), %3</source>
+        <translation>envoi d’OSC vers %1 (%2), %3</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscSocket</name>
+    <message>
+        <source>there is no host &quot;%1&quot;</source>
+        <translation>il n’y a pas de machine « %1 »</translation>
+    </message>
+    <message>
+        <source>the host&apos;s name cannot be resolved</source>
+        <translation>le nom de la machine ne peut être résolu</translation>
+    </message>
+    <message>
+        <source>nothing listens there</source>
+        <translation>rien n’écoute là-bas</translation>
+    </message>
+    <message>
+        <source>nobody answers</source>
+        <translation>personne ne répond</translation>
+    </message>
+    <message>
+        <source>the connection is lost</source>
+        <translation>la connexion est perdue</translation>
+    </message>
+    <message>
+        <source>it takes nothing</source>
+        <translation>il n’accepte rien</translation>
+    </message>
+    <message>
+        <source>the connection is closed</source>
+        <translation>la connexion est fermée</translation>
+    </message>
+</context>
+<context>
+    <name>shared::OscTemplate</name>
+    <message>
+        <source>the messages are too long</source>
+        <translation>les messages sont trop longs</translation>
+    </message>
+    <message>
+        <source>give 1 to %1 messages</source>
+        <translation>indiquez de 1 à %1 messages</translation>
+    </message>
+    <message>
+        <source>the numbers of ticks a beat have no common multiple up to %1</source>
+        <translation>les nombres de ticks par beat n’ont pas de multiple commun jusqu’à %1</translation>
+    </message>
+</context>
+<context>
+    <name>shared::WledReceiver</name>
+    <message>
+        <source>%1 is no address that this machine can reach</source>
+        <translation>%1 n’est pas une adresse que cette machine peut atteindre</translation>
+    </message>
+    <message>
+        <source>WLED at %1</source>
+        <translation>WLED à %1</translation>
+    </message>
+    <message>
+        <source>WLED cannot be reached: %1</source>
+        <translation>WLED est injoignable : %1</translation>
     </message>
 </context>
 </TS>

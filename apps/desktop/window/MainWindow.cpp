@@ -86,7 +86,7 @@ void MainWindow::_MakePanels()
     m_pSpectrumCard = new Card(m_pSpectrum);
     m_pLevelCard = new Card(m_pLevels);
     m_pStripCard = new Card(m_pStrip);
-    m_pSettings = new SettingsColumn(configuration);
+    m_pSettings = new SettingsColumn(configuration, m_session.getOutputs());
     m_pStatus = new StatusLine;
     for (int panel = 0; panel < ePanelCount; ++panel)
         m_panels[std::size_t(panel)] = m_pSettings->getPanel(ePanel(panel));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/look/Card.h>
+#include <desktop/outputs/OutputsPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/DurationsPanel.h>
 #include <desktop/settings/InputDevicesPanel.h>
@@ -16,14 +17,16 @@
 
 namespace {
 
-constexpr int kLeastLines = 3;  ///< of a list
+constexpr int kLeastLines = 2;  ///< of a list
 constexpr int kUsualLines = 5;
 constexpr int kMostLines = 8;
 constexpr int kReadableWidth = 27;  ///< in heights of a letter
 
 }  // namespace
 
-SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
+SettingsColumn::SettingsColumn(Configuration& pConfiguration,
+                               MonitorOutputs& pOutputs,
+                               QWidget* pParent)
     : QScrollArea(pParent), m_pDevices(new InputDevicesPanel(pConfiguration)),
       m_pProfiles(new ProfilesPanel(pConfiguration)),
       m_pManualBeat(new ManualBeatPanel(pConfiguration)),
@@ -41,6 +44,7 @@ SettingsColumn::SettingsColumn(Configuration& pConfiguration, QWidget* pParent)
     _Add(eDevicesPanel, m_pDevices);
     _Add(eProfilesPanel, m_pProfiles);
     _Add(eManualBeatPanel, m_pManualBeat);
+    _Add(eOutputsPanel, new OutputsPanel(pConfiguration, pOutputs));
     _Add(eDurationsPanel, new DurationsPanel(pConfiguration));
     _Add(eAdvancedSettingsPanel, m_pAdvanced);
     pLayout->addStretch();

@@ -14,6 +14,7 @@ class Card;
 class Configuration;
 class InputDevicesPanel;
 class ManualBeatPanel;
+class MonitorOutputs;
 class ProfilesPanel;
 class QListView;
 class SettingsPanel;
@@ -24,8 +25,10 @@ class SettingsColumn : public QScrollArea
     Q_OBJECT
 
 public:
-    /// pConfiguration is not owned.
-    explicit SettingsColumn(Configuration& pConfiguration, QWidget* pParent = nullptr);
+    /// Neither is owned.
+    SettingsColumn(Configuration& pConfiguration,
+                   MonitorOutputs& pOutputs,
+                   QWidget* pParent = nullptr);
 
     void setAnalyzer(AudioAnalyzer* pAnalyzer);
     /// Shows what the configuration holds by now.

@@ -19,6 +19,7 @@ constexpr std::pair<const char*, ePanel> kPanelKeys[] = {
     {"BPM", eBPMPanel},
     {"Durations", eDurationsPanel},
     {"ManualBeat", eManualBeatPanel},
+    {"Outputs", eOutputsPanel},
     {"Profiles", eProfilesPanel},
     {"PulseLED", ePulseLEDPanel},
     {"Reset", eResetPanel},
@@ -67,6 +68,7 @@ void ReadLeft(const QSettings& pFile, WindowSettings& pSettings)
     for (const auto& [key, flag] : kFlagKeys)
         pSettings.*flag = ReadFlag(pFile, key, pSettings.*flag);
     pSettings.visible[eStripPanel] = ReadFlag(pFile, kStripKey, pSettings.visible[eStripPanel]);
+    pSettings.visible[eOutputsPanel] = ReadFlag(pFile, "Outputs", pSettings.visible[eOutputsPanel]);
     pSettings.size = pFile.value(kSize).toSize();
     const QVariant place = pFile.value(kPlace);
     if (place.canConvert<QPoint>())
@@ -88,6 +90,7 @@ WindowSettings::WindowSettings(const UISettings& pSettings)
     visible[eDevicesPanel] = pSettings.isAudioInputDevicesVisible();
     visible[eProfilesPanel] = pSettings.isProfilesVisible();
     visible[eManualBeatPanel] = pSettings.isManualBeatVisible();
+    visible[eOutputsPanel] = true;
     visible[eDurationsPanel] = pSettings.isDurationsSettingsPanelVisible();
     visible[eAdvancedSettingsPanel] = pSettings.isAdvancedSettingsVisible();
     visible[eResetPanel] = pSettings.isResetVisible();

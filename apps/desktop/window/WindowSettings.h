@@ -21,6 +21,7 @@ enum ePanel
     eDevicesPanel,
     eProfilesPanel,
     eManualBeatPanel,
+    eOutputsPanel,
     eDurationsPanel,
     eAdvancedSettingsPanel,
     eResetPanel,

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,6 +26,23 @@ struct SoundPosition
 {
     quint64 instant = 0;  ///< when the sample behind them sounds, µs since the epoch
     quint64 lost = 0;     ///< samples of the recording that nobody read in time, so far
+};
+
+/// How loud all sources are, for as long as it lives; it holds them open meanwhile, and changes
+/// nothing about what is recorded of them.
+///
+/// None of its functions waits for anybody, its end neither. [event loop]
+class SoundLevels
+{
+public:
+    SoundLevels() = default;
+    virtual ~SoundLevels() = default;
+    SoundLevels(const SoundLevels&) = delete;
+    SoundLevels& operator=(const SoundLevels&) = delete;
+
+    /// The greatest magnitude since the last call, 0 to 1, by the names of the sources; nothing of
+    /// one from which nothing came. [allocates]
+    virtual std::map<QString, double> TakePeaks() = 0;
 };
 
 /// What the hosts' own back end tells beyond what Qt Multimedia asks of one.
@@ -50,6 +68,8 @@ public:
     virtual std::optional<SoundPosition> getPosition() const = 0;
     /// Samples of that rate, Hz, for the default output; null without a server that answers.
     virtual std::unique_ptr<SoundPlayback> Play(int pSampleRate);
+    /// Listens to all sources, at little cost. Null where that cannot be had. The caller's.
+    virtual std::unique_ptr<SoundLevels> HearLevels() { return nullptr; }
 
 protected:
     /// Makes it the process's; it is so until it is destroyed.

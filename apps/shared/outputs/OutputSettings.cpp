@@ -3,7 +3,6 @@
 
 #include <shared/outputs/OutputSettings.h>
 #include <shared/settings/ChoicesTurn.h>
-#include <shared/text/Text.h>
 
 #include <QDir>
 #include <QFile>
@@ -12,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -45,6 +45,19 @@ StoredOutput Read(const QSettings& pFile)
 }
 
 }  // namespace
+
+bool StoredOutput::operator==(const StoredOutput& pOther) const
+{
+    const auto values = [](const StoredOutput& pOutput) {
+        return std::tie(pOutput.name,
+                        pOutput.kind,
+                        pOutput.address,
+                        pOutput.preset,
+                        pOutput.offset,
+                        pOutput.isEnabled);
+    };
+    return values(*this) == values(pOther);
+}
 
 OutputSettings OutputSettings::Load()
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -15,6 +16,8 @@ struct StoredOutput
     QString preset;         ///< likewise
     double offset = 0.0;    ///< ms by which it is told later, up to OutputSettings::kFarthestOffset
     bool isEnabled = true;  ///< hosts send to it without being asked
+
+    bool operator==(const StoredOutput& pOther) const;
 };
 
 /// The outputs that a user keeps. They stand in "AudioAnalyzer.ini", in a group of their own,
@@ -23,6 +26,8 @@ struct StoredOutput
 /// Threads: one at a time.
 class OutputSettings
 {
+    Q_DECLARE_TR_FUNCTIONS(OutputSettings)
+
 public:
     static constexpr int kMostOutputs = 64;
     static constexpr int kLongestName = 40;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <shared/pulse/PulseBackEnd.h>
+#include <shared/pulse/PulseLevels.h>
 #include <shared/pulse/PulsePlayback.h>
 #include <shared/pulse/PulsePlugin.h>
 
@@ -85,4 +86,9 @@ std::unique_ptr<SoundPlayback> PulseBackEnd::Play(int pSampleRate)
     if (!isAnswering() || !playback->Open())
         return nullptr;
     return playback;
+}
+
+std::unique_ptr<SoundLevels> PulseBackEnd::HearLevels()
+{
+    return std::make_unique<PulseLevels>(m_connection);
 }

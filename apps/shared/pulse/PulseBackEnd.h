@@ -27,6 +27,7 @@ public:
     bool isAnswering() const override;
     std::optional<SoundPosition> getPosition() const override;
     std::unique_ptr<SoundPlayback> Play(int pSampleRate) override;
+    std::unique_ptr<SoundLevels> HearLevels() override;
 
     std::shared_ptr<PulseConnection> getConnection() const { return m_connection; }
     void setPosition(const std::optional<SoundPosition>& pPosition) { m_position = pPosition; }

@@ -2,7 +2,6 @@
 #include <AudioAnalyzer/config/UISettings.h>
 
 #include <shared/settings/ChoicesTurn.h>
-#include <shared/text/Text.h>
 
 #include <QDir>
 #include <QFileInfo>

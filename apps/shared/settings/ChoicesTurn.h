@@ -3,6 +3,7 @@
 
 #include <shared/settings/FileLock.h>
 
+#include <QCoreApplication>
 #include <QSettings>
 #include <QString>
 
@@ -14,6 +15,8 @@ namespace shared {
 /// Threads: any one.
 class ChoicesTurn
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::ChoicesTurn)
+
 public:
     static constexpr int kPatienceMs = 5000;  ///< with one and the same holder
 

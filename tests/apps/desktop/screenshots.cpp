@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
-#include <AudioAnalyzer/config/Configuration.h>
 
 #include <demo/DemoTrack.h>
 #include <desktop/live/StripPanel.h>
 #include <desktop/look/Look.h>
 #include <desktop/look/Style.h>
-#include <desktop/session/MonitorSession.h>
-#include <desktop/settings/AdvancedSettingsPanel.h>
-#include <desktop/settings/Translations.h>
 #include <desktop/stage/StageView.h>
 #include <desktop/window/BoothActions.h>
 #include <desktop/window/MainWindow.h>
@@ -17,28 +13,19 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QElapsedTimer>
 
-#include <cstdio>
+#include <apps/desktop/ScreenshotScene.h>
 #include <fake/FakeAudioState.h>
 #include <fake/FakeAudioTrack.h>
-#include <memory>
 #include <string>
 #include <vector>
+
+using namespace screenshots;
 
 namespace {
 
 constexpr int kRate = 48000;  // Hz
 constexpr int kSettleMs = 14000;
-
-void Wait(int pMs)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (clock.elapsed() < pMs)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-}
 
 /// The demo track in mono, without its quiet beginning.
 std::vector<qint16> DemoSamples()
@@ -67,58 +54,6 @@ FakeAudioDevice Silence(const char* pName)
     return FakeAudioTrack::FromGenerator(
         QString::fromUtf8(pName), kRate, [](qint64) { return qint16(0); });
 }
-
-/// The window with its session on the fake machine, and where its pictures go.
-class Scene
-{
-public:
-    explicit Scene(const QDir& pFolder) : m_folder(pFolder)
-    {
-        session.getConfiguration().setTopMost(false);
-        translations.setLanguage(QStringLiteral("en"));
-        window = std::make_unique<MainWindow>(session, WindowSettings(), makePalette(eLightLook));
-        setLook(eLightLook);
-        window->show();
-    }
-
-    void setLook(eLook pLook)
-    {
-        session.getConfiguration().setGrayMode(pLook == eGrayLook);
-        window->m_desktop = makePalette(pLook);
-        window->ApplyFlags();
-        window->m_pSettings->getAdvanced().Refresh();
-    }
-
-    /// Waits for a beat, so that the lamp shines.
-    void SaveOnBeat(const char* pName)
-    {
-        LiveFeed& feed = session.getFeed();
-        const quint64 beats = feed.getBeatCount();
-        while (feed.getBeatCount() == beats)
-            Wait(1);
-        window->_Refresh();
-        Save(pName);
-    }
-
-    void Save(const char* pName) { Save(pName, *window); }
-
-    void Save(const char* pName, QWidget& pWidget)
-    {
-        const QString path = m_folder.filePath(QString::fromUtf8(pName) + QStringLiteral(".png"));
-        const QImage image = pWidget.grab().toImage().convertToFormat(QImage::Format_RGB888);
-        if (!image.save(path, nullptr, 0))
-            qFatal("cannot write %s", qPrintable(path));
-        std::printf("%s\n", qPrintable(path));
-        std::fflush(stdout);
-    }
-
-    MonitorSession session;
-    Translations translations;
-    std::unique_ptr<MainWindow> window;
-
-private:
-    QDir m_folder;
-};
 
 QByteArray Plug(const FakeAudioDevice& pDevice)
 {
@@ -293,6 +228,7 @@ void Shoot(const QDir& pFolder)
     ShootLooks(scene);
     scene.setLook(eLightLook);
     ShootLanguages(scene);
+    shootOutputs(scene);
     ShootStage(scene);
     ShootPanels(scene);
     ShootTroubles(scene, deck);

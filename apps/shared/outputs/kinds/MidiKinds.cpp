@@ -75,6 +75,42 @@ MakeNotes(const QString& pAddress, const QString& pPreset, QString& pReason)
     return nullptr;
 }
 
+QString DescribeClock()
+{
+    return tr("send MIDI clock; without PORT at a port of its own");
+}
+
+QString DescribeClockPresets()
+{
+    return tr("with always the clock also ticks while the music stands");
+}
+
+QStringList ListClockPresets()
+{
+    return {kAlways};
+}
+
+QString DescribeClockTest(const QString&)
+{
+    return tr("the instrument starts, plays two bars, shows 120 BPM and stops");
+}
+
+QString DescribeNotes()
+{
+    return tr("play notes on beats and bars; without PORT at a port of its own");
+}
+
+QString DescribeNotesPresets()
+{
+    return tr("NOTES like \"beat 36, bar 38, channel 10, velocity 100, length 6\";\n"
+              "none for no note, length in 24ths of a beat");
+}
+
+QString DescribeNotesTest(const QString&)
+{
+    return tr("eight notes, half a second apart, and another one with the first and the fifth");
+}
+
 }  // namespace
 
 OutputKind detail::midiClockKind()
@@ -84,11 +120,10 @@ OutputKind detail::midiClockKind()
             false,
             OutputKind::eAtLastSlash,
             &MakeClock,
-            [] { return tr("send MIDI clock; without PORT at a port of its own"); },
-            [] { return tr("with always the clock also ticks while the music stands"); },
-            [](const QString&) {
-                return tr("the instrument starts, plays two bars, shows 120 BPM and stops");
-            },
+            &DescribeClock,
+            &DescribeClockPresets,
+            &ListClockPresets,
+            &DescribeClockTest,
             &ListMidiPorts};
 }
 
@@ -99,16 +134,10 @@ OutputKind detail::midiNotesKind()
             false,
             OutputKind::eAtLastSlash,
             &MakeNotes,
-            [] { return tr("play notes on beats and bars; without PORT at a port of its own"); },
-            [] {
-                return tr("NOTES like \"beat 36, bar 38, channel 10, velocity 100, length 6\";\n"
-                          "none for no note, length in 24ths of a beat");
-            },
-            [](const QString&) {
-                return tr(
-                    "eight notes, half a second apart, and another one with the first and the "
-                    "fifth");
-            },
+            &DescribeNotes,
+            &DescribeNotesPresets,
+            nullptr,
+            &DescribeNotesTest,
             nullptr};
 }
 

@@ -18,6 +18,17 @@ std::unique_ptr<OutputReceiver> MakeOs2l(const QString& pAddress, const QString&
     return nullptr;
 }
 
+QString DescribeOs2l()
+{
+    return tr("send beats to light programs by OS2L; to all of them without HOST");
+}
+
+QString DescribeOs2lTest(const QString&)
+{
+    return tr("the light program gets eight beats; what it has learned from the OS2L beat switches "
+              "on each, half a second apart");
+}
+
 QStringList FindOs2l()
 {
     constexpr int kPatienceMs = 2000;
@@ -43,12 +54,10 @@ OutputKind detail::os2lKind()
             false,
             OutputKind::eAtNoSlash,
             &MakeOs2l,
-            [] { return tr("send beats to light programs by OS2L; to all of them without HOST"); },
+            &DescribeOs2l,
             nullptr,
-            [](const QString&) {
-                return tr("the light program gets eight beats; what it has learned from the OS2L "
-                          "beat switches on each, half a second apart");
-            },
+            nullptr,
+            &DescribeOs2lTest,
             &FindOs2l};
 }
 

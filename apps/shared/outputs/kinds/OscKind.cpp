@@ -18,12 +18,23 @@ const OscPreset* FindPreset(const QString& pName)
     return nullptr;
 }
 
-QString DescribeOscPresets()
+QString DescribeOsc()
+{
+    return tr("send beats as Open Sound Control");
+}
+
+QStringList ListOscPresets()
 {
     QStringList names;
     for (const OscPreset& preset : OscTemplate::getPresets())
         names.append(QLatin1String(preset.name));
-    return tr("PRESET is one of %1,\nor messages of your own").arg(names.join(QLatin1String(", ")));
+    return names;
+}
+
+QString DescribeOscPresets()
+{
+    return tr("PRESET is one of %1,\nor messages of your own")
+        .arg(ListOscPresets().join(QLatin1String(", ")));
 }
 
 std::unique_ptr<OutputReceiver>
@@ -76,8 +87,9 @@ OutputKind detail::oscKind()
             true,
             OutputKind::eAtFirstSlash,
             &MakeOsc,
-            [] { return tr("send beats as Open Sound Control"); },
+            &DescribeOsc,
             &DescribeOscPresets,
+            &ListOscPresets,
             &DescribeOscTest,
             nullptr};
 }

@@ -49,6 +49,13 @@ std::unique_ptr<OutputReceiver> makeReceiver(const QString& pKind,
     return nullptr;
 }
 
+QString findOutputFault(const StoredOutput& pOutput)
+{
+    QString reason;
+    makeReceiver(pOutput.kind, pOutput.address, pOutput.preset, reason);
+    return reason;
+}
+
 QString addOutput(Outputs& pOutputs, const StoredOutput& pOutput)
 {
     QString reason;

@@ -37,6 +37,7 @@ struct OutputKind
     Maker make;
     QString (*describe)();                            ///< whom it reaches, for a help
     QString (*describePresets)();                     ///< which there are; null = none
+    QStringList (*listPresets)();                     ///< to choose from; null = none
     QString (*describeTest)(const QString& pPreset);  ///< what is to be seen of a test
     QStringList (*find)();  ///< addresses that can be reached now; waits; null = nobody knows
 };
@@ -49,6 +50,8 @@ std::unique_ptr<OutputReceiver> makeReceiver(const QString& pKind,
                                              const QString& pAddress,
                                              const QString& pPreset,
                                              QString& pReason);
+/// Why no receiver can be made of an output, in words for people; empty when one can.
+QString findOutputFault(const StoredOutput& pOutput);
 /// Begins to send to a stored output. Returns why it cannot be used, in words for people, or an
 /// empty text.
 QString addOutput(Outputs& pOutputs, const StoredOutput& pOutput);

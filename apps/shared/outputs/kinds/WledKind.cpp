@@ -19,6 +19,17 @@ std::unique_ptr<OutputReceiver> MakeWled(const QString& pAddress, const QString&
     return nullptr;
 }
 
+QString DescribeWled()
+{
+    return tr("send sound and beats to WLED; without HOST to all in the net");
+}
+
+QString DescribeWledTest(const QString&)
+{
+    return tr("with an effect that shows peaks, Ripple Peak for one, the LEDs answer eight times; "
+              "there is no sound in the test");
+}
+
 }  // namespace
 
 OutputKind detail::wledKind()
@@ -28,12 +39,10 @@ OutputKind detail::wledKind()
             false,
             OutputKind::eAtNoSlash,
             &MakeWled,
-            [] { return tr("send sound and beats to WLED; without HOST to all in the net"); },
+            &DescribeWled,
             nullptr,
-            [](const QString&) {
-                return tr("with an effect that shows peaks, Ripple Peak for one, the LEDs answer "
-                          "eight times; there is no sound in the test");
-            },
+            nullptr,
+            &DescribeWledTest,
             nullptr};
 }
 

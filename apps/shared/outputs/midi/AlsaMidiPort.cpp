@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/midi/AlsaMidiPort.h>
-#include <shared/text/Text.h>
 
 #include <rtmidi/RtMidi.h>
 #include <unistd.h>

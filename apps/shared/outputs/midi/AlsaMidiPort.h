@@ -3,6 +3,7 @@
 
 #include <shared/outputs/midi/MidiPort.h>
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <memory>
@@ -15,6 +16,8 @@ namespace shared {
 /// named port.
 class AlsaMidiPort : public MidiPort
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::AlsaMidiPort)
+
 public:
     /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
     explicit AlsaMidiPort(QString pTarget, const MidiPortName& pName = kMidiClockPort);

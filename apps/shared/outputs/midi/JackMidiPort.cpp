@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <shared/clock/ClockThread.h>
 #include <shared/outputs/midi/JackMidiPort.h>
-#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <chrono>

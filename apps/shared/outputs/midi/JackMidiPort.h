@@ -4,6 +4,7 @@
 #include <shared/outputs/midi/JackClient.h>
 #include <shared/outputs/midi/MidiPort.h>
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <atomic>
@@ -21,6 +22,8 @@ namespace shared {
 /// thread that sends it was within that millisecond.
 class JackMidiPort : public MidiPort
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::JackMidiPort)
+
 public:
     /// pTarget: a part of the name of the port to reach; empty = none, others connect to this one.
     explicit JackMidiPort(QString pTarget, const MidiPortName& pName = kMidiClockPort)

@@ -3,7 +3,6 @@
 #include <shared/outputs/HostPort.h>
 #include <shared/outputs/os2l/Os2lReceiver.h>
 #include <shared/outputs/os2l/detail/BeatText.h>
-#include <shared/text/Text.h>
 
 #include <algorithm>
 

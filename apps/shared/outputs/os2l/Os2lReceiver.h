@@ -6,6 +6,8 @@
 #include <shared/outputs/os2l/Os2lBrowser.h>
 #include <shared/outputs/os2l/TcpLine.h>
 
+#include <QCoreApplication>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -17,6 +19,8 @@ namespace shared {
 /// Each gets the beats whatever becomes of the others, and is looked for when it has gone.
 class Os2lReceiver : public OutputReceiver
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::Os2lReceiver)
+
 public:
     static constexpr std::uint16_t kPort = 9996;  ///< where nothing else is said
     static constexpr int kPatience = 1000;        ///< ms for an answer of the net

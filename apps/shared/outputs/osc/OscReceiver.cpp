@@ -2,7 +2,6 @@
 #include <AudioAnalyzer/analysis/HighResolutionTimer.h>
 
 #include <shared/outputs/osc/OscReceiver.h>
-#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <cmath>

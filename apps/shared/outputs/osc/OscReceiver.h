@@ -6,6 +6,7 @@
 #include <shared/outputs/osc/OscTemplate.h>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <vector>
@@ -15,6 +16,8 @@ namespace shared {
 /// A program that takes Open Sound Control, sent what a template says.
 class OscReceiver : public OutputReceiver
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::OscReceiver)
+
 public:
     /// pHost: a name or an address. pName: what the messages are called in words, a preset's name.
     OscReceiver(

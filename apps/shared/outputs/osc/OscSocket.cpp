@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <shared/outputs/osc/OscSocket.h>
-#include <shared/text/Text.h>
 
 #include <QtEndian>
 

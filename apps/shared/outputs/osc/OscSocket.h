@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 namespace shared {
@@ -12,6 +13,8 @@ namespace shared {
 /// Threads: one at a time.
 class OscSocket
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::OscSocket)
+
 public:
     static constexpr int kPatienceMs = 500;
 

@@ -4,6 +4,7 @@
 #include <shared/outputs/osc/OscExpression.h>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -52,6 +53,9 @@ struct OscPreset
 ///     tempo /speed f (bpm - 20) / 480; beat /go i 1; tick24 /phase f phase
 struct OscTemplate
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::OscTemplate)
+
+public:
     static constexpr int kLongest = 2000;  ///< characters
     static constexpr std::size_t kMostRules = 32;
     static constexpr int kMostValues = 8;

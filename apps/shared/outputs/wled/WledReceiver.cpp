@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <shared/clock/ClockThread.h>
 #include <shared/outputs/wled/WledReceiver.h>
-#include <shared/text/Text.h>
 
 #include <algorithm>
 #include <cerrno>

@@ -5,6 +5,7 @@
 #include <shared/outputs/wled/detail/WledPacket.h>
 
 #include <QByteArray>
+#include <QCoreApplication>
 
 #include <cstdint>
 
@@ -17,6 +18,8 @@ namespace shared {
 /// a while, since packets get lost. Silence is sent as zeros.
 class WledReceiver : public OutputReceiver
 {
+    Q_DECLARE_TR_FUNCTIONS(shared::WledReceiver)
+
 public:
     static constexpr const char* kGroup = "239.0.0.1";  ///< where all of them listen
     static constexpr std::uint16_t kPort = 11988;

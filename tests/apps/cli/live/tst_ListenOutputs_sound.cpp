@@ -25,7 +25,7 @@ void tst_ListenOutputs_sound::sound_isSent_toOutputsThatHearIt()
     FakeAudioState::Get().Clear();
     FakeAudioState::Get().Plug(SessionLog::Device());
     QUdpSocket receiver;
-    QVERIFY(receiver.bind(QHostAddress::LocalHost));
+    QVERIFY(receiver.bind(QHostAddress(QHostAddress::LocalHost)));
     ListenOptions options;
     options.isWithoutStored = true;
     StoredOutput output;

@@ -39,7 +39,7 @@ void tst_MonitorOutputs::_Store(const StoredOutput& pOutput)
 void tst_MonitorOutputs::storedOutput_isSentTo_untilItIsOff()
 {
     QUdpSocket receiver;
-    QVERIFY(receiver.bind(QHostAddress::LocalHost));
+    QVERIFY(receiver.bind(QHostAddress(QHostAddress::LocalHost)));
     StoredOutput output;
     output.name = QStringLiteral("Lights");
     output.kind = QStringLiteral("osc");

@@ -9,6 +9,8 @@
 #include <apps/desktop/PanelTest.h>
 #include <fake/FakeAudioTrack.h>
 #include <fake/Machine.h>
+#include <map>
+#include <memory>
 #include <support/Text.h>
 
 /// Says that there is a sound server.
@@ -20,7 +22,21 @@ public:
     bool isAnswering() const override { return true; }
     std::optional<SoundPosition> getPosition() const override { return {}; }
 
+    std::unique_ptr<SoundLevels> HearLevels() override { return std::make_unique<Levels>(*this); }
+
     std::vector<SoundSource> sources;
+    std::map<QString, double> peaks;  ///< that are heard
+    int listeners = 0;                ///< to the levels
+
+private:
+    struct Levels : SoundLevels
+    {
+        explicit Levels(AnsweringBackEnd& pOwner) : owner(pOwner) { ++owner.listeners; }
+        ~Levels() override { --owner.listeners; }
+        std::map<QString, double> TakePeaks() override { return owner.peaks; }
+
+        AnsweringBackEnd& owner;
+    };
 };
 
 /// A model under the eyes of Qt's tester.

@@ -2,6 +2,8 @@
 #include <AudioAnalyzer/config/Configuration.h>
 
 #include "LanguageRows.h"
+#include <desktop/outputs/OutputEditor.h>
+#include <desktop/outputs/OutputsPanel.h>
 #include <desktop/settings/AdvancedSettingsPanel.h>
 #include <desktop/settings/DurationsPanel.h>
 #include <desktop/settings/InputDevicesModel.h>
@@ -33,6 +35,7 @@ struct Panels
         panels.push_back(std::make_unique<DurationsPanel>(configuration));
         panels.push_back(std::make_unique<InputDevicesPanel>(configuration));
         panels.push_back(std::make_unique<ManualBeatPanel>(configuration));
+        panels.push_back(std::make_unique<OutputsPanel>(configuration, outputs));
         panels.push_back(std::make_unique<ProfilesPanel>(configuration));
     }
     QStringList Titles() const
@@ -44,6 +47,8 @@ struct Panels
     }
 
     Configuration configuration;
+    LiveBeats beats;
+    MonitorOutputs outputs{beats};
     std::vector<std::unique_ptr<SettingsPanel>> panels;
 };
 
@@ -241,18 +246,21 @@ void tst_Translations::panels_changeLanguage_whileRunning_data()
                                             Text("Zeiten"),
                                             Text("Audioeingänge"),
                                             Text("Beat von Hand"),
+                                            Text("Ausgänge"),
                                             Text("Profile")});
     QTest::newRow("Spanish") << Text("es")
                              << QStringList({Text("Ajustes avanzados"),
                                              Text("Duraciones"),
                                              Text("Entradas de audio"),
                                              Text("Beat manual"),
+                                             Text("Salidas"),
                                              Text("Perfiles")});
     QTest::newRow("French") << Text("fr")
                             << QStringList({Text("Réglages avancés"),
                                             Text("Durées"),
                                             Text("Entrées audio"),
                                             Text("Beat manuel"),
+                                            Text("Sorties"),
                                             Text("Profils")});
 }
 
@@ -267,6 +275,7 @@ void tst_Translations::panels_changeLanguage_whileRunning()
                               Text("Durations"),
                               Text("Audio inputs"),
                               Text("Manual beat"),
+                              Text("Outputs"),
                               Text("Profiles")};
     QCOMPARE(panels.Titles(), english);
     QVERIFY(translations.setLanguage(language));
@@ -328,6 +337,8 @@ void tst_Translations::mnemonics_differ()
     const ProfileEditor builtIn(ProfileEditor::eBuiltIn, {}, {});
     windows.push_back(&own);
     windows.push_back(&builtIn);
+    const OutputEditor output({}, [](const StoredOutput&) { return QString(); });
+    windows.push_back(&output);
     for (const QWidget* pWindow : windows) {
         QString letters = PanelTest::Mnemonics(*pWindow);
         QVERIFY2(!letters.isEmpty(), qPrintable(pWindow->windowTitle()));
@@ -352,7 +363,7 @@ void tst_Translations::mnemonics_differ_amongThePanelsOfTheFirstStart()
     for (const auto& panel : panels.panels)
         if (!qobject_cast<DurationsPanel*>(panel.get()))
             letters += PanelTest::Mnemonics(*panel);
-    QCOMPARE(letters.size(), 16);
+    QCOMPARE(letters.size(), 21);
     std::sort(letters.begin(), letters.end());
     QVERIFY2(std::adjacent_find(letters.begin(), letters.end()) == letters.end(),
              qPrintable(letters));

@@ -19,6 +19,7 @@ constexpr std::pair<const char*, ePanel> kPanels[] = {
     {"Durations", eDurationsPanel},
     {"LastMinutes", eStripPanel},
     {"ManualBeat", eManualBeatPanel},
+    {"Outputs", eOutputsPanel},
     {"Profiles", eProfilesPanel},
     {"PulseLED", ePulseLEDPanel},
     {"Reset", eResetPanel},

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void midiNotes_areMade_withTheirSettings_data();
     void midiNotes_areMade_withTheirSettings();
     void nonsense_isRefused_withTheReason();
+    void presets_toChooseFrom_areAllTaken();
     void place_isDivided_andPutTogether();
     void tests_sayWhatToSee();
     void recipes_areThere_forAllKindsAndPresets();
@@ -131,6 +132,24 @@ void tst_OutputKinds::nonsense_isRefused_withTheReason()
                             "tcp:HOST:PORT[/PRESET]"));
     QVERIFY(TryReceiver("osc", "desk", "beat /a i 1").startsWith(QStringLiteral("refused: ")));
     QVERIFY(TryReceiver("osc", "desk:1", "resolum").startsWith(QStringLiteral("refused: ")));
+}
+
+void tst_OutputKinds::presets_toChooseFrom_areAllTaken()
+{
+    int count = 0;
+    for (const shared::OutputKind& kind : shared::getOutputKinds()) {
+        StoredOutput output;
+        output.kind = QLatin1String(kind.name);
+        output.address = QStringLiteral("desk");
+        for (const QString& preset : kind.listPresets ? kind.listPresets() : QStringList()) {
+            output.preset = preset;
+            QCOMPARE(shared::findOutputFault(output), QString());
+            QVERIFY2(kind.describePresets().contains(preset), qPrintable(preset));
+            ++count;
+        }
+    }
+    // Seven of OSC, one of the MIDI clock.
+    QCOMPARE(count, 8);
 }
 
 void tst_OutputKinds::place_isDivided_andPutTogether()
