@@ -46,6 +46,7 @@ bool MonitorSession::Load(QString& pError)
 {
     const bool isFirstStart = !QFile::exists(ConfigurationStore::getPath());
     const bool isLoaded = m_store.Load();
+    m_isNew = isFirstStart;
     if (isFirstStart)
         _BeginPlainly();
     pError = isLoaded ? m_store.getNotice() : m_store.getError();
@@ -79,6 +80,7 @@ void MonitorSession::Listen(const QString& pName)
     m_deviceName = pName;
     if (m_deviceName.isEmpty())
         m_deviceName = m_store.getDeviceName();
+    m_isChoiceOurs = m_deviceName.isEmpty();
     if (m_deviceName.isEmpty())
         m_deviceName = chooseDevice(listInputDevices());
     if (m_deviceName.isEmpty())
@@ -318,6 +320,16 @@ void MonitorSession::_Tick()
     if (peak >= kFullScale && m_notice == eClippedNotice)
         m_sinceClipped.start();
     _JudgeNotice();
+    _JudgeBeginning();
+}
+
+/// The first beat shows that all is well.
+void MonitorSession::_JudgeBeginning()
+{
+    if (!m_isNew || m_feed.getBeatCount() == 0)
+        return;
+    m_isNew = false;
+    Q_EMIT OnSourceChanged();
 }
 
 /// What was noticed once holds until something shows that it is over.

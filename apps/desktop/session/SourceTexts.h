@@ -19,6 +19,8 @@ public:
     };
 
     static Text Describe(const SourceState& pState);
+    /// What helps at a first start; empty while there is something else to be done.
+    static QString DescribeBeginning(const SourceState& pState);
     /// m:ss, or h:mm:ss from an hour on.
     static QString DescribeTime(double pSeconds);
 

@@ -1365,6 +1365,10 @@
         <source>muted</source>
         <translation>silenciado</translation>
     </message>
+    <message>
+        <source>Play music: the tempo comes by itself. “%1” is listened to; the list of inputs has others.</source>
+        <translation>Ponga música: el tempo llega solo. Se escucha «%1»; en la lista de entradas hay otras.</translation>
+    </message>
 </context>
 <context>
     <name>SpeakersPanel</name>

@@ -1365,6 +1365,10 @@
         <source>muted</source>
         <translation>muet</translation>
     </message>
+    <message>
+        <source>Play music: the tempo comes by itself. “%1” is listened to; the list of inputs has others.</source>
+        <translation>Jouez de la musique : le tempo vient tout seul. On écoute « %1 » ; la liste des entrées en a d’autres.</translation>
+    </message>
 </context>
 <context>
     <name>SpeakersPanel</name>
