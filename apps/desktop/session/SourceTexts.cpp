@@ -114,8 +114,7 @@ QString SourceTexts::DescribeBeginning(const SourceState& pState)
         return {};
     const auto source = findSoundSource(pState.name);
     const bool isDescribed = source && !source->description.isEmpty();
-    return tr("Play music: the tempo comes by itself. “%1” is listened to; the list of inputs has "
-              "others.")
+    return tr("Play music: the tempo comes by itself. “%1” is listened to.")
         .arg(isDescribed ? source->description : pState.name);
 }
 

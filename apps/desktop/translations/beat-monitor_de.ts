@@ -1366,8 +1366,8 @@
         <translation>stumm geschaltet</translation>
     </message>
     <message>
-        <source>Play music: the tempo comes by itself. “%1” is listened to; the list of inputs has others.</source>
-        <translation>Spielen Sie Musik: Das Tempo kommt von selbst. Gehört wird „%1“; andere stehen in der Liste der Eingänge.</translation>
+        <source>Play music: the tempo comes by itself. “%1” is listened to.</source>
+        <translation>Spielen Sie Musik: Das Tempo kommt von selbst. Gehört wird „%1“.</translation>
     </message>
 </context>
 <context>

@@ -1366,8 +1366,8 @@
         <translation>silenciado</translation>
     </message>
     <message>
-        <source>Play music: the tempo comes by itself. “%1” is listened to; the list of inputs has others.</source>
-        <translation>Ponga música: el tempo llega solo. Se escucha «%1»; en la lista de entradas hay otras.</translation>
+        <source>Play music: the tempo comes by itself. “%1” is listened to.</source>
+        <translation>Ponga música: el tempo llega solo. Se escucha «%1».</translation>
     </message>
 </context>
 <context>

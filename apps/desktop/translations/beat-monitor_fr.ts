@@ -1366,8 +1366,8 @@
         <translation>muet</translation>
     </message>
     <message>
-        <source>Play music: the tempo comes by itself. “%1” is listened to; the list of inputs has others.</source>
-        <translation>Jouez de la musique : le tempo vient tout seul. On écoute « %1 » ; la liste des entrées en a d’autres.</translation>
+        <source>Play music: the tempo comes by itself. “%1” is listened to.</source>
+        <translation>Jouez de la musique : le tempo vient tout seul. On écoute « %1 ».</translation>
     </message>
 </context>
 <context>

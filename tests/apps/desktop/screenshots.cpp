@@ -186,6 +186,7 @@ void ShootStop(Scene& pScene)
 
 void Shoot(const QDir& pFolder)
 {
+    shootFirstStart(pFolder);
     Scene scene(pFolder);
     scene.session.Listen({});
     Wait(500);
