@@ -152,9 +152,13 @@ void LiveFeed::_OnBeatDue()
         const std::int64_t time = m_cursor.getTickTime();
         const double beats = double(time - state.offset - state.heardTime) / state.period();
         m_values.beatTime = getTime() - (now - time) / 1000;
-        m_values.isBeatVirtual = state.charge != BeatClockCharge_Music || beats > kHeardBeats;
+        const eBeatKind kind = state.charge != BeatClockCharge_Music ? eHandBeat
+                               : beats > kHeardBeats                 ? eForeseenBeat
+                                                                     : eHeardBeat;
+        m_values.isBeatVirtual = kind != eHeardBeat;
         ++m_beatCount;
         Q_EMIT OnFlashed();
+        Q_EMIT OnBeatDue(time, kind, state.getBeatInBar(m_cursor.getTick()) == 0);
     }
     _AwaitBeat();
 }

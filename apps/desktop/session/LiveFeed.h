@@ -6,6 +6,7 @@
 #include <AudioAnalyzer/analysis/BeatFollower.h>
 
 #include <desktop/session/LiveValues.h>
+#include <desktop/session/StripData.h>
 #include <desktop/session/detail/ShownTempo.h>
 #include <desktop/session/detail/TempoSpan.h>
 #include <shared/clock/LiveBeats.h>
@@ -55,6 +56,8 @@ public:
 Q_SIGNALS:
     /// A beat or a pulse has come.
     void OnFlashed();
+    /// A beat fell due, µs of ClockThread::getTime().
+    void OnBeatDue(qint64 pTime, eBeatKind pKind, bool pIsOne);
 
 private:
     void _Connect(AudioAnalyzer* pAnalyzer);

@@ -7,6 +7,7 @@
 
 #include <desktop/session/DeviceChoice.h>
 #include <desktop/session/MonitorSession.h>
+#include <desktop/session/SourceTexts.h>
 #include <shared/capture/CaptureSession.h>
 #include <shared/capture/InputDevices.h>
 #include <shared/play/FilePlayer.h>
@@ -32,6 +33,7 @@ MonitorSession::MonitorSession(QObject* pParent) : QObject(pParent)
         if (getAnalyzer())
             getAnalyzer()->setFixedBPM(pBPM);
     });
+    connect(&m_feed, &LiveFeed::OnBeatDue, &m_strip, &StripLog::AddBeat);
     m_tick.start(kWatchMs);
 }
 
@@ -40,6 +42,8 @@ MonitorSession::~MonitorSession()
     m_feed.Follow(nullptr, 0);
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
+    m_strip.Follow(nullptr);
+    m_sound.Follow(nullptr);
 }
 
 bool MonitorSession::Load(QString& pError)
@@ -138,6 +142,8 @@ void MonitorSession::_Close()
     _SetAnalyzer(nullptr, 0);
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
+    m_strip.Follow(nullptr);
+    m_sound.Follow(nullptr);
     m_source.reset();
     m_pPlayer = nullptr;
     m_endedFile.reset();
@@ -151,6 +157,8 @@ void MonitorSession::_TakeSource(std::unique_ptr<LiveSource> pSource)
     LiveSource* pNew = m_source.get();
     m_beats.Follow(pNew);
     m_outputs.Follow(pNew);
+    m_strip.Follow(pNew);
+    m_sound.Follow(pNew);
     using S = LiveSource;
     connect(pNew, &S::OnAnalyzerCreated, this, &MonitorSession::_OnAnalyzerCreated);
     connect(pNew, &S::OnAnchored, this, &MonitorSession::_OnAnchored);
@@ -306,6 +314,8 @@ void MonitorSession::_OnFileEnded(const QString& pError)
     _SetAnalyzer(nullptr, 0);
     m_beats.Follow(nullptr);
     m_outputs.Follow(nullptr);
+    m_strip.Follow(nullptr);
+    m_sound.Follow(nullptr);
     m_source.reset();
     m_pPlayer = nullptr;
     m_notice.reset();
@@ -320,6 +330,8 @@ void MonitorSession::_Tick()
     if (peak >= kFullScale && m_notice == eClippedNotice)
         m_sinceClipped.start();
     _JudgeNotice();
+    m_strip.Advance();
+    m_strip.Say(SourceTexts::DescribeBriefly(getSource()));
     _JudgeBeginning();
 }
 

@@ -5,6 +5,8 @@
 #include <desktop/session/ConfigurationSaver.h>
 #include <desktop/session/LiveFeed.h>
 #include <desktop/session/MonitorOutputs.h>
+#include <desktop/session/SoundKeeper.h>
+#include <desktop/session/StripLog.h>
 #include <shared/capture/LiveSource.h>
 #include <shared/clock/LiveBeats.h>
 #include <shared/settings/BeatSettings.h>
@@ -42,6 +44,8 @@ public:
     Configuration& getConfiguration() { return m_store.getConfiguration(); }
     ConfigurationSaver& getSaver() { return m_saver; }
     LiveFeed& getFeed() { return m_feed; }
+    StripLog& getStrip() { return m_strip; }
+    SoundKeeper& getSound() { return m_sound; }
     LiveBeats& getBeats() { return m_beats; }
     /// Null without a source. [valid until OnAnalyzerChanged]
     AudioAnalyzer* getAnalyzer() const;
@@ -116,6 +120,8 @@ private:
     LiveBeats m_beats;
     BeatHand m_hand{m_beats};
     LiveFeed m_feed{m_beats};
+    StripLog m_strip{m_beats};
+    SoundKeeper m_sound;
     MonitorOutputs m_outputs{m_beats};
     QString m_deviceName;
     std::unique_ptr<LiveSource> m_source;  ///< null without a device, and after the end of a file

@@ -59,14 +59,23 @@ SourceTexts::Text SourceTexts::_DescribeFile(const SourceState& pState)
 {
     if (pState.notice)
         return _DescribeNotice(pState);
-    const QString reason = _DescribeSilence(pState.sound);
-    const QString what = reason.isEmpty()
-                             ? tr("Playing “%1”").arg(pState.name)
-                             : tr("Playing “%1” without sound: %2").arg(pState.name, reason);
     const QString position = DescribeTime(pState.position);
     const QString place =
         pState.length > 0.0 ? tr("%1 of %2").arg(position, DescribeTime(pState.length)) : position;
-    return {what + QStringLiteral("   ") + place, false};
+    return {_DescribeWhat(pState) + QStringLiteral("   ") + place, false};
+}
+
+QString SourceTexts::_DescribeWhat(const SourceState& pState)
+{
+    const QString reason = _DescribeSilence(pState.sound);
+    return reason.isEmpty() ? tr("Playing “%1”").arg(pState.name)
+                            : tr("Playing “%1” without sound: %2").arg(pState.name, reason);
+}
+
+QString SourceTexts::DescribeBriefly(const SourceState& pState)
+{
+    const bool isPlaying = pState.kind == SourceState::eFile && !pState.notice;
+    return isPlaying ? _DescribeWhat(pState) : Describe(pState).text;
 }
 
 /// Empty when it is heard.

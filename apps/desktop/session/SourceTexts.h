@@ -19,6 +19,8 @@ public:
     };
 
     static Text Describe(const SourceState& pState);
+    /// The same without what passes.
+    static QString DescribeBriefly(const SourceState& pState);
     /// What helps at a first start; empty while there is something else to be done.
     static QString DescribeBeginning(const SourceState& pState);
     /// m:ss, or h:mm:ss from an hour on.
@@ -29,5 +31,6 @@ private:
     static Text _DescribeUnusable(const SourceState& pState);
     static Text _DescribeDevice(const SourceState& pState);
     static Text _DescribeFile(const SourceState& pState);
+    static QString _DescribeWhat(const SourceState& pState);
     static QString _DescribeSilence(eFileSound pSound);
 };

@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>Abgespielte Datei stu&amp;mm schalten oder nicht</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Letzte zwei Minuten anhalten oder f&amp;ortsetzen</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>W&amp;eniger Zeit davon zeigen</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>&amp;Mehr Zeit davon zeigen</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -669,10 +681,6 @@
         <translation>Die Bühnenansicht glimmt nur mit dem Beat.</translation>
     </message>
     <message>
-        <source>At most three &amp;flashes a second</source>
-        <translation>Höchstens drei Blitze pro Sekun&amp;de</translation>
-    </message>
-    <message>
         <source>High &amp;contrast</source>
         <translation>Hoher &amp;Kontrast</translation>
     </message>
@@ -681,12 +689,36 @@
         <translation>Kein Eingang</translation>
     </message>
     <message>
+        <source>&amp;Last two minutes</source>
+        <translation>&amp;Letzte zwei Minuten</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Letzte zwei Minuten</translation>
+    </message>
+    <message>
+        <source>&amp;Save what happened…</source>
+        <translation>&amp;Speichern, was geschah …</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Speichern, was geschah</translation>
+    </message>
+    <message>
+        <source>Zip files (*.zip);;All files (*)</source>
+        <translation>ZIP-Dateien (*.zip);;Alle Dateien (*)</translation>
+    </message>
+    <message>
         <source>&amp;Outputs</source>
         <translation>Aus&amp;gänge</translation>
     </message>
     <message>
-        <source>Soft f&amp;lash</source>
+        <source>So&amp;ft flash</source>
         <translation>Sanfter &amp;Blitz</translation>
+    </message>
+    <message>
+        <source>At most three flashes a seco&amp;nd</source>
+        <translation>Höchstens drei Blitze pro Sekun&amp;de</translation>
     </message>
 </context>
 <context>
@@ -790,6 +822,37 @@
     <message>
         <source>Shift of the beats</source>
         <translation>Verschiebung der Beats</translation>
+    </message>
+</context>
+<context>
+    <name>MomentFile</name>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>sound.flac        the sound, as it was kept
+</source>
+        <translation>sound.flac        der Ton, soweit er aufgehoben war
+</translation>
+    </message>
+    <message>
+        <source>What beat-monitor %1 saw in the last two minutes.
+
+strip.png         the strip: what was said, beats, level, tempo
+strip.json        the same as numbers; times are seconds before it was saved
+log.txt           what was said, with the time of day
+settings.json     the settings of the analysis
+AudioAnalyzer.ini the window and the outputs, without secrets
+%2</source>
+        <translation>Was beat-monitor %1 in den letzten zwei Minuten sah.
+
+strip.png         der Streifen: was gemeldet wurde, Beats, Pegel, Tempo
+strip.json        dasselbe als Zahlen; Zeiten sind Sekunden vor dem Speichern
+log.txt           was gemeldet wurde, mit der Uhrzeit
+settings.json     die Einstellungen der Analyse
+AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
+%2</translation>
     </message>
 </context>
 <context>
@@ -994,8 +1057,16 @@
         <translation>Was angekreuzt ist, bekommt die Beats. Eingabe kreuzt an, Einfg fügt hinzu, F2 ändert, Entf entfernt.</translation>
     </message>
     <message>
+        <source>None yet.</source>
+        <translation>Noch keine.</translation>
+    </message>
+    <message>
         <source>&amp;Add…</source>
         <translation>Hinz&amp;ufügen…</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Licht, Bilder oder ein Instrument, die dem Beat folgen.</translation>
     </message>
     <message>
         <source>C&amp;hange…</source>
@@ -1036,14 +1107,6 @@
     <message>
         <source> ms</source>
         <translation> ms</translation>
-    </message>
-    <message>
-        <source>None yet.</source>
-        <translation>Noch keine.</translation>
-    </message>
-    <message>
-        <source>Lights, visuals or an instrument that follow the beat.</source>
-        <translation>Licht, Bilder oder ein Instrument, die dem Beat folgen.</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1347,33 @@
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>with &amp;sound</source>
+        <translation>mit &amp;Ton</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Speichern, was geschah</translation>
+    </message>
+    <message>
+        <source>One zip file with the last two minutes as a picture and as numbers, what was said, and the settings.</source>
+        <translation>Eine ZIP-Datei mit den letzten zwei Minuten als Bild und als Zahlen, dem, was gemeldet wurde, und den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve…</source>
+        <translation>Spei&amp;chern …</translation>
+    </message>
+    <message>
+        <source>%1 s of sound are kept by now, in memory alone; two minutes at most, until this is switched off.</source>
+        <translation>%1 s Ton sind bisher aufgehoben, nur im Speicher; höchstens zwei Minuten, bis dies abgeschaltet wird.</translation>
+    </message>
+    <message>
+        <source>No sound is kept. Tick it, and from then on the last two minutes are.</source>
+        <translation>Kein Ton wird aufgehoben. Ist dies angekreuzt, werden es von da an die letzten zwei Minuten.</translation>
+    </message>
+</context>
+<context>
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
@@ -1420,6 +1510,60 @@
     </message>
 </context>
 <context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Die letzten zwei Minuten</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>vor %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>jetzt</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Pegel %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Keine Musik</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Hält das Bild an (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Näher</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Zeigt weniger Zeit (+ oder das Mausrad)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Zeigt mehr Zeit (− oder das Mausrad)</translation>
+    </message>
+</context>
+<context>
     <name>Tray</name>
     <message>
         <source>&amp;Hide window</source>
@@ -1428,6 +1572,13 @@
     <message>
         <source>&amp;Show window</source>
         <translation>Fenster &amp;zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ZipWriter</name>
+    <message>
+        <source>it cannot be written</source>
+        <translation>sie kann nicht geschrieben werden</translation>
     </message>
 </context>
 <context>
@@ -1606,16 +1757,16 @@ oder eigene Nachrichten</translation>
         <translation>kein JACK-Anschluss heißt %1</translation>
     </message>
     <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>der JACK-Anschluss %1 ist verschwunden</translation>
+    </message>
+    <message>
         <source>the JACK server has gone</source>
         <translation>der JACK-Server ist verschwunden</translation>
     </message>
     <message>
         <source>the JACK server hangs</source>
         <translation>der JACK-Server hängt</translation>
-    </message>
-    <message>
-        <source>the JACK port %1 has gone</source>
-        <translation>der JACK-Anschluss %1 ist verschwunden</translation>
     </message>
 </context>
 <context>

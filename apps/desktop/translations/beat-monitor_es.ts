@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>Silenciar o no el archi&amp;vo que se reproduce</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Pausar los dos últimos minutos, o se&amp;guir</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>Mostrar men&amp;os tiempo de ellos</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>Mostrar más tiempo de ellos (&amp;x)</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -669,10 +681,6 @@
         <translation>La vista de escenario solo resplandece con el beat.</translation>
     </message>
     <message>
-        <source>At most three &amp;flashes a second</source>
-        <translation>Como máximo tres &amp;destellos por segundo</translation>
-    </message>
-    <message>
         <source>High &amp;contrast</source>
         <translation>Alto &amp;contraste</translation>
     </message>
@@ -681,12 +689,36 @@
         <translation>Sin entrada</translation>
     </message>
     <message>
+        <source>&amp;Last two minutes</source>
+        <translation>Ú&amp;ltimos dos minutos</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Últimos dos minutos</translation>
+    </message>
+    <message>
+        <source>&amp;Save what happened…</source>
+        <translation>&amp;Guardar lo ocurrido…</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Guardar lo ocurrido</translation>
+    </message>
+    <message>
+        <source>Zip files (*.zip);;All files (*)</source>
+        <translation>Archivos zip (*.zip);;Todos los archivos (*)</translation>
+    </message>
+    <message>
         <source>&amp;Outputs</source>
         <translation>Sa&amp;lidas</translation>
     </message>
     <message>
-        <source>Soft f&amp;lash</source>
+        <source>So&amp;ft flash</source>
         <translation>Destello s&amp;uave</translation>
+    </message>
+    <message>
+        <source>At most three flashes a seco&amp;nd</source>
+        <translation>Como máximo tres &amp;destellos por segundo</translation>
     </message>
 </context>
 <context>
@@ -790,6 +822,37 @@
     <message>
         <source>Shift of the beats</source>
         <translation>Desplazamiento de los beats</translation>
+    </message>
+</context>
+<context>
+    <name>MomentFile</name>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>No se puede escribir «%1»: %2</translation>
+    </message>
+    <message>
+        <source>sound.flac        the sound, as it was kept
+</source>
+        <translation>sound.flac        el sonido, lo que se conservó
+</translation>
+    </message>
+    <message>
+        <source>What beat-monitor %1 saw in the last two minutes.
+
+strip.png         the strip: what was said, beats, level, tempo
+strip.json        the same as numbers; times are seconds before it was saved
+log.txt           what was said, with the time of day
+settings.json     the settings of the analysis
+AudioAnalyzer.ini the window and the outputs, without secrets
+%2</source>
+        <translation>Lo que beat-monitor %1 vio en los dos últimos minutos.
+
+strip.png         la tira: lo que se dijo, beats, nivel, tempo
+strip.json        lo mismo en números; los tiempos son segundos antes de guardar
+log.txt           lo que se dijo, con la hora
+settings.json     los ajustes del análisis
+AudioAnalyzer.ini la ventana y las salidas, sin secretos
+%2</translation>
     </message>
 </context>
 <context>
@@ -994,8 +1057,16 @@
         <translation>Lo marcado recibe los beats. Intro marca, Ins añade, F2 cambia, Supr quita.</translation>
     </message>
     <message>
+        <source>None yet.</source>
+        <translation>Ninguna aún.</translation>
+    </message>
+    <message>
         <source>&amp;Add…</source>
         <translation>&amp;Añadir…</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Luces, imágenes o un instrumento que siguen el beat.</translation>
     </message>
     <message>
         <source>C&amp;hange…</source>
@@ -1036,14 +1107,6 @@
     <message>
         <source> ms</source>
         <translation> ms</translation>
-    </message>
-    <message>
-        <source>None yet.</source>
-        <translation>Ninguna aún.</translation>
-    </message>
-    <message>
-        <source>Lights, visuals or an instrument that follow the beat.</source>
-        <translation>Luces, imágenes o un instrumento que siguen el beat.</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1347,33 @@
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>with &amp;sound</source>
+        <translation>con &amp;sonido</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Guardar lo ocurrido</translation>
+    </message>
+    <message>
+        <source>One zip file with the last two minutes as a picture and as numbers, what was said, and the settings.</source>
+        <translation>Un archivo zip con los dos últimos minutos como imagen y en números, lo que se dijo y los ajustes.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve…</source>
+        <translation>&amp;Guardar…</translation>
+    </message>
+    <message>
+        <source>%1 s of sound are kept by now, in memory alone; two minutes at most, until this is switched off.</source>
+        <translation>Se conservan ya %1 s de sonido, solo en memoria; dos minutos como máximo, hasta que se desactive.</translation>
+    </message>
+    <message>
+        <source>No sound is kept. Tick it, and from then on the last two minutes are.</source>
+        <translation>No se conserva ningún sonido. Al marcarlo, desde entonces se conservan los dos últimos minutos.</translation>
+    </message>
+</context>
+<context>
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
@@ -1420,6 +1510,60 @@
     </message>
 </context>
 <context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Los dos últimos minutos</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>hace %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>ahora</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Nivel %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Sin música</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Detiene la imagen (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Más cerca</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Muestra menos tiempo (+ o la rueda del ratón)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Más lejos</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Muestra más tiempo (− o la rueda del ratón)</translation>
+    </message>
+</context>
+<context>
     <name>Tray</name>
     <message>
         <source>&amp;Hide window</source>
@@ -1428,6 +1572,13 @@
     <message>
         <source>&amp;Show window</source>
         <translation>&amp;Mostrar la ventana</translation>
+    </message>
+</context>
+<context>
+    <name>ZipWriter</name>
+    <message>
+        <source>it cannot be written</source>
+        <translation>no se puede escribir</translation>
     </message>
 </context>
 <context>
@@ -1606,16 +1757,16 @@ o mensajes propios</translation>
         <translation>ningún puerto JACK se llama %1</translation>
     </message>
     <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>el puerto JACK %1 ha desaparecido</translation>
+    </message>
+    <message>
         <source>the JACK server has gone</source>
         <translation>el servidor JACK ha desaparecido</translation>
     </message>
     <message>
         <source>the JACK server hangs</source>
         <translation>el servidor JACK no responde</translation>
-    </message>
-    <message>
-        <source>the JACK port %1 has gone</source>
-        <translation>el puerto JACK %1 ha desaparecido</translation>
     </message>
 </context>
 <context>

@@ -192,6 +192,18 @@
         <source>&amp;Mute the file that is played, or not</source>
         <translation>&amp;Muet ou non, le fichier lu</translation>
     </message>
+    <message>
+        <source>Pause the last two minutes, or &amp;go on</source>
+        <translation>Fi&amp;ger les deux dernières minutes, ou reprendre</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w less time of them</source>
+        <translation>En montrer moins de temps (&amp;x)</translation>
+    </message>
+    <message>
+        <source>Show mo&amp;re time of them</source>
+        <translation>En mo&amp;ntrer plus de temps</translation>
+    </message>
 </context>
 <context>
     <name>BpmPanel</name>
@@ -669,10 +681,6 @@
         <translation>La vue de scène ne fait que luire avec le beat.</translation>
     </message>
     <message>
-        <source>At most three &amp;flashes a second</source>
-        <translation>Au plus trois &amp;flashs par seconde</translation>
-    </message>
-    <message>
         <source>High &amp;contrast</source>
         <translation>&amp;Contraste élevé</translation>
     </message>
@@ -681,12 +689,36 @@
         <translation>Pas d’entrée</translation>
     </message>
     <message>
+        <source>&amp;Last two minutes</source>
+        <translation>&amp;Les deux dernières minutes</translation>
+    </message>
+    <message>
+        <source>Last two minutes</source>
+        <translation>Deux dernières minutes</translation>
+    </message>
+    <message>
+        <source>&amp;Save what happened…</source>
+        <translation>En&amp;registrer ce qui s’est passé…</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Enregistrer ce qui s’est passé</translation>
+    </message>
+    <message>
+        <source>Zip files (*.zip);;All files (*)</source>
+        <translation>Fichiers zip (*.zip);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
         <source>&amp;Outputs</source>
         <translation>S&amp;orties</translation>
     </message>
     <message>
-        <source>Soft f&amp;lash</source>
-        <translation>F&amp;lash doux</translation>
+        <source>So&amp;ft flash</source>
+        <translation>Flash d&amp;oux</translation>
+    </message>
+    <message>
+        <source>At most three flashes a seco&amp;nd</source>
+        <translation>Au plus trois &amp;flashs par seconde</translation>
     </message>
 </context>
 <context>
@@ -790,6 +822,37 @@
     <message>
         <source>Shift of the beats</source>
         <translation>Décalage des beats</translation>
+    </message>
+</context>
+<context>
+    <name>MomentFile</name>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>« %1 » ne peut pas être écrit : %2</translation>
+    </message>
+    <message>
+        <source>sound.flac        the sound, as it was kept
+</source>
+        <translation>sound.flac        le son, tel qu’il a été gardé
+</translation>
+    </message>
+    <message>
+        <source>What beat-monitor %1 saw in the last two minutes.
+
+strip.png         the strip: what was said, beats, level, tempo
+strip.json        the same as numbers; times are seconds before it was saved
+log.txt           what was said, with the time of day
+settings.json     the settings of the analysis
+AudioAnalyzer.ini the window and the outputs, without secrets
+%2</source>
+        <translation>Ce que beat-monitor %1 a vu ces deux dernières minutes.
+
+strip.png         la bande : ce qui a été dit, beats, niveau, tempo
+strip.json        la même chose en nombres ; les temps sont des secondes avant l’enregistrement
+log.txt           ce qui a été dit, avec l’heure
+settings.json     les réglages de l’analyse
+AudioAnalyzer.ini la fenêtre et les sorties, sans secrets
+%2</translation>
     </message>
 </context>
 <context>
@@ -994,8 +1057,16 @@
         <translation>Ce qui est coché reçoit les beats. Entrée coche, Inser ajoute, F2 modifie, Suppr supprime.</translation>
     </message>
     <message>
+        <source>None yet.</source>
+        <translation>Aucune encore.</translation>
+    </message>
+    <message>
         <source>&amp;Add…</source>
         <translation>&amp;Ajouter…</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Lumières, images ou un instrument qui suivent le beat.</translation>
     </message>
     <message>
         <source>C&amp;hange…</source>
@@ -1036,14 +1107,6 @@
     <message>
         <source> ms</source>
         <translation> ms</translation>
-    </message>
-    <message>
-        <source>None yet.</source>
-        <translation>Aucune encore.</translation>
-    </message>
-    <message>
-        <source>Lights, visuals or an instrument that follow the beat.</source>
-        <translation>Lumières, images ou un instrument qui suivent le beat.</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1347,33 @@
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>with &amp;sound</source>
+        <translation>avec le &amp;son</translation>
+    </message>
+    <message>
+        <source>Save what happened</source>
+        <translation>Enregistrer ce qui s’est passé</translation>
+    </message>
+    <message>
+        <source>One zip file with the last two minutes as a picture and as numbers, what was said, and the settings.</source>
+        <translation>Un fichier zip avec les deux dernières minutes en image et en nombres, ce qui a été dit et les réglages.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve…</source>
+        <translation>En&amp;registrer…</translation>
+    </message>
+    <message>
+        <source>%1 s of sound are kept by now, in memory alone; two minutes at most, until this is switched off.</source>
+        <translation>%1 s de son sont gardées à présent, en mémoire seulement ; deux minutes au plus, jusqu’à ce que ce soit désactivé.</translation>
+    </message>
+    <message>
+        <source>No sound is kept. Tick it, and from then on the last two minutes are.</source>
+        <translation>Aucun son n’est gardé. Si c’est coché, les deux dernières minutes le sont à partir de là.</translation>
+    </message>
+</context>
+<context>
     <name>SourceTexts</name>
     <message>
         <source>No data comes from “%1”. Check that nothing else holds it.</source>
@@ -1420,6 +1510,60 @@
     </message>
 </context>
 <context>
+    <name>StripCanvas</name>
+    <message>
+        <source>The last two minutes</source>
+        <translation>Les deux dernières minutes</translation>
+    </message>
+    <message>
+        <source>%1 s ago</source>
+        <translation>il y a %1 s</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>maintenant</translation>
+    </message>
+    <message>
+        <source>Level %1 dB</source>
+        <translation>Niveau %1 dB</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Pas de musique</translation>
+    </message>
+</context>
+<context>
+    <name>StripPanel</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Holds the picture still (P)</source>
+        <translation>Fige l’image (P)</translation>
+    </message>
+    <message>
+        <source>Nearer</source>
+        <translation>Plus près</translation>
+    </message>
+    <message>
+        <source>Shows less time (+, or the mouse wheel)</source>
+        <translation>Montre moins de temps (+ ou la molette)</translation>
+    </message>
+    <message>
+        <source>Farther</source>
+        <translation>Plus loin</translation>
+    </message>
+    <message>
+        <source>Shows more time (−, or the mouse wheel)</source>
+        <translation>Montre plus de temps (− ou la molette)</translation>
+    </message>
+</context>
+<context>
     <name>Tray</name>
     <message>
         <source>&amp;Hide window</source>
@@ -1428,6 +1572,13 @@
     <message>
         <source>&amp;Show window</source>
         <translation>&amp;Afficher la fenêtre</translation>
+    </message>
+</context>
+<context>
+    <name>ZipWriter</name>
+    <message>
+        <source>it cannot be written</source>
+        <translation>il ne peut pas être écrit</translation>
     </message>
 </context>
 <context>
@@ -1606,16 +1757,16 @@ ou vos propres messages</translation>
         <translation>aucun port JACK ne s’appelle %1</translation>
     </message>
     <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>le port JACK %1 a disparu</translation>
+    </message>
+    <message>
         <source>the JACK server has gone</source>
         <translation>le serveur JACK a disparu</translation>
     </message>
     <message>
         <source>the JACK server hangs</source>
         <translation>le serveur JACK est bloqué</translation>
-    </message>
-    <message>
-        <source>the JACK port %1 has gone</source>
-        <translation>le port JACK %1 a disparu</translation>
     </message>
 </context>
 <context>

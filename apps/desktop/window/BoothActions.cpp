@@ -31,7 +31,7 @@ bool IsField(const QWidget* pWidget)
 bool Uses(const QWidget& pField, int pKey)
 {
     if (qobject_cast<const QAbstractSpinBox*>(&pField))
-        return IsArrow(pKey) || (pKey >= Qt::Key_0 && pKey <= Qt::Key_9);
+        return IsArrow(pKey) || pKey == Qt::Key_Minus || (pKey >= Qt::Key_0 && pKey <= Qt::Key_9);
     return IsField(&pField) && pKey < Qt::Key_F1;
 }
 
@@ -63,6 +63,7 @@ void BoothActions::_MakeActions()
     }
     m_actions[eOutputsAction]->setCheckable(true);
     m_actions[eMuteAction]->setCheckable(true);
+    m_actions[ePauseAction]->setCheckable(true);
     for (int row = 0; row < kProfiles; ++row) {
         auto* pAction = new QAction(this);
         pAction->setShortcut(QKeySequence(Qt::Key_1 + row));

@@ -17,6 +17,9 @@ const std::array<BoothKeys::Key, eBoothActionCount>& BoothKeys::getTable()
         {"1", "1 – 9", QT_TR_NOOP("The profile of that place in the &list"), false},
         {"O", "O", QT_TR_NOOP("O&utputs on or off"), false},
         {"M", "M", QT_TR_NOOP("&Mute the file that is played, or not"), false},
+        {"P", "P", QT_TR_NOOP("Pause the last two minutes, or &go on"), false},
+        {"+", "+", QT_TR_NOOP("Sho&w less time of them"), true},
+        {"-", "−", QT_TR_NOOP("Show mo&re time of them"), true},
         {"F11", "F11", QT_TR_NOOP("Stage &view, on the next screen, and back"), false},
         {"?", "?", QT_TR_NOOP("Show the &keys"), false},
     }};

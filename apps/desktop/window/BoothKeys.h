@@ -23,6 +23,9 @@ enum eBoothAction
     eProfileAction,  ///< one for each of nine digits
     eOutputsAction,
     eMuteAction,
+    ePauseAction,
+    eNearerAction,
+    eFartherAction,
     eStageAction,
     eKeysAction,
     eBoothActionCount

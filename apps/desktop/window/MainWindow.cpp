@@ -6,6 +6,7 @@
 #include <desktop/live/LevelPanel.h>
 #include <desktop/live/SpeakersPanel.h>
 #include <desktop/live/SpectrumPanel.h>
+#include <desktop/live/StripPanel.h>
 #include <desktop/look/Card.h>
 #include <desktop/look/Look.h>
 #include <desktop/session/MonitorSession.h>
@@ -53,6 +54,7 @@ MainWindow::MainWindow(MonitorSession& pSession,
     _MakeLayout();
     _Connect();
     _ConnectStage();
+    _ConnectStrip();
     _ConnectSettings();
     m_session.getHand().setLocking(pSettings.isManualBeatLockingBPM);
     _Retranslate();
@@ -78,10 +80,12 @@ void MainWindow::_MakePanels()
     m_pSpectrum = new SpectrumPanel(configuration);
     m_pLevels = new LevelPanel(configuration);
     m_pResetButton = new QPushButton;
-    m_livePanels = {m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pSpectrum, m_pLevels};
+    m_pStrip = new StripPanel(m_session.getStrip());
+    m_livePanels = {m_pBpm, m_pBeatLed, m_pPulseLed, m_pSpeakers, m_pSpectrum, m_pLevels, m_pStrip};
     m_pLiveCard = new Card(_MakeLiveRow());
     m_pSpectrumCard = new Card(m_pSpectrum);
     m_pLevelCard = new Card(m_pLevels);
+    m_pStripCard = new Card(m_pStrip);
     m_pSettings = new SettingsColumn(configuration, m_session.getOutputs());
     m_pStatus = new StatusLine;
     for (int panel = 0; panel < ePanelCount; ++panel)
@@ -92,6 +96,7 @@ void MainWindow::_MakePanels()
     m_panels[eSpectrumPanel] = m_pSpectrumCard;
     m_panels[eThresholdPanel] = m_pLevelCard;
     m_panels[eResetPanel] = m_pResetButton;
+    m_panels[eStripPanel] = m_pStripCard;
 }
 
 QWidget* MainWindow::_MakeLiveRow()
@@ -119,6 +124,7 @@ void MainWindow::_MakeLayout()
     pLive->addWidget(m_pLiveCard, 1);
     pLive->addWidget(m_pSpectrumCard, 5);
     pLive->addWidget(m_pLevelCard);
+    pLive->addWidget(m_pStripCard, 2);
     auto* pColumns = new QHBoxLayout;
     pColumns->setSpacing(gap);
     pColumns->addLayout(pLive, 3);
@@ -254,6 +260,8 @@ void MainWindow::_ShowSource()
 void MainWindow::ShowProblem(const QString& pText)
 {
     m_pStatus->setProblem(pText);
+    if (!pText.isEmpty())
+        m_session.getStrip().Say(pText);
 }
 
 QString MainWindow::getProblem() const

@@ -28,6 +28,7 @@ class SpeakersPanel;
 class SpectrumPanel;
 class StageView;
 class StatusLine;
+class StripPanel;
 
 /// The window: live panels on the left, settings on the right, what is heard at the bottom.
 ///
@@ -68,6 +69,8 @@ public:
     /// Fills the screen of the window with the stage view, then the next screen, and at last none.
     void TurnStage();
     void LeaveStage();
+    /// Writes the last two minutes into a zip file; what fails is said.
+    bool SaveMoment(const QString& pPath);
     /// Beats are sent to the stored outputs from now on; what cannot be used is said.
     void BeginOutputs();
     QAction& getQuitAction() { return *m_pQuit; }
@@ -76,6 +79,7 @@ public:
     const LedPanel& getPulseLed() const { return *m_pPulseLed; }
     const SpectrumPanel& getSpectrum() const { return *m_pSpectrum; }
     const LevelPanel& getLevels() const { return *m_pLevels; }
+    StripPanel& getStrip() { return *m_pStrip; }
     const StatusLine& getStatus() const { return *m_pStatus; }
     SettingsColumn& getSettings() { return *m_pSettings; }
     bool isRefreshing() const { return m_refresh.isActive(); }
@@ -117,11 +121,13 @@ private:
     void _ApplyTopMost();
     void _MakeStage();
     void _ConnectStage();
+    void _ConnectStrip();
     void _ShowLamps();
     void _ShowProblems(const QStringList& pProblems);
     void _ShowKeys();
     void _ShowProfiles();
     void _OpenFile();
+    void _AskToSave();
     void _About();
 
     MonitorSession& m_session;  ///< not owned
@@ -136,11 +142,13 @@ private:
     SpeakersPanel* m_pSpeakers;
     SpectrumPanel* m_pSpectrum;
     LevelPanel* m_pLevels;
+    StripPanel* m_pStrip;
     QPushButton* m_pResetButton;
     GrowingRow* m_pGrowing;
     Card* m_pLiveCard;
     Card* m_pSpectrumCard;
     Card* m_pLevelCard;
+    Card* m_pStripCard;
     SettingsColumn* m_pSettings;
     StatusLine* m_pStatus;
     QMenu* m_pFileMenu;
@@ -153,6 +161,7 @@ private:
     KeysPage* m_pStageKeys;
     QAction* m_pOpen;
     QAction* m_pStop;
+    QAction* m_pSave;
     QAction* m_pQuit;
     QAction* m_pContrast;
     QAction* m_pSoftFlash;

@@ -20,6 +20,8 @@ void MainWindow::_MakeActions()
     m_pOpen->setShortcut(QKeySequence::Open);
     m_pStop = m_pFileMenu->addAction(QString(), this, [this] { m_session.StopFile(); });
     m_pFileMenu->addAction(&m_pBooth->get(eMuteAction));
+    m_pSave = m_pFileMenu->addAction(QString(), this, &MainWindow::_AskToSave);
+    m_pSave->setShortcut(QKeySequence::Save);
     m_pFileMenu->addSeparator();
     m_pQuit = m_pFileMenu->addAction(QString(), this, &QWidget::close);
     m_pQuit->setShortcut(Qt::CTRL + Qt::Key_Q);
@@ -36,7 +38,8 @@ void MainWindow::_MakeActions()
         m_actions[std::size_t(panel)] = pAction;
     }
     m_pViewMenu->addSeparator();
-    m_pViewMenu->addAction(&m_pBooth->get(eStageAction));
+    for (const eBoothAction action : {ePauseAction, eNearerAction, eFartherAction, eStageAction})
+        m_pViewMenu->addAction(&m_pBooth->get(action));
     const auto addFlag = [this](bool pIsChecked) {
         QAction* pAction = m_pViewMenu->addAction(QString());
         pAction->setCheckable(true);
@@ -58,6 +61,7 @@ void MainWindow::_Retranslate()
     m_pFileMenu->setTitle(tr("&File"));
     m_pOpen->setText(tr("&Open audio file…"));
     m_pStop->setText(tr("&Listen to the input again"));
+    m_pSave->setText(tr("&Save what happened…"));
     m_pQuit->setText(tr("&Quit"));
     m_pBeatMenu->setTitle(tr("&Beat"));
     m_pBooth->Retranslate();
@@ -74,14 +78,16 @@ void MainWindow::_Retranslate()
     m_actions[eDurationsPanel]->setText(tr("&Durations"));
     m_actions[eAdvancedSettingsPanel]->setText(tr("&Advanced settings"));
     m_actions[eResetPanel]->setText(tr("R&eset button"));
-    m_pSoftFlash->setText(tr("Soft f&lash"));
+    m_actions[eStripPanel]->setText(tr("&Last two minutes"));
+    m_pSoftFlash->setText(tr("So&ft flash"));
     m_pSoftFlash->setToolTip(tr("The stage view only glows with the beat."));
-    m_pLimitFlash->setText(tr("At most three &flashes a second"));
+    m_pLimitFlash->setText(tr("At most three flashes a seco&nd"));
     m_pContrast->setText(tr("High &contrast"));
     m_pHelpMenu->setTitle(tr("&Help"));
     m_pAbout->setText(tr("&About beat-monitor"));
     m_pSpectrumCard->setTitle(tr("Spectrum"));
     m_pLevelCard->setTitle(tr("Volume and threshold"));
+    m_pStripCard->setTitle(tr("Last two minutes"));
     m_pResetButton->setText(tr("Reset (R)"));
     m_pResetButton->setToolTip(tr("Forgets the tempo and starts to search again."));
 }

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr const char* kStripKey = "LastMinutes";
+
 constexpr std::pair<const char*, ePanel> kPanelKeys[] = {
     {"AdvancedSettings", eAdvancedSettingsPanel},
     {"AudioInputDevices", eDevicesPanel},
@@ -21,6 +23,7 @@ constexpr std::pair<const char*, ePanel> kPanelKeys[] = {
     {"Profiles", eProfilesPanel},
     {"PulseLED", ePulseLEDPanel},
     {"Reset", eResetPanel},
+    {kStripKey, eStripPanel},
     {"Threshold", eThresholdPanel},
 };
 
@@ -65,6 +68,7 @@ void ReadLeft(const QSettings& pFile, WindowSettings& pSettings)
     for (const auto& [key, flag] : kFlagKeys)
         pSettings.*flag = ReadFlag(pFile, key, pSettings.*flag);
     pSettings.visible[eOutputsPanel] = ReadFlag(pFile, "Outputs", pSettings.visible[eOutputsPanel]);
+    pSettings.visible[eStripPanel] = ReadFlag(pFile, kStripKey, pSettings.visible[eStripPanel]);
     pSettings.size = pFile.value(kSize).toSize();
     const QVariant place = pFile.value(kPlace);
     if (place.canConvert<QPoint>())

@@ -25,6 +25,7 @@ enum ePanel
     eDurationsPanel,
     eAdvancedSettingsPanel,
     eResetPanel,
+    eStripPanel,
     ePanelCount
 };
 

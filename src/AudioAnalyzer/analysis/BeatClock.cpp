@@ -12,6 +12,7 @@ constexpr std::int64_t kLongAgo = -(std::int64_t(1) << 53);  ///< µs; before an
 constexpr std::int64_t kFarthestOffset = 500000;             ///< µs
 constexpr double kFarthestNudge = 500000.0;                  ///< µs
 constexpr double kSmallestJump = 1.0;                        ///< µs
+constexpr double kNewSlew = 0.5;                             ///< share of the tempo
 /// Numbers left out between two runs: more beats than an output that is early can be ahead.
 constexpr std::int64_t kRunGap = 32;
 
@@ -164,7 +165,8 @@ void BeatClock::_Approach(std::int64_t pNow)
     const BeatLine target = _Target();
     const double position = m_state.getPosition(pNow + m_state.offset);
     if (m_bend == 0.0) {
-        const detail::SlewPlan plan = detail::PlanSlew(target, position, pNow, m_slew);
+        const double slew = m_newBeats > 0 ? std::max(m_slew, kNewSlew) : m_slew;
+        const detail::SlewPlan plan = detail::PlanSlew(target, position, pNow, slew);
         m_state.now = plan.now;
         m_state.then = plan.then;
     } else {

@@ -103,7 +103,8 @@ public:
     bool setBeatsPerBar(int pCount);
     int getBeatsPerBar() const { return m_state.beatsPerBar; }
     /// By which share of the tempo the clock may run fast or slow to catch up, 0.001 to 0.5; 0.05,
-    /// the default, makes good 50 ms a second. False outside. [no allocation]
+    /// the default, makes good 50 ms a second. The first beats of a new song, which move the line
+    /// most, may use half of the tempo. False outside. [no allocation]
     bool setSlew(double pShare);
     double getSlew() const { return m_slew; }
     /// Added to all instants, for outputs that are late: -500000 to 500000 µs, positive is later.
@@ -161,6 +162,7 @@ private:
     int m_tempoDoubts = 0;         ///< beats in a row that told another tempo
     bool m_isPlaying = true;
     bool m_isFresh = false;      ///< the music has stopped since: the next beat is believed
+    int m_newBeats = 0;          ///< beats to come that are among the first of a song
     bool m_isReturning = false;  ///< the next beat takes the clock back from the hand
 
     // The hand.

@@ -11,6 +11,7 @@ namespace {
 constexpr std::int64_t kFarthestBeat = 5000000;  ///< µs from the present
 constexpr int kTempoDoubts = 2;                  ///< beats that make another tempo believed
 constexpr double kMostSteps = 4.0;               ///< beats between two that are compared
+constexpr int kNewBeats = 5;                     ///< that a new song begins with
 constexpr double kFirstSureness = 0.25;
 
 double PeriodOf(double pBPM, double pOtherwise)
@@ -167,6 +168,7 @@ void BeatClock::_Correct(const Beat& pBeat, double pIndex, std::int64_t pNow)
     m_state.heardTime = pBeat.time;
     _HearOne(pBeat);
     _Steer(pNow);
+    m_newBeats = std::max(0, m_newBeats - 1);
 }
 
 /// A new song: the line is this beat and its tempo. That counts for one other beat, also where a
@@ -180,6 +182,7 @@ void BeatClock::_Lock(const Beat& pBeat, double pPeriod, std::int64_t pNow)
     m_count = 2;
     m_isLocked = true;
     m_isFresh = false;
+    m_newBeats = kNewBeats;
     m_nudge = 0.0;
     m_isOneMarked = false;
     _ForgetDoubts();

@@ -2,9 +2,11 @@
 #include <AudioAnalyzer/audio/QtAudioInputDevicesManager.h>
 
 #include <demo/DemoTrack.h>
+#include <desktop/live/StripPanel.h>
 #include <desktop/look/Style.h>
 #include <desktop/stage/StageView.h>
 #include <desktop/window/BoothActions.h>
+#include <desktop/window/SaveDialog.h>
 
 #include <QAction>
 #include <QApplication>
@@ -184,6 +186,32 @@ void ShootStop(Scene& pScene)
     pScene.Save("stopped");
 }
 
+/// What happened in the scenes before, with music and the hand on it at the end.
+void ShootStrip(Scene& pScene)
+{
+    MainWindow& window = *pScene.window;
+    Plug(Deck("Deck B"));
+    pScene.session.Listen(QStringLiteral("Deck B"));
+    Wait(kSettleMs);
+    pScene.session.getHand().Hold();
+    Wait(6000);
+    pScene.session.getHand().Release();
+    Wait(6000);
+    window.setPanelVisible(eStripPanel, true);
+    window._SetSize();
+    Wait(500);
+    pScene.SaveOnBeat("strip");
+    window.getStrip().Zoom(2);
+    pScene.setLook(eDarkLook);
+    pScene.SaveOnBeat("strip-near");
+    pScene.setLook(eLightLook);
+    SaveDialog dialog(pScene.session.getSound(), &window);
+    dialog.show();
+    Wait(300);
+    pScene.Save("save", dialog);
+    window.setPanelVisible(eStripPanel, false);
+}
+
 void Shoot(const QDir& pFolder)
 {
     shootFirstStart(pFolder);
@@ -203,6 +231,7 @@ void Shoot(const QDir& pFolder)
     ShootPanels(scene);
     ShootTroubles(scene, deck);
     ShootStop(scene);
+    ShootStrip(scene);
 }
 
 }  // namespace

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void firstBeat_isTheNextOne_whenItIsToldLate();
     void firstBeat_isTheOneForetold();
     void beatThatIsLate_isApproachedBySlewing();
+    void beatsBehindTheFirst_areApproachedGently();
     void beats_areFollowed_atATempoThatWasToldWrong();
     void tempo_isThatOfUnevenBeats();
     void missedBeats_changeNothing();
@@ -92,7 +93,7 @@ void tst_BeatClock_music::firstBeat_isTheOneForetold()
 
 // The second one, 25 ms late. The tempo that was told counts for one beat before the first, so of a
 // line through three, 5/6 of the lateness go into its phase and 1/2 into its period. The clock is
-// some 21 ms ahead of it, and makes them good at 5 % less than its tempo.
+// some 21 ms ahead of it, and makes them good at half its tempo, as the first beats may.
 void tst_BeatClock_music::beatThatIsLate_isApproachedBySlewing()
 {
     ClockBench bench;
@@ -106,7 +107,22 @@ void tst_BeatClock_music::beatThatIsLate_isApproachedBySlewing()
     QCOMPARE(state.then.period, 512500.0);
     QCOMPARE(state.bpm, 60e3 / 512.5);
     const double speed = state.then.period / state.now.period;
-    QVERIFY(qAbs(speed - 0.95) < 1e-4);
+    QVERIFY(qAbs(speed - 0.5) < 1e-4);
+}
+
+// The five behind the one that a song begins with are its first.
+void tst_BeatClock_music::beatsBehindTheFirst_areApproachedGently()
+{
+    for (const int heard : {5, 6}) {
+        ClockBench bench;
+        const qint64 next = bench.hear(1000, heard, 500);
+        bench.beat(next + 25);
+        const BeatClockState state = bench.state();
+        QCOMPARE(state.epoch, quint32(0));
+        const double speed = state.then.period / state.now.period;
+        QVERIFY2(qAbs(speed - (heard == 5 ? 0.5 : 0.95)) < 1e-4,
+                 qPrintable(QString::number(speed)));
+    }
 }
 
 void tst_BeatClock_music::beats_areFollowed_atATempoThatWasToldWrong()

@@ -17,6 +17,7 @@ constexpr std::pair<const char*, ePanel> kPanels[] = {
     {"BeatLED", eBeatLEDPanel},
     {"BPM", eBPMPanel},
     {"Durations", eDurationsPanel},
+    {"LastMinutes", eStripPanel},
     {"ManualBeat", eManualBeatPanel},
     {"Outputs", eOutputsPanel},
     {"Profiles", eProfilesPanel},
@@ -24,6 +25,12 @@ constexpr std::pair<const char*, ePanel> kPanels[] = {
     {"Reset", eResetPanel},
     {"Threshold", eThresholdPanel},
 };
+
+/// Whether a panel is not there by default.
+bool IsHidden(int pPanel)
+{
+    return pPanel == eDurationsPanel || pPanel == eStripPanel;
+}
 
 }  // namespace
 
@@ -73,7 +80,7 @@ void tst_WindowSettings::noFile_givesTheDefaults()
 {
     const WindowSettings settings = WindowSettings::Load({});
     for (int panel = 0; panel < ePanelCount; ++panel)
-        QCOMPARE(bool(settings.visible[std::size_t(panel)]), panel != eDurationsPanel);
+        QCOMPARE(bool(settings.visible[std::size_t(panel)]), !IsHidden(panel));
     QVERIFY(!settings.isHiddenOnStart);
     QVERIFY(!settings.isManualBeatLockingBPM);
     QCOMPARE(settings.position, Default);
@@ -105,7 +112,7 @@ void tst_WindowSettings::key_showsOrHidesItsPanel()
     const WindowSettings settings = _Load("[MainWindow]\n" + key + "=" + value + "\n");
     for (int other = 0; other < ePanelCount; ++other)
         QCOMPARE(bool(settings.visible[std::size_t(other)]),
-                 other == panel ? isVisible : other != eDurationsPanel);
+                 other == panel ? isVisible : !IsHidden(other));
 }
 
 void tst_WindowSettings::flag_isRead_data()
