@@ -681,6 +681,10 @@
         <translation>Die Bühnenansicht glimmt nur mit dem Beat.</translation>
     </message>
     <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Höchstens drei Blitze pro Sekun&amp;de</translation>
+    </message>
+    <message>
         <source>High &amp;contrast</source>
         <translation>Hoher &amp;Kontrast</translation>
     </message>
@@ -689,7 +693,7 @@
         <translation>Kein Eingang</translation>
     </message>
     <message>
-        <source>&amp;Last two minutes</source>
+        <source>Last two mi&amp;nutes</source>
         <translation>&amp;Letzte zwei Minuten</translation>
     </message>
     <message>
@@ -713,12 +717,8 @@
         <translation>Aus&amp;gänge</translation>
     </message>
     <message>
-        <source>So&amp;ft flash</source>
+        <source>Soft f&amp;lash</source>
         <translation>Sanfter &amp;Blitz</translation>
-    </message>
-    <message>
-        <source>At most three flashes a seco&amp;nd</source>
-        <translation>Höchstens drei Blitze pro Sekun&amp;de</translation>
     </message>
 </context>
 <context>
@@ -1057,16 +1057,8 @@ AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
         <translation>Was angekreuzt ist, bekommt die Beats. Eingabe kreuzt an, Einfg fügt hinzu, F2 ändert, Entf entfernt.</translation>
     </message>
     <message>
-        <source>None yet.</source>
-        <translation>Noch keine.</translation>
-    </message>
-    <message>
         <source>&amp;Add…</source>
         <translation>Hinz&amp;ufügen…</translation>
-    </message>
-    <message>
-        <source>Lights, visuals or an instrument that follow the beat.</source>
-        <translation>Licht, Bilder oder ein Instrument, die dem Beat folgen.</translation>
     </message>
     <message>
         <source>C&amp;hange…</source>
@@ -1107,6 +1099,14 @@ AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
     <message>
         <source> ms</source>
         <translation> ms</translation>
+    </message>
+    <message>
+        <source>None yet.</source>
+        <translation>Noch keine.</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Licht, Bilder oder ein Instrument, die dem Beat folgen.</translation>
     </message>
 </context>
 <context>
@@ -1757,16 +1757,16 @@ oder eigene Nachrichten</translation>
         <translation>kein JACK-Anschluss heißt %1</translation>
     </message>
     <message>
-        <source>the JACK port %1 has gone</source>
-        <translation>der JACK-Anschluss %1 ist verschwunden</translation>
-    </message>
-    <message>
         <source>the JACK server has gone</source>
         <translation>der JACK-Server ist verschwunden</translation>
     </message>
     <message>
         <source>the JACK server hangs</source>
         <translation>der JACK-Server hängt</translation>
+    </message>
+    <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>der JACK-Anschluss %1 ist verschwunden</translation>
     </message>
 </context>
 <context>

@@ -681,6 +681,10 @@
         <translation>La vista de escenario solo resplandece con el beat.</translation>
     </message>
     <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Como máximo tres &amp;destellos por segundo</translation>
+    </message>
+    <message>
         <source>High &amp;contrast</source>
         <translation>Alto &amp;contraste</translation>
     </message>
@@ -689,7 +693,7 @@
         <translation>Sin entrada</translation>
     </message>
     <message>
-        <source>&amp;Last two minutes</source>
+        <source>Last two mi&amp;nutes</source>
         <translation>Ú&amp;ltimos dos minutos</translation>
     </message>
     <message>
@@ -713,12 +717,8 @@
         <translation>Sa&amp;lidas</translation>
     </message>
     <message>
-        <source>So&amp;ft flash</source>
+        <source>Soft f&amp;lash</source>
         <translation>Destello s&amp;uave</translation>
-    </message>
-    <message>
-        <source>At most three flashes a seco&amp;nd</source>
-        <translation>Como máximo tres &amp;destellos por segundo</translation>
     </message>
 </context>
 <context>
@@ -1057,16 +1057,8 @@ AudioAnalyzer.ini la ventana y las salidas, sin secretos
         <translation>Lo marcado recibe los beats. Intro marca, Ins añade, F2 cambia, Supr quita.</translation>
     </message>
     <message>
-        <source>None yet.</source>
-        <translation>Ninguna aún.</translation>
-    </message>
-    <message>
         <source>&amp;Add…</source>
         <translation>&amp;Añadir…</translation>
-    </message>
-    <message>
-        <source>Lights, visuals or an instrument that follow the beat.</source>
-        <translation>Luces, imágenes o un instrumento que siguen el beat.</translation>
     </message>
     <message>
         <source>C&amp;hange…</source>
@@ -1107,6 +1099,14 @@ AudioAnalyzer.ini la ventana y las salidas, sin secretos
     <message>
         <source> ms</source>
         <translation> ms</translation>
+    </message>
+    <message>
+        <source>None yet.</source>
+        <translation>Ninguna aún.</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Luces, imágenes o un instrumento que siguen el beat.</translation>
     </message>
 </context>
 <context>
@@ -1757,16 +1757,16 @@ o mensajes propios</translation>
         <translation>ningún puerto JACK se llama %1</translation>
     </message>
     <message>
-        <source>the JACK port %1 has gone</source>
-        <translation>el puerto JACK %1 ha desaparecido</translation>
-    </message>
-    <message>
         <source>the JACK server has gone</source>
         <translation>el servidor JACK ha desaparecido</translation>
     </message>
     <message>
         <source>the JACK server hangs</source>
         <translation>el servidor JACK no responde</translation>
+    </message>
+    <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>el puerto JACK %1 ha desaparecido</translation>
     </message>
 </context>
 <context>

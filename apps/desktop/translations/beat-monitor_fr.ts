@@ -681,6 +681,10 @@
         <translation>La vue de scène ne fait que luire avec le beat.</translation>
     </message>
     <message>
+        <source>At most three &amp;flashes a second</source>
+        <translation>Au plus trois &amp;flashs par seconde</translation>
+    </message>
+    <message>
         <source>High &amp;contrast</source>
         <translation>&amp;Contraste élevé</translation>
     </message>
@@ -689,7 +693,7 @@
         <translation>Pas d’entrée</translation>
     </message>
     <message>
-        <source>&amp;Last two minutes</source>
+        <source>Last two mi&amp;nutes</source>
         <translation>&amp;Les deux dernières minutes</translation>
     </message>
     <message>
@@ -713,12 +717,8 @@
         <translation>S&amp;orties</translation>
     </message>
     <message>
-        <source>So&amp;ft flash</source>
-        <translation>Flash d&amp;oux</translation>
-    </message>
-    <message>
-        <source>At most three flashes a seco&amp;nd</source>
-        <translation>Au plus trois &amp;flashs par seconde</translation>
+        <source>Soft f&amp;lash</source>
+        <translation>F&amp;lash doux</translation>
     </message>
 </context>
 <context>
@@ -1057,16 +1057,8 @@ AudioAnalyzer.ini la fenêtre et les sorties, sans secrets
         <translation>Ce qui est coché reçoit les beats. Entrée coche, Inser ajoute, F2 modifie, Suppr supprime.</translation>
     </message>
     <message>
-        <source>None yet.</source>
-        <translation>Aucune encore.</translation>
-    </message>
-    <message>
         <source>&amp;Add…</source>
         <translation>&amp;Ajouter…</translation>
-    </message>
-    <message>
-        <source>Lights, visuals or an instrument that follow the beat.</source>
-        <translation>Lumières, images ou un instrument qui suivent le beat.</translation>
     </message>
     <message>
         <source>C&amp;hange…</source>
@@ -1107,6 +1099,14 @@ AudioAnalyzer.ini la fenêtre et les sorties, sans secrets
     <message>
         <source> ms</source>
         <translation> ms</translation>
+    </message>
+    <message>
+        <source>None yet.</source>
+        <translation>Aucune encore.</translation>
+    </message>
+    <message>
+        <source>Lights, visuals or an instrument that follow the beat.</source>
+        <translation>Lumières, images ou un instrument qui suivent le beat.</translation>
     </message>
 </context>
 <context>
@@ -1757,16 +1757,16 @@ ou vos propres messages</translation>
         <translation>aucun port JACK ne s’appelle %1</translation>
     </message>
     <message>
-        <source>the JACK port %1 has gone</source>
-        <translation>le port JACK %1 a disparu</translation>
-    </message>
-    <message>
         <source>the JACK server has gone</source>
         <translation>le serveur JACK a disparu</translation>
     </message>
     <message>
         <source>the JACK server hangs</source>
         <translation>le serveur JACK est bloqué</translation>
+    </message>
+    <message>
+        <source>the JACK port %1 has gone</source>
+        <translation>le port JACK %1 a disparu</translation>
     </message>
 </context>
 <context>

@@ -78,10 +78,10 @@ void MainWindow::_Retranslate()
     m_actions[eDurationsPanel]->setText(tr("&Durations"));
     m_actions[eAdvancedSettingsPanel]->setText(tr("&Advanced settings"));
     m_actions[eResetPanel]->setText(tr("R&eset button"));
-    m_actions[eStripPanel]->setText(tr("&Last two minutes"));
-    m_pSoftFlash->setText(tr("So&ft flash"));
+    m_actions[eStripPanel]->setText(tr("Last two mi&nutes"));
+    m_pSoftFlash->setText(tr("Soft f&lash"));
     m_pSoftFlash->setToolTip(tr("The stage view only glows with the beat."));
-    m_pLimitFlash->setText(tr("At most three flashes a seco&nd"));
+    m_pLimitFlash->setText(tr("At most three &flashes a second"));
     m_pContrast->setText(tr("High &contrast"));
     m_pHelpMenu->setTitle(tr("&Help"));
     m_pAbout->setText(tr("&About beat-monitor"));

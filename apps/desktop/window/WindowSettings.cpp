@@ -67,8 +67,8 @@ void ReadLeft(const QSettings& pFile, WindowSettings& pSettings)
 {
     for (const auto& [key, flag] : kFlagKeys)
         pSettings.*flag = ReadFlag(pFile, key, pSettings.*flag);
-    pSettings.visible[eOutputsPanel] = ReadFlag(pFile, "Outputs", pSettings.visible[eOutputsPanel]);
     pSettings.visible[eStripPanel] = ReadFlag(pFile, kStripKey, pSettings.visible[eStripPanel]);
+    pSettings.visible[eOutputsPanel] = ReadFlag(pFile, "Outputs", pSettings.visible[eOutputsPanel]);
     pSettings.size = pFile.value(kSize).toSize();
     const QVariant place = pFile.value(kPlace);
     if (place.canConvert<QPoint>())

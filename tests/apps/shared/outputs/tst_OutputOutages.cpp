@@ -53,14 +53,20 @@ private:
         eGarbage,
         eCut,
         eJam,
-        eJackKill,
+        eFaults,
+        eJackKill = eFaults,
         eJackFreeze,
-        eFaults
+        eFaultsWithJack
     };
+
+    /// In the script's long run alone: servers that are killed stay in JACK's list of eight, and
+    /// when that is full no other one starts, until /dev/shm/jack-shm-registry is removed.
+    static bool hasJack() { return qEnvironmentVariableIsSet("AUDIOANALYZER_FAULTS"); }
 
     void _Add(const char* pKind, const char* pAddress);
     void _Fail(eFault pFault, FaultyProgram& pProgram, int pMilliSeconds);
     bool _AreAllFollowed();
+    QByteArray _Describe() const;
 
     BeatClock m_clock;
     shared::ClockThread m_thread{m_clock};
@@ -74,7 +80,6 @@ void tst_OutputOutages::initTestCase()
 {
     for (FaultyProgram& program : m_programs)
         program.Start();
-    m_jack.Start();
     m_thread.Start();
     auto calm = std::make_unique<CalmReceiver>();
     m_pCalm = calm.get();
@@ -83,10 +88,13 @@ void tst_OutputOutages::initTestCase()
     _Add("osc", "tcp:127.0.0.1:7001");
     _Add("os2l", "127.0.0.1:7002");
     _Add("wled", "127.0.0.1:7002");
-    _Add("midi-clock", "jack:");
-    _Add("midi-notes", "jack:");
+    if (hasJack()) {
+        m_jack.Start();
+        _Add("midi-clock", "jack:");
+        _Add("midi-notes", "jack:");
+    }
     m_clock.HoldAt(240.0, shared::ClockThread::getTime());
-    QVERIFY(_AreAllFollowed());
+    QVERIFY2(_AreAllFollowed(), _Describe().constData());
 }
 
 void tst_OutputOutages::_Add(const char* pKind, const char* pAddress)
@@ -148,6 +156,15 @@ bool tst_OutputOutages::_AreAllFollowed()
                kOutageMs);
 }
 
+/// What each output says.
+QByteArray tst_OutputOutages::_Describe() const
+{
+    QByteArray words;
+    for (const QString& name : m_outputs.getNames())
+        words += "; " + (name + QStringLiteral(": ") + m_outputs.getState(name)).toLocal8Bit();
+    return words;
+}
+
 void tst_OutputOutages::faults_areAllSurvived_andDisturbNobodyElse()
 {
     const unsigned seed = qEnvironmentVariableIsSet("AUDIOANALYZER_FAULTS_SEED")
@@ -155,6 +172,7 @@ void tst_OutputOutages::faults_areAllSurvived_andDisturbNobodyElse()
                               : std::random_device()();
     const int asked = qEnvironmentVariableIntValue("AUDIOANALYZER_FAULTS");
     const int faults = asked > 0 ? asked : 14;
+    const int kinds = hasJack() ? eFaultsWithJack : eFaults;
     qInfo("AUDIOANALYZER_FAULTS_SEED=%u", seed);
     std::mt19937 random(seed);
     int handles = 0;
@@ -162,9 +180,10 @@ void tst_OutputOutages::faults_areAllSurvived_andDisturbNobodyElse()
     qint64 memory = 0;
     for (int i = 0; i < faults; ++i) {
         // Each kind in turn, at the least.
-        const auto fault = i < eFaults ? eFault(i) : eFault(random() % eFaults);
+        const auto fault = i < kinds ? eFault(i) : eFault(random() % unsigned(kinds));
         _Fail(fault, m_programs[random() % 2], int(random() % 1000));
-        QVERIFY2(_AreAllFollowed(), qPrintable(QStringLiteral("%1: %2").arg(i).arg(fault)));
+        QVERIFY2(_AreAllFollowed(),
+                 QByteArray::number(i) + ": " + QByteArray::number(fault) + _Describe());
         // The first half warms up what is made once.
         if (i == faults / 2) {
             handles = countIn("/proc/self/fd");
