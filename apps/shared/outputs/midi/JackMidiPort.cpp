@@ -29,7 +29,7 @@ QStringList InputsOf(jack_client_t* pClient)
 template <typename Condition>
 bool Await(const Condition& pCondition)
 {
-    constexpr int kMostWaits = 500;
+    constexpr int kMostWaits = 2000;
     for (int i = 0; i < kMostWaits && !pCondition(); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     return pCondition();
