@@ -140,6 +140,8 @@ void BpmPanel::_ShowTempo(const LiveValues& pValues)
 
 void BpmPanel::_ShowHint(const LiveValues& pValues)
 {
+    if (!m_help.isEmpty())
+        return setTextOf(*m_pHint, m_help);
     const QString range = pValues.isAutomatic ? QString() : _DescribeRange(pValues.measuredBPM);
     setTextOf(*m_pHint, range.isEmpty() ? _DescribeState(pValues) : range);
 }

@@ -3,6 +3,8 @@
 
 #include <desktop/live/LivePanel.h>
 
+#include <QString>
+
 class Configuration;
 class QLabel;
 class QProgressBar;
@@ -16,6 +18,8 @@ public:
     /// pConfiguration is not owned.
     explicit BpmPanel(Configuration& pConfiguration, QWidget* pParent = nullptr);
 
+    /// Stands in the place of every other hint; empty = none.
+    void setHelp(const QString& pHelp) { m_help = pHelp; }
     /// Whether it says in words that the music has stopped.
     void setStoppedShown(bool pIsShown) { m_isStoppedShown = pIsShown; }
     void Refresh(const LiveValues& pValues, qint64 pNow) override;
@@ -43,5 +47,6 @@ private:
     QLabel* m_pBar;  ///< a dot for each beat of it
     QLabel* m_pHint;
     bool m_isStoppedShown = false;
+    QString m_help;
     qint64 m_lastFrame = 0;  ///< ms
 };

@@ -59,9 +59,14 @@ void LampDelegate::paint(QPainter* pPainter,
         LampStyle(item).subElementRect(QStyle::SE_ItemViewItemDecoration, &item, item.widget);
     const bool isSelected = item.state & QStyle::State_Selected;
     pPainter->save();
+    // Some styles draw a box that cannot be seen on a dark ground.
+    const QRectF box =
+        LampStyle(item).subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &item, item.widget);
+    pPainter->setRenderHint(QPainter::Antialiasing, false);
+    pPainter->setPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    pPainter->drawRect(box.adjusted(0.0, 0.0, -1.0, -1.0));
     pPainter->setRenderHint(QPainter::Antialiasing);
-    pPainter->setPen(
-        QPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text), 2.0));
+    pPainter->setPen(QPen(pPainter->pen().color(), 2.0));
     DrawLamp(*pPainter, place, pIndex.data(OutputsModel::eStateRole).toInt());
     pPainter->restore();
 }

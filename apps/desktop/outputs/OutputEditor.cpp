@@ -81,8 +81,8 @@ void OutputEditor::_AddRow(QLabel* pLabel, QWidget* pField, HintLabel* pHint)
     m_pGrid->addWidget(pField, line, 1);
     if (!pHint)
         return;
-    // Three lines of words fit, so that nothing moves with another kind.
-    constexpr int kLines = 3;
+    // All words fit, so that nothing moves with another kind.
+    constexpr int kLines = 4;
     pHint->setMinimumHeight(pHint->fontMetrics().lineSpacing() *
                             (pField == m_pPreset ? kLines : 2));
     pHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);

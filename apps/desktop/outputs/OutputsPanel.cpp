@@ -41,6 +41,9 @@ void OutputsPanel::_SetFields()
     m_pList->setUniformItemSizes(true);
     m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pState->setObjectName(QStringLiteral("outputState"));
+    // Nothing moves when there is more to say.
+    m_pState->setFixedHeight(2 * m_pState->fontMetrics().lineSpacing());
+    m_pState->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_pEmpty->setObjectName(QStringLiteral("noOutputs"));
     m_pAdd->setObjectName(QStringLiteral("addOutput"));
     m_pEdit->setObjectName(QStringLiteral("editOutput"));

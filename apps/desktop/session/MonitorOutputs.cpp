@@ -2,6 +2,7 @@
 #include <desktop/session/MonitorOutputs.h>
 #include <shared/outputs/kinds/OutputKinds.h>
 
+#include <iterator>
 #include <utility>
 
 namespace {

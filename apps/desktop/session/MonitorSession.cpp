@@ -50,6 +50,7 @@ bool MonitorSession::Load(QString& pError)
 {
     const bool isFirstStart = !QFile::exists(ConfigurationStore::getPath());
     const bool isLoaded = m_store.Load();
+    m_isNew = isFirstStart;
     if (isFirstStart)
         _BeginPlainly();
     pError = isLoaded ? m_store.getNotice() : m_store.getError();
@@ -83,6 +84,7 @@ void MonitorSession::Listen(const QString& pName)
     m_deviceName = pName;
     if (m_deviceName.isEmpty())
         m_deviceName = m_store.getDeviceName();
+    m_isChoiceOurs = m_deviceName.isEmpty();
     if (m_deviceName.isEmpty())
         m_deviceName = chooseDevice(listInputDevices());
     if (m_deviceName.isEmpty())
@@ -330,6 +332,16 @@ void MonitorSession::_Tick()
     _JudgeNotice();
     m_strip.Advance();
     m_strip.Say(SourceTexts::DescribeBriefly(getSource()));
+    _JudgeBeginning();
+}
+
+/// The first beat shows that all is well.
+void MonitorSession::_JudgeBeginning()
+{
+    if (!m_isNew || m_feed.getBeatCount() == 0)
+        return;
+    m_isNew = false;
+    Q_EMIT OnSourceChanged();
 }
 
 /// What was noticed once holds until something shows that it is over.

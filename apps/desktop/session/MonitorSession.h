@@ -79,6 +79,9 @@ public:
     double getOffset() const { return m_beatSettings.offset; }
     void setOffset(double pMs);
 
+    /// Whether nobody has set anything up or chosen an input yet, and no beat has fallen.
+    bool isNew() const { return m_isNew && m_isChoiceOurs; }
+
     /// Whether no sound server was there when the program started.
     bool isFallback() const { return m_isFallback; }
     void setFallback(bool pIsFallback) { m_isFallback = pIsFallback; }
@@ -107,6 +110,7 @@ private:
     void _OnFileEnded(const QString& pError);
     void _Tick();
     void _JudgeNotice();
+    void _JudgeBeginning();
     void _SetAnalyzer(AudioAnalyzer* pAnalyzer, int pSampleRate);
     void _SaveBeats();
 
@@ -125,6 +129,8 @@ private:
     std::optional<SourceState> m_endedFile;
     std::optional<eCaptureNotice> m_notice;
     QElapsedTimer m_sinceClipped;
+    bool m_isNew = false;
+    bool m_isChoiceOurs = false;  ///< of the device; nobody has named one
     bool m_isFallback = false;
     bool m_isMuted = false;
     int m_peak = 0;  ///< since TakePeak()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/session/SourceTexts.h>
+#include <shared/capture/InputDevices.h>
 
 SourceTexts::Text SourceTexts::_DescribeNotice(const SourceState& pState)
 {
@@ -112,6 +113,18 @@ SourceTexts::Text SourceTexts::Describe(const SourceState& pState)
     }
     return pState.error.isEmpty() ? Text{tr("“%1” has ended").arg(pState.name), false}
                                   : Text{tr("“%1”: %2").arg(pState.name, pState.error), true};
+}
+
+QString SourceTexts::DescribeBeginning(const SourceState& pState)
+{
+    const bool isFine = pState.kind == SourceState::eDevice && !pState.notice &&
+                        (pState.capture == eCaptureStarting || pState.capture == eCaptureRunning);
+    if (!isFine)
+        return {};
+    const auto source = findSoundSource(pState.name);
+    const bool isDescribed = source && !source->description.isEmpty();
+    return tr("Play music: the tempo comes by itself. “%1” is listened to.")
+        .arg(isDescribed ? source->description : pState.name);
 }
 
 QString SourceTexts::DescribeTime(double pSeconds)

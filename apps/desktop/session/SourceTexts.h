@@ -21,6 +21,8 @@ public:
     static Text Describe(const SourceState& pState);
     /// The same without what passes.
     static QString DescribeBriefly(const SourceState& pState);
+    /// What helps at a first start; empty while there is something else to be done.
+    static QString DescribeBeginning(const SourceState& pState);
     /// m:ss, or h:mm:ss from an hour on.
     static QString DescribeTime(double pSeconds);
 

@@ -13,6 +13,7 @@
 #include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QVector>
 #include <QWindow>
 
 #include <map>

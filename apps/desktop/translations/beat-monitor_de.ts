@@ -1455,6 +1455,10 @@ AudioAnalyzer.ini Fenster und Ausgänge, ohne Geheimnisse
         <source>muted</source>
         <translation>stumm geschaltet</translation>
     </message>
+    <message>
+        <source>Play music: the tempo comes by itself. “%1” is listened to.</source>
+        <translation>Spielen Sie Musik: Das Tempo kommt von selbst. Gehört wird „%1“.</translation>
+    </message>
 </context>
 <context>
     <name>SpeakersPanel</name>

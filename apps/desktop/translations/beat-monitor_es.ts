@@ -1455,6 +1455,10 @@ AudioAnalyzer.ini la ventana y las salidas, sin secretos
         <source>muted</source>
         <translation>silenciado</translation>
     </message>
+    <message>
+        <source>Play music: the tempo comes by itself. “%1” is listened to.</source>
+        <translation>Ponga música: el tempo llega solo. Se escucha «%1».</translation>
+    </message>
 </context>
 <context>
     <name>SpeakersPanel</name>

@@ -1455,6 +1455,10 @@ AudioAnalyzer.ini la fenêtre et les sorties, sans secrets
         <source>muted</source>
         <translation>muet</translation>
     </message>
+    <message>
+        <source>Play music: the tempo comes by itself. “%1” is listened to.</source>
+        <translation>Jouez de la musique : le tempo vient tout seul. On écoute « %1 ».</translation>
+    </message>
 </context>
 <context>
     <name>SpeakersPanel</name>

@@ -252,6 +252,7 @@ void MainWindow::_ShowSource()
     const SourceState source = m_session.getSource();
     const SourceTexts::Text text = SourceTexts::Describe(source);
     m_pStatus->setSource(text.text, text.isWarning);
+    m_pBpm->setHelp(m_session.isNew() ? SourceTexts::DescribeBeginning(source) : QString());
     _ShowLamps();
     m_pStop->setEnabled(source.kind == SourceState::eFile || source.kind == SourceState::eEnded);
 }

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 PulseLevels::PulseLevels(std::shared_ptr<PulseConnection> pConnection)
     : m_connection(std::move(pConnection))

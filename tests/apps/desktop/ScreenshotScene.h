@@ -81,6 +81,8 @@ private:
     QDir m_folder;
 };
 
+/// A start at which nobody has set anything up, with the levels of the inputs, in three looks.
+void shootFirstStart(const QDir& pFolder);
 /// Outputs in their states, in every look, a test, and the window in which one is edited.
 void shootOutputs(Scene& pScene);
 

@@ -3,13 +3,10 @@
 
 #include <demo/DemoTrack.h>
 #include <desktop/live/StripPanel.h>
-#include <desktop/look/Look.h>
 #include <desktop/look/Style.h>
 #include <desktop/stage/StageView.h>
 #include <desktop/window/BoothActions.h>
-#include <desktop/window/MainWindow.h>
 #include <desktop/window/SaveDialog.h>
-#include <desktop/window/SettingsColumn.h>
 
 #include <QAction>
 #include <QApplication>
@@ -217,6 +214,7 @@ void ShootStrip(Scene& pScene)
 
 void Shoot(const QDir& pFolder)
 {
+    shootFirstStart(pFolder);
     Scene scene(pFolder);
     scene.session.Listen({});
     Wait(500);
