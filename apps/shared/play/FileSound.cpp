@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <AudioAnalyzer/analysis/HighResolutionTimer.h>
+
 #include <shared/capture/SoundBackEnd.h>
 #include <shared/play/FileSound.h>
 
@@ -31,7 +33,9 @@ void FileSound::Look(int pSampleRate)
         return _Drop(IsServerThere() ? eFileNoOutput : eFileNoServer);
     if (state == SoundPlayback::eStuck || !IsServerThere())
         return _Drop(eFileStuck);
-    m_isTaken = m_isTaken || m_isFirst || state == SoundPlayback::eRunning;
+    // One that takes samples and plays none would hold the file up.
+    const bool isPlaying = m_playback->getHeard(HighResolutionTimer::getTime()).has_value();
+    m_isTaken = m_isTaken || m_isFirst || (state == SoundPlayback::eRunning && isPlaying);
 }
 
 eFileSound FileSound::getState() const

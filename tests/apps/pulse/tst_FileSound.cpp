@@ -139,7 +139,10 @@ class tst_FileSound : public QObject
     Q_OBJECT
 
 public:
-    explicit tst_FileSound(PulseServer::eKind pKind = PulseServer::ePulseAudio) : m_server(pKind) {}
+    explicit tst_FileSound(PulseServer::eKind pKind = PulseServer::ePulseAudio)
+        : m_kind(pKind), m_server(pKind)
+    {
+    }
 
 private Q_SLOTS:
     void initTestCase();
@@ -161,6 +164,7 @@ private:
                    : QString();
     }
 
+    const PulseServer::eKind m_kind;
     PulseServer m_server;
     PulseBackEnd m_backEnd;
     QString m_sink;
@@ -302,7 +306,9 @@ void tst_FileSound::file_goesOn_withoutAnOutput()
     Played played(_Write("noise.wav", Noise(2.0)), true);
     QTRY_VERIFY_WITH_TIMEOUT(played.count > kSoundRate / 2, kPatience);
     QVERIFY(m_server.UnloadModule(m_sink));
-    QTRY_COMPARE_WITH_TIMEOUT(played.getSound(), eFileNoOutput, kPatience);
+    // PipeWire moves the stream to an output of its own making, where nobody hears it.
+    if (m_kind == PulseServer::ePulseAudio)
+        QTRY_COMPARE_WITH_TIMEOUT(played.getSound(), eFileNoOutput, kPatience);
     const std::size_t count = played.count;
     QTRY_VERIFY_WITH_TIMEOUT(played.count > count + kSoundRate, kPatience);
     m_sink = m_server.LoadSink(Text("deck"));
@@ -320,5 +326,15 @@ void tst_FileSound::end_needsNoAnswer()
     m_server.Thaw();
 }
 
+/// The same on PipeWire.
+class tst_PipeWireSound : public tst_FileSound
+{
+    Q_OBJECT
+
+public:
+    tst_PipeWireSound() : tst_FileSound(PulseServer::ePipeWire) {}
+};
+
 AA_TEST(tst_FileSound, QCoreApplication)
+AA_TEST(tst_PipeWireSound, QCoreApplication)
 #include "tst_FileSound.moc"

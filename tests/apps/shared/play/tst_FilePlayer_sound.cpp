@@ -25,7 +25,8 @@ struct ScriptedOutput
 {
     SoundPlayback::eState state = SoundPlayback::eRunning;
     bool isMuted = false;
-    double speed = 1.0;  ///< of its clock
+    bool isPlaying = true;  ///< what it is given; else it takes it alone
+    double speed = 1.0;     ///< of its clock
     std::vector<qint16> samples;
     quint64 start = 0;  ///< µs; of the last playback's first sample
     int playbacks = 0;
@@ -53,8 +54,10 @@ public:
     }
     std::optional<quint64> getHeard(quint64 pNow) const override
     {
-        if (m_output.samples.empty() || pNow < m_output.start)
+        if (!m_output.isPlaying)
             return {};
+        if (m_output.samples.empty() || pNow < m_output.start)
+            return 0;
         const double elapsed = double(pNow - m_output.start) * m_output.speed;
         return std::min<quint64>(quint64(elapsed * kHeardRate / 1e6), m_output.samples.size());
     }
@@ -111,6 +114,7 @@ private Q_SLOTS:
     void silence_isSaid_withItsReason_data();
     void silence_isSaid_withItsReason();
     void goneOutput_isReplaced_andNothingIsLost();
+    void outputThatPlaysNothing_holdsNothingUp();
     void openingOutput_isWaitedFor_atTheBeginning();
     void muted_isTold_andLasts();
 
@@ -245,6 +249,29 @@ void tst_FilePlayer_sound::goneOutput_isReplaced_andNothingIsLost()
     QVERIFY(backEnd.output.samples.size() > std::size_t(2 * kHeardRate));
     QVERIFY(std::equal(
         backEnd.output.samples.rbegin(), backEnd.output.samples.rend(), m_heard.rbegin()));
+}
+
+/// As one that is suspended: it takes what its buffer holds, and no more.
+void tst_FilePlayer_sound::outputThatPlaysNothing_holdsNothingUp()
+{
+    ScriptedBackEnd backEnd;
+    FilePlayer player(m_configuration);
+    QSignalSpy ended(&player, &LiveSource::OnEnded);
+    _Open(player, 9.0);
+    QTRY_VERIFY(m_heard.size() > std::size_t(kHeardRate));
+    backEnd.output.isPlaying = false;
+    backEnd.output.state = SoundPlayback::eStuck;
+    QTRY_COMPARE(player.getSource().sound, eFileStuck);
+    backEnd.output.state = SoundPlayback::eRunning;
+    QTRY_COMPARE(backEnd.output.playbacks, 2);
+    const std::size_t heard = m_heard.size();
+    QTest::qWait(3000);
+    QVERIFY(m_heard.size() > heard + std::size_t(2.8 * kHeardRate));
+    QCOMPARE(player.getSource().sound, eFileStuck);
+    backEnd.output.isPlaying = true;
+    QTRY_COMPARE(player.getSource().sound, eFileHeard);
+    QVERIFY(ended.wait(10000));
+    QCOMPARE(m_heard, Places(9.0));
 }
 
 void tst_FilePlayer_sound::openingOutput_isWaitedFor_atTheBeginning()
