@@ -106,6 +106,22 @@ def pipeline_rows(run):
            "yes" if worst <= 0.75 * pair else "no")
 
 
+def tracker_rows(run):
+    speed = {part: run.counter(f"tracker/{part}", "realtime")
+             for part in ("whole", "onsets", "filter", "decision")}
+    yield ("automatic tracker, real time", f"{speed['whole']:.0f} x", "at least 500",
+           "yes" if speed["whole"] >= 500 else "no")
+    for part in ("onsets", "filter", "decision"):
+        yield (f"automatic tracker, {part} alone", f"{speed[part]:.0f} x",
+               f"{100 * speed['whole'] / speed[part]:.0f} % of its time", "")
+    rival = run.counter("pipeline/aubio tempo", "realtime")
+    yield "automatic tracker, aubio tempo", f"{rival:.0f} x", f"we are {speed['whole'] / rival:.1f} x", ""
+    name = next(name for name in run.rows if name.startswith("tracker/worst"))
+    worst = run.seconds(name)
+    yield ("worst Push of 1024 samples", time_text(worst), "at most 1 ms",
+           "yes" if worst <= 1e-3 else "no")
+
+
 def start_up_rows(run):
     for name, limit in (("start-up/--version", 0.030), ("start-up/file of 1 s", 0.060)):
         full = next((row for row in run.rows if row.startswith(name)), None)
@@ -127,7 +143,7 @@ def program_rows(run):
                f"{speed(kind) / one:.2f} x one job", "")
 
 
-SECTIONS = (pipeline_rows, transform_rows, spectrum_rows, statistics_rows, stop_rows, converter_rows,
+SECTIONS = (pipeline_rows, tracker_rows, transform_rows, spectrum_rows, statistics_rows, stop_rows, converter_rows,
             program_rows, start_up_rows)
 
 

@@ -166,13 +166,13 @@ bool PulseServer::setDefaultSource(const QString& pName)
     return _Do({QStringLiteral("set-default-source"), pName});
 }
 
-QString PulseServer::LoadSink(const QString& pName)
+QString PulseServer::LoadSink(const QString& pName, int pChannels)
 {
     return _Control({QStringLiteral("load-module"),
                      QStringLiteral("module-null-sink"),
                      QStringLiteral("sink_name=%1").arg(pName),
                      QStringLiteral("rate=48000"),
-                     QStringLiteral("channels=1"),
+                     QStringLiteral("channels=%1").arg(pChannels),
                      QStringLiteral("format=s16le")});
 }
 
@@ -181,13 +181,13 @@ bool PulseServer::UnloadModule(const QString& pModule)
     return _Do({QStringLiteral("unload-module"), pModule});
 }
 
-bool PulseServer::Play(const QString& pPath, const QString& pSink)
+bool PulseServer::Play(const QString& pPath, const QString& pSink, int pChannels)
 {
     m_player.start(QStringLiteral("pacat"),
                    {QStringLiteral("--playback"),
                     QStringLiteral("--raw"),
                     QStringLiteral("--rate=48000"),
-                    QStringLiteral("--channels=1"),
+                    QStringLiteral("--channels=%1").arg(pChannels),
                     QStringLiteral("--format=s16le"),
                     QStringLiteral("--device=%1").arg(pSink),
                     pPath});

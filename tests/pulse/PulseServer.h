@@ -35,16 +35,16 @@ public:
     void Freeze();
     void Thaw();
 
-    /// Adds a mono 48000 Hz null sink, whose monitor is an input named "<name>.monitor". Returns
-    /// its module's number; empty on failure.
-    QString LoadSink(const QString& pName);
+    /// Adds a 48000 Hz null sink, whose monitor is an input named "<name>.monitor". Returns its
+    /// module's number; empty on failure.
+    QString LoadSink(const QString& pName, int pChannels = 1);
     /// Adds an input that delivers silence from the first moment on; a null sink's monitor may take
     /// two seconds. Returns its module's number; empty on failure.
     QString LoadSource(const QString& pName, int pChannels = 1, int pSampleRate = 48000);
     bool setDefaultSource(const QString& pName);
     bool UnloadModule(const QString& pModule);
-    /// Starts playing a raw mono signed 16-bit 48000 Hz file on a sink.
-    bool Play(const QString& pPath, const QString& pSink);
+    /// Starts playing a raw signed 16-bit 48000 Hz file on a sink.
+    bool Play(const QString& pPath, const QString& pSink, int pChannels = 1);
     void EndPlaying();
 
     /// The folder that this server may fill.

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-/// An input as the sound server has it; it is recorded as mono with 16 bits all the same.
+/// An input as the sound server has it; it is delivered as mono with 16 bits all the same.
 struct SoundSource
 {
     QString name;

@@ -70,6 +70,14 @@ std::vector<SoundSource> PulseBackEnd::getSources() const
     return m_connection->getSources();
 }
 
+int PulseBackEnd::getChannels(const QByteArray& pSource) const
+{
+    for (const SoundSource& source : getSources())
+        if (source.name.toUtf8() == pSource)
+            return source.channels;
+    return 0;
+}
+
 bool PulseBackEnd::isAnswering() const
 {
     return m_connection->isAnswering();

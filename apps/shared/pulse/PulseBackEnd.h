@@ -4,6 +4,8 @@
 #include <shared/capture/SoundBackEnd.h>
 #include <shared/pulse/PulseConnection.h>
 
+#include <QByteArray>
+
 #include <memory>
 
 /// The back end of a host: all its sound comes from a PulseAudio server, or from PipeWire's.
@@ -29,6 +31,8 @@ public:
     std::unique_ptr<SoundPlayback> Play(int pSampleRate) override;
     std::unique_ptr<SoundLevels> HearLevels() override;
 
+    /// Of the source of that name; 0 when it is not there.
+    int getChannels(const QByteArray& pSource) const;
     std::shared_ptr<PulseConnection> getConnection() const { return m_connection; }
     void setPosition(const std::optional<SoundPosition>& pPosition) { m_position = pPosition; }
 

@@ -41,7 +41,8 @@ QIODevice* PulseInput::start()
 
 bool PulseInput::_Open()
 {
-    const bool isOpen = m_recording.Open(m_source, m_format.sampleRate());
+    const bool isOpen =
+        m_recording.Open(m_source, m_format.sampleRate(), m_backEnd.getChannels(m_source));
     if (isOpen)
         m_clock.start();
     _SetState(isOpen ? QAudio::ActiveState : QAudio::StoppedState,

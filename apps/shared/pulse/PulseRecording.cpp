@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <shared/pulse/PulseRecording.h>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -8,6 +10,11 @@ namespace {
 constexpr int kFragmentsPerSecond = 100;
 constexpr auto kServerDecides = std::uint32_t(-1);
 constexpr qint64 kMicroSecondsPerSecond = 1000000;
+
+std::size_t FrameSize(int pChannels)
+{
+    return std::size_t(pChannels) * sizeof(qint16);
+}
 
 PulseRecording& RecordingOf(void* pThis)
 {
@@ -27,14 +34,16 @@ PulseRecording::~PulseRecording()
     Close();
 }
 
-bool PulseRecording::Open(const QByteArray& pSource, int pSampleRate)
+bool PulseRecording::Open(const QByteArray& pSource, int pSampleRate, int pChannels)
 {
     const PulseConnection::Lock lock(*m_connection);
     pa_context* pContext = m_connection->getContext();
     if (!pContext)
         return false;
     m_line = pulse::SoundLine(pSampleRate);
-    const pa_sample_spec format = {PA_SAMPLE_S16NE, std::uint32_t(pSampleRate), 1};
+    m_mix = ChannelMix(pSampleRate);
+    const auto channels = std::uint8_t(qBound(1, pChannels, int(PA_CHANNELS_MAX)));
+    const pa_sample_spec format = {PA_SAMPLE_S16NE, std::uint32_t(pSampleRate), channels};
     m_pStream = pa_stream_new(pContext, "beat detection", &format, nullptr);
     if (!m_pStream)
         return false;
@@ -46,8 +55,8 @@ bool PulseRecording::Open(const QByteArray& pSource, int pSampleRate)
     pa_buffer_attr sizes = {};
     sizes.maxlength = kServerDecides;
     sizes.fragsize = std::uint32_t(pa_bytes_per_second(&format) / kFragmentsPerSecond);
-    const auto flags = pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY |
-                                         PA_STREAM_AUTO_TIMING_UPDATE);
+    const auto flags = pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_FIX_CHANNELS |
+                                         PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE);
     return pa_stream_connect_record(m_pStream, pSource.constData(), &sizes, flags) == 0;
 }
 
@@ -120,19 +129,32 @@ void PulseRecording::_OnState()
 
 void PulseRecording::_OnData()
 {
+    const int channels = pa_stream_get_sample_spec(m_pStream)->channels;
     for (;;) {
         const void* pData = nullptr;
         std::size_t size = 0;
         if (pa_stream_peek(m_pStream, &pData, &size) < 0 || size == 0)
             break;
-        {
-            const std::lock_guard<std::mutex> guard(m_mutex);
-            // Without data it is a hole in the recording, which keeps its length.
-            m_ring.Write(static_cast<const qint16*>(pData), size / sizeof(qint16));
-        }
+        _Write(static_cast<const qint16*>(pData), size / FrameSize(channels), channels);
         pa_stream_drop(m_pStream);
     }
     _Tell();
+}
+
+/// Without data it is a hole in the recording, which keeps its length.
+void PulseRecording::_Write(const qint16* pFrames, std::size_t pCount, int pChannels)
+{
+    std::array<qint16, 1024> samples;
+    while (pCount > 0) {
+        const std::size_t some = std::min(pCount, samples.size());
+        if (pFrames) {
+            m_mix.Mix(pFrames, pChannels, some, samples.data());
+            pFrames += some * std::size_t(pChannels);
+        }
+        pCount -= some;
+        const std::lock_guard<std::mutex> guard(m_mutex);
+        m_ring.Write(pFrames ? samples.data() : nullptr, some);
+    }
 }
 
 /// The server tells how old the sample was that it was to send next, at an instant of its clock;
@@ -146,8 +168,9 @@ void PulseRecording::_OnTiming()
     const qint64 told =
         qint64(pInfo->timestamp.tv_sec) * kMicroSecondsPerSecond + pInfo->timestamp.tv_usec;
     const qint64 instant = told - qint64(pInfo->source_usec) + qint64(pInfo->sink_usec);
+    const std::size_t frame = FrameSize(pa_stream_get_sample_spec(m_pStream)->channels);
     const std::lock_guard<std::mutex> guard(m_mutex);
-    m_line.Add(quint64(pInfo->write_index) / sizeof(qint16), quint64(instant));
+    m_line.Add(quint64(pInfo->write_index) / frame, quint64(instant));
 }
 
 /// A source that pauses is as good as gone.

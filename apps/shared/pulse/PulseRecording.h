@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <AudioAnalyzer/audio/ChannelMix.h>
+
 #include <shared/capture/SoundBackEnd.h>
 #include <shared/pulse/PulseConnection.h>
 #include <shared/pulse/detail/SampleRing.h>
@@ -14,6 +16,9 @@
 #include <pulse/pulseaudio.h>
 
 /// One recording of one source, never of another: mono, 16 bits, in fragments of 10 ms.
+///
+/// The server gives all channels that the source has, since its own mean of channels that work
+/// against each other would be silence; ChannelMix makes them one.
 ///
 /// libpulse's thread puts the samples into a ring and tells the owner once; the owner's thread
 /// takes them. Nothing here waits for the server.
@@ -29,8 +34,9 @@ public:
     PulseRecording(const PulseRecording&) = delete;
     PulseRecording& operator=(const PulseRecording&) = delete;
 
-    /// False when there is no server. Whether the source is there shows later. To be called once.
-    bool Open(const QByteArray& pSource, int pSampleRate);
+    /// pChannels is how many the source is thought to have. False when there is no server. Whether
+    /// the source is there shows later. To be called once.
+    bool Open(const QByteArray& pSource, int pSampleRate, int pChannels);
     /// Nothing arrives any more; what has arrived may still be read.
     void Close();
     void setPaused(bool pIsPaused);
@@ -47,6 +53,7 @@ public:
 private:
     void _OnState();
     void _OnData();
+    void _Write(const qint16* pFrames, std::size_t pCount, int pChannels);
     void _OnTiming();
     void _OnSuspended();
     void _End();
@@ -67,4 +74,6 @@ private:
     mutable std::mutex m_mutex;  ///< guards all below
     pulse::SampleRing m_ring;
     pulse::SoundLine m_line;
+
+    ChannelMix m_mix{1000};  ///< [on libpulse's thread]
 };

@@ -80,7 +80,8 @@ bool MeterTracker::setTempoRange(double pMinimum, double pMaximum)
     m_isLevelHeld = false;
     // Before the first frame there is no tempo that could be outside.
     const bool isHeard = m_pOnsets->getFrameCount() > 0;
-    if (isHeard && (bpm < pMinimum || bpm > pMaximum))
+    const bool isTooSlow = pMinimum > kSlowestBPM && bpm < pMinimum;
+    if (isHeard && (isTooSlow || bpm > pMaximum))
         for (const double factor : kFactors)
             if (bpm * factor >= pMinimum && bpm * factor <= pMaximum) {
                 m_pFilter->Allow(0, m_pFilter->getStates().getTempi().size());
@@ -105,7 +106,7 @@ void MeterTracker::_AllowTempi()
         return qBound(0, states.findTempo(period), last);
     };
     int first = find(m_maximalBPM);
-    int final = find(m_minimalBPM);
+    int final = m_minimalBPM > kSlowestBPM ? find(m_minimalBPM) : last;
     if (m_isLevelHeld) {
         const int tempo = static_cast<int>(m_pDecision->getTempo());
         first = qBound(first, tempo - kHeldReach, final);
