@@ -37,7 +37,7 @@ class AUDIOANALYZER_EXPORT MeterTracker : public QObject
 public:
     static constexpr int kLowestRate = 8000;      ///< Hz
     static constexpr int kHighestRate = 192000;   ///< Hz
-    static constexpr double kSlowestBPM = 60.0;   ///< of what can be followed; drifts to 57
+    static constexpr double kSlowestBPM = 60.0;   ///< of what can be followed
     static constexpr double kFastestBPM = 190.0;  ///< of what can be followed
 
     struct Beat

@@ -80,8 +80,7 @@ bool MeterTracker::setTempoRange(double pMinimum, double pMaximum)
     m_isLevelHeld = false;
     // Before the first frame there is no tempo that could be outside.
     const bool isHeard = m_pOnsets->getFrameCount() > 0;
-    const bool isTooSlow = pMinimum > kSlowestBPM && bpm < pMinimum;
-    if (isHeard && (isTooSlow || bpm > pMaximum))
+    if (isHeard && (bpm < pMinimum || bpm > pMaximum))
         for (const double factor : kFactors)
             if (bpm * factor >= pMinimum && bpm * factor <= pMaximum) {
                 m_pFilter->Allow(0, m_pFilter->getStates().getTempi().size());
@@ -106,7 +105,7 @@ void MeterTracker::_AllowTempi()
         return qBound(0, states.findTempo(period), last);
     };
     int first = find(m_maximalBPM);
-    int final = m_minimalBPM > kSlowestBPM ? find(m_minimalBPM) : last;
+    int final = find(m_minimalBPM);
     if (m_isLevelHeld) {
         const int tempo = static_cast<int>(m_pDecision->getTempo());
         first = qBound(first, tempo - kHeldReach, final);

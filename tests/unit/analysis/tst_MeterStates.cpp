@@ -26,8 +26,8 @@ void tst_MeterStates::tempi_reachFromTheFastestToTheSlowest()
     const MeterStates states;
     const auto& tempi = states.getTempi();
     QVERIFY(std::fabs(6000.0F / tempi.front().period - 190.0F) < 0.01F);
-    QVERIFY(6000.0F / tempi.back().period < 57.5F);
-    QVERIFY(6000.0F / tempi.back().period > 56.5F);
+    QVERIFY(6000.0F / tempi.back().period < 60.5F);
+    QVERIFY(6000.0F / tempi.back().period > 59.5F);
     for (std::size_t i = 1; i < tempi.size(); ++i)
         QVERIFY(std::fabs(tempi[i].period / tempi[i - 1].period - 1.015F) < 1e-5F);
 }

@@ -18,7 +18,7 @@ namespace detail {
 class MeterStates
 {
 public:
-    static constexpr double kSlowestBPM = 57.0;  ///< lets music of 60 BPM drift
+    static constexpr double kSlowestBPM = 60.0;
     static constexpr double kFastestBPM = 190.0;
     static constexpr double kTempoStep = 1.015;
     static constexpr double kFramesPerMinute = 6000.0;
