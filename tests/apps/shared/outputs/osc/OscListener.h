@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstring>
 #include <lo/lo.h>
 
 /// A real receiver on loopback, at a port that the system chooses. What it gets becomes words:
@@ -51,19 +52,23 @@ private:
     {
         QString line = QStringLiteral("%1 %2").arg(QLatin1String(pPath), QLatin1String(pTypes));
         for (int i = 0; i < pCount; ++i)
-            line += QStringLiteral(" %1").arg(_NumberOf(pTypes[i], *pValues[i]));
+            line += QStringLiteral(" %1").arg(_NumberOf(pTypes[i], pValues[i]));
         const lo_timetag tag = lo_message_get_timestamp(pMessage);
         if (tag.sec != 0)
             line += QStringLiteral(" @%1+%2").arg(tag.sec).arg(tag.frac);
         static_cast<OscListener*>(pSelf)->m_messages += line;
         return 0;
     }
-    static double _NumberOf(char pType, const lo_arg& pValue)
+    /// The library's pointers are aligned to the packet's four bytes, not to those of a double.
+    static double _NumberOf(char pType, const void* pValue)
     {
-        return pType == 'i'   ? pValue.i
-               : pType == 'h' ? double(pValue.h)
-               : pType == 'd' ? pValue.d
-                              : double(pValue.f);
+        const bool isLong = pType == 'h' || pType == 'd';
+        lo_arg value = {};
+        std::memcpy(&value, pValue, isLong ? sizeof(value.d) : sizeof(value.f));
+        return pType == 'i'   ? value.i
+               : pType == 'h' ? double(value.h)
+               : pType == 'd' ? value.d
+                              : double(value.f);
     }
 
     lo_server m_server;
