@@ -295,7 +295,14 @@ void tst_FileSound::file_goesOn_whileTheServerHangs()
     QTRY_COMPARE_WITH_TIMEOUT(played.getSound(), eFileStuck, kPatience);
     const std::size_t count = played.count;
     QTRY_VERIFY_WITH_TIMEOUT(played.count > count + kSoundRate, kPatience);
-    m_server.Thaw();
+    if (m_kind == PulseServer::ePulseAudio) {
+        m_server.Thaw();
+    } else {
+        // PipeWire itself does not always survive that; then it is started anew.
+        m_server.Kill();
+        QVERIFY2(m_server.Start(), qPrintable(m_server.error()));
+        m_sink = m_server.LoadSink(Text("deck"));
+    }
     QTRY_COMPARE_WITH_TIMEOUT(played.getSound(), eFileHeard, kPatience);
     const std::size_t again = played.count;
     QTRY_VERIFY_WITH_TIMEOUT(played.count > again + kSoundRate, kPatience);
